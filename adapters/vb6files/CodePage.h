@@ -1,0 +1,26 @@
+// Text between UTF-8 and the Windows code page in which a project's files are written.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace formwizard::adapters::vb6files {
+
+class CodePage {
+ public:
+  // `number` is a Windows code page such as 1252 or 932; support::InputError for one that is not known.
+  explicit CodePage(int number);
+
+  int Number() const { return number_; }
+  // support::InputError, naming the text and the character, when the code page lacks a character or the text is no
+  // UTF-8.
+  std::string Encode(std::string_view utf8) const;
+  // Bytes that the code page does not define become U+FFFD.
+  std::string Decode(std::string_view bytes) const;
+
+ private:
+  int number_;
+};
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,22 @@
+# What every target of this project is compiled with.
+add_library(formwizard_options INTERFACE)
+target_compile_features(formwizard_options INTERFACE cxx_std_20)
+target_include_directories(formwizard_options INTERFACE ${CMAKE_SOURCE_DIR})
+
+if(MSVC)
+  target_compile_options(formwizard_options INTERFACE /W4 /utf-8 /permissive-)
+  if(FORMWIZARD_WARNINGS_AS_ERRORS)
+    target_compile_options(formwizard_options INTERFACE /WX)
+  endif()
+else()
+  target_compile_options(formwizard_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+  if(FORMWIZARD_WARNINGS_AS_ERRORS)
+    target_compile_options(formwizard_options INTERFACE -Werror)
+  endif()
+endif()
+
+if(FORMWIZARD_SANITIZE)
+  target_compile_options(formwizard_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer)
+  target_link_options(formwizard_options INTERFACE -fsanitize=address,undefined)
+endif()

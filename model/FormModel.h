@@ -1,0 +1,85 @@
+// The description of the form to generate: its fields, their order, and the places that the layout gives them.
+#pragma once
+
+#include "runtime/Integer.h"
+#include "runtime/OneBased.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace formwizard::model {
+
+using runtime::Int16;
+using runtime::Int32;
+using runtime::OneBased;
+
+// Control kinds; any other code makes the writers write nothing for a field.
+namespace kind {
+inline constexpr Int16 Free(0);            // a record in no use
+inline constexpr Int16 TextBox(1);         // simple editable property
+inline constexpr Int16 ReadOnlyLabel(2);   // simple property, shown only
+inline constexpr Int16 ReferenceLabel(3);  // reference, shown in a label
+inline constexpr Int16 ReferenceCombo(4);  // reference, chosen in a combo box that a class query fills
+inline constexpr Int16 ListBox(5);         // list collection
+inline constexpr Int16 ListView(6);        // array collection
+inline constexpr Int16 Picture(7);         // binary stream
+inline constexpr Int16 MultiLine(8);       // character stream
+}  // namespace kind
+
+// One property offered by the wizard. Texts are UTF-8.
+struct FieldRecord {
+  Int16 FieldKind;              // a code of `kind`
+  std::string DisplayName;      // dotted path as shown in the wizard's lists
+  std::string PropertyName;     // path on the server object, written after "m_object."
+  std::string Caption;          // label text
+  std::string ReferenceClass;   // reference: the class it refers to
+  std::string ReferenceColumn;  // reference: the property of that class that is shown
+  std::string PropertyType;     // type name on the server
+  std::string RequiredMark;     // "*" for a required property, else empty
+  Int32 MaxWidth;               // twips: maximum length times the character width
+  std::string IntName;          // base of the control names
+  std::string QueryName;        // combo box: the query that fills it
+  std::string QueryColumn;      // combo box: the query's column that is shown
+  Int16 QueryParamCount;        // combo box: parameters of the query
+  Int16 QueryContainId;         // combo box: the query's column that holds the object id
+  Int16 RowCount;               // layout rows the control occupies
+  Int16 UpdateAfter;            // index of the field whose change refreshes this one; 0 for none
+  std::string ControlName;      // name of the data control, given by the form writer
+  Int32 ControlTop;             // twips, inside the main frame
+};
+
+// The fields of one column, by index into Fields, from the top.
+using LayoutColumn = std::vector<Int16>;
+
+struct FormModel {
+  OneBased<FieldRecord> Fields;         // one record for every property offered, selected or not
+  OneBased<Int16> SelectedFields;       // indexes into Fields, in the order of the form
+  OneBased<LayoutColumn> LayoutGrid;    // columns 1 to the Columns setting
+  std::string ClassName;                // full name of the selected class
+  std::string ClassCaption;             // its name without the package
+
+  // Results of the layout, in twips.
+  Int32 ControlWidth;
+  OneBased<Int32> ColumnLefts{Int16(4)};
+  OneBased<Int32> ColumnWidths{Int16(4)};
+  OneBased<Int32> LabelWidths{Int16(4)};
+  Int32 ContentHeight;
+  Int32 FrameHeight;
+  Int32 ColumnsWidth;
+  Int32 FrameWidth;
+
+  // The character widths of the dialog's font, in twips, measured when the wizard opens.
+  Int16 CharWidth;
+  Int16 SixCharWidth;
+
+  // Replaces Fields by ten free records.
+  void ResetFieldRecords();
+  // The first free record's index; grows Fields by ten when there is none. The caller marks it used by giving it a kind.
+  Int16 AllocateFieldRecord();
+
+ private:
+  Int16 firstPossiblyFree_ = Int16(1);  // every record before it is in use
+};
+
+}  // namespace formwizard::model

@@ -1,0 +1,12 @@
+// The program's own string table: every text of the dialogs and the generated forms, in English.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace formwizard::resources {
+
+// The text of a string id, UTF-8; nothing for an id that the table lacks.
+std::optional<std::string_view> StringTableText(int id);
+
+}  // namespace formwizard::resources

@@ -1,0 +1,134 @@
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <optional>
+
+namespace formwizard::runtime {
+namespace {
+
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Collects the longest number at the start of a text. `Used` is the count of bytes read for it.
+struct NumberScan {
+  std::string Digits;
+  std::size_t Used = 0;
+  bool HasDigit = false;
+};
+
+NumberScan ScanNumber(std::string_view text, bool skipBlanksInside) {
+  NumberScan scan;
+  std::size_t i = 0;
+  const auto skip = [&] {
+    while (skipBlanksInside && i < text.size() && IsBlank(text[i])) ++i;
+  };
+  const auto take = [&] {
+    scan.Digits += text[i++];
+    skip();
+  };
+  skip();
+  if (i < text.size() && (text[i] == '-' || text[i] == '+')) take();
+  const auto takeDigits = [&] {
+    bool any = false;
+    for (; i < text.size() && IsDigit(text[i]); any = true) take();
+    return any;
+  };
+  scan.HasDigit = takeDigits();
+  if (i < text.size() && text[i] == '.') {
+    take();
+    scan.HasDigit = takeDigits() || scan.HasDigit;
+  }
+  scan.Used = i;
+  if (!scan.HasDigit) return scan;
+  if (i < text.size() && (text[i] == 'e' || text[i] == 'E' || text[i] == 'd' || text[i] == 'D')) {
+    const std::string mantissa = scan.Digits;
+    scan.Digits += 'e';
+    ++i;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) take();
+    if (takeDigits()) {
+      scan.Used = i;
+    } else {
+      scan.Digits = mantissa;
+    }
+  }
+  return scan;
+}
+
+// Locale-independent, unlike strtod alone: the digits are plain ASCII and the program never sets a locale.
+double ValueOf(const NumberScan& scan) { return scan.HasDigit ? std::strtod(scan.Digits.c_str(), nullptr) : 0.0; }
+
+std::string_view Trimmed(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+std::optional<double> WholeNumber(std::string_view text) {
+  const std::string_view trimmed = Trimmed(text);
+  const NumberScan scan = ScanNumber(trimmed, false);
+  if (!scan.HasDigit || scan.Used != trimmed.size()) return std::nullopt;
+  return ValueOf(scan);
+}
+
+template <typename Integer>
+Integer Rounded(double value) {
+  const double rounded = std::nearbyint(value);  // the default rounding mode takes halves to even
+  // Written so that NaN is refused as well.
+  if (!(rounded >= -9.0e15 && rounded <= 9.0e15)) Raise(Overflow);
+  return Integer(static_cast<std::int64_t>(rounded));
+}
+
+constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+double LeadingNumber(std::string_view text) { return ValueOf(ScanNumber(text, true)); }
+
+Int16 RoundToInt16(double value) { return Rounded<Int16>(value); }
+Int32 RoundToInt32(double value) { return Rounded<Int32>(value); }
+
+double ToNumber(std::string_view text) {
+  const std::optional<double> number = WholeNumber(text);
+  if (!number) Raise(TypeMismatch);
+  return *number;
+}
+
+bool IsNumeric(std::string_view text) { return WholeNumber(text).has_value(); }
+
+bool ToBoolean(std::string_view text) {
+  const std::string_view word = Trimmed(text);
+  if (EqualIgnoringCase(word, "True")) return true;
+  if (EqualIgnoringCase(word, "False")) return false;
+  return ToNumber(word) != 0.0;
+}
+
+Int16 ToInt16(std::string_view text) { return RoundToInt16(ToNumber(text)); }
+
+std::string Text(bool value) { return value ? "True" : "False"; }
+
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+  if (from.empty()) return std::string(text);
+  std::string result;
+  for (;;) {
+    const std::size_t at = text.find(from);
+    result += text.substr(0, at);
+    if (at == std::string_view::npos) return result;
+    result += to;
+    text.remove_prefix(at + from.size());
+  }
+}
+
+std::string LowerCase(std::string_view text) {
+  std::string result(text);
+  std::ranges::transform(result, result.begin(), Lower);
+  return result;
+}
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, {}, Lower, Lower);
+}
+
+}  // namespace formwizard::runtime

@@ -1,0 +1,56 @@
+// The generator's settings: the layout options of the profile file and the fixed layout constants beside them.
+#pragma once
+
+#include "runtime/Integer.h"
+#include "settings/ProfileStore.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace formwizard::settings {
+
+using runtime::Int16;
+
+struct Settings {
+  bool Menu = true;               // form has menus
+  bool Button = true;             // form has command buttons
+  bool Toolbar = true;            // form has a toolbar
+  bool Statusbar = true;          // form has a status bar
+  bool FormSizable = false;       // form can be resized
+  bool Save = true;               // form has a Save button
+  bool Search = true;             // form has a Search button
+  bool New = true;                // form has a New button
+  bool Bold = true;               // labels are bold
+  bool SearchNew = false;         // search opens in a new window
+  bool SearchClear = false;       // search page has a Clear button
+  bool SearchPredicates = true;   // search page has match options
+  bool SearchSort = true;         // search page has sort options
+  bool LabelAlignLeft = false;    // labels are left-justified, else right-justified
+  Int16 Columns = Int16(1);         // field columns on the form
+  Int16 CollectionRows = Int16(3);  // rows of lists and arrays
+  Int16 ImageRows = Int16(5);       // rows of images
+  Int16 MultilineRows = Int16(5);   // rows of multi-line text boxes
+
+  // Fixed layout constants, in twips, set anew by every LoadSettings.
+  Int16 Spacing = Int16(120);
+  Int16 ControlHeight = Int16(325);
+  Int16 MinFrameHeight = Int16(2975);
+  Int16 ButtonAreaWidth = Int16(1335);  // the layout sets it to 0 for a form without buttons
+};
+
+// One key of the profile: its default text and the setting that it fills, which is a Boolean or a 16-bit integer.
+struct SettingKey {
+  std::string_view Key;
+  std::string_view Default;
+  std::variant<bool Settings::*, Int16 Settings::*> Member;
+};
+
+// In the order in which LoadSettings reads them.
+std::span<const SettingKey> SettingKeys();
+
+// Raises error 13 for a stored text that does not convert; the settings before it in the table are then loaded.
+void LoadSettings(Settings& settings, const ProfileStore& store, const std::string& file);
+
+}  // namespace formwizard::settings
