@@ -1,0 +1,16 @@
+// A journal of every changing call on an environment, for tests and for reporting a fault from the field.
+#pragma once
+
+#include "generator/ide/Ide.h"
+
+#include <memory>
+#include <ostream>
+
+namespace formwizard::adapters::journal {
+
+// An environment that passes every call on to `inner` and writes each changing one to `out` as one JSON object a line,
+// in call order; a failed call carries "error" with number and description, and its error is passed on. Both must
+// outlive the result and the objects it hands out. Texts are written as UTF-8.
+std::unique_ptr<generator::ide::Vbe> Journalled(generator::ide::Vbe& inner, std::ostream& out);
+
+}  // namespace formwizard::adapters::journal

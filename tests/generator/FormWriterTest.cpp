@@ -1,0 +1,148 @@
+#include "tests/support/GenerationFixture.h"
+#include "tests/support/Golden.h"
+
+#include <doctest/doctest.h>
+
+using namespace formwizard;
+using namespace formwizard::tests;
+namespace kind = formwizard::model::kind;
+
+namespace {
+
+// The calls on the control that is named `name`, from its naming on, one a line.
+std::string CallsOn(const GenerationFixture& run, const std::string& name) {
+  std::string calls;
+  for (const std::string& call : run.Ide.Transcript.Calls) {
+    if (call.starts_with(name + ".")) calls += call.substr(name.size() + 1) + "\n";
+  }
+  return calls;
+}
+
+std::string WriteFormOnly(GenerationFixture& run) {
+  run.LayOut();
+  generator::Generation generation = run.Run();
+  generator::WriteForm(generation);
+  return run.Ide.Transcript.Joined();
+}
+
+}  // namespace
+
+TEST_CASE("The form, its frame, buttons and menus are made in the required order with the required values") {
+  GenerationFixture run;
+  run.AddField(kind::TextBox, "Name").MaxWidth = Int32(2000);
+  CHECK(WriteFormOnly(run) == Golden("transcripts/one-field.txt"));
+}
+
+TEST_CASE("Each kind of field gets its control with its properties in order") {
+  struct Case {
+    Int16 kind;
+    int rows;
+    std::string name, calls;
+  };
+  // A second column: column 1 is 40 + 2000 + 360 wide, so the label, 90 wide, stands at 2520 and the control at 2730.
+  const std::string place = "Left = \"2730\"\nTop = \"240\"\nWidth = \"720\"\nContainer = fra_Main\n";
+  const std::string label =
+      "Height = \"325\"\nTabIndex = \"4\"\n";
+  for (const Case& c :
+       {Case{kind::TextBox, 1, "txtHomeCity", label + "Text = \"txtHomeCity\"\n"},
+        Case{kind::ReadOnlyLabel, 1, "conHomeCity", "BorderStyle = \"1\"\n" + label + "Caption = \"conHomeCity\"\n"},
+        Case{kind::ReferenceLabel, 1, "refHomeCity", "BorderStyle = \"1\"\n" + label + "Caption = \"refHomeCity\"\n"},
+        Case{kind::ReferenceCombo, 1, "cmbHomeCity", "Style = \"2\"\nTabIndex = \"4\"\n"},
+        Case{kind::ListBox, 5, "lstHomeCity", "Height = \"1755\"\nTabIndex = \"4\"\n"},
+        Case{kind::ListView, 3, "lvwHomeCity",
+             "Height = \"1035\"\nTabIndex = \"4\"\nView = \"3\"\nFullRowSelect = \"True\"\nLabelEdit = \"1\"\n"},
+        Case{kind::Picture, 5, "imgHomeCity", "Height = \"1755\"\nBorderStyle = \"1\"\nStretch = \"0\"\n"},
+        Case{kind::MultiLine, 2, "txtHomeCity",
+             "Height = \"675\"\nTabIndex = \"4\"\nText = \"txtHomeCity\"\nMultiLine = \"-1\"\nScrollBars = \"3\"\n"}}) {
+    CAPTURE(c.name);
+    GenerationFixture run;
+    run.Settings.Columns = Int16(2);
+    run.AddField(kind::TextBox, "Name", c.rows);
+    run.AddField(c.kind, "Home.City", c.rows);
+    WriteFormOnly(run);
+    std::string expected = "Name = \"" + c.name + "\"\n" + c.calls + place;
+    if (c.kind == kind::MultiLine) expected.replace(expected.find("\"720\""), 5, "\"2000\"");
+    CHECK(CallsOn(run, c.name) == expected);
+    CHECK(CallsOn(run, "lblHomeCity") ==
+          "Name = \"lblHomeCity\"\nAlignment = \"1\"\nCaption = \"Home City\"\nHeight = \"325\"\nLeft = \"2520\"\n"
+          "TabIndex = \"3\"\nTop = \"240\"\nWidth = \"90\"\nContainer = fra_Main\n");
+  }
+}
+
+TEST_CASE("The width of a data control follows the property's length within the column") {
+  for (const auto& [maxWidth, kind, width] :
+       {std::tuple{0, kind::TextBox, "720"}, std::tuple{0, kind::MultiLine, "4000"},
+        std::tuple{1, kind::TextBox, "1"}, std::tuple{3999, kind::MultiLine, "3999"},
+        std::tuple{4000, kind::TextBox, "4000"}, std::tuple{4001, kind::TextBox, "4000"},
+        std::tuple{-5, kind::TextBox, "4000"}}) {
+    GenerationFixture run;
+    run.AddField(kind, "Name").MaxWidth = Int32(maxWidth);
+    WriteFormOnly(run);
+    CHECK(CallsOn(run, "txtName").find(std::string("Width = \"") + width + "\"\n") != std::string::npos);
+  }
+}
+
+TEST_CASE("The component is the unused start-up form or a new one, under the first free name") {
+  struct Case {
+    std::vector<std::string> existing;
+    bool startupFormHasControls;
+    std::string classCaption, name;
+    bool added;
+  };
+  for (const Case& c : {Case{{"Form1"}, false, "Person", "frmPerson", false},
+                        Case{{"Form1"}, true, "Person", "frmPerson", true},
+                        Case{{"Form2", "form1"}, false, "Person", "frmPerson", true},
+                        Case{{"frmPerson"}, false, "Person", "frmPerson2", true},
+                        Case{{"frmPerson", "frmPerson3", "frmPerson2"}, false, "Person", "frmPerson4", true},
+                        Case{{"frmperson"}, false, "Person", "frmPerson", true},
+                        Case{{}, false, "%Per%son", "frmPerson", true}}) {
+    CAPTURE(c.name);
+    GenerationFixture run;
+    run.Form.ClassCaption = c.classCaption;
+    for (const std::string& name : c.existing) run.Ide.AddExisting(name);
+    if (c.startupFormHasControls) run.Ide.Forms[0]->Designer->Add("VB.Label", nullptr);
+    WriteFormOnly(run);
+    CHECK(run.Ide.Transcript.Has("Component.Name = " + c.name));
+    CHECK(run.Ide.Transcript.Has("Add component") == c.added);
+  }
+}
+
+TEST_CASE("Settings change the form and leave the popup menus") {
+  GenerationFixture run;
+  run.Settings.Menu = run.Settings.Button = false;
+  run.Settings.FormSizable = run.Settings.LabelAlignLeft = true;
+  run.AddField(kind::ListBox, "Home.Colors");
+  run.AddField(kind::ReferenceLabel, "Home.Owner");
+  const std::string calls = WriteFormOnly(run);
+  CHECK(run.Ide.Transcript.Has("Form.BorderStyle = 2%"));
+  CHECK(calls.find("Alignment") == std::string::npos);
+  CHECK(calls.find("CommandButton") == std::string::npos);
+  CHECK(calls.find("mnuObject") == std::string::npos);
+  // The list's popup is named after IntName, the reference's after PropertyName with its dot.
+  CHECK(CallsOn(run, "mnuHomeColors") ==
+        "Caption = \"mnuHomeColors\"\nVisible = 0%\n");
+  CHECK(run.Ide.Transcript.Has("mnuHome.OwnerChange.Caption = \"&Change \""));
+}
+
+TEST_CASE("Only a reference combo box needs the hidden list, and one is enough") {
+  GenerationFixture run;
+  run.AddField(kind::ReferenceCombo, "Spouse");
+  run.AddField(kind::ReferenceCombo, "Company");
+  WriteFormOnly(run);
+  CHECK(std::ranges::count(run.Ide.Transcript.Calls, "Add VB.ListBox") == 1);
+  CHECK(CallsOn(run, "lst__Hidden") ==
+        "Height = \"450\"\nTabIndex = \"11\"\nTop = \"-450\"\nVisible = \"0\"\n");
+}
+
+TEST_CASE("Tab indexes go on counting over generations, up to 32767") {
+  GenerationFixture run;
+  run.AddField(kind::TextBox, "Name");
+  WriteFormOnly(run);
+  CHECK(run.State.TabIndexCounter == Int16(9));  // frame, label, text box, six buttons
+  run.Ide.Transcript.Calls.clear();
+  WriteFormOnly(run);
+  CHECK(CallsOn(run, "fra_Main").find("TabIndex = \"9\"") != std::string::npos);
+  run.State.TabIndexCounter = Int16(32767);
+  WriteFormOnly(run);
+  CHECK(run.Desktop.Texts() == std::vector<std::string>{"Error occurred in procedure WriteConFrame : Overflow"});
+}

@@ -1,0 +1,49 @@
+// A desktop that records what it was asked to show, and answers message boxes as a test wants.
+#pragma once
+
+#include "ui/Desktop.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace formwizard::tests {
+
+struct ShownMessage {
+  std::string Text;
+  int Style = 0;
+  std::string Title;
+};
+
+class FakeDesktop : public ui::Desktop {
+ public:
+  void SetMousePointer(ui::MousePointer pointer) override { Pointers.push_back(pointer); }
+  ui::MessageAnswer ShowMessage(std::string_view text, int style, std::string_view title) override {
+    Messages.push_back({std::string(text), style, std::string(title)});
+    if (Answers.empty()) return ui::MessageAnswer::Ok;
+    const ui::MessageAnswer answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+  }
+  void ProcessMessages() override {
+    if (OnProcessMessages) OnProcessMessages();
+  }
+  void ShowModal(ui::Form& form, ui::Form*) override {
+    if (OnShowModal) OnShowModal(form);
+  }
+
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const ShownMessage& message : Messages) texts.push_back(message.Text);
+    return texts;
+  }
+
+  std::vector<ShownMessage> Messages;
+  std::deque<ui::MessageAnswer> Answers;
+  std::vector<ui::MousePointer> Pointers;
+  std::function<void()> OnProcessMessages;
+  std::function<void(ui::Form&)> OnShowModal;
+};
+
+}  // namespace formwizard::tests

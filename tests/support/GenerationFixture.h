@@ -1,0 +1,81 @@
+// A generation over a fake environment, with a form model built from the few values that matter to a case.
+#pragma once
+
+#include "generator/Generation.h"
+#include "model/Layout.h"
+#include "tests/support/FakeDesktop.h"
+#include "tests/support/FakeIde.h"
+
+#include <string>
+#include <vector>
+
+namespace formwizard::tests {
+
+// Ten twips a character, so that widths can be computed in the head.
+class TenTwipsACharacter : public ui::TextMeasure {
+ public:
+  double WidthOf(std::string_view caption) const override { return 10.0 * static_cast<double>(caption.size()); }
+};
+
+class NoLibraries : public support::ResourceLibraries {
+ public:
+  std::string UserLanguage() const override { return "ENU"; }
+  std::unique_ptr<support::ResourceLibrary> LoadAsData(const std::string&) const override { return nullptr; }
+};
+
+struct GenerationFixture {
+  FakeDesktop Desktop;
+  NoLibraries Libraries;
+  support::Strings Strings{Libraries, ""};
+  support::ErrorReport Report{Desktop, Strings};
+  FakeIde Ide;
+  model::FormModel Form;
+  settings::Settings Settings;
+  generator::GeneratorState State;
+
+  GenerationFixture() {
+    Form.ResetFieldRecords();
+    Form.ClassName = "Sample.Person";
+    Form.ClassCaption = "Person";
+    Form.SixCharWidth = Int16(720);
+  }
+
+  // A field whose texts all derive from its path: "Home.City" gives IntName HomeCity and the caption "Home City".
+  model::FieldRecord& AddField(Int16 kind, const std::string& path, int rows = 1) {
+    const Int16 index = Form.AllocateFieldRecord();
+    model::FieldRecord& field = Form.Fields[index];
+    field.FieldKind = kind;
+    field.DisplayName = field.PropertyName = field.Caption = field.IntName = path;
+    std::ranges::replace(field.Caption, '.', ' ');
+    std::erase(field.IntName, '.');
+    field.PropertyType = "%Library.String";
+    field.RowCount = Int16(rows);
+    selected_.push_back(index);
+    return field;
+  }
+
+  // Lays the selection out and runs both writing stages.
+  void Generate() {
+    LayOut();
+    generator::Generation run = Run();
+    generator::WriteForm(run);
+    generator::WriteProcedures(run);
+  }
+  void LayOut() {
+    Form.SelectedFields = runtime::OneBased<Int16>(Int16(selected_.size()));
+    for (std::size_t i = 0; i < selected_.size(); ++i) Form.SelectedFields[Int16(i + 1)] = selected_[i];
+    ComputePositions(Form, Settings);
+    ComputeLayout(Form, Settings, Measure, Form.ClassCaption);
+  }
+  generator::Generation Run() { return {Form, Settings, Strings, Report, Ide, State}; }
+
+  const FakeComponent& NewForm() const { return *Ide.Forms.back(); }
+  std::string Code() const { return NewForm().Module->Text_(); }
+
+  TenTwipsACharacter Measure;
+
+ private:
+  std::vector<Int16> selected_;
+};
+
+}  // namespace formwizard::tests
