@@ -1,6 +1,7 @@
 # What every target of this project is compiled with.
 add_library(formwizard_options INTERFACE)
 target_compile_features(formwizard_options INTERFACE cxx_std_20)
+set(CMAKE_CXX_EXTENSIONS OFF)
 target_include_directories(formwizard_options INTERFACE ${CMAKE_SOURCE_DIR})
 
 if(MSVC)
