@@ -28,15 +28,17 @@ constexpr std::array ComboBoxRows{PropertyRow{"Name", ControlName}, PropertyRow{
                                   PropertyRow{"TabIndex", NextTabIndex}};
 constexpr std::array ListBoxRows{PropertyRow{"Name", ControlName}, PropertyRow{"Height", RowsHeight},
                                  PropertyRow{"TabIndex", NextTabIndex}};
-constexpr std::array ListViewRows{PropertyRow{"Name", ControlName},     PropertyRow{"Height", RowsHeight},
-                                  PropertyRow{"TabIndex", NextTabIndex}, PropertyRow{"View", Literal, "3"},
+constexpr std::array ListViewRows{PropertyRow{"Name", ControlName},
+                                  PropertyRow{"Height", RowsHeight},
+                                  PropertyRow{"TabIndex", NextTabIndex},
+                                  PropertyRow{"View", Literal, "3"},
                                   PropertyRow{"FullRowSelect", Literal, "True"},
                                   PropertyRow{"LabelEdit", Literal, "1"}};
 // An image takes no tab index.
 constexpr std::array ImageRows{PropertyRow{"Name", ControlName}, PropertyRow{"Height", RowsHeight},
                                PropertyRow{"BorderStyle", Literal, "1"}, PropertyRow{"Stretch", Literal, "0"}};
-constexpr std::array MultiLineRows{PropertyRow{"Name", ControlName},      PropertyRow{"Height", RowsHeight},
-                                   PropertyRow{"TabIndex", NextTabIndex}, PropertyRow{"Text", ControlName},
+constexpr std::array MultiLineRows{PropertyRow{"Name", ControlName},        PropertyRow{"Height", RowsHeight},
+                                   PropertyRow{"TabIndex", NextTabIndex},   PropertyRow{"Text", ControlName},
                                    PropertyRow{"MultiLine", Literal, "-1"}, PropertyRow{"ScrollBars", Literal, "3"}};
 
 // How the data control of a kind is created.
@@ -60,11 +62,16 @@ constexpr std::array Kinds{
 
 std::string ValueOf(const PropertyRow& row, Generation& run, const FieldRecord& field) {
   switch (row.Source) {
-    case ControlName: return field.ControlName;
-    case ControlHeight: return Text(run.Settings.ControlHeight);
-    case RowsHeight: return Text(field.RowCount * Int32(model::RowPitch) - Int16(45));
-    case NextTabIndex: return Text(run.NextTabIndex());
-    case Literal: break;
+    case ControlName:
+      return field.ControlName;
+    case ControlHeight:
+      return Text(run.Settings.ControlHeight);
+    case RowsHeight:
+      return Text(field.RowCount * Int32(model::RowPitch) - Int16(45));
+    case NextTabIndex:
+      return Text(run.NextTabIndex());
+    case Literal:
+      break;
   }
   return std::string(row.Literal);
 }
@@ -110,7 +117,8 @@ void WriteConField(Generation& run, Int16 column, FieldRecord& field) {
   WriteLabel(run, column, field, step);
   WriteDataControl(run, field, step);
   step([&] {
-    run.SetProperty("Left", Text(form.ColumnLefts[column] + form.LabelWidths[column] + Int16(2) * run.Settings.Spacing));
+    run.SetProperty("Left",
+                    Text(form.ColumnLefts[column] + form.LabelWidths[column] + Int16(2) * run.Settings.Spacing));
   });
   step([&] { run.SetProperty("Top", Text(field.ControlTop)); });
   step([&] { run.SetProperty("Width", Text(WidthOf(field, form))); });

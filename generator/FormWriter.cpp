@@ -48,9 +48,9 @@ void LoadCaptions(Generation& run, auto& step) {
     int Id;
   };
   constexpr std::array captions{
-      Caption{&Generation::CaptionNew, 200},   Caption{&Generation::CaptionFind, 201},
-      Caption{&Generation::CaptionSave, 202},  Caption{&Generation::CaptionClose, 203},
-      Caption{&Generation::CaptionExit, 204},  Caption{&Generation::CaptionDelete, 219},
+      Caption{&Generation::CaptionNew, 200},  Caption{&Generation::CaptionFind, 201},
+      Caption{&Generation::CaptionSave, 202}, Caption{&Generation::CaptionClose, 203},
+      Caption{&Generation::CaptionExit, 204}, Caption{&Generation::CaptionDelete, 219},
   };
   for (const Caption& caption : captions) {
     step([&] { run.*caption.Member = run.Strings.LoadResStringLocal(caption.Id); });

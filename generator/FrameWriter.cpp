@@ -30,8 +30,8 @@ void WriteScrollBars(Generation& run) {
                       {"Visible", "0"},
                       {"LargeChange", "24"}});
   run.AddControl("VB.PictureBox", "picPatch");
-  SetProperties(run, {{"Left", "0"}, {"Top", "0"}, {"Height", "255"}, {"Width", "255"}, {"Visible", "0"},
-                      {"BorderStyle", "0"}});
+  SetProperties(
+      run, {{"Left", "0"}, {"Top", "0"}, {"Height", "255"}, {"Width", "255"}, {"Visible", "0"}, {"BorderStyle", "0"}});
 }
 
 void WriteMainFrame(Generation& run) {

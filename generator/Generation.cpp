@@ -26,8 +26,6 @@ const std::vector<Int16>& Generation::FieldsShowing(std::string_view propertyNam
   return fieldsByProperty_[propertyName];
 }
 
-bool Generation::HasContextMenu(Int16 field) {
-  return FieldsShowing(Form.Fields[field].PropertyName).front() == field;
-}
+bool Generation::HasContextMenu(Int16 field) { return FieldsShowing(Form.Fields[field].PropertyName).front() == field; }
 
 }  // namespace formwizard::generator

@@ -67,8 +67,7 @@ void WritePopupMenu(Generation& run, Int16 fieldIndex) {
   const Menu menu = WriteMenuItem(run, nullptr, name, name);
   menu->SetProperty("Visible", Int16(0));
   for (const PopupItem& item : popup->Items) {
-    const std::string caption =
-        item.Id == 0 ? std::string(item.Caption) : run.Strings.LoadResStringLocal(item.Id);
+    const std::string caption = item.Id == 0 ? std::string(item.Caption) : run.Strings.LoadResStringLocal(item.Id);
     WriteMenuItem(run, menu, name + std::string(item.Item), caption);
   }
 }

@@ -53,11 +53,11 @@ struct FieldRecord {
 using LayoutColumn = std::vector<Int16>;
 
 struct FormModel {
-  OneBased<FieldRecord> Fields;         // one record for every property offered, selected or not
-  OneBased<Int16> SelectedFields;       // indexes into Fields, in the order of the form
-  OneBased<LayoutColumn> LayoutGrid;    // columns 1 to the Columns setting
-  std::string ClassName;                // full name of the selected class
-  std::string ClassCaption;             // its name without the package
+  OneBased<FieldRecord> Fields;       // one record for every property offered, selected or not
+  OneBased<Int16> SelectedFields;     // indexes into Fields, in the order of the form
+  OneBased<LayoutColumn> LayoutGrid;  // columns 1 to the Columns setting
+  std::string ClassName;              // full name of the selected class
+  std::string ClassCaption;           // its name without the package
 
   // Results of the layout, in twips.
   Int32 ControlWidth;
@@ -75,7 +75,8 @@ struct FormModel {
 
   // Replaces Fields by ten free records.
   void ResetFieldRecords();
-  // The first free record's index; grows Fields by ten when there is none. The caller marks it used by giving it a kind.
+  // The first free record's index; grows Fields by ten when there is none. The caller marks it used by giving it a
+  // kind.
   Int16 AllocateFieldRecord();
 
  private:

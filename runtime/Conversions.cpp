@@ -127,8 +127,6 @@ std::string LowerCase(std::string_view text) {
   return result;
 }
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, {}, Lower, Lower);
-}
+bool EqualIgnoringCase(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, Lower, Lower); }
 
 }  // namespace formwizard::runtime

@@ -24,6 +24,7 @@ constexpr std::array Descriptions{
     Description{ResourceNotFound, "Resource not found"},
     Description{ControlNotFound, "ActiveX control not found"},
     Description{InvalidPropertyValue, "Invalid property value"},
+    Description{InvalidPropertyArrayIndex, "Invalid property array index"},
     Description{PropertyReadOnly, "Property is read-only"},
     Description{PropertyNotFound, "Property not found"},
     Description{CannotCreateObject, "ActiveX component can't create object"},

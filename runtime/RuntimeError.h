@@ -18,6 +18,7 @@ enum ErrorNumber : int {
   ResourceNotFound = 326,
   ControlNotFound = 363,
   InvalidPropertyValue = 380,
+  InvalidPropertyArrayIndex = 381,
   PropertyReadOnly = 383,
   PropertyNotFound = 422,
   CannotCreateObject = 429,

@@ -2,8 +2,8 @@
 
 #include "runtime/Conversions.h"
 
-#include <charconv>
 #include <array>
+#include <charconv>
 
 namespace formwizard::runtime {
 namespace {
@@ -22,14 +22,13 @@ std::string DecimalForm(double value) {
 }  // namespace
 
 double ToNumber(const Variant& value) {
-  return std::visit(Overloaded{[](Empty) { return 0.0; },
-                               [](Null) -> double { Raise(InvalidUseOfNull); },
-                               [](bool flag) { return flag ? -1.0 : 0.0; },
-                               [](Int16 number) { return static_cast<double>(number.Value()); },
-                               [](Int32 number) { return static_cast<double>(number.Value()); },
-                               [](double number) { return number; },
-                               [](const std::string& text) { return ToNumber(std::string_view(text)); }},
-                    value);
+  return std::visit(
+      Overloaded{[](Empty) { return 0.0; }, [](Null) -> double { Raise(InvalidUseOfNull); },
+                 [](bool flag) { return flag ? -1.0 : 0.0; },
+                 [](Int16 number) { return static_cast<double>(number.Value()); },
+                 [](Int32 number) { return static_cast<double>(number.Value()); }, [](double number) { return number; },
+                 [](const std::string& text) { return ToNumber(std::string_view(text)); }},
+      value);
 }
 
 bool EqualsNumber(const Variant& value, Int32 number) {
@@ -42,14 +41,12 @@ bool EqualsText(const Variant& value, std::string_view text) {
 }
 
 std::string ToText(const Variant& value) {
-  return std::visit(Overloaded{[](Empty) { return std::string(); },
-                               [](Null) -> std::string { Raise(InvalidUseOfNull); },
-                               [](bool flag) { return Text(flag); },
-                               [](Int16 number) { return Text(number); },
-                               [](Int32 number) { return Text(number); },
-                               [](double number) { return DecimalForm(number); },
-                               [](const std::string& text) { return text; }},
-                    value);
+  return std::visit(
+      Overloaded{[](Empty) { return std::string(); }, [](Null) -> std::string { Raise(InvalidUseOfNull); },
+                 [](bool flag) { return Text(flag); }, [](Int16 number) { return Text(number); },
+                 [](Int32 number) { return Text(number); }, [](double number) { return DecimalForm(number); },
+                 [](const std::string& text) { return text; }},
+      value);
 }
 
 bool IsTrue(const Variant& value) {

@@ -31,9 +31,8 @@ void WriteProfile(ProfileStore& store, ui::Desktop& desktop, std::string_view se
     Trim(value);
   }
   while (!store.WriteProfileString(section, key, value, file)) {
-    const ui::MessageAnswer answer =
-        desktop.ShowMessage("Error saving " + std::string(key),
-                            ui::AbortRetryIgnore + ui::Exclamation + ui::DefaultButton2, "");
+    const ui::MessageAnswer answer = desktop.ShowMessage(
+        "Error saving " + std::string(key), ui::AbortRetryIgnore + ui::Exclamation + ui::DefaultButton2, "");
     if (answer != ui::MessageAnswer::Retry) return;
   }
 }

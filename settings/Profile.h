@@ -11,8 +11,8 @@ namespace formwizard::settings {
 
 constexpr std::string_view ProfileSection = "OstrelFormWizard";
 
-// An empty default becomes "~blank~" and a size of 0 becomes 2048, both in the caller's variables; a result of "~blank~"
-// is returned as the empty text. `size` counts bytes.
+// An empty default becomes "~blank~" and a size of 0 becomes 2048, both in the caller's variables; a result of
+// "~blank~" is returned as the empty text. `size` counts bytes.
 std::string ReadProfile(const ProfileStore& store, std::string_view section, std::string_view key,
                         std::string& defaultText, const std::string& file, std::size_t& size);
 

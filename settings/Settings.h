@@ -14,20 +14,20 @@ namespace formwizard::settings {
 using runtime::Int16;
 
 struct Settings {
-  bool Menu = true;               // form has menus
-  bool Button = true;             // form has command buttons
-  bool Toolbar = true;            // form has a toolbar
-  bool Statusbar = true;          // form has a status bar
-  bool FormSizable = false;       // form can be resized
-  bool Save = true;               // form has a Save button
-  bool Search = true;             // form has a Search button
-  bool New = true;                // form has a New button
-  bool Bold = true;               // labels are bold
-  bool SearchNew = false;         // search opens in a new window
-  bool SearchClear = false;       // search page has a Clear button
-  bool SearchPredicates = true;   // search page has match options
-  bool SearchSort = true;         // search page has sort options
-  bool LabelAlignLeft = false;    // labels are left-justified, else right-justified
+  bool Menu = true;                 // form has menus
+  bool Button = true;               // form has command buttons
+  bool Toolbar = true;              // form has a toolbar
+  bool Statusbar = true;            // form has a status bar
+  bool FormSizable = false;         // form can be resized
+  bool Save = true;                 // form has a Save button
+  bool Search = true;               // form has a Search button
+  bool New = true;                  // form has a New button
+  bool Bold = true;                 // labels are bold
+  bool SearchNew = false;           // search opens in a new window
+  bool SearchClear = false;         // search page has a Clear button
+  bool SearchPredicates = true;     // search page has match options
+  bool SearchSort = true;           // search page has sort options
+  bool LabelAlignLeft = false;      // labels are left-justified, else right-justified
   Int16 Columns = Int16(1);         // field columns on the form
   Int16 CollectionRows = Int16(3);  // rows of lists and arrays
   Int16 ImageRows = Int16(5);       // rows of images

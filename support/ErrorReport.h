@@ -28,21 +28,28 @@ class ErrorReport {
 
 // Runs a routine's statements; the first run-time error is reported under the routine's name and ends them.
 // True when all of them ran.
-template <std::invocable Statements>
-bool LeaveOnError(const ErrorReport& report, std::string_view routine, Statements&& statements) {
+// `beforeReport` is what the routine's handler does before the report is shown.
+template <std::invocable Statements, std::invocable BeforeReport>
+bool LeaveOnError(const ErrorReport& report, std::string_view routine, Statements&& statements,
+                  BeforeReport&& beforeReport) {
   try {
     std::forward<Statements>(statements)();
     return true;
   } catch (const runtime::RuntimeError& error) {
+    std::forward<BeforeReport>(beforeReport)();
     report(routine, error);
     return false;
   }
+}
+template <std::invocable Statements>
+bool LeaveOnError(const ErrorReport& report, std::string_view routine, Statements&& statements) {
+  return LeaveOnError(report, routine, std::forward<Statements>(statements), [] {});
 }
 
 // Runs one statement a call; a run-time error is reported under the routine's name as it reads at that moment, and
 // the next call goes on. A lambda holds all that its one statement computes.
 template <typename RoutineName>
-  requires std::is_invocable_r_v<std::string, RoutineName>
+requires std::is_invocable_r_v<std::string, RoutineName>
 class ResumeNext {
  public:
   ResumeNext(const ErrorReport& report, RoutineName routine) : report_(report), routine_(std::move(routine)) {}

@@ -6,8 +6,8 @@
 
 namespace formwizard::support {
 
-// An input is missing or invalid. The message names the file, the place in it and the remedy. Nothing was changed. It is
-// no RuntimeError on purpose: no routine reports it and goes on.
+// An input is missing or invalid. The message names the file, the place in it and the remedy. Nothing was changed. It
+// is no RuntimeError on purpose: no routine reports it and goes on.
 class InputError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

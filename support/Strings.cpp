@@ -18,8 +18,7 @@ std::string BeforeFirstZero(std::string text) {
 std::string OwnText(int id) {
   const std::optional<std::string_view> text = resources::StringTableText(id);
   if (!text) {
-    runtime::Raise(runtime::ResourceNotFound,
-                   "Resource with identifier '" + std::to_string(id) + "' not found");
+    runtime::Raise(runtime::ResourceNotFound, "Resource with identifier '" + std::to_string(id) + "' not found");
   }
   return std::string(*text);
 }

@@ -24,8 +24,9 @@ class FormDocument : public std::enable_shared_from_this<FormDocument> {
   // A new empty form ("Form2"). `codePage` and `libraries` must outlive the document.
   static std::shared_ptr<FormDocument> New(std::string_view name, const CodePage& codePage,
                                            const ControlLibraries& libraries);
-  // An existing form. `path` is for messages; `frx` is empty when there is no such file. support::InputError, naming file
-  // and line, for a text that is no form. Everything that is not changed afterwards is rendered byte for byte as read.
+  // An existing form. `path` is for messages; `frx` is empty when there is no such file. support::InputError, naming
+  // file and line, for a text that is no form. Everything that is not changed afterwards is rendered byte for byte as
+  // read.
   static std::shared_ptr<FormDocument> Parse(const std::string& path, std::string frm, std::string frx,
                                              const CodePage& codePage, const ControlLibraries& libraries);
   virtual ~FormDocument() = default;

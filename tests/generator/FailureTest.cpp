@@ -50,17 +50,46 @@ TEST_CASE("A refused call is reported under its routine, which goes on or leaves
            Failure{"lblColors.Alignment", {field}, "lblColors.Caption = \"Colors\"", ""},
            Failure{"lstColors.Height", {field + "lstColors"}, "lstColors.Left = \"350\"", ""},
            // The menu writer leaves: the remaining menus are missing, and so the handlers of the items.
-           Failure{"mnuSpouse.Visible", {"WriteConMenus"}, "InsertLines 1: Const m_classname = \"Sample.Person\"",
+           Failure{"mnuSpouse.Visible",
+                   {"WriteConMenus"},
+                   "InsertLines 1: Const m_classname = \"Sample.Person\"",
                    "mnuPhones.Visible = 0%"},
-           Failure{": Private Sub actionSave", {"WriteSubCommon"}, "InsertLines 120: Private Sub EnableScreen(Enabled as Boolean)", ""},
-           Failure{": Private Sub SyncObjectToScreen", {"WriteSubSyncObjectToScreen"}, "CreateEventProc cmd__New_Click", ""},
-           Failure{": Private Sub SyncScreenToObject", {"WriteSubSyncScreenToObject"}, "CreateEventProc cmd__New_Click", ""},
-           Failure{"lstColors_MouseUp", {"WriteSubControlEvents"}, "CreateEventProc lstColors_Click", "CreateEventProc imgPhoto_MouseUp"},
-           Failure{"cmbCompany_DropDown", {"WriteSubRefComboEvents"}, "CreateEventProc lvwPhones_MouseUp", "CreateEventProc cmbCompany_Click"},
-           Failure{"mnuSpouseChange_Click", {"WriteSubContextMenuReference"}, "CreateEventProc mnuPhonesInsert_Click", "CreateEventProc mnuSpouseRemove_Click"},
-           Failure{"mnuPhonesRemove_Click", {"WriteSubContextMenuArray"}, "CreateEventProc mnuPhotoChange_Click", "CreateEventProc lvwPhones_ColumnClick"},
-           Failure{"lstColors_Click", {"WriteSubcontextMenuList"}, "CreateEventProc mnuSpouseChange_Click", "CreateEventProc mnuColorsAddToEnd_Click"},
-           Failure{"mnuPhotoChange_Click", {"WriteSubContextMenuImage"}, "CreateEventProc mnuPhonesInsert_Click", "CreateEventProc mnuPhotoRemove_Click"},
+           Failure{": Private Sub actionSave",
+                   {"WriteSubCommon"},
+                   "InsertLines 120: Private Sub EnableScreen(Enabled as Boolean)",
+                   ""},
+           Failure{": Private Sub SyncObjectToScreen",
+                   {"WriteSubSyncObjectToScreen"},
+                   "CreateEventProc cmd__New_Click",
+                   ""},
+           Failure{": Private Sub SyncScreenToObject",
+                   {"WriteSubSyncScreenToObject"},
+                   "CreateEventProc cmd__New_Click",
+                   ""},
+           Failure{"lstColors_MouseUp",
+                   {"WriteSubControlEvents"},
+                   "CreateEventProc lstColors_Click",
+                   "CreateEventProc imgPhoto_MouseUp"},
+           Failure{"cmbCompany_DropDown",
+                   {"WriteSubRefComboEvents"},
+                   "CreateEventProc lvwPhones_MouseUp",
+                   "CreateEventProc cmbCompany_Click"},
+           Failure{"mnuSpouseChange_Click",
+                   {"WriteSubContextMenuReference"},
+                   "CreateEventProc mnuPhonesInsert_Click",
+                   "CreateEventProc mnuSpouseRemove_Click"},
+           Failure{"mnuPhonesRemove_Click",
+                   {"WriteSubContextMenuArray"},
+                   "CreateEventProc mnuPhotoChange_Click",
+                   "CreateEventProc lvwPhones_ColumnClick"},
+           Failure{"lstColors_Click",
+                   {"WriteSubcontextMenuList"},
+                   "CreateEventProc mnuSpouseChange_Click",
+                   "CreateEventProc mnuColorsAddToEnd_Click"},
+           Failure{"mnuPhotoChange_Click",
+                   {"WriteSubContextMenuImage"},
+                   "CreateEventProc mnuPhonesInsert_Click",
+                   "CreateEventProc mnuPhotoRemove_Click"},
        }) {
     CAPTURE(f.refused);
     GenerationFixture run = TwoFields();
@@ -99,8 +128,8 @@ TEST_CASE("Without a form component every statement that needs it is reported, a
 }
 
 TEST_CASE("The screen procedures and the action handlers have no report of their own") {
-  for (const char* refused : {": Private Sub EnableScreen", ": Private Sub EraseScreen", "cmd__New_Click",
-                              ": Const m_classname"}) {
+  for (const char* refused :
+       {": Private Sub EnableScreen", ": Private Sub EraseScreen", "cmd__New_Click", ": Const m_classname"}) {
     GenerationFixture run = TwoFields();
     run.Ide.Transcript.Refuse[refused] = 380;
     CHECK_THROWS_AS(run.Generate(), runtime::RuntimeError);

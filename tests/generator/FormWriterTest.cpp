@@ -41,8 +41,7 @@ TEST_CASE("Each kind of field gets its control with its properties in order") {
   };
   // A second column: column 1 is 40 + 2000 + 360 wide, so the label, 90 wide, stands at 2520 and the control at 2730.
   const std::string place = "Left = \"2730\"\nTop = \"240\"\nWidth = \"720\"\nContainer = fra_Main\n";
-  const std::string label =
-      "Height = \"325\"\nTabIndex = \"4\"\n";
+  const std::string label = "Height = \"325\"\nTabIndex = \"4\"\n";
   for (const Case& c :
        {Case{kind::TextBox, 1, "txtHomeCity", label + "Text = \"txtHomeCity\"\n"},
         Case{kind::ReadOnlyLabel, 1, "conHomeCity", "BorderStyle = \"1\"\n" + label + "Caption = \"conHomeCity\"\n"},
@@ -71,10 +70,9 @@ TEST_CASE("Each kind of field gets its control with its properties in order") {
 
 TEST_CASE("The width of a data control follows the property's length within the column") {
   for (const auto& [maxWidth, kind, width] :
-       {std::tuple{0, kind::TextBox, "720"}, std::tuple{0, kind::MultiLine, "4000"},
-        std::tuple{1, kind::TextBox, "1"}, std::tuple{3999, kind::MultiLine, "3999"},
-        std::tuple{4000, kind::TextBox, "4000"}, std::tuple{4001, kind::TextBox, "4000"},
-        std::tuple{-5, kind::TextBox, "4000"}}) {
+       {std::tuple{0, kind::TextBox, "720"}, std::tuple{0, kind::MultiLine, "4000"}, std::tuple{1, kind::TextBox, "1"},
+        std::tuple{3999, kind::MultiLine, "3999"}, std::tuple{4000, kind::TextBox, "4000"},
+        std::tuple{4001, kind::TextBox, "4000"}, std::tuple{-5, kind::TextBox, "4000"}}) {
     GenerationFixture run;
     run.AddField(kind, "Name").MaxWidth = Int32(maxWidth);
     WriteFormOnly(run);
@@ -89,13 +87,12 @@ TEST_CASE("The component is the unused start-up form or a new one, under the fir
     std::string classCaption, name;
     bool added;
   };
-  for (const Case& c : {Case{{"Form1"}, false, "Person", "frmPerson", false},
-                        Case{{"Form1"}, true, "Person", "frmPerson", true},
-                        Case{{"Form2", "form1"}, false, "Person", "frmPerson", true},
-                        Case{{"frmPerson"}, false, "Person", "frmPerson2", true},
-                        Case{{"frmPerson", "frmPerson3", "frmPerson2"}, false, "Person", "frmPerson4", true},
-                        Case{{"frmperson"}, false, "Person", "frmPerson", true},
-                        Case{{}, false, "%Per%son", "frmPerson", true}}) {
+  for (const Case& c :
+       {Case{{"Form1"}, false, "Person", "frmPerson", false}, Case{{"Form1"}, true, "Person", "frmPerson", true},
+        Case{{"Form2", "form1"}, false, "Person", "frmPerson", true},
+        Case{{"frmPerson"}, false, "Person", "frmPerson2", true},
+        Case{{"frmPerson", "frmPerson3", "frmPerson2"}, false, "Person", "frmPerson4", true},
+        Case{{"frmperson"}, false, "Person", "frmPerson", true}, Case{{}, false, "%Per%son", "frmPerson", true}}) {
     CAPTURE(c.name);
     GenerationFixture run;
     run.Form.ClassCaption = c.classCaption;
@@ -119,8 +116,7 @@ TEST_CASE("Settings change the form and leave the popup menus") {
   CHECK(calls.find("CommandButton") == std::string::npos);
   CHECK(calls.find("mnuObject") == std::string::npos);
   // The list's popup is named after IntName, the reference's after PropertyName with its dot.
-  CHECK(CallsOn(run, "mnuHomeColors") ==
-        "Caption = \"mnuHomeColors\"\nVisible = 0%\n");
+  CHECK(CallsOn(run, "mnuHomeColors") == "Caption = \"mnuHomeColors\"\nVisible = 0%\n");
   CHECK(run.Ide.Transcript.Has("mnuHome.OwnerChange.Caption = \"&Change \""));
 }
 
@@ -130,8 +126,7 @@ TEST_CASE("Only a reference combo box needs the hidden list, and one is enough")
   run.AddField(kind::ReferenceCombo, "Company");
   WriteFormOnly(run);
   CHECK(std::ranges::count(run.Ide.Transcript.Calls, "Add VB.ListBox") == 1);
-  CHECK(CallsOn(run, "lst__Hidden") ==
-        "Height = \"450\"\nTabIndex = \"11\"\nTop = \"-450\"\nVisible = \"0\"\n");
+  CHECK(CallsOn(run, "lst__Hidden") == "Height = \"450\"\nTabIndex = \"11\"\nTop = \"-450\"\nVisible = \"0\"\n");
 }
 
 TEST_CASE("Tab indexes go on counting over generations, up to 32767") {

@@ -62,12 +62,12 @@ TEST_CASE("Menu and Button decide about commands and their handlers") {
       "    mnu__Save.Enabled = Enabled\n    mnu__Close.Enabled = Enabled\n    mnu__Delete.Enabled = Enabled\n";
   const std::string buttonEnable =
       "    cmd__Save.Enabled = Enabled\n    cmd__Close.Enabled = Enabled\n    cmd__Delete.Enabled = Enabled\n";
-  for (const Case& c : {Case{false, false, "", "", false, false},
-                        Case{true, false, menuEnable, "         mnu__Delete.Enabled = False\n", true, false},
-                        Case{false, true, buttonEnable, "         cmd__Delete.Enabled = False\n", false, true},
-                        Case{true, true, menuEnable + buttonEnable,
-                             "         cmd__Delete.Enabled = False\n         mnu__Delete.Enabled = False\n", true,
-                             true}}) {
+  for (const Case& c :
+       {Case{false, false, "", "", false, false},
+        Case{true, false, menuEnable, "         mnu__Delete.Enabled = False\n", true, false},
+        Case{false, true, buttonEnable, "         cmd__Delete.Enabled = False\n", false, true},
+        Case{true, true, menuEnable + buttonEnable,
+             "         cmd__Delete.Enabled = False\n         mnu__Delete.Enabled = False\n", true, true}}) {
     CAPTURE(c.menu);
     CAPTURE(c.button);
     GenerationFixture run;
@@ -83,9 +83,9 @@ TEST_CASE("Menu and Button decide about commands and their handlers") {
 }
 
 TEST_CASE("Only a second piece that is exactly Date makes a date field") {
-  for (const auto& [type, isDate] : {std::pair{"%Library.Date", true}, std::pair{"My.Date.Extra", true},
-                                     std::pair{"Date", false}, std::pair{"%Library.date", false},
-                                     std::pair{"%Library.DateTime", false}, std::pair{"A.B.Date", false}}) {
+  for (const auto& [type, isDate] :
+       {std::pair{"%Library.Date", true}, std::pair{"My.Date.Extra", true}, std::pair{"Date", false},
+        std::pair{"%Library.date", false}, std::pair{"%Library.DateTime", false}, std::pair{"A.B.Date", false}}) {
     CAPTURE(type);
     GenerationFixture run;
     run.AddField(kind::TextBox, "When").PropertyType = type;
@@ -127,8 +127,7 @@ TEST_CASE("A field of unknown kind and a read-only field that follows no other w
   run.AddField(kind::ReadOnlyLabel, "Age");
   run.AddField(Int16(9), "Strange");
   run.Generate();
-  CHECK(ProcedureIn(run, "Private Sub EraseScreen()") ==
-        "Private Sub EraseScreen()\n    conAge.Caption = \"\"\n");
+  CHECK(ProcedureIn(run, "Private Sub EraseScreen()") == "Private Sub EraseScreen()\n    conAge.Caption = \"\"\n");
   CHECK(run.Code().find("LostFocus") == std::string::npos);
 }
 

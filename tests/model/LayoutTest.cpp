@@ -35,14 +35,11 @@ TEST_CASE("ComputePositions fills a column until it has its share of rows") {
     std::vector<int> rowCounts;
     std::string grid;
   };
-  for (const Case& c : {Case{1, {1, 1, 1}, "1 2 3 "},
-                        Case{2, {1, 1, 1, 1}, "1 2 | 3 4 "},
-                        Case{2, {1, 5, 1}, "1 2 | 3 "},
-                        Case{3, {1, 1, 1, 1, 1}, "1 2 | 3 4 | 5 "},
-                        Case{2, {10}, "1 | "},                     // an empty last column still exists
-                        Case{4, {1, 1}, "1 | 2 | | "},
-                        Case{2, {0, 0, 0}, "1 | 2 3 "},            // a share of no rows is reached at once
-                        Case{2, {}, "| "}}) {
+  for (const Case& c :
+       {Case{1, {1, 1, 1}, "1 2 3 "}, Case{2, {1, 1, 1, 1}, "1 2 | 3 4 "}, Case{2, {1, 5, 1}, "1 2 | 3 "},
+        Case{3, {1, 1, 1, 1, 1}, "1 2 | 3 4 | 5 "}, Case{2, {10}, "1 | "},  // an empty last column still exists
+        Case{4, {1, 1}, "1 | 2 | | "}, Case{2, {0, 0, 0}, "1 | 2 3 "},      // a share of no rows is reached at once
+        Case{2, {}, "| "}}) {
     CAPTURE(c.grid);
     GenerationFixture run = FormWithRows(c.columns, c.rowCounts);
     run.LayOut();
@@ -59,10 +56,10 @@ TEST_CASE("ComputeLayout sizes columns by their widest caption and the frame by 
     int controlWidth, left2, columnsWidth, frameHeight, frameWidth, lastTop;
   };
   // Captions "P" are 10 twips wide; three spacings of 120 a column.
-  for (const Case& c : {Case{1, 10, true, 4000, 0, 4370, 3960, 5705, 3480},
-                        Case{1, 2, true, 4000, 0, 4370, 2975, 5705, 600},
-                        Case{2, 1, false, 2000, 2370, 4730, 2975, 4730, 240},  // the empty column counts
-                        Case{3, 5, true, 1333, 1703, 5109, 2975, 6444, 240}}) {
+  for (const Case& c :
+       {Case{1, 10, true, 4000, 0, 4370, 3960, 5705, 3480}, Case{1, 2, true, 4000, 0, 4370, 2975, 5705, 600},
+        Case{2, 1, false, 2000, 2370, 4730, 2975, 4730, 240},  // the empty column counts
+        Case{3, 5, true, 1333, 1703, 5109, 2975, 6444, 240}}) {
     CAPTURE(c.columns);
     GenerationFixture run = FormWithRows(c.columns, std::vector<int>(static_cast<std::size_t>(c.fields), 1));
     run.Settings.Button = c.button;

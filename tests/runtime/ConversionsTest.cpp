@@ -11,8 +11,8 @@ TEST_CASE("The leading number of a text ends where the number does") {
   for (const auto& [text, value] :
        {std::pair{"12key", 12.0}, std::pair{"", 0.0}, std::pair{"key12", 0.0}, std::pair{"  7", 7.0},
         std::pair{"1 2", 12.0}, std::pair{"-3.5x", -3.5}, std::pair{"+4", 4.0}, std::pair{".5", 0.5},
-        std::pair{"5.", 5.0}, std::pair{".", 0.0}, std::pair{"-", 0.0}, std::pair{"1e2z", 100.0},
-        std::pair{"1ex", 1.0}, std::pair{"1.2.3", 1.2}, std::pair{"inf", 0.0}, std::pair{"0x10", 0.0}}) {
+        std::pair{"5.", 5.0}, std::pair{".", 0.0}, std::pair{"-", 0.0}, std::pair{"1e2z", 100.0}, std::pair{"1ex", 1.0},
+        std::pair{"1.2.3", 1.2}, std::pair{"inf", 0.0}, std::pair{"0x10", 0.0}}) {
     CAPTURE(text);
     CHECK(LeadingNumber(text) == value);
   }

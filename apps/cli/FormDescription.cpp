@@ -1,0 +1,194 @@
+#include "apps/cli/FormDescription.h"
+
+#include "runtime/Conversions.h"
+#include "settings/Settings.h"
+#include "support/Failures.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <sstream>
+
+namespace formwizard::apps::cli {
+namespace {
+
+using Json = nlohmann::json;
+using support::InputError;
+
+// A value of the description and the path that leads to it, for messages.
+class Value {
+ public:
+  Value(const Json& json, std::string path) : json_(json), path_(std::move(path)) {}
+
+  [[noreturn]] void Fail(const std::string& expected) const {
+    throw InputError(path_ + ": expected " + expected + ", found " + Shown());
+  }
+
+  const Json& Object(std::initializer_list<std::string_view> members) const {
+    if (!json_.is_object()) Fail("an object");
+    for (const auto& [key, value] : json_.items()) {
+      if (std::ranges::find(members, key) != members.end()) continue;
+      std::string known;
+      for (const std::string_view member : members)
+        known += (known.empty() ? "\"" : ", \"") + std::string(member) + "\"";
+      throw InputError(path_ + ": unknown member \"" + key + "\"; known are " + known);
+    }
+    return json_;
+  }
+  // Nothing when the object has no such member.
+  std::optional<Value> Member(const std::string& name) const {
+    const auto found = json_.find(name);
+    if (found == json_.end()) return std::nullopt;
+    return Value(*found, path_ + (path_.ends_with(": ") ? "" : ".") + name);
+  }
+  Value Required(const std::string& name) const {
+    const std::optional<Value> member = Member(name);
+    if (!member) throw InputError(path_ + ": \"" + name + "\" is missing");
+    return *member;
+  }
+
+  std::string Text() const {
+    if (!json_.is_string()) Fail("a text");
+    std::string text = json_.get<std::string>();
+    if (text.empty()) Fail("a text that is not empty");
+    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos) Fail("a text without line breaks");
+    return text;
+  }
+  std::string AnyText() const {
+    if (!json_.is_string()) Fail("a text");
+    return json_.get<std::string>();
+  }
+  bool Boolean() const {
+    if (!json_.is_boolean()) Fail("true or false");
+    return json_.get<bool>();
+  }
+  int Integer() const {
+    constexpr int most = std::numeric_limits<std::int16_t>::max();
+    if (!json_.is_number_integer() || json_.get<std::int64_t>() < 1 || json_.get<std::int64_t>() > most) {
+      Fail("a whole number from 1 to " + std::to_string(most));
+    }
+    return json_.get<int>();
+  }
+  // The text that a profile file would hold.
+  std::string SettingText() const {
+    if (json_.is_string()) return json_.get<std::string>();
+    if (json_.is_boolean()) return runtime::Text(json_.get<bool>());
+    if (json_.is_number_integer()) return json_.dump();
+    Fail("a text, a whole number, true or false");
+  }
+  template <typename Each>
+  void Elements(Each&& each) const {
+    if (!json_.is_array()) Fail("an array");
+    for (std::size_t i = 0; i < json_.size(); ++i) each(Value(json_[i], path_ + "[" + std::to_string(i) + "]"));
+  }
+  bool IsText() const { return json_.is_string(); }
+  const Json& Raw() const { return json_; }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string Shown() const {
+    std::string shown = json_.dump(-1, ' ', false, Json::error_handler_t::replace);
+    if (shown.size() > 60) shown = shown.substr(0, 57) + "...";
+    return shown;
+  }
+
+  const Json& json_;
+  std::string path_;
+};
+
+FieldChoice ReadField(const Value& value) {
+  FieldChoice field;
+  if (value.IsText()) {
+    field.Property = value.Text();
+    return field;
+  }
+  value.Object({"property", "caption", "readOnly", "updateAfter", "rows", "combo"});
+  field.Property = value.Required("property").Text();
+  if (const auto member = value.Member("caption")) field.Caption = member->AnyText();
+  if (const auto member = value.Member("readOnly")) field.ReadOnly = member->Boolean();
+  if (const auto member = value.Member("updateAfter")) field.UpdateAfter = member->Text();
+  if (const auto member = value.Member("rows")) field.Rows = member->Integer();
+  if (const auto member = value.Member("combo")) {
+    member->Object({"query", "column"});
+    field.Combo = ComboChoice{member->Required("query").Text(), member->Required("column").Text()};
+  }
+  return field;
+}
+
+FormDescription ReadDescription(const Value& root, const std::string& file) {
+  root.Object({"class", "settings", "fields"});
+  FormDescription form;
+  form.Source = file;
+  form.Class = root.Required("class").Text();
+  if (const auto settings = root.Member("settings")) {
+    if (!settings->Raw().is_object()) settings->Fail("an object");
+    for (const auto& [key, json] : settings->Raw().items()) {
+      const Value value(json, settings->Path() + "." + key);
+      form.Settings[key] = value.SettingText();
+      CheckSetting(value.Path(), key, form.Settings[key]);
+    }
+  }
+  root.Required("fields").Elements([&](const Value& field) { form.Fields.push_back(ReadField(field)); });
+  return form;
+}
+
+std::string ReadAll(const std::string& file) {
+  std::ostringstream text;
+  if (file == "-") {
+    text << std::cin.rdbuf();
+    return text.str();
+  }
+  std::ifstream in(file, std::ios::binary);
+  if (!in || !(text << in.rdbuf())) {
+    throw InputError(file + ": the form description cannot be read; check the path and the permissions");
+  }
+  return text.str();
+}
+
+}  // namespace
+
+FormDescription ReadFormDescription(const std::string& file) {
+  const std::string text = ReadAll(file);
+  try {
+    const Json json = Json::parse(text);
+    return ReadDescription(Value(json, file + ": "), file);
+  } catch (const Json::parse_error& error) {
+    const std::string_view before = std::string_view(text).substr(0, error.byte == 0 ? 0 : error.byte - 1);
+    const auto line = 1 + std::ranges::count(before, '\n');
+    const auto column = 1 + before.size() - (before.rfind('\n') + 1);
+    throw InputError(file + ":" + std::to_string(line) + ":" + std::to_string(column) +
+                     ": this is no valid JSON; a form description is an object with \"class\" and \"fields\"");
+  }
+}
+
+void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {
+  const auto keys = settings::SettingKeys();
+  const auto found =
+      std::ranges::find_if(keys, [&](const auto& known) { return runtime::EqualIgnoringCase(known.Key, key); });
+  if (found == keys.end()) {
+    std::string known;
+    for (const settings::SettingKey& each : keys) known += (known.empty() ? "" : ", ") + std::string(each.Key);
+    throw InputError(where + ": there is no setting \"" + key + "\"; known are " + known);
+  }
+  const bool isBoolean = std::holds_alternative<bool settings::Settings::*>(found->Member);
+  const std::string expected = isBoolean ? "1, 0, True or False" : "a whole number";
+  try {
+    if (isBoolean) {
+      runtime::ToBoolean(value);
+      return;
+    }
+    const runtime::Int16 number = runtime::ToInt16(value);
+    const bool isColumns = found->Key == "Columns";
+    if (number < runtime::Int16(1) || (isColumns && number > runtime::Int16(4))) {
+      throw InputError(where + ": " + std::string(found->Key) + " must be " +
+                       (isColumns ? "from 1 to 4" : "at least 1") + ", found " + value);
+    }
+  } catch (const runtime::RuntimeError&) {
+    throw InputError(where + ": " + std::string(found->Key) + " must be " + expected + ", found \"" + value + "\"");
+  }
+}
+
+}  // namespace formwizard::apps::cli

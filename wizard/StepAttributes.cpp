@@ -1,0 +1,153 @@
+#include "runtime/Conversions.h"
+#include "wizard/frmWizard.h"
+
+namespace formwizard::wizard {
+namespace {
+
+namespace kind = model::kind;
+
+// The panel that edits a kind; any other kind shows the first one.
+Int16 PanelOf(Int16 fieldKind) {
+  constexpr std::array<std::int16_t, 9> panels{0, 0, 0, 1, 1, 2, 2, 3, 4};
+  const int code = fieldKind.Value();
+  return Int16(code >= 1 && code <= 8 ? panels[static_cast<std::size_t>(code)] : std::int16_t{0});
+}
+
+constexpr Int16 FirstPanelWithRows(2);
+
+}  // namespace
+
+void frmWizard::PopulateFields() {
+  SetBusy(true);
+  lstFields.Clear();
+  lstUpdateAfter.Clear();
+  for (int i = 0; i < lstSelected.ListCount(); ++i) {
+    const int index = lstSelected.ItemData(i);
+    lstFields.AddItem(lstSelected.List(i), index);
+    lstUpdateAfter.AddItem(lstSelected.List(i), index);
+    Record(index).IntName = ConvertKeyNameToIntName(Record(index).DisplayName);
+  }
+  SetBusy(false);
+}
+
+model::FieldRecord* frmWizard::CurrentField() {
+  return lstFields.ListIndex() < 0 ? nullptr : &RecordOf(lstFields, lstFields.ListIndex());
+}
+
+void frmWizard::lstFields_Click() {
+  model::FieldRecord& field = *CurrentField();
+  const Int16 panel = PanelOf(field.FieldKind);
+  const auto at = static_cast<std::size_t>(panel.Value());
+  if (field.FieldKind == kind::TextBox || field.FieldKind == kind::ReadOnlyLabel) {
+    chkReadOnly.SetValue(field.FieldKind == kind::ReadOnlyLabel ? 1 : 0);
+  } else if (field.FieldKind == kind::ReferenceLabel || field.FieldKind == kind::ReferenceCombo) {
+    chkRefCombo.SetValue(field.FieldKind == kind::ReferenceCombo ? 1 : 0);
+  } else if (panel >= FirstPanelWithRows) {
+    txtRowHeight[at].SetText(runtime::Text(field.RowCount));
+  }
+  txtCaption[at].SetText(field.Caption);
+  FrontPanel = panel;
+}
+
+void frmWizard::txtRowHeight_Change(std::size_t panel) {
+  model::FieldRecord* field = CurrentField();
+  if (!field) return;
+  try {
+    field->RowCount = runtime::ToInt16(txtRowHeight[panel].Text());
+  } catch (const runtime::RuntimeError&) {
+    // A text that is no 16-bit number, such as one that is just being typed: the record keeps its rows.
+    return;
+  }
+}
+
+void frmWizard::chkReadOnly_Click() {
+  model::FieldRecord* field = CurrentField();
+  if (!field) return;
+  const bool readOnly = chkReadOnly.Value() != 0;
+  field->FieldKind = readOnly ? kind::ReadOnlyLabel : kind::TextBox;
+  lblUpdateAfter.Enabled = readOnly;
+  lstUpdateAfter.Enabled = readOnly;
+  lstUpdateAfter.SetListIndex(-1);
+  if (readOnly) lstUpdateAfter.SelectData(field->UpdateAfter.Value());
+}
+
+void frmWizard::lstUpdateAfter_Click() {
+  if (model::FieldRecord* field = CurrentField()) {
+    field->UpdateAfter = Int16(lstUpdateAfter.ItemData(lstUpdateAfter.ListIndex()));
+  }
+}
+
+// While a combo box is half specified the user can neither leave the field nor the step.
+void frmWizard::LetLeaveField(bool allowed) {
+  lstFields.Enabled = allowed;
+  cmdNext.Enabled = allowed;
+  cmdBack.Enabled = allowed;
+  cmdFinish.Enabled = allowed;
+}
+
+void frmWizard::chkRefCombo_Click() {
+  model::FieldRecord* field = CurrentField();
+  if (!field) return;
+  if (chkRefCombo.Value() == 0) {
+    LetLeaveField(true);
+    lstQueryName.Clear();
+    lstQueryColumn.Clear();
+    field->FieldKind = kind::ReferenceLabel;
+    return;
+  }
+  comboClass_ = field->ReferenceClass;
+  comboQuery_ = field->QueryName;
+  comboColumn_ = field->QueryColumn;
+  PopulateQueryList();
+  lstQueryName.SelectText(comboQuery_);  // loads the columns
+  lstQueryColumn.SelectText(comboColumn_);
+  if (lstQueryName.ListIndex() < 0 || lstQueryColumn.ListIndex() < 0) LetLeaveField(false);
+}
+
+void frmWizard::PopulateQueryList() {
+  SetBusy(true);
+  lstQueryName.Clear();
+  const auto rows = factory_->ResultSet("%CompiledQuery", "QueryInfo");
+  rows->Execute({comboClass_});
+  while (rows->Next()) {
+    const runtime::Variant containId = rows->GetDataByName("ContainId");
+    if (!runtime::IsTrue(containId)) continue;  // a query that does not return the object id cannot fill a combo box
+    lstQueryName.AddItem(ToText(rows->GetDataByName("Name")),
+                         runtime::RoundToInt32(runtime::ToNumber(containId)).Value());
+  }
+  rows->Close();
+  SetBusy(false);
+}
+
+bool frmWizard::AskForQueryAndColumn(bool needsColumn) {
+  const bool queryMissing = lstQueryName.Text().empty();
+  if (!queryMissing && !(needsColumn && lstQueryColumn.Text().empty())) return false;
+  const ui::Label& title = queryMissing ? lblComboQuery : lblComboColumn;
+  services_.Desktop.ShowMessage(Text(600), ui::Information, title.Caption);
+  return true;
+}
+
+void frmWizard::lstQueryName_Click() {
+  if (AskForQueryAndColumn(false)) return;
+  SetBusy(true);
+  const auto query = factory_->ResultSet(comboClass_, lstQueryName.Text());
+  lstQueryColumn.Clear();
+  const Int16 count = query->GetColumnCount();
+  for (Int16 column(1); column <= count; column += Int16(1)) lstQueryColumn.AddItem(query->GetColumnName(column), 0);
+  comboParamCount_ = query->GetParamCount();
+  SetBusy(false);
+}
+
+void frmWizard::lstQueryColumn_Click() {
+  if (AskForQueryAndColumn(true)) return;
+  model::FieldRecord* field = CurrentField();
+  if (!field) return;
+  field->FieldKind = kind::ReferenceCombo;
+  field->QueryName = lstQueryName.Text();
+  field->QueryColumn = lstQueryColumn.Text();
+  field->QueryContainId = Int16(lstQueryName.ItemData(lstQueryName.ListIndex()));
+  field->QueryParamCount = comboParamCount_;
+  LetLeaveField(true);
+}
+
+}  // namespace formwizard::wizard

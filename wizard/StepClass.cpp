@@ -1,0 +1,64 @@
+#include "wizard/frmWizard.h"
+
+namespace formwizard::wizard {
+namespace {
+
+constexpr Int16 ClassImage(1);
+constexpr Int16 OpenPackageImage(7);
+constexpr Int16 PackageImage(8);
+
+}  // namespace
+
+void frmWizard::PopulateClassList() {
+  support::LeaveOnError(report_, "PopulateClassList", [&] {
+    StatusMessage(Text(401));
+    SetBusy(true);
+    tvwClasses.Clear();
+    selectedClass_ = nullptr;
+    AddClassNodes();
+    if (tvwClasses.Nodes.Count() >= 2) {
+      tvwClasses.SelectedItem = &tvwClasses.Nodes.Item(2);  // the first class of the first package
+      tvwClasses_NodeClick(*tvwClasses.SelectedItem);
+    } else {
+      cmdNext.Enabled = false;
+    }
+  });
+  SetBusy(false);
+  StatusMessage(readyText_);
+}
+
+// A package node is added whenever the package changes from one row to the next: rows come ordered by name.
+void frmWizard::AddClassNodes() {
+  const auto rows = factory_->ResultSet("%ClassDefinition", "ClassInfo");
+  rows->Execute({});
+  std::string previousPackage;
+  ui::Node* packageNode = nullptr;
+  while (rows->Next()) {
+    if (!runtime::EqualsNumber(rows->GetDataByName("System"), Int32(0))) continue;
+    if (!runtime::EqualsNumber(rows->GetDataByName("Persistent"), Int32(1))) continue;
+    const std::string name = ToText(rows->GetDataByName("Name"));
+    const std::size_t dot = name.find('.');
+    if (dot == std::string::npos) runtime::Raise(runtime::InvalidProcedureCall);
+    const std::string_view package = std::string_view(name).substr(0, dot);
+    if (package != previousPackage) {
+      previousPackage = package;
+      packageNode = &tvwClasses.Nodes.Add(nullptr, package, package);
+      packageNode->Image = PackageImage;
+      packageNode->SelectedImage = OpenPackageImage;
+      packageNode->Expanded = true;
+    }
+    // A name that begins with "." has the empty package that no node stands for.
+    if (!packageNode) runtime::Raise(runtime::ElementNotFound);
+    ui::Node& node = tvwClasses.Nodes.Add(packageNode, "", std::string_view(name).substr(dot + 1));
+    node.Image = ClassImage;
+    node.Tag = name;
+  }
+  rows->Close();
+}
+
+void frmWizard::tvwClasses_NodeClick(ui::Node& node) {
+  selectedClass_ = &node;
+  cmdNext.Enabled = node.Key().empty();  // only packages have a key
+}
+
+}  // namespace formwizard::wizard

@@ -1,0 +1,79 @@
+#include "runtime/Conversions.h"
+#include "settings/Profile.h"
+#include "support/Pieces.h"
+#include "wizard/frmWizard.h"
+
+namespace formwizard::wizard {
+namespace {
+
+constexpr std::string_view RememberedSystemKey = "LastConnect";
+constexpr Int16 NotConnectedImage(4);
+constexpr Int16 ConnectedImage(5);
+
+}  // namespace
+
+void frmWizard::PopulateConnection() {
+  support::LeaveOnError(report_, "PopulateConnection", [&] {
+    std::string none;
+    std::size_t size = 0;
+    const std::string remembered = settings::ReadProfile(services_.Profiles, settings::ProfileSection,
+                                                         RememberedSystemKey, none, services_.ProfileFile, size);
+    SetBusy(true);
+    CloseConnection();
+    tvwConnection.Clear();
+    factory_ = services_.Factories.Create();
+    FillConnectionTree(remembered);
+  });
+  SetBusy(false);
+}
+
+void frmWizard::FillConnectionTree(std::string_view remembered) {
+  const std::string list = factory_->SystemList();
+  std::string_view rest = list;
+  while (true) {
+    const std::string_view entry = support::GetPiece(rest, ";", 1);
+    if (entry.empty()) break;  // an empty entry ends the list, also between two others
+    const std::string_view name = support::GetPiece(entry, ",", 1);
+    ui::Node& node = tvwConnection.Nodes.Add(nullptr, "", name);
+    node.ImageKey = "NOTCONNECTED";
+    node.Tag = support::GetPiece(entry, ",", 2);
+    if (name == remembered) tvwConnection.SelectedItem = &node;
+    rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+  }
+  if (!tvwConnection.SelectedItem && tvwConnection.Nodes.Count() > 0) {
+    tvwConnection.SelectedItem = &tvwConnection.Nodes.Item(1);
+  }
+}
+
+void frmWizard::ConnectToSystem() {
+  SetBusy(true);
+  CloseConnection();
+  for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = NotConnectedImage;
+  factory_ = services_.Factories.Create();
+  populatedClass_.clear();  // the class list is read again
+  StatusMessage(Text(403));
+  ui::Node& node = *tvwConnection.SelectedItem;
+  if (OpenConnection(node.Tag)) {
+    StatusMessage(runtime::ReplaceAll(Text(414), "%S1", node.Text));
+    barStatus.Panels[1] = node.Text;
+    node.Image = ConnectedImage;
+    std::string name = node.Text;
+    settings::WriteProfile(services_.Profiles, services_.Desktop, settings::ProfileSection, RememberedSystemKey, name,
+                           services_.ProfileFile);
+  } else {
+    StatusMessage(Text(404) + node.Text + ": " + node.Key());
+    barStatus.Panels[1].clear();
+  }
+  SetBusy(false);
+}
+
+bool frmWizard::OpenConnection(const std::string& connectString) {
+  if (!connectString.empty()) factory_->Connect(connectString);
+  return factory_->IsConnected();
+}
+
+void frmWizard::CloseConnection() {
+  if (factory_ && factory_->IsConnected() && factory_->Disconnect()) factory_.reset();
+}
+
+}  // namespace formwizard::wizard

@@ -1,0 +1,190 @@
+#include "runtime/Conversions.h"
+#include "wizard/frmWizard.h"
+
+#include <algorithm>
+#include <array>
+
+namespace formwizard::wizard {
+namespace {
+
+namespace kind = model::kind;
+
+// A node's picture, which is also its selection state.
+constexpr Int16 NotSelected(2);
+constexpr Int16 Selected(3);
+constexpr Int16 Object(6);  // embedded object or reference: not selectable, expandable
+
+// What a collection's control is, and the setting that gives its rows.
+struct CollectionKind {
+  std::string_view Collection;
+  Int16 FieldKind;
+  Int16 settings::Settings::*Rows;
+};
+
+constexpr std::array Collections{
+    CollectionKind{"list", kind::ListBox, &settings::Settings::CollectionRows},
+    CollectionKind{"array", kind::ListView, &settings::Settings::CollectionRows},
+    CollectionKind{"binarystream", kind::Picture, &settings::Settings::ImageRows},
+    CollectionKind{"characterstream", kind::MultiLine, &settings::Settings::MultilineRows},
+};
+
+bool IsNumber(factory::ResultSet& row, std::string_view column, int number) {
+  return runtime::EqualsNumber(row.GetDataByName(column), Int32(number));
+}
+
+bool IsOffered(factory::ResultSet& row, bool dataTypesOnly) {
+  const bool isCollection = !runtime::EqualsText(row.GetDataByName("Collection"), "");
+  const bool isObject = IsNumber(row, "Datatype", 0);
+  if (dataTypesOnly && (isObject || isCollection)) return false;
+  if (isCollection && isObject) return false;  // collections of objects are never offered
+  return !runtime::EqualsText(row.GetDataByName("Type"), "%Library.List");
+}
+
+void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const settings::Settings& settings) {
+  const std::string name = ToText(row.GetDataByName("Name"));
+  field.DisplayName = name;
+  field.PropertyName = name;
+  field.Caption = ToText(row.GetDataByName("Caption"));
+  const std::string collection = ToText(row.GetDataByName("Collection"));
+  const auto* found = std::ranges::find(Collections, collection, &CollectionKind::Collection);
+  if (found != Collections.end()) {
+    field.FieldKind = found->FieldKind;
+    field.RowCount = settings.*found->Rows;
+  } else if (IsNumber(row, "Datatype", 1) || IsNumber(row, "Serial", 1)) {
+    field.FieldKind = kind::TextBox;
+  } else {
+    field.FieldKind = kind::ReferenceLabel;
+    field.ReferenceClass = ToText(row.GetDataByName("Type"));
+  }
+}
+
+// A property inside a reference is shown through the reference itself, displaying that column of its object.
+void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, factory::ResultSet& row) {
+  const std::string name = ToText(row.GetDataByName("Name"));
+  field.DisplayName = parent.DisplayName + "." + name;
+  field.Caption = parent.Caption + " " + ToText(row.GetDataByName("caption"));  // lower case, as it is asked for
+  if (parent.FieldKind == kind::ReferenceLabel) {
+    field.FieldKind = kind::ReferenceLabel;
+    field.PropertyName = parent.PropertyName;
+    field.ReferenceClass = parent.ReferenceClass;
+    field.ReferenceColumn = name;
+  } else {
+    field.FieldKind = kind::TextBox;
+    field.PropertyName = parent.PropertyName + "." + name;
+  }
+}
+
+}  // namespace
+
+std::string ConvertKeyNameToIntName(std::string_view name) {
+  return runtime::ReplaceAll(runtime::ReplaceAll(name, ".", ""), "%", "sys_");
+}
+
+Int16 RecordIndexOf(const ui::Node& node) { return runtime::RoundToInt16(runtime::LeadingNumber(node.Key())); }
+
+void frmWizard::PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly) {
+  support::LeaveOnError(report_, "PopulateAttributeList", [&] {
+    SetBusy(true);
+    StatusMessage(Text(402));
+    ReadProperties(parent, className, dataTypesOnly);
+  });
+  SetBusy(false);
+  StatusMessage(readyText_);
+}
+
+void frmWizard::ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly) {
+  const auto rows = factory_->ResultSet("%CompiledProperty", "PropertyInfo");
+  rows->Execute({className});
+  while (rows->Next()) {
+    if (IsOffered(*rows, dataTypesOnly)) AddProperty(parent, *rows);
+  }
+  rows->Close();
+}
+
+void frmWizard::AddProperty(ui::Node* parent, factory::ResultSet& row) {
+  model::FormModel& model = Model();
+  const Int16 index = model.AllocateFieldRecord();
+  model::FieldRecord& field = model.Fields[index];
+  field.RowCount = Int16(1);
+  field.RequiredMark = IsNumber(row, "Required", 1) ? "*" : "";
+  if (parent) {
+    DescribeChild(field, model.Fields[RecordIndexOf(*parent)], row);
+  } else {
+    DescribeOwn(field, row, services_.State.Settings);
+  }
+  if (field.FieldKind == kind::TextBox && IsNumber(row, "Editable", 0)) field.FieldKind = kind::ReadOnlyLabel;
+  field.MaxWidth = runtime::RoundToInt32(runtime::NumericValue(row.GetDataByName("MaxLen")) * model.CharWidth.Value());
+  field.PropertyType = ToText(row.GetDataByName("Type"));
+
+  ui::Node& node = tvwAttributes.Nodes.Add(parent, runtime::Text(index) + "key",
+                                           field.RequiredMark + ToText(row.GetDataByName("Name")));
+  node.Tag = field.PropertyType;
+  const bool isObject = IsNumber(row, "Datatype", 0);
+  node.Image = isObject ? Object : NotSelected;
+  if (isObject) tvwAttributes.Nodes.Add(&node, "", "");  // so that it can be expanded before anything is loaded
+}
+
+void frmWizard::tvwAttributes_Expand(ui::Node& node) {
+  if (node.Tag.empty()) return;
+  if (ui::Node* placeholder = node.Child()) tvwAttributes.Nodes.Remove(*placeholder);
+  PopulateAttributeList(&node, node.Tag, true);
+  node.Tag.clear();
+}
+
+void frmWizard::tvwAttributes_DblClick() {
+  if (!tvwAttributes.SelectedItem) return;
+  ui::Node& node = *tvwAttributes.SelectedItem;
+  if (node.Image == NotSelected) {
+    cmdSelectOne.Click();
+  } else if (node.Image == Selected) {
+    lstSelected.SelectData(RecordIndexOf(node).Value());
+    cmdDeSelectOne_Click();
+  }
+}
+
+void frmWizard::SelectProperty(ui::Node& node) {
+  if (node.Image != NotSelected) return;
+  const Int16 index = RecordIndexOf(node);
+  lstSelected.AddItem(Model().Fields[index].DisplayName, index.Value());
+  node.Image = Selected;
+  lstSelected.SetListIndex(lstSelected.ListCount() - 1);
+  cmdNext.Enabled = true;
+  cmdFinish.Enabled = true;
+}
+
+// Visible nodes only, and of the ancestors only the parent is looked at.
+void frmWizard::cmdSelectAll_Click() {
+  for (ui::Node& node : tvwAttributes.Nodes.All()) {
+    if (node.Image == NotSelected && (!node.Parent() || node.Parent()->Expanded)) SelectProperty(node);
+  }
+}
+
+void frmWizard::cmdDeSelectOne_Click() {
+  const int current = lstSelected.ListIndex();
+  if (current < 0) return;
+  const int record = lstSelected.ItemData(current);
+  lstSelected.RemoveItem(current);
+  lstSelected.SetListIndex(std::min(current, lstSelected.ListCount() - 1));
+  tvwAttributes.Nodes.Item(std::to_string(record) + "key").Image = NotSelected;
+  cmdNext.Enabled = lstSelected.ListCount() > 0;
+  cmdFinish.Enabled = cmdNext.Enabled;
+}
+
+void frmWizard::cmdDeSelectAll_Click() {
+  while (lstSelected.ListCount() > 0) {
+    lstSelected.SetListIndex(0);
+    cmdDeSelectOne_Click();
+  }
+}
+
+void frmWizard::MoveSelected(int by) {
+  const int from = lstSelected.ListIndex();
+  const int to = from + by;
+  if (from < 0 || to < 0 || to >= lstSelected.ListCount()) return;
+  ui::ListBox::Item item{lstSelected.List(from), lstSelected.ItemData(from)};
+  lstSelected.RemoveItem(from);
+  lstSelected.InsertItem(to, std::move(item));
+  lstSelected.SetListIndex(to);
+}
+
+}  // namespace formwizard::wizard

@@ -1,0 +1,147 @@
+// The wizard: six steps from the welcome page to the finished form.
+#pragma once
+
+#include "support/ErrorReport.h"
+#include "ui/Controls.h"
+#include "ui/Form.h"
+#include "ui/TreeView.h"
+#include "wizard/WizardServices.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace formwizard::wizard {
+
+using runtime::Int16;
+using runtime::Int32;
+
+// The steps by number.
+namespace step {
+inline constexpr Int16 Welcome(1);
+inline constexpr Int16 Connection(2);
+inline constexpr Int16 Class(3);
+inline constexpr Int16 Properties(4);
+inline constexpr Int16 Attributes(5);
+inline constexpr Int16 Finish(6);
+}  // namespace step
+
+// The name of a property as the base of a control name: "." removed, "%" replaced by "sys_".
+std::string ConvertKeyNameToIntName(std::string_view name);
+
+// The record index at the start of a node's key: "12key" gives 12.
+Int16 RecordIndexOf(const ui::Node& node);
+
+class frmWizard : public ui::Form {
+ public:
+  explicit frmWizard(WizardServices services);
+
+  // Frame
+  ui::CommandButton cmdBack, cmdNext, cmdFinish, cmdCancel;
+  ui::StatusBar barStatus;  // panel 0: messages; panel 1: the connected system, empty without a connection
+  ui::Label lblStep5_2;     // completion text
+
+  // Connection, class and properties
+  ui::TreeView tvwConnection, tvwClasses, tvwAttributes;
+  ui::ListBox lstSelected;  // item data: record index
+  ui::CommandButton cmdSelectOne, cmdSelectAll, cmdDeSelectOne, cmdDeSelectAll, cmdMoveUp, cmdMoveDown;
+
+  // Attributes, by panel: 0 simple, 1 reference, 2 list and array, 3 picture, 4 multi-line text
+  ui::ListBox lstFields;  // item data: record index
+  Int16 FrontPanel;       // the panel that lies in front
+  std::array<ui::TextBox, 5> txtCaption, txtRowHeight;
+  ui::CheckBox chkReadOnly, chkRefCombo;
+  ui::Label lblUpdateAfter, lblComboQuery, lblComboColumn;
+  ui::ListBox lstUpdateAfter, lstQueryName, lstQueryColumn;
+
+  // Each of these is one rule of the wizard; the events of the controls call them.
+  void Form_Load();
+  void SetStep(Int16 step);
+  void MoveStep(Int16 delta);  // shows another step; does not run its entry work
+  void InitStep();             // entry work of the current step
+  void LeaveStep();            // exit work of the current step
+  void PopulateFields();
+  void StatusMessage(std::string_view text) { barStatus.Panels[0] = text; }
+  Int16 CurrentStep() const { return currentStep_; }
+  bool IsConnected() const { return !barStatus.Panels[1].empty(); }
+
+  // The description behind an entry of lstSelected or lstFields.
+  model::FieldRecord& RecordOf(const ui::ListBox& list, int index) { return Record(list.ItemData(index)); }
+
+ protected:
+  void OnUnload() override { CloseConnection(); }
+
+ private:
+  void ConnectEvents();
+  model::FormModel& Model() { return services_.State.Form; }
+  model::FieldRecord& Record(int index) { return Model().Fields[Int16(index)]; }
+  std::string Text(int id) const { return services_.Strings.LoadResStringLocal(id); }
+  void SetBusy(bool busy);
+  void LoadSettings();
+
+  // Frame
+  void cmdBack_Click();
+  void cmdNext_Click();
+  void cmdFinish_Click();
+  void EnterClassStep();
+  void EnterPropertiesStep();
+  void EnterAttributesStep();
+  void EnterFinishStep();
+
+  // Connection
+  void PopulateConnection();
+  void FillConnectionTree(std::string_view remembered);
+  void ConnectToSystem();
+  bool OpenConnection(const std::string& connectString);
+  void CloseConnection();
+
+  // Class
+  void PopulateClassList();
+  void AddClassNodes();
+  void tvwClasses_NodeClick(ui::Node& node);
+
+  // Properties
+  void PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly);
+  void ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly);
+  void AddProperty(ui::Node* parent, factory::ResultSet& row);
+  void tvwAttributes_Expand(ui::Node& node);
+  void tvwAttributes_DblClick();
+  void SelectProperty(ui::Node& node);
+  void cmdSelectAll_Click();
+  void cmdDeSelectOne_Click();
+  void cmdDeSelectAll_Click();
+  void MoveSelected(int by);
+
+  // Attributes
+  model::FieldRecord* CurrentField();
+  void lstFields_Click();
+  void chkReadOnly_Click();
+  void chkRefCombo_Click();
+  void lstUpdateAfter_Click();
+  void lstQueryName_Click();
+  void lstQueryColumn_Click();
+  void txtRowHeight_Change(std::size_t panel);
+  void PopulateQueryList();
+  void LetLeaveField(bool allowed);
+  bool AskForQueryAndColumn(bool needsColumn);
+
+  // Finish
+  void FreezeButtons();
+  void TakeSelection();
+  void Generate();
+
+  WizardServices services_;
+  support::ErrorReport report_;
+  std::unique_ptr<factory::ObjectFactory> factory_;
+  Int16 currentStep_;
+  std::string readyText_;
+  std::string populatedClass_;  // the class whose properties are loaded; empty after a connection attempt
+  ui::Node* selectedClass_ = nullptr;
+
+  // While the combo box of a reference is specified
+  std::string comboClass_, comboQuery_, comboColumn_;
+  Int16 comboParamCount_;
+};
+
+}  // namespace formwizard::wizard
