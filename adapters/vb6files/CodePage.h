@@ -1,7 +1,7 @@
 // Text between UTF-8 and the Windows code page in which a project's files are written.
 #pragma once
 
-#include <stdexcept>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -11,16 +11,22 @@ class CodePage {
  public:
   // `number` is a Windows code page such as 1252 or 932; support::InputError for one that is not known.
   explicit CodePage(int number);
+  ~CodePage();
+  CodePage(const CodePage&) = delete;
+  CodePage& operator=(const CodePage&) = delete;
 
   int Number() const { return number_; }
   // support::InputError, naming the text and the character, when the code page lacks a character or the text is no
-  // UTF-8.
+  // UTF-8. No character is replaced by a similar one.
   std::string Encode(std::string_view utf8) const;
   // Bytes that the code page does not define become U+FFFD.
   std::string Decode(std::string_view bytes) const;
 
  private:
+  class Converter;
+
   int number_;
+  std::unique_ptr<Converter> encoder_, decoder_;
 };
 
 }  // namespace formwizard::adapters::vb6files

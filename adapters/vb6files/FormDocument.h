@@ -2,12 +2,16 @@
 #pragma once
 
 #include "adapters/vb6files/CodePage.h"
+#include "adapters/vb6files/CodeText.h"
 #include "adapters/vb6files/ControlLibraries.h"
+#include "adapters/vb6files/Designer.h"
+#include "adapters/vb6files/FormHeader.h"
 #include "generator/ide/Ide.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::adapters::vb6files {
 
@@ -18,32 +22,59 @@ struct FormFiles {
 };
 
 // Behaves as the environment's form designer and code module do. Texts of the port's operations are UTF-8, everything
-// kept inside is bytes in the code page. Refuses what the environment refuses with a RuntimeError of the same kind.
-class FormDocument : public std::enable_shared_from_this<FormDocument> {
+// kept inside is bytes in the code page. Refuses what the environment refuses with a RuntimeError of the same kind. A
+// form that was read with controls on it is looked at, not changed: its changing operations raise error 440.
+class FormDocument : public std::enable_shared_from_this<FormDocument>,
+                     private generator::ide::VBControls,
+                     private generator::ide::CodeModule {
  public:
   // A new empty form ("Form2"). `codePage` and `libraries` must outlive the document.
   static std::shared_ptr<FormDocument> New(std::string_view name, const CodePage& codePage,
                                            const ControlLibraries& libraries);
-  // An existing form. `path` is for messages; `frx` is empty when there is no such file. support::InputError, naming
-  // file and line, for a text that is no form. Everything that is not changed afterwards is rendered byte for byte as
-  // read.
-  static std::shared_ptr<FormDocument> Parse(const std::string& path, std::string frm, std::string frx,
+  // An existing form; `path` is for messages, `frx` is empty when there is no such file. support::InputError, naming
+  // file and line, for a text that is no form.
+  static std::shared_ptr<FormDocument> Parse(const std::string& path, std::string frm, std::string_view frx,
                                              const CodePage& codePage, const ControlLibraries& libraries);
-  virtual ~FormDocument() = default;
 
   // UTF-8.
-  virtual std::string Name() const = 0;
+  std::string Name() const;
   // Error 50132 for a text that is no legal name. Whether another component has the name is the project's question.
-  virtual void SetName(std::string_view name) = 0;
-  virtual void SetProperty(std::string_view name, const generator::ide::PropertyValue& value) = 0;
+  void SetName(std::string_view name);
+  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value);
   // Handles keep the document alive.
-  virtual std::shared_ptr<generator::ide::VBControls> Controls() = 0;
-  virtual std::shared_ptr<generator::ide::CodeModule> Code() = 0;
+  std::shared_ptr<generator::ide::VBControls> Controls();
+  std::shared_ptr<generator::ide::CodeModule> Code();
+
   // True after any successful change.
-  virtual bool IsChanged() const = 0;
-  // The files as the environment writes them; `stem` is the file name without ".frm", in bytes, for references into the
-  // .frx.
-  virtual FormFiles Render(std::string_view stem) const = 0;
+  bool IsChanged() const { return changed_; }
+  // The files as the environment writes them, or as they were read when nothing changed. `stem` is the file name
+  // without ".frm", in bytes, for references into the .frx.
+  FormFiles Render(std::string_view stem) const;
+
+ private:
+  FormDocument(FormHeader header, const CodePage& codePage, const ControlLibraries& libraries);
+
+  generator::ide::Int32 Count() const override;
+  std::shared_ptr<generator::ide::VBControl> Add(std::string_view progId,
+                                                 const std::shared_ptr<generator::ide::VBControl>& container) override;
+  generator::ide::Int32 CountOfLines() const override;
+  void InsertLines(generator::ide::Int32 line, std::string_view text) override;
+  generator::ide::Int32 CreateEventProc(std::string_view event, std::string_view object) override;
+
+  void BeginChange();
+  void AppendHead(std::string& out) const;
+  void AppendAttributes(std::string& out) const;
+
+  const CodePage& codePage_;
+  const ControlLibraries& libraries_;
+  std::string original_, originalFrx_;  // as read
+  std::string class_ = "VB.Form", name_;
+  std::vector<std::string> headLines_, attributeLines_;
+  std::size_t controlsAsRead_ = 0;
+  FormHeader header_;
+  Designer designer_;
+  CodeText code_;
+  bool changed_ = false;
 };
 
 }  // namespace formwizard::adapters::vb6files

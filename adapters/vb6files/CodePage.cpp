@@ -1,0 +1,115 @@
+#include "adapters/vb6files/CodePage.h"
+
+#include "support/Failures.h"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+constexpr std::array Known{874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 65001};
+
+constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
+
+bool IsAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::string IconvName(int number) {
+  if (number == 65001) return "UTF-8";
+  if (number == 950) return "BIG5";
+  return "CP" + std::to_string(number);
+}
+
+// The character at the start of a UTF-8 text as "U+00E4", for messages.
+std::string CharacterName(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  unsigned code = lead < 0x80 ? lead : lead & (0x7Fu >> length);
+  for (std::size_t i = 1; i < std::min(length, text.size()); ++i) {
+    code = (code << 6) | (static_cast<unsigned char>(text[i]) & 0x3Fu);
+  }
+  std::array<char, 16> name{};
+  std::snprintf(name.data(), name.size(), "U+%04X", code);
+  return name.data();
+}
+
+}  // namespace
+
+// One direction of a conversion.
+class CodePage::Converter {
+ public:
+  Converter(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str())) {}
+  ~Converter() {
+    if (IsOpen()) iconv_close(handle_);
+  }
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+
+  bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+  // Appends what could be converted and takes it off `text`; what is left begins with a character that could not.
+  void Convert(std::string_view& text, std::string& result) {
+    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+    std::array<char, 256> buffer{};
+    while (!text.empty()) {
+      char* in = const_cast<char*>(text.data());
+      std::size_t inLeft = text.size();
+      char* out = buffer.data();
+      std::size_t outLeft = buffer.size();
+      const std::size_t substituted = iconv(handle_, &in, &inLeft, &out, &outLeft);
+      const bool full = substituted == static_cast<std::size_t>(-1) && errno == E2BIG;
+      result.append(buffer.data(), buffer.size() - outLeft);
+      text.remove_prefix(text.size() - inLeft);
+      if (!full) return;
+    }
+  }
+
+ private:
+  iconv_t handle_;
+};
+
+CodePage::CodePage(int number) : number_(number) {
+  if (std::ranges::find(Known, number) != Known.end()) {
+    encoder_ = std::make_unique<Converter>(IconvName(number), "UTF-8");
+    decoder_ = std::make_unique<Converter>("UTF-8", IconvName(number));
+  }
+  if (!encoder_ || !encoder_->IsOpen() || !decoder_->IsOpen()) {
+    throw support::InputError("code page " + std::to_string(number) +
+                              " is not known; use a Windows code page such as 1252, 1250, 1251 or 932");
+  }
+}
+
+CodePage::~CodePage() = default;
+
+std::string CodePage::Encode(std::string_view utf8) const {
+  if (IsAscii(utf8)) return std::string(utf8);
+  std::string bytes;
+  std::string_view rest = utf8;
+  encoder_->Convert(rest, bytes);
+  if (!rest.empty()) {
+    throw support::InputError("the text \"" + std::string(utf8) + "\" cannot be written in code page " +
+                              std::to_string(number_) + ", which lacks its character " + CharacterName(rest) +
+                              "; change the text or choose another code page with --code-page");
+  }
+  return bytes;
+}
+
+std::string CodePage::Decode(std::string_view bytes) const {
+  if (IsAscii(bytes)) return std::string(bytes);
+  std::string utf8;
+  while (!bytes.empty()) {
+    decoder_->Convert(bytes, utf8);
+    if (bytes.empty()) break;
+    utf8 += ReplacementCharacter;
+    bytes.remove_prefix(1);
+  }
+  return utf8;
+}
+
+}  // namespace formwizard::adapters::vb6files

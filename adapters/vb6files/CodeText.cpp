@@ -1,0 +1,78 @@
+#include "adapters/vb6files/CodeText.h"
+
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+// Takes the next word off the line.
+std::string_view TakeWord(std::string_view& line) {
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  const std::string_view word = line.substr(0, line.find_first_of(" \t(\r\n"));
+  line.remove_prefix(word.size());
+  return word;
+}
+
+bool IsOneOf(std::string_view word, auto... words) { return (runtime::EqualIgnoringCase(word, words) || ...); }
+
+// The procedure that a line begins, or the empty text.
+std::string_view ProcedureBegunBy(std::string_view line) {
+  std::string_view word = TakeWord(line);
+  while (IsOneOf(word, "Private", "Public", "Friend", "Static")) word = TakeWord(line);
+  if (IsOneOf(word, "Property")) {
+    TakeWord(line);  // Get, Let or Set
+    return TakeWord(line);
+  }
+  return IsOneOf(word, "Sub", "Function") ? TakeWord(line) : std::string_view();
+}
+
+}  // namespace
+
+CodeText::CodeText(std::string bytes) : bytes_(std::move(bytes)) {
+  IndexLines(0);
+  NoteProcedures(bytes_);
+}
+
+void CodeText::IndexLines(std::size_t from) {
+  while (from < bytes_.size()) {
+    starts_.push_back(from);
+    from = std::min(bytes_.find('\n', from), bytes_.size() - 1) + 1;
+  }
+}
+
+void CodeText::NoteProcedures(std::string_view text) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    // A quick look at the first letter spares most lines the rest.
+    const std::size_t first = line.find_first_not_of(" \t");
+    if (first != std::string_view::npos && std::string_view("pPfFsS").find(line[first]) != std::string_view::npos) {
+      const std::string_view name = ProcedureBegunBy(line);
+      if (!name.empty()) procedures_.insert(runtime::LowerCase(name));
+    }
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+}
+
+bool CodeText::HasProcedure(std::string_view name) const { return procedures_.contains(runtime::LowerCase(name)); }
+
+void CodeText::Insert(std::size_t line, std::string_view text) {
+  if (line > starts_.size()) {
+    if (!bytes_.empty() && !bytes_.ends_with('\n')) bytes_ += "\r\n";
+    const std::size_t end = bytes_.size();
+    bytes_ += text;
+    bytes_ += "\r\n";
+    IndexLines(end);
+  } else {
+    const std::size_t at = starts_[line - 1];
+    bytes_.insert(at, std::string(text) + "\r\n");
+    starts_.resize(line - 1);
+    IndexLines(at);
+  }
+  NoteProcedures(text);
+}
+
+}  // namespace formwizard::adapters::vb6files

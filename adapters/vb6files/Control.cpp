@@ -1,0 +1,148 @@
+#include "adapters/vb6files/Designer.h"
+#include "adapters/vb6files/Values.h"
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+// Twips that the border of a picture box takes from its inside, both sides together.
+constexpr double RaisedBorder = 60, FlatBorder = 30;
+constexpr double DropDownListStyle = 2;
+
+// ActiveX controls measure themselves in hundredths of a millimetre.
+double Himetric(double twips) { return std::round(twips * 2540 / 1440); }
+
+bool IsNamed(const PropertyRow& row, std::string_view name) { return row.Name == name; }
+
+}  // namespace
+
+Control::Control(Designer& designer, const ControlClass& controlClass, std::string name)
+    : designer_(designer), class_(controlClass), name_(std::move(name)) {
+  for (const PropertyRow& row : PropertyRows()) {
+    if ((row.AlwaysIn & class_.Bit) == 0) continue;
+    values_.push_back({&row, DefaultOf(row)});
+    if (IsNamed(row, "Width")) values_.back().Data.Number = class_.Width;
+    if (IsNamed(row, "Height")) values_.back().Data.Number = class_.Height;
+  }
+  // A new control shows its name.
+  const bool isMenu = class_.Bit == classbit::Menu;
+  for (const std::string_view shown : {"Caption", "Text"}) {
+    const PropertyRow* row = isMenu ? nullptr : FindProperty(class_.Bit, shown);
+    if (row) Set(*row, {0, name_});
+  }
+}
+
+std::string Control::Name() const { return designer_.CodePageOfForm.Decode(name_); }
+
+void Control::Set(const PropertyRow& row, PropertyData data) {
+  const auto at = std::ranges::lower_bound(values_, &row, {}, &Value::Row);
+  if (at != values_.end() && at->Row == &row) {
+    at->Data = std::move(data);
+  } else {
+    values_.insert(at, {&row, std::move(data)});
+  }
+}
+
+const PropertyData* Control::ValueOf(std::string_view name) const {
+  const auto found = std::ranges::find_if(values_, [&](const Value& v) { return v.Row->Name == name; });
+  return found == values_.end() ? nullptr : &found->Data;
+}
+
+double Control::NumberOf(std::string_view name) const {
+  if (const PropertyData* data = ValueOf(name)) return data->Number;
+  return DefaultOf(*FindProperty(class_.Bit, name)).Number;
+}
+
+void Control::CheckSettable(const PropertyRow& row) const {
+  // The font decides the height of a drop-down box.
+  if (class_.Bit == classbit::ComboBox && IsNamed(row, "Height")) {
+    runtime::Raise(runtime::PropertyReadOnly, "'Height' property is read-only");
+  }
+}
+
+void Control::SetProperty(std::string_view name, const generator::ide::PropertyValue& value) {
+  if (runtime::EqualIgnoringCase(name, "Name")) {
+    const auto* text = std::get_if<std::string_view>(&value);
+    if (!text) runtime::Raise(runtime::TypeMismatch);
+    designer_.Rename(*this, *text);
+    return;
+  }
+  const PropertyRow* row = FindProperty(class_.Bit, name);
+  if (!row) {
+    runtime::Raise(runtime::PropertyNotFound,
+                   "Property '" + std::string(name) + "' not found in " + std::string(class_.Name));
+  }
+  CheckSettable(*row);
+  PropertyData data = Coerced(*row, value, designer_.CodePageOfForm);
+  if (IsNamed(*row, "TabIndex")) {
+    designer_.SetTabIndex(*this, static_cast<int>(data.Number));
+  } else {
+    Set(*row, std::move(data));
+  }
+}
+
+void Control::SetContainer(const std::shared_ptr<generator::ide::VBControl>& container) {
+  auto* own = dynamic_cast<Control*>(container.get());
+  if (!own) runtime::Raise(runtime::ObjectVariableNotSet);
+  if (&own->designer_ != &designer_) runtime::Raise(runtime::InvalidPropertyValue);
+  designer_.Move(*this, own);
+}
+
+bool Control::IsVisible() const {
+  const PropertyData* visible = ValueOf("Visible");
+  return !visible || visible->Number != 0;
+}
+
+double Control::PictureScale(double extent) const {
+  if (NumberOf("BorderStyle") == 0) return extent;
+  return extent - (NumberOf("Appearance") != 0 ? RaisedBorder : FlatBorder);
+}
+
+std::string Control::WrittenValue(const Value& value, FrxBuilder& frx) const {
+  const PropertyRow& row = *value.Row;
+  const auto number = [&](double n) { return ValueText(row, {n, {}}, frx); };
+  if (IsNamed(row, "TabIndex")) return number(static_cast<double>(tabIndex_));
+  if (class_.Bit == classbit::ListView && IsNamed(row, "_ExtentX")) return number(Himetric(NumberOf("Width")));
+  if (class_.Bit == classbit::ListView && IsNamed(row, "_ExtentY")) return number(Himetric(NumberOf("Height")));
+  if (class_.Bit == classbit::PictureBox && IsNamed(row, "ScaleWidth")) return number(PictureScale(NumberOf("Width")));
+  if (class_.Bit == classbit::PictureBox && IsNamed(row, "ScaleHeight")) {
+    return number(PictureScale(NumberOf("Height")));
+  }
+  if (class_.Bit == classbit::TextBox && IsNamed(row, "Text") && NumberOf("MultiLine") != 0) {
+    return frx.AddMultiLineText(value.Data.Text);
+  }
+  return ValueText(row, value.Data, frx);
+}
+
+bool Control::IsWritten(const Value& value) const {
+  if ((value.Row->AlwaysIn & class_.Bit) != 0) return true;
+  // A drop-down list shows an entry, never a text of its own.
+  if (class_.Bit == classbit::ComboBox && IsNamed(*value.Row, "Text") && NumberOf("Style") == DropDownListStyle) {
+    return false;
+  }
+  return value.Data != DefaultOf(*value.Row);
+}
+
+void Control::AppendProperties(std::string& out, int level, FrxBuilder& frx) const {
+  for (const Value& value : values_) {
+    if (IsWritten(value)) AppendPropertyLine(out, level, value.Row->Name, WrittenValue(value, frx));
+  }
+}
+
+void Control::AppendTo(std::string& out, int level, FrxBuilder& frx) const {
+  AppendIndent(out, level);
+  out += "Begin ";
+  out += class_.Name;
+  out += ' ';
+  out += name_;
+  out += " \r\n";
+  AppendProperties(out, level + 1, frx);
+  Designer::AppendLayers(children_, out, level + 1, frx);
+  AppendIndent(out, level);
+  out += "End\r\n";
+}
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,72 @@
+// The control classes that this environment knows: their properties, events, names and sizes.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace formwizard::adapters::vb6files {
+
+using ClassBits = std::uint16_t;
+
+// One bit a class; a row of a table names the classes that it holds for.
+namespace classbit {
+inline constexpr ClassBits Form = 1, Label = 2, TextBox = 4, ComboBox = 8, ListBox = 16, CommandButton = 32, Frame = 64,
+                           PictureBox = 128, Image = 256, ScrollBar = 512, Menu = 1024, ListView = 2048,
+                           CommonDialog = 4096, Query = 8192;
+}  // namespace classbit
+
+enum class PropertyType : std::uint8_t {
+  Text,
+  Boolean,
+  Integer,      // 16 bits
+  Long,         // 32 bits
+  Single,       // a position or size in the scale of the container
+  Enumeration,  // written with the name of its value
+  Color,        // written in hexadecimal
+  Object,       // a picture, font or list: not set through a text
+};
+
+struct PropertyRow {
+  std::string_view Name;
+  PropertyType Type;
+  std::string_view Default;  // as the text that a program would assign
+  ClassBits Classes;
+  ClassBits AlwaysIn = 0;       // the classes that write it also at its default
+  std::string_view Names = "";  // of an enumeration: the names of 0, 1, 2 ..., separated by "|"
+};
+
+// In the order in which files list properties: those of the environment's own classes and of the container by name,
+// then those of the ActiveX controls in their own order.
+std::span<const PropertyRow> PropertyRows();
+
+// The row of a class's property, without regard to case; null when the class lacks it.
+const PropertyRow* FindProperty(ClassBits classBit, std::string_view name);
+
+struct EventRow {
+  std::string_view Name;
+  std::string_view Parameters;
+  ClassBits Classes;
+};
+
+// Without regard to case; null when the class lacks the event.
+const EventRow* FindEvent(ClassBits classBit, std::string_view name);
+
+// Windowed controls stand before lightweight ones in a file, menus last.
+enum class Layer : std::uint8_t { Windowed, Lightweight, Menu };
+
+struct ControlClass {
+  std::string_view Name;      // as files spell it: "VB.Label"
+  std::string_view ProgId;    // another name under which it is asked for; empty: none
+  std::string_view Library;   // the control library it comes from; empty for the environment's own
+  std::string_view NameStem;  // "Label" of "Label1"
+  ClassBits Bit;
+  Layer FileLayer;
+  int Width, Height;  // of a new control, in twips; 0: it has none
+};
+
+// Without regard to case; null for an unknown class.
+const ControlClass* FindControlClass(std::string_view progId);
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,152 @@
+#include "adapters/vb6files/FormDocument.h"
+
+#include "adapters/vb6files/Values.h"
+#include "runtime/Conversions.h"
+
+#include <utility>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+using namespace generator::ide;
+
+constexpr std::string_view NameAttribute = "Attribute VB_Name";
+
+std::vector<std::string> NewAttributes() {
+  return {"Attribute VB_Name = \"\"\r\n", "Attribute VB_GlobalNameSpace = False\r\n",
+          "Attribute VB_Creatable = False\r\n", "Attribute VB_PredeclaredId = True\r\n",
+          "Attribute VB_Exposed = False\r\n"};
+}
+
+std::string ObjectLine(const ObjectReference& library) {
+  return "Object = \"" + library.Id + "\"; \"" + library.File + "\"\r\n";
+}
+
+}  // namespace
+
+FormDocument::FormDocument(FormHeader header, const CodePage& codePage, const ControlLibraries& libraries)
+    : codePage_(codePage), libraries_(libraries), header_(std::move(header)), designer_(codePage, libraries) {}
+
+std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const CodePage& codePage,
+                                                const ControlLibraries& libraries) {
+  std::shared_ptr<FormDocument> form(new FormDocument(FormHeader(name), codePage, libraries));
+  form->name_ = name;
+  form->headLines_ = {"VERSION 5.00\r\n"};
+  form->attributeLines_ = NewAttributes();
+  form->changed_ = true;
+  return form;
+}
+
+std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::string frm, std::string_view frx,
+                                                  const CodePage& codePage, const ControlLibraries& libraries) {
+  FormParts parts = ReadForm(path, frm);
+  // The companion file matters to a form that can be changed.
+  FormHeader header(path, parts.ControlCount == 0 ? parts.Properties : std::vector<FormProperty>(), frx);
+  std::shared_ptr<FormDocument> form(new FormDocument(std::move(header), codePage, libraries));
+  form->original_ = std::move(frm);
+  form->originalFrx_ = frx;
+  form->class_ = std::move(parts.Class);
+  form->name_ = std::move(parts.Name);
+  form->headLines_ = std::move(parts.HeadLines);
+  form->attributeLines_ = std::move(parts.AttributeLines);
+  form->controlsAsRead_ = parts.ControlCount;
+  form->code_ = CodeText(std::move(parts.Code));
+  return form;
+}
+
+void FormDocument::BeginChange() {
+  if (controlsAsRead_ > 0 || class_ != "VB.Form") {
+    runtime::Raise(runtime::AutomationError, "The form '" + Name() + "' is in use and is not changed");
+  }
+  changed_ = true;
+}
+
+std::string FormDocument::Name() const { return codePage_.Decode(name_); }
+
+void FormDocument::SetName(std::string_view name) {
+  CheckObjectName(name);
+  std::string bytes = codePage_.Encode(name);
+  BeginChange();
+  name_ = std::move(bytes);
+}
+
+void FormDocument::SetProperty(std::string_view name, const PropertyValue& value) {
+  BeginChange();
+  header_.SetProperty(name, value, codePage_, designer_.HasMenuBar());
+}
+
+std::shared_ptr<VBControls> FormDocument::Controls() { return {shared_from_this(), this}; }
+
+std::shared_ptr<CodeModule> FormDocument::Code() { return {shared_from_this(), this}; }
+
+Int32 FormDocument::Count() const { return Int32(controlsAsRead_ + designer_.Count()); }
+
+std::shared_ptr<VBControl> FormDocument::Add(std::string_view progId, const std::shared_ptr<VBControl>& container) {
+  BeginChange();
+  return {shared_from_this(), &designer_.Add(progId, dynamic_cast<Control*>(container.get()))};
+}
+
+Int32 FormDocument::CountOfLines() const { return Int32(code_.CountOfLines()); }
+
+void FormDocument::InsertLines(Int32 line, std::string_view text) {
+  if (line < Int32(1)) runtime::Raise(runtime::SubscriptOutOfRange);
+  const std::string bytes = codePage_.Encode(text);
+  BeginChange();
+  code_.Insert(static_cast<std::size_t>(line.Value()), bytes);
+}
+
+Int32 FormDocument::CreateEventProc(std::string_view event, std::string_view object) {
+  BeginChange();
+  const std::string objectBytes = codePage_.Encode(object);
+  const bool isForm = runtime::EqualIgnoringCase(object, "Form");
+  const Control* control = isForm ? nullptr : designer_.Find(objectBytes);
+  const EventRow* row = nullptr;
+  if (isForm || control) row = FindEvent(isForm ? classbit::Form : control->Class().Bit, event);
+  const std::string procedure = objectBytes + "_" + std::string(event);
+  if (!row || code_.HasProcedure(procedure)) {
+    runtime::Raise(runtime::EventHandlerInvalid, "Event handler is invalid: " + std::string(object) + "_" +
+                                                     std::string(event) +
+                                                     (row                 ? " exists already"
+                                                      : isForm || control ? ": there is no such event"
+                                                                          : ": there is no such object"));
+  }
+  const std::size_t line = code_.CountOfLines() + 2;
+  code_.Insert(line, "\r\nPrivate Sub " + procedure + "(" + std::string(row->Parameters) + ")\r\n\r\nEnd Sub");
+  return Int32(line);
+}
+
+// Libraries whose controls are on the form, in the order of the project.
+void FormDocument::AppendHead(std::string& out) const {
+  for (const std::string& line : headLines_) out += line;
+  for (const ObjectReference& library : libraries_.InProjectOrder()) {
+    if (!library.Library.empty() && designer_.UsesLibrary(library.Library)) out += ObjectLine(library);
+  }
+}
+
+void FormDocument::AppendAttributes(std::string& out) const {
+  for (const std::string& line : attributeLines_) {
+    if (line.starts_with(NameAttribute)) {
+      out += std::string(NameAttribute) + " = \"" + name_ + "\"\r\n";
+    } else {
+      out += line;
+    }
+  }
+}
+
+FormFiles FormDocument::Render(std::string_view stem) const {
+  if (!changed_) return {original_, originalFrx_};
+  FrxBuilder frx(stem);
+  FormFiles files;
+  files.Frm.reserve(2 * code_.Bytes().size() + 16384);
+  AppendHead(files.Frm);
+  files.Frm += "Begin " + class_ + " " + name_ + " \r\n";
+  header_.AppendTo(files.Frm, frx, designer_.HasMenuBar());
+  designer_.AppendTo(files.Frm, frx);
+  files.Frm += "End\r\n";
+  AppendAttributes(files.Frm);
+  files.Frm += code_.Bytes();
+  files.Frx = frx.Bytes();
+  return files;
+}
+
+}  // namespace formwizard::adapters::vb6files

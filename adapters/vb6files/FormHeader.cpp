@@ -1,0 +1,208 @@
+#include "adapters/vb6files/FormHeader.h"
+
+#include "adapters/vb6files/Values.h"
+#include "runtime/Conversions.h"
+#include "support/Failures.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <map>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+using generator::ide::PropertyValue;
+
+// Twips from the outer frame to the client area: the classic look of the system, one row a border style.
+struct FrameMetrics {
+  double Left, Top, Width, Height;  // offset of the client area; what the frame adds to its size
+};
+constexpr std::array Frames{
+    FrameMetrics{0, 0, 0, 0},       FrameMetrics{45, 330, 90, 375}, FrameMetrics{60, 345, 120, 405},
+    FrameMetrics{45, 330, 90, 375}, FrameMetrics{45, 285, 90, 330}, FrameMetrics{60, 300, 120, 360},
+};
+constexpr double MenuBarHeight = 285;
+constexpr double MenuBarShift = 105;  // on both axes, of a form with a menu bar that the system places
+constexpr double SystemPlaced = 3;    // StartUpPosition "Windows Default"
+constexpr double UserScale = 0;
+
+// Twips in a unit of each scale mode, across and down; nothing for the user's own scale.
+struct Unit {
+  double X, Y;
+};
+constexpr std::array Units{Unit{0, 0},     Unit{1, 1},       Unit{20, 20},     Unit{15, 15},
+                           Unit{120, 240}, Unit{1440, 1440}, Unit{56.7, 56.7}, Unit{567, 567}};
+
+constexpr std::string_view ReferenceMark = ".frx\":";
+
+bool Precedes(std::string_view a, std::string_view b) { return runtime::LowerCase(a) < runtime::LowerCase(b); }
+
+bool IsReference(std::string_view lines) { return lines.find(ReferenceMark) != std::string_view::npos; }
+
+// Where a line's reference begins, its "$" included, and the offset that it gives.
+std::size_t ReferenceStart(std::string_view line) {
+  const std::size_t quote = line.rfind('"', line.find(ReferenceMark));
+  return quote > 0 && line[quote - 1] == '$' ? quote - 1 : quote;
+}
+std::size_t ReferenceOffset(std::string_view line) {
+  const std::string digits(line.substr(line.find(ReferenceMark) + ReferenceMark.size()));
+  return std::strtoul(digits.c_str(), nullptr, 16);
+}
+
+}  // namespace
+
+FormHeader::FormHeader(std::string_view name) : placed_(true) {
+  Set("Caption", {0, std::string(name)});
+  SetNumber("ClientHeight", 3195);
+  SetNumber("ClientLeft", 0);
+  SetNumber("ClientTop", 0);
+  SetNumber("ClientWidth", 4680);
+  Set("LinkTopic", {0, std::string(name)});
+  SetNumber("StartUpPosition", SystemPlaced);
+  RecomputeScale();
+}
+
+FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frx) {
+  // A record ends where the next one begins.
+  std::map<std::size_t, std::size_t> ends;
+  for (const FormProperty& property : properties) {
+    if (IsReference(property.Lines)) ends[ReferenceOffset(property.Lines)] = frx.size();
+  }
+  for (auto record = ends.begin(); record != ends.end() && std::next(record) != ends.end(); ++record) {
+    record->second = std::next(record)->first;
+  }
+  for (const FormProperty& property : properties) {
+    Property kept{property.Name, FindProperty(classbit::Form, property.Name), {}, property.Lines, ""};
+    kept.Data.Number = std::strtod(property.Lines.substr(property.Lines.find('=') + 1).c_str(), nullptr);
+    if (IsReference(property.Lines)) {
+      const std::size_t offset = ReferenceOffset(property.Lines);
+      if (offset >= frx.size()) {
+        throw support::InputError(path + ": property " + property.Name +
+                                  " refers to data that its .frx file does not hold; restore the .frx file beside it");
+      }
+      kept.Record = frx.substr(offset, ends[offset] - offset);
+    }
+    properties_.push_back(std::move(kept));
+  }
+  left_ = NumberOf("ClientLeft") - Frames[static_cast<std::size_t>(BorderStyle())].Left;
+  top_ = NumberOf("ClientTop") - Frames[static_cast<std::size_t>(BorderStyle())].Top;
+}
+
+FormHeader::Property* FormHeader::Find(std::string_view name) {
+  const auto found =
+      std::ranges::find_if(properties_, [&](const Property& p) { return runtime::EqualIgnoringCase(p.Name, name); });
+  return found == properties_.end() ? nullptr : &*found;
+}
+
+const FormHeader::Property* FormHeader::Find(std::string_view name) const {
+  return const_cast<FormHeader*>(this)->Find(name);
+}
+
+double FormHeader::NumberOf(std::string_view name) const {
+  if (const Property* property = Find(name)) return property->Data.Number;
+  const PropertyRow* row = FindProperty(classbit::Form, name);
+  return row ? DefaultOf(*row).Number : 0;
+}
+
+int FormHeader::BorderStyle() const { return std::clamp(static_cast<int>(NumberOf("BorderStyle")), 0, 5); }
+
+void FormHeader::Set(std::string_view name, PropertyData data) {
+  if (Property* property = Find(name)) {
+    property->Data = std::move(data);
+    property->Lines.clear();
+    property->Record.clear();
+    return;
+  }
+  const auto at = std::ranges::find_if(properties_, [&](const Property& p) { return Precedes(name, p.Name); });
+  properties_.insert(at, {std::string(name), FindProperty(classbit::Form, name), std::move(data), "", ""});
+}
+
+// Choosing a fixed style switches the buttons off that only a sizable form has; they can be switched on again.
+void FormHeader::SetBorderStyle(double style) {
+  SetNumber("BorderStyle", style);
+  placed_ = true;
+  const bool isFixed = style == 1 || style == 3 || style == 4 || style == 5;
+  if (isFixed) {
+    SetNumber("MaxButton", 0);
+    SetNumber("MinButton", 0);
+  }
+  if (style >= 3) SetNumber("ShowInTaskbar", 0);
+}
+
+void FormHeader::SetScaleMode(double mode) {
+  SetNumber("ScaleMode", mode);
+  RecomputeScale();
+}
+
+void FormHeader::RecomputeScale() {
+  const double mode = NumberOf("ScaleMode");
+  if (mode == UserScale) return;  // keeps its own numbers
+  const Unit unit = Units[static_cast<std::size_t>(mode)];
+  SetNumber("ScaleHeight", NumberOf("ClientHeight") / unit.Y);
+  SetNumber("ScaleWidth", NumberOf("ClientWidth") / unit.X);
+}
+
+void FormHeader::SetClientSize(std::string_view dimension, double outer, double frame) {
+  SetNumber(dimension, std::max(outer - frame, 0.0));
+  RecomputeScale();
+}
+
+void FormHeader::SetProperty(std::string_view name, const PropertyValue& value, const CodePage& codePage,
+                             bool hasMenuBar) {
+  const PropertyRow* row = FindProperty(classbit::Form, name);
+  if (!row) runtime::Raise(runtime::PropertyNotFound, "Property '" + std::string(name) + "' not found in VB.Form");
+  PropertyData data = Coerced(*row, value, codePage);
+  const double number = data.Number;
+  const FrameMetrics& frame = Frames[static_cast<std::size_t>(BorderStyle())];
+  const std::string_view property = row->Name;
+  if (property == "Height") {
+    SetClientSize("ClientHeight", number, frame.Height + (hasMenuBar ? MenuBarHeight : 0));
+  } else if (property == "Width") {
+    SetClientSize("ClientWidth", number, frame.Width);
+  } else if (property == "Left" || property == "Top") {
+    (property == "Left" ? left_ : top_) = number;
+    placed_ = true;
+  } else if (property == "BorderStyle") {
+    SetBorderStyle(number);
+  } else if (property == "ScaleMode") {
+    SetScaleMode(number);
+  } else {
+    // Setting a scale makes it the user's own, whatever it is set to.
+    if (property == "ScaleHeight" || property == "ScaleWidth") SetNumber("ScaleMode", UserScale);
+    if (property == "StartUpPosition") placed_ = true;
+    Set(property, std::move(data));
+  }
+}
+
+double FormHeader::WrittenNumber(const Property& property, bool hasMenuBar) const {
+  const bool isLeft = property.Name == "ClientLeft";
+  if (!(isLeft || property.Name == "ClientTop") || !(placed_ || hasMenuBar)) return property.Data.Number;
+  const FrameMetrics& frame = Frames[static_cast<std::size_t>(BorderStyle())];
+  const bool systemPlaced = NumberOf("StartUpPosition") == SystemPlaced;
+  const double shift = systemPlaced && hasMenuBar ? MenuBarShift : 0;
+  if (isLeft) return (systemPlaced ? 0 : left_) + frame.Left + shift;
+  return (systemPlaced ? 0 : top_) + frame.Top + shift + (hasMenuBar ? MenuBarHeight : 0);
+}
+
+void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const {
+  for (const Property& property : properties_) {
+    const double number = WrittenNumber(property, hasMenuBar);
+    const bool asRead = !property.Lines.empty() && number == property.Data.Number;
+    if (asRead && !property.Record.empty()) {
+      const std::size_t start = ReferenceStart(property.Lines);
+      out += property.Lines.substr(0, start);
+      if (property.Lines[start] == '$') out += '$';
+      out += frx.AddRecord(property.Record) + "\r\n";
+    } else if (asRead) {
+      out += property.Lines;
+    } else if (!property.Row) {
+      AppendPropertyLine(out, 1, property.Name, NumberText(number));
+    } else if (property.Data != DefaultOf(*property.Row) || (property.Row->AlwaysIn & classbit::Form) != 0) {
+      AppendPropertyLine(out, 1, property.Name, ValueText(*property.Row, property.Data, frx));
+    }
+  }
+}
+
+}  // namespace formwizard::adapters::vb6files

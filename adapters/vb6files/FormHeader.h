@@ -1,0 +1,55 @@
+// The properties of a form itself, and the relation of its outer size to the client area that its file holds.
+#pragma once
+
+#include "adapters/vb6files/CodePage.h"
+#include "adapters/vb6files/FormReader.h"
+#include "adapters/vb6files/PropertyText.h"
+#include "generator/ide/Ide.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace formwizard::adapters::vb6files {
+
+class FormHeader {
+ public:
+  // A new form of this name, in bytes.
+  explicit FormHeader(std::string_view name);
+  // A form as read. `frx` is its companion file; support::InputError, naming `path`, for a reference past its end.
+  FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frx);
+
+  // Errors as Coerced raises them, 422 for a property that a form lacks. With a menu bar the outer height holds it too.
+  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value, const CodePage& codePage,
+                   bool hasMenuBar);
+
+  // The property lines, by name.
+  void AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const;
+
+ private:
+  struct Property {
+    std::string Name;
+    const PropertyRow* Row;  // null: a property that is kept as it was read
+    PropertyData Data;
+    std::string Lines;   // as read; empty when the property was set
+    std::string Record;  // of the companion file, when the lines refer to one
+  };
+
+  Property* Find(std::string_view name);
+  const Property* Find(std::string_view name) const;
+  double NumberOf(std::string_view name) const;
+  void Set(std::string_view name, PropertyData data);
+  void SetNumber(std::string_view name, double value) { Set(name, {value, {}}); }
+  void SetBorderStyle(double style);
+  void SetScaleMode(double mode);
+  void SetClientSize(std::string_view dimension, double outer, double frame);
+  void RecomputeScale();
+  int BorderStyle() const;
+  double WrittenNumber(const Property& property, bool hasMenuBar) const;
+
+  std::vector<Property> properties_;  // in the order of the file
+  double left_ = 0, top_ = 0;         // of the outer frame, twips
+  bool placed_ = false;               // the place is written anew
+};
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,239 @@
+#include "adapters/vb6files/ProjectOnDisk.h"
+
+#include "adapters/vb6files/FormReader.h"
+#include "runtime/Conversions.h"
+#include "support/Failures.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+using namespace generator::ide;
+
+constexpr std::size_t NameIsWithin = 4096;  // bytes at the start of a form file
+
+std::string ReadProject(const FileSystem& files, const std::string& path) {
+  std::optional<std::string> text = files.Read(path);
+  if (!text) {
+    throw support::InputError(path + ": the project file cannot be read; check the path and the permissions");
+  }
+  return std::move(*text);
+}
+
+std::string StemOf(std::string_view projectPath) {
+  projectPath.remove_prefix(projectPath.find_last_of('\\') + 1);
+  return std::string(projectPath.substr(0, projectPath.rfind('.')));
+}
+
+// "Forms\" of "Forms\Form1.frm".
+std::string FolderPart(std::string_view projectPath) {
+  return std::string(projectPath.substr(0, projectPath.find_last_of('\\') + 1));
+}
+
+}  // namespace
+
+// A handle to an entry. Names and properties of a module or class cannot be changed here.
+class ProjectOnDisk::Component : public VBComponent {
+ public:
+  Component(ProjectOnDisk& project, Entry& entry) : project_(project), entry_(entry) {}
+
+  std::string Name() const override { return project_.codePage_.Decode(entry_.Name); }
+  void SetName(std::string_view name) override { project_.Rename(entry_, name); }
+  void SetProperty(std::string_view name, const PropertyValue& value) override {
+    project_.DocumentOf(entry_).SetProperty(name, value);
+  }
+  std::shared_ptr<VBControls> DesignerControls() override { return project_.DocumentOf(entry_).Controls(); }
+  std::shared_ptr<CodeModule> Code() override { return project_.DocumentOf(entry_).Code(); }
+  void Activate() override { project_.DocumentOf(entry_); }
+
+ private:
+  ProjectOnDisk& project_;
+  Entry& entry_;
+};
+
+ProjectOnDisk::ProjectOnDisk(FileSystem& files, const std::string& path, const ProjectOptions& options)
+    : files_(files),
+      path_(path),
+      original_(ReadProject(files, path)),
+      codePage_(options.CodePageNumber),
+      toolbox_(files, options.ToolboxFile),
+      project_(path, original_) {
+  const std::size_t slash = path_.find_last_of('/');
+  folder_ = slash == std::string::npos ? "" : path_.substr(0, slash + 1);
+  for (const std::string_view value : project_.Objects()) libraries_.Add(Toolbox::Parse(value));
+  for (const ProjectFile::Item& item : project_.Items()) {
+    entries_.push_back({item.Name, item.Path, item.Kind == ProjectFile::ItemKind::Form, nullptr});
+    listedPaths_.insert(runtime::LowerCase(item.Path));
+  }
+}
+
+void ProjectOnDisk::OnChange(ChangeListener listener, bool dryRun) {
+  listener_ = std::move(listener);
+  dryRun_ = dryRun;
+}
+
+std::string ProjectOnDisk::FilePath(std::string_view projectPath) const {
+  std::string path = codePage_.Decode(projectPath);
+  std::ranges::replace(path, '\\', '/');
+  return path.starts_with('/') ? path : folder_ + path;
+}
+
+std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
+  std::string path = FilePath(item.Path);
+  std::optional<std::string> head = files_.Read(path, NameIsWithin);
+  if (!head) head = files_.Read(files_.Spelled(path), NameIsWithin);
+  if (!head) {
+    throw support::InputError(path_ + ":" + std::to_string(item.Line) + ": the file " + path +
+                              " cannot be read; restore it or take its line out of the project");
+  }
+  const std::string_view name = ReadComponentName(*head);
+  // A form whose name does not stand in its first bytes goes by its file.
+  return name.empty() ? StemOf(item.Path) : std::string(name);
+}
+
+void ProjectOnDisk::ReadNames() const {
+  if (std::exchange(namesRead_, true)) return;
+  const auto& items = project_.Items();
+  byName_.reserve(items.size());
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (entries_[i].Name.empty()) entries_[i].Name = NameInFile(items[i]);
+    byName_.emplace(runtime::LowerCase(entries_[i].Name), &entries_[i]);
+  }
+}
+
+const ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
+  ReadNames();
+  const auto found = byName_.find(runtime::LowerCase(bytes));
+  return found == byName_.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<VBComponent> ProjectOnDisk::Find(std::string_view name) {
+  const Entry* entry = FindEntry(codePage_.Encode(name));
+  if (!entry || codePage_.Decode(entry->Name) != name) return nullptr;
+  return std::make_shared<Component>(*this, *byName_.at(runtime::LowerCase(entry->Name)));
+}
+
+// No component is ever removed, so the search for a stem goes on where the last one ended.
+Int32 ProjectOnDisk::FirstFreeNumber(std::string_view stem) const {
+  const std::string bytes = codePage_.Encode(stem);
+  int& number = firstFree_.try_emplace(bytes, 2).first->second;
+  for (;; ++number) {
+    const std::string name = bytes + std::to_string(number);
+    const Entry* entry = FindEntry(name);
+    if (!entry || entry->Name != name) return Int32(number);
+  }
+}
+
+std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
+  if (type != ComponentType::Form) runtime::Raise(runtime::InvalidProcedureCall);
+  int number = 1;
+  while (FindEntry("Form" + std::to_string(number))) ++number;
+  const std::string name = "Form" + std::to_string(number);
+  Entry& entry = entries_.emplace_back(Entry{name, "", true, FormDocument::New(name, codePage_, libraries_)});
+  byName_.emplace(runtime::LowerCase(name), &entry);
+  open_.push_back(&entry);
+  return std::make_shared<Component>(*this, entry);
+}
+
+void ProjectOnDisk::AddToolboxProgID(std::string_view progId) {
+  const std::string_view library = Toolbox::LibraryOf(progId);
+  if (!library.empty() && libraries_.Find(library)) return;
+  ObjectReference reference = toolbox_.Find(progId);
+  project_.AddObject(reference.Id + "; " + reference.File);
+  libraries_.Add(std::move(reference));
+}
+
+FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
+  if (!entry.IsForm) runtime::Raise(runtime::ObjectVariableNotSet);
+  if (entry.IsFinished) {
+    runtime::Raise(runtime::AutomationError, "The form '" + codePage_.Decode(entry.Name) + "' is finished");
+  }
+  if (!entry.Document) {
+    const std::string path = files_.Spelled(FilePath(entry.Path));
+    const std::optional<std::string> frm = files_.Read(path);
+    if (!frm) {
+      throw support::InputError(path + ": the form cannot be read; restore it or take its line out of the project");
+    }
+    const std::string frxPath = files_.Spelled(path.substr(0, path.rfind('.')) + ".frx");
+    entry.Document = FormDocument::Parse(path, *frm, files_.Read(frxPath).value_or(""), codePage_, libraries_);
+    open_.push_back(&entry);
+  }
+  return *entry.Document;
+}
+
+void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
+  const std::string bytes = codePage_.Encode(name);
+  const Entry* other = FindEntry(bytes);
+  if ((other && other != &entry) || runtime::EqualIgnoringCase(bytes, project_.Name())) {
+    runtime::Raise(runtime::NameConflict,
+                   "Name conflicts with existing module, project, or object library: '" + std::string(name) + "'");
+  }
+  DocumentOf(entry).SetName(name);
+  project_.RenameForm(entry.Name, bytes);
+  byName_.erase(runtime::LowerCase(entry.Name));
+  byName_.emplace(runtime::LowerCase(bytes), &entry);
+  entry.Name = bytes;
+}
+
+void ProjectOnDisk::Announce(const std::string& path, std::optional<std::string> old, std::string text) {
+  if (listener_) listener_({path, std::move(old), std::move(text)});
+}
+
+Saving& ProjectOnDisk::CurrentSaving() {
+  if (!saving_) saving_ = std::make_unique<Saving>(files_, path_, original_);
+  return *saving_;
+}
+
+// The component's name, with a number behind it when a file of the project is called so.
+std::string ProjectOnDisk::NewStem(const Entry& entry) {
+  const std::string folder = FolderPart(entry.Path);
+  std::string stem = entry.Name;
+  for (int number = 2; !listedPaths_.insert(runtime::LowerCase(folder + stem + ".frm")).second; ++number) {
+    stem = entry.Name + "_" + std::to_string(number);
+  }
+  return stem;
+}
+
+// A form that was reused gets a new file beside its old one, which stays where it is.
+void ProjectOnDisk::Finish(Entry& entry) {
+  const std::string stem = NewStem(entry);
+  const std::string newPath = FolderPart(entry.Path) + stem + ".frm";
+  const std::string file = FilePath(newPath);
+  const std::string frxFile = file.substr(0, file.size() - 1) + "x";
+  FormFiles content = entry.Document->Render(stem);
+  if (entry.Path.empty()) {
+    project_.AddForm(newPath);
+  } else {
+    project_.ReplaceFormPath(entry.Path, newPath);
+  }
+  entry.Path = newPath;
+  entry.IsFinished = true;
+  entry.Document.reset();
+  if (!dryRun_) {
+    if (!content.Frx.empty()) CurrentSaving().Stage(frxFile, content.Frx);
+    CurrentSaving().Stage(file, content.Frm);
+  }
+  Announce(file, std::nullopt, std::move(content.Frm));
+  if (!content.Frx.empty()) Announce(frxFile, std::nullopt, std::move(content.Frx));
+}
+
+void ProjectOnDisk::FinishForms() {
+  for (Entry* entry : std::exchange(open_, {})) {
+    if (entry->Document && entry->Document->IsChanged()) Finish(*entry);
+  }
+}
+
+void ProjectOnDisk::Save() {
+  FinishForms();
+  if (project_.IsChanged()) {
+    std::string text = project_.Text();
+    if (!dryRun_) CurrentSaving().Commit(text);
+    Announce(path_, original_, text);
+    original_ = std::move(text);
+  }
+  saving_.reset();
+}
+
+}  // namespace formwizard::adapters::vb6files

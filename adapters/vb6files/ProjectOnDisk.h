@@ -1,0 +1,107 @@
+// A project on disk that behaves as the one that is open in the environment.
+#pragma once
+
+#include "adapters/vb6files/CodePage.h"
+#include "adapters/vb6files/ControlLibraries.h"
+#include "adapters/vb6files/FileSystem.h"
+#include "adapters/vb6files/FormDocument.h"
+#include "adapters/vb6files/ProjectFile.h"
+#include "adapters/vb6files/Saving.h"
+#include "adapters/vb6files/Toolbox.h"
+#include "generator/ide/Ide.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace formwizard::adapters::vb6files {
+
+struct ProjectOptions {
+  int CodePageNumber = 1252;
+  std::string ToolboxFile;  // empty: none
+};
+
+// One file that saving writes. `Old` is nothing for a new file.
+struct FileChange {
+  std::string Path;
+  std::optional<std::string> Old;
+  std::string New;
+};
+
+class ProjectOnDisk : public generator::ide::Vbe,
+                      private generator::ide::VBProject,
+                      private generator::ide::VBComponents {
+ public:
+  // Called for every file of a finished form and for the project file, with what will stand in it.
+  using ChangeListener = std::function<void(const FileChange&)>;
+
+  // Reads the project file; components are read when they are asked for. support::InputError names what is missing or
+  // damaged. `files` must outlive the project.
+  ProjectOnDisk(FileSystem& files, const std::string& path, const ProjectOptions& options);
+
+  generator::ide::VBProject& ActiveVBProject() override { return *this; }
+
+  // With `dryRun` nothing is written, files are only announced to the listener.
+  void OnChange(ChangeListener listener, bool dryRun);
+
+  // Renders every new or changed form, prepares its files and forgets its content: call it when a form is complete, so
+  // that memory stays flat in a batch. support::SaveError when a file cannot be prepared.
+  void FinishForms();
+
+  // Finishes what is open and saves. A project in which nothing changed is not touched. support::SaveError with every
+  // file as it was before.
+  void Save();
+
+  const std::string& Path() const { return path_; }
+
+ private:
+  class Component;
+  struct Entry {
+    std::string Name;  // bytes; empty until it is asked for
+    std::string Path;  // as in the project file; empty for a new form
+    bool IsForm;
+    std::shared_ptr<FormDocument> Document;  // null until it is asked for, and again when it is finished
+    bool IsFinished = false;
+  };
+
+  void AddToolboxProgID(std::string_view progId) override;
+  generator::ide::VBComponents& Components() override { return *this; }
+  std::shared_ptr<generator::ide::VBComponent> Find(std::string_view name) override;
+  generator::ide::Int32 FirstFreeNumber(std::string_view stem) const override;
+  std::shared_ptr<generator::ide::VBComponent> Add(generator::ide::ComponentType type) override;
+
+  void ReadNames() const;
+  std::string NameInFile(const ProjectFile::Item& item) const;
+  std::string FilePath(std::string_view projectPath) const;
+  const Entry* FindEntry(std::string_view bytes) const;
+  FormDocument& DocumentOf(Entry& entry);
+  void Rename(Entry& entry, std::string_view name);
+  std::string NewStem(const Entry& entry);
+  void Finish(Entry& entry);
+  void Announce(const std::string& path, std::optional<std::string> old, std::string text);
+  Saving& CurrentSaving();
+
+  FileSystem& files_;
+  std::string path_, folder_, original_;
+  CodePage codePage_;
+  Toolbox toolbox_;
+  ProjectFile project_;
+  ControlLibraries libraries_;
+  ChangeListener listener_;
+  bool dryRun_ = false;
+  mutable std::deque<Entry> entries_;                       // items first, then new forms
+  mutable std::unordered_map<std::string, Entry*> byName_;  // in lower case
+  std::unordered_set<std::string> listedPaths_;             // of component files, in lower case
+  mutable bool namesRead_ = false;
+  mutable std::unordered_map<std::string, int> firstFree_;  // by stem
+  std::vector<Entry*> open_;                                // with a document that may have changed
+  std::unique_ptr<Saving> saving_;
+};
+
+}  // namespace formwizard::adapters::vb6files

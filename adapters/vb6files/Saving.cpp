@@ -1,0 +1,104 @@
+#include "adapters/vb6files/Saving.h"
+
+#include "support/Failures.h"
+
+#include <utility>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.find_last_of("/\\");
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+}  // namespace
+
+Saving::Saving(FileSystem& files, const std::string& projectFile, const std::string& original)
+    : files_(files),
+      projectFile_(projectFile),
+      original_(original),
+      folder_(FolderOf(projectFile)),
+      stagingFolder_(projectFile + ".saving") {}
+
+Saving::~Saving() { Discard(); }
+
+void Saving::Open() {
+  if (lock_) return;
+  lock_ = files_.LockFolder(folder_);
+  if (!lock_) {
+    throw support::SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
+  }
+  files_.RemoveFolder(stagingFolder_);  // what a crash has left behind
+  files_.CreateFolder(stagingFolder_);
+}
+
+void Saving::Stage(const std::string& path, std::string_view bytes) {
+  Open();
+  Staged file{stagingFolder_ + "/" + std::to_string(staged_.size()), path};
+  files_.WriteNew(file.Aside, bytes, "");
+  staged_.push_back(std::move(file));
+}
+
+void Saving::MoveIntoPlace(const Staged& file, std::vector<std::string>& moved) {
+  if (files_.MoveNew(file.Aside, file.Target)) {
+    moved.push_back(file.Target);
+    return;
+  }
+  // An interrupted save may have left the very same file.
+  if (files_.Read(file.Target) != files_.Read(file.Aside)) {
+    throw support::SaveError(file.Target +
+                             ": this file exists and does not belong to the project; move it away or add it to the "
+                             "project, then try again. The project is as it was before");
+  }
+}
+
+// A file that cannot be taken back stays without anything that refers to it.
+void Saving::TakeBack(const std::vector<std::string>& moved) {
+  for (const std::string& path : moved) {
+    try {
+      files_.Remove(path);
+    } catch (const support::SaveError&) {
+      continue;
+    }
+  }
+}
+
+void Saving::Commit(std::string_view text) {
+  Open();
+  std::vector<std::string> moved;
+  try {
+    if (files_.Read(projectFile_) != original_) {
+      throw support::SaveError(projectFile_ +
+                               ": another program has changed the project since it was read; nothing was saved, run "
+                               "the command again");
+    }
+    const std::string newProject = stagingFolder_ + "/project";
+    files_.WriteNew(newProject, text, projectFile_);
+    for (const Staged& file : staged_) MoveIntoPlace(file, moved);
+    files_.FlushFolder(folder_);
+    files_.Replace(newProject, projectFile_);
+  } catch (const support::SaveError&) {
+    TakeBack(moved);
+    throw;
+  }
+  // The new project is in place; a crash of the machine before the next flush may still bring back the old one.
+  try {
+    files_.FlushFolder(folder_);
+  } catch (const support::SaveError&) {
+    return;
+  }
+}
+
+void Saving::Discard() noexcept {
+  if (!lock_) return;
+  try {
+    files_.RemoveFolder(stagingFolder_);
+  } catch (const support::SaveError&) {
+    // What stays behind is removed by the next save; nothing refers to it.
+    return;
+  }
+}
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,119 @@
+#include "adapters/vb6files/Toolbox.h"
+
+#include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
+#include "support/Failures.h"
+
+#include <algorithm>
+#include <array>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+struct KnownLibrary {
+  std::string_view ProgId;
+  std::string_view Library;
+  std::string_view File;
+  std::string_view Id;  // empty: the type library belongs to the database product and must be supplied
+};
+
+constexpr std::array Libraries{
+    KnownLibrary{"OSTRELQUERY.OstrelQueryCtrl", "OSTRELQUERYLib", "OSTRELQUERY.OCX", ""},
+    KnownLibrary{"MSComDlg.CommonDialog", "MSComDlg", "COMDLG32.OCX", "{F9043C88-F6F2-101A-A3C9-08002B2F49FB}#1.2#0"},
+    KnownLibrary{"MSComctlLib.ListViewCtrl", "MSComctlLib", "MSCOMCTL.OCX",
+                 "{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0"},
+};
+
+constexpr std::string_view Section = "[Toolbox]";
+
+bool StartsIgnoringCase(std::string_view text, std::string_view start) {
+  return runtime::EqualIgnoringCase(text.substr(0, start.size()), start);
+}
+
+// With or without the version number behind it.
+const KnownLibrary* FindLibrary(std::string_view progId) {
+  const auto* found = std::ranges::find_if(
+      Libraries, [&](const KnownLibrary& known) { return StartsIgnoringCase(progId, known.ProgId); });
+  return found == Libraries.end() ? nullptr : found;
+}
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t\r");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+std::string_view GuidOf(std::string_view id) { return id.substr(0, id.find('#')); }
+
+// "{GUID}#version#locale; file"
+bool IsObjectValue(std::string_view value) {
+  const std::size_t close = value.find("}#");
+  return value.starts_with('{') && close == 37 && value.find("; ") != std::string_view::npos;
+}
+
+}  // namespace
+
+Toolbox::Toolbox(const FileSystem& files, std::string file) : file_(std::move(file)) {
+  if (file_.empty()) return;
+  const std::optional<std::string> text = files.Read(file_);
+  if (!text)
+    throw support::InputError(file_ + ": the toolbox file cannot be read; check the path given with --toolbox");
+
+  int number = 0;
+  bool inSection = false;
+  for (std::string_view rest = *text; !rest.empty();) {
+    const std::size_t length = std::min(rest.find('\n'), rest.size());
+    const std::string_view line = Trimmed(rest.substr(0, length));
+    rest.remove_prefix(std::min(length + 1, rest.size()));
+    ++number;
+    if (line.starts_with('[')) inSection = runtime::EqualIgnoringCase(line, Section);
+    if (!line.empty() && !line.starts_with(';') && !line.starts_with('[') && inSection) ReadEntry(line, number);
+  }
+}
+
+void Toolbox::ReadEntry(std::string_view line, int number) {
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos || !IsObjectValue(Trimmed(line.substr(equals + 1)))) {
+    throw support::InputError(file_ + ":" + std::to_string(number) +
+                              ": expected \"ProgID={GUID}#version#0; FILE.OCX\", found \"" + std::string(line) + "\"");
+  }
+  const std::string_view progId = Trimmed(line.substr(0, equals));
+  ObjectReference reference = Parse(Trimmed(line.substr(equals + 1)));
+  reference.Library = LibraryOf(progId);
+  entries_.push_back({std::string(progId), std::move(reference)});
+}
+
+ObjectReference Toolbox::Find(std::string_view progId) const {
+  for (const Entry& entry : entries_) {
+    if (runtime::EqualIgnoringCase(entry.ProgId, progId)) return entry.Reference;
+  }
+  const KnownLibrary* known = FindLibrary(progId);
+  if (known && !known->Id.empty()) {
+    return {std::string(known->Id), std::string(known->File), std::string(known->Library)};
+  }
+  runtime::Raise(runtime::ControlNotFound,
+                 "ActiveX control '" + std::string(progId) +
+                     "' not found: copy what stands behind \"Object=\" in a project that uses it into the section " +
+                     std::string(Section) + " of a toolbox file, as \"" + std::string(progId) +
+                     "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" +
+                     (file_.empty() ? "none was given" : file_ + " has no such line") + ")");
+}
+
+ObjectReference Toolbox::Parse(std::string_view value) {
+  const std::size_t semicolon = value.find(';');
+  ObjectReference reference{std::string(value.substr(0, semicolon)), "", ""};
+  if (semicolon != std::string_view::npos) reference.File = Trimmed(value.substr(semicolon + 1));
+  for (const KnownLibrary& known : Libraries) {
+    const bool sameFile = runtime::EqualIgnoringCase(reference.File, known.File);
+    const bool sameGuid = !known.Id.empty() && runtime::EqualIgnoringCase(GuidOf(reference.Id), GuidOf(known.Id));
+    if (sameFile || sameGuid) reference.Library = known.Library;
+  }
+  return reference;
+}
+
+std::string_view Toolbox::LibraryOf(std::string_view progId) {
+  const KnownLibrary* known = FindLibrary(progId);
+  return known ? known->Library : std::string_view();
+}
+
+}  // namespace formwizard::adapters::vb6files

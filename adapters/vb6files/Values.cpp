@@ -1,0 +1,115 @@
+#include "adapters/vb6files/Values.h"
+
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+using generator::ide::PropertyValue;
+
+constexpr double LargestSize = 245745;  // 16383 pixels of 15 twips: larger sizes are clamped to it
+constexpr std::size_t LongestName = 255;
+
+std::string AsText(const PropertyValue& value) {
+  return std::visit(
+      []<typename T>(const T& v) {
+        if constexpr (std::is_same_v<T, std::string_view>)
+          return std::string(v);
+        else
+          return runtime::Text(v);
+      },
+      value);
+}
+
+double AsNumber(const PropertyValue& value) {
+  return std::visit(
+      []<typename T>(const T& v) -> double {
+        if constexpr (std::is_same_v<T, std::string_view>)
+          return runtime::ToNumber(v);
+        else if constexpr (std::is_same_v<T, bool>)
+          return v ? -1 : 0;
+        else
+          return v.Value();
+      },
+      value);
+}
+
+bool AsBoolean(const PropertyValue& value) {
+  if (const auto* text = std::get_if<std::string_view>(&value)) return runtime::ToBoolean(*text);
+  return AsNumber(value) != 0;
+}
+
+double Enumerated(const PropertyRow& row, double value) {
+  const int number = runtime::RoundToInt16(value).Value();
+  constexpr int custom = 99;  // of a mouse pointer
+  if (number == custom && row.Name == "MousePointer") return number;
+  if (number < 0 || number > std::ranges::count(row.Names, '|')) runtime::Raise(runtime::InvalidPropertyValue);
+  return number;
+}
+
+bool IsExtent(std::string_view name) { return name == "Height" || name == "Width"; }
+
+double Placed(const PropertyRow& row, double value) {
+  if (IsExtent(row.Name) && value < 0) runtime::Raise(runtime::InvalidPropertyValue);
+  return std::clamp(value, -LargestSize, LargestSize);
+}
+
+// General punctuation and the signs of Latin-1 are no letters; every other character beyond ASCII passes.
+bool IsLetterBeyondAscii(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
+  if (byte(0) == 0xC2) return byte(1) == 0xAA || byte(1) == 0xB5 || byte(1) == 0xBA;
+  return !(byte(0) == 0xE2 && byte(1) <= 0x81);
+}
+
+bool IsLegalName(std::string_view name) {
+  if (name.empty() || name.size() > LongestName) return false;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char c = name[i];
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    const auto byte = static_cast<unsigned char>(c);
+    const bool leads = byte >= 0xC0;
+    const bool follows = byte >= 0x80 && !leads;
+    if (letter || follows || (leads && IsLetterBeyondAscii(name.substr(i)))) continue;
+    if (i == 0 || !((c >= '0' && c <= '9') || c == '_')) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+PropertyData Coerced(const PropertyRow& row, const PropertyValue& value, const CodePage& codePage) {
+  switch (row.Type) {
+    case PropertyType::Text:
+      return {0, codePage.Encode(AsText(value))};
+    case PropertyType::Boolean:
+      return {AsBoolean(value) ? -1.0 : 0.0, {}};
+    case PropertyType::Integer:
+      return {static_cast<double>(runtime::RoundToInt16(AsNumber(value)).Value()), {}};
+    case PropertyType::Long:
+    case PropertyType::Color:
+      return {static_cast<double>(runtime::RoundToInt32(AsNumber(value)).Value()), {}};
+    case PropertyType::Enumeration:
+      return {Enumerated(row, AsNumber(value)), {}};
+    case PropertyType::Single:
+      return {Placed(row, AsNumber(value)), {}};
+    case PropertyType::Object:
+      break;
+  }
+  runtime::Raise(runtime::PropertyReadOnly, "'" + std::string(row.Name) + "' property cannot be set here");
+}
+
+PropertyData DefaultOf(const PropertyRow& row) {
+  if (row.Type == PropertyType::Text) return {0, std::string(row.Default)};
+  return {row.Default.empty() ? 0.0 : runtime::ToNumber(row.Default), {}};
+}
+
+void CheckObjectName(std::string_view name) {
+  if (!IsLegalName(name)) {
+    runtime::Raise(runtime::NotALegalObjectName, "Not a legal object name: '" + std::string(name) + "'");
+  }
+}
+
+}  // namespace formwizard::adapters::vb6files

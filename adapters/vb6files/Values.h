@@ -1,0 +1,23 @@
+// Values assigned to properties, turned into the property's own type.
+#pragma once
+
+#include "adapters/vb6files/CodePage.h"
+#include "adapters/vb6files/PropertyText.h"
+#include "generator/ide/Ide.h"
+
+#include <string_view>
+
+namespace formwizard::adapters::vb6files {
+
+// Error 13 for a text that is no number, 6 for a number out of the type's range, 380 for a value that the property does
+// not take, 383 for a property that is not set this way.
+PropertyData Coerced(const PropertyRow& row, const generator::ide::PropertyValue& value, const CodePage& codePage);
+
+// The row's default.
+PropertyData DefaultOf(const PropertyRow& row);
+
+// A letter, then letters, digits and underscores, at most 255 bytes; letters beyond ASCII are fine. Error 50132
+// "Not a legal object name: 'item'" otherwise.
+void CheckObjectName(std::string_view name);
+
+}  // namespace formwizard::adapters::vb6files
