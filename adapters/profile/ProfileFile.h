@@ -1,0 +1,20 @@
+// Profile files as plain files, read and written by the rules of the platform's own profile calls.
+#pragma once
+
+#include "settings/ProfileStore.h"
+
+#include <string>
+#include <string_view>
+
+namespace formwizard::adapters::profile {
+
+// Texts are UTF-8, in memory and in the file. A write replaces the file as a whole or not at all.
+class ProfileFiles : public settings::ProfileStore {
+ public:
+  std::string GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,
+                               std::size_t size, const std::string& file) const override;
+  bool WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
+                          const std::string& file) override;
+};
+
+}  // namespace formwizard::adapters::profile

@@ -1,0 +1,74 @@
+#include "adapters/profile/ProfileText.h"
+
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+
+namespace formwizard::adapters::profile {
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t\r");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+std::string_view Unquoted(std::string_view text) {
+  const bool quoted = text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+}  // namespace
+
+ProfileText::Place ProfileText::Find(std::string_view section, std::string_view key) const {
+  Place place;
+  bool inSection = false;
+  for (std::size_t start = 0; start < text_.size();) {
+    const std::size_t end = std::min(text_.find('\n', start), text_.size());
+    const std::string_view raw = std::string_view(text_).substr(start, end - start);
+    const std::string_view line = Trimmed(raw);
+    const std::size_t next = std::min(end + 1, text_.size());
+    if (line.starts_with('[')) {
+      if (inSection) return place;  // the first section of the name counts
+      const std::string_view name = Trimmed(line.substr(1, line.find(']') - 1));
+      inSection = line.find(']') != std::string_view::npos && runtime::EqualIgnoringCase(name, section);
+      place.HasSection = inSection;
+      place.NewKeyAt = next;
+    } else if (inSection && !line.empty()) {
+      place.NewKeyAt = next;
+      const std::size_t equals = raw.find('=');
+      if (!line.starts_with(';') && equals != std::string_view::npos &&
+          runtime::EqualIgnoringCase(Trimmed(raw.substr(0, equals)), key)) {
+        place.HasKey = true;
+        place.ValueStart = start + equals + 1;
+        place.ValueEnd = raw.ends_with('\r') ? end - 1 : end;
+        return place;
+      }
+    }
+    start = next;
+  }
+  return place;
+}
+
+std::optional<std::string> ProfileText::Get(std::string_view section, std::string_view key) const {
+  const Place place = Find(section, key);
+  if (!place.HasKey) return std::nullopt;
+  const std::string_view value = std::string_view(text_).substr(place.ValueStart, place.ValueEnd - place.ValueStart);
+  return std::string(Unquoted(Trimmed(value)));
+}
+
+void ProfileText::Set(std::string_view section, std::string_view key, std::string_view value) {
+  const Place place = Find(section, key);
+  if (place.HasKey) {
+    text_.replace(place.ValueStart, place.ValueEnd - place.ValueStart, value);
+    return;
+  }
+  const std::string lineEnd = text_.find("\r\n") == std::string::npos && text_.find('\n') != std::string::npos ? "\n" : "\r\n";
+  std::size_t at = place.HasSection ? place.NewKeyAt : text_.size();
+  std::string added = std::string(key) + "=" + std::string(value) + lineEnd;
+  if (!place.HasSection) added.insert(0, "[" + std::string(section) + "]" + lineEnd);
+  if (at > 0 && text_[at - 1] != '\n') added.insert(0, lineEnd);
+  text_.insert(at, added);
+}
+
+}  // namespace formwizard::adapters::profile
