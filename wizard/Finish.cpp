@@ -55,6 +55,7 @@ void frmWizard::Generate() {
                             state.Generator);
   StatusMessage(Text(411));
   generator::WriteForm(run);
+  state.NewComponent = run.NewComponent;
   StatusMessage(Text(412));
   generator::WriteProcedures(run);
   generator::Required(run.NewComponent).Activate();

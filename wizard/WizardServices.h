@@ -11,6 +11,7 @@
 #include "ui/TextMeasure.h"
 #include "wizard/factory/Factory.h"
 
+#include <memory>
 #include <string>
 
 namespace formwizard::wizard {
@@ -20,6 +21,7 @@ struct AddInState {
   model::FormModel Form;
   settings::Settings Settings;
   generator::GeneratorState Generator;
+  std::shared_ptr<generator::ide::VBComponent> NewComponent;  // of the last generation; null before
 };
 
 // Everything referred to must outlive the dialog.

@@ -54,9 +54,8 @@ bool ReplaceFile(const std::string& file, std::string_view text) {
 
 }  // namespace
 
-std::string ProfileFiles::GetProfileString(std::string_view section, std::string_view key,
-                                           std::string_view defaultText, std::size_t size,
-                                           const std::string& file) const {
+std::string ProfileFiles::GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,
+                                           std::size_t size, const std::string& file) const {
   std::string value = ProfileText(ReadAll(file)).Get(section, key).value_or(std::string(defaultText));
   if (value == defaultText) value.erase(value.find_last_not_of(' ') + 1);
   return value.substr(0, size == 0 ? 0 : size - 1);

@@ -63,7 +63,8 @@ void ProfileText::Set(std::string_view section, std::string_view key, std::strin
     text_.replace(place.ValueStart, place.ValueEnd - place.ValueStart, value);
     return;
   }
-  const std::string lineEnd = text_.find("\r\n") == std::string::npos && text_.find('\n') != std::string::npos ? "\n" : "\r\n";
+  const std::string lineEnd =
+      text_.find("\r\n") == std::string::npos && text_.find('\n') != std::string::npos ? "\n" : "\r\n";
   std::size_t at = place.HasSection ? place.NewKeyAt : text_.size();
   std::string added = std::string(key) + "=" + std::string(value) + lineEnd;
   if (!place.HasSection) added.insert(0, "[" + std::string(section) + "]" + lineEnd);

@@ -15,8 +15,8 @@ class ProfileText {
 
   // The text behind "=", without blanks around it and without one pair of quotes.
   std::optional<std::string> Get(std::string_view section, std::string_view key) const;
-  // Replaces the value's text, or adds the key at the end of its section, or the section at the end of the file. All other
-  // bytes stay.
+  // Replaces the value's text, or adds the key at the end of its section, or the section at the end of the file. All
+  // other bytes stay.
   void Set(std::string_view section, std::string_view key, std::string_view value);
 
   const std::string& Text() const { return text_; }

@@ -13,8 +13,7 @@ namespace formwizard::adapters::sqlite {
 namespace {
 
 [[noreturn]] void Fail(sqlite3* handle) {
-  runtime::Raise(runtime::AutomationError,
-                 std::string("The class dictionary cannot be read: ") + sqlite3_errmsg(handle));
+  runtime::Raise(runtime::AutomationError, std::string("Class dictionary: ") + sqlite3_errmsg(handle));
 }
 
 // The path as a URI that says that nobody changes the file: no locks, no look for a journal.

@@ -79,7 +79,12 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     }
     const Member& member = CurrentMember("\"" + value + "\"");
     if (member.Type == MemberType::Name) {
-      CheckName(value);
+      if (member.Key == "connect") {
+        CheckPlain(value);
+      } else {
+        CheckName(value);
+      }
+      if (value.empty()) Fail("an empty text");
       if (frame.Kind == Shape::System) CheckSystemText(value);
       if (member.Key == "connect") CheckUnique(frames_[frames_.size() - 2], "\n" + value);
     } else if (member.Type == MemberType::Collection) {
@@ -332,8 +337,8 @@ class TemporaryFile {
 };
 
 void Fill(Database& database, std::istream& in, const std::string& source) {
-  // Nobody else sees the file, and it goes as a whole when the import fails. It is flushed at the end.
-  database.Run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA application_id = " +
+  // Nobody else sees the file, and it goes as a whole when the import fails: no journal, one flush at the end.
+  database.Run("PRAGMA journal_mode = OFF; PRAGMA synchronous = FULL; PRAGMA application_id = " +
                std::to_string(ApplicationId) + "; PRAGMA user_version = " + std::to_string(SchemaVersion));
   database.Run(Schema);
   database.Run("BEGIN");
@@ -342,7 +347,6 @@ void Fill(Database& database, std::istream& in, const std::string& source) {
     nlohmann::json::sax_parse(in, &reader);
   }
   database.Run(Indexes);
-  database.Run("PRAGMA synchronous = FULL");
   database.Run("COMMIT");
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::adapters::vb6files {
 
@@ -23,8 +24,8 @@ class FileSystem {
 
   // The first `limit` bytes of a file; nothing when there is no such file or it cannot be read.
   virtual std::optional<std::string> Read(const std::string& path, std::size_t limit = std::string::npos) const = 0;
-  // The path as the file is really spelled, when only the case of its letters differs; `path` itself otherwise.
-  virtual std::string Spelled(const std::string& path) const = 0;
+  // The names of the files and folders in a folder, in no order; nothing when there is no such folder.
+  virtual std::optional<std::vector<std::string>> NamesIn(const std::string& folder) const = 0;
 
   // Null when another process holds the lock of this folder.
   virtual std::unique_ptr<FileLock> LockFolder(const std::string& folder) = 0;

@@ -1,5 +1,4 @@
 #include "adapters/vb6files/FileSystem.h"
-#include "runtime/Conversions.h"
 #include "support/Failures.h"
 
 #include <fcntl.h>
@@ -74,19 +73,15 @@ class PosixFileSystem : public FileSystem {
     return bytes;
   }
 
-  std::string Spelled(const std::string& path) const override {
-    namespace fs = std::filesystem;
+  std::optional<std::vector<std::string>> NamesIn(const std::string& folder) const override {
     std::error_code error;
-    if (fs::exists(path, error)) return path;
-    const fs::path wanted(path);
-    if (!wanted.has_relative_path()) return path;
-    const fs::path folder = Spelled(wanted.parent_path().string());
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder.empty() ? "." : folder, error)) {
-      if (runtime::EqualIgnoringCase(entry.path().filename().string(), wanted.filename().string())) {
-        return entry.path().string();
-      }
+    std::filesystem::directory_iterator entries(folder, error);
+    if (error) return std::nullopt;
+    std::vector<std::string> names;
+    for (; entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+      names.push_back(entries->path().filename().string());
     }
-    return path;
+    return names;
   }
 
   std::unique_ptr<FileLock> LockFolder(const std::string& folder) override {

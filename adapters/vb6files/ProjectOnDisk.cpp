@@ -5,6 +5,8 @@
 #include "support/Failures.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <utility>
 
 namespace formwizard::adapters::vb6files {
@@ -22,6 +24,18 @@ std::string ReadProject(const FileSystem& files, const std::string& path) {
   return std::move(*text);
 }
 
+// Windows takes these for devices, whatever extension follows.
+bool IsDeviceName(std::string_view stem) {
+  constexpr std::array fixed{std::string_view("CON"), std::string_view("PRN"), std::string_view("AUX"),
+                             std::string_view("NUL")};
+  if (std::ranges::any_of(fixed, [&](std::string_view name) { return runtime::EqualIgnoringCase(stem, name); })) {
+    return true;
+  }
+  const std::string_view port = stem.substr(0, 3);
+  return stem.size() == 4 && stem[3] >= '1' && stem[3] <= '9' &&
+         (runtime::EqualIgnoringCase(port, "COM") || runtime::EqualIgnoringCase(port, "LPT"));
+}
+
 std::string StemOf(std::string_view projectPath) {
   projectPath.remove_prefix(projectPath.find_last_of('\\') + 1);
   return std::string(projectPath.substr(0, projectPath.rfind('.')));
@@ -34,6 +48,20 @@ std::string FolderPart(std::string_view projectPath) {
 
 }  // namespace
 
+// The controls of a form whose content is on the disk already.
+class ProjectOnDisk::FinishedControls : public VBControls {
+ public:
+  explicit FinishedControls(Int32 count) : count_(count) {}
+
+  Int32 Count() const override { return count_; }
+  std::shared_ptr<VBControl> Add(std::string_view, const std::shared_ptr<VBControl>&) override {
+    runtime::Raise(runtime::AutomationError, "The form is finished and takes no more controls");
+  }
+
+ private:
+  Int32 count_;
+};
+
 // A handle to an entry. Names and properties of a module or class cannot be changed here.
 class ProjectOnDisk::Component : public VBComponent {
  public:
@@ -44,7 +72,7 @@ class ProjectOnDisk::Component : public VBComponent {
   void SetProperty(std::string_view name, const PropertyValue& value) override {
     project_.DocumentOf(entry_).SetProperty(name, value);
   }
-  std::shared_ptr<VBControls> DesignerControls() override { return project_.DocumentOf(entry_).Controls(); }
+  std::shared_ptr<VBControls> DesignerControls() override { return project_.ControlsOf(entry_); }
   std::shared_ptr<CodeModule> Code() override { return project_.DocumentOf(entry_).Code(); }
   void Activate() override { project_.DocumentOf(entry_); }
 
@@ -58,6 +86,7 @@ ProjectOnDisk::ProjectOnDisk(FileSystem& files, const std::string& path, const P
       path_(path),
       original_(ReadProject(files, path)),
       codePage_(options.CodePageNumber),
+      spelling_(files),
       toolbox_(files, options.ToolboxFile),
       project_(path, original_) {
   const std::size_t slash = path_.find_last_of('/');
@@ -80,10 +109,17 @@ std::string ProjectOnDisk::FilePath(std::string_view projectPath) const {
   return path.starts_with('/') ? path : folder_ + path;
 }
 
+// `path` is spelled as the folder spells it afterwards.
+std::optional<std::string> ProjectOnDisk::ReadFile(std::string& path, std::size_t limit) const {
+  std::optional<std::string> bytes = files_.Read(path, limit);
+  if (bytes) return bytes;
+  path = spelling_.Of(path);
+  return files_.Read(path, limit);
+}
+
 std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
   std::string path = FilePath(item.Path);
-  std::optional<std::string> head = files_.Read(path, NameIsWithin);
-  if (!head) head = files_.Read(files_.Spelled(path), NameIsWithin);
+  const std::optional<std::string> head = ReadFile(path, NameIsWithin);
   if (!head) {
     throw support::InputError(path_ + ":" + std::to_string(item.Line) + ": the file " + path +
                               " cannot be read; restore it or take its line out of the project");
@@ -94,13 +130,14 @@ std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
 }
 
 void ProjectOnDisk::ReadNames() const {
-  if (std::exchange(namesRead_, true)) return;
+  if (namesRead_) return;
   const auto& items = project_.Items();
   byName_.reserve(items.size());
   for (std::size_t i = 0; i < items.size(); ++i) {
     if (entries_[i].Name.empty()) entries_[i].Name = NameInFile(items[i]);
     byName_.emplace(runtime::LowerCase(entries_[i].Name), &entries_[i]);
   }
+  namesRead_ = true;
 }
 
 const ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
@@ -115,7 +152,7 @@ std::shared_ptr<VBComponent> ProjectOnDisk::Find(std::string_view name) {
   return std::make_shared<Component>(*this, *byName_.at(runtime::LowerCase(entry->Name)));
 }
 
-// No component is ever removed, so the search for a stem goes on where the last one ended.
+// The search for a stem goes on where the last one ended.
 Int32 ProjectOnDisk::FirstFreeNumber(std::string_view stem) const {
   const std::string bytes = codePage_.Encode(stem);
   int& number = firstFree_.try_emplace(bytes, 2).first->second;
@@ -128,9 +165,8 @@ Int32 ProjectOnDisk::FirstFreeNumber(std::string_view stem) const {
 
 std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
   if (type != ComponentType::Form) runtime::Raise(runtime::InvalidProcedureCall);
-  int number = 1;
-  while (FindEntry("Form" + std::to_string(number))) ++number;
-  const std::string name = "Form" + std::to_string(number);
+  while (FindEntry("Form" + std::to_string(firstFreeForm_))) ++firstFreeForm_;
+  const std::string name = "Form" + std::to_string(firstFreeForm_);
   Entry& entry = entries_.emplace_back(Entry{name, "", true, FormDocument::New(name, codePage_, libraries_)});
   byName_.emplace(runtime::LowerCase(name), &entry);
   open_.push_back(&entry);
@@ -151,16 +187,21 @@ FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
     runtime::Raise(runtime::AutomationError, "The form '" + codePage_.Decode(entry.Name) + "' is finished");
   }
   if (!entry.Document) {
-    const std::string path = files_.Spelled(FilePath(entry.Path));
-    const std::optional<std::string> frm = files_.Read(path);
+    std::string path = FilePath(entry.Path);
+    const std::optional<std::string> frm = ReadFile(path);
     if (!frm) {
       throw support::InputError(path + ": the form cannot be read; restore it or take its line out of the project");
     }
-    const std::string frxPath = files_.Spelled(path.substr(0, path.rfind('.')) + ".frx");
-    entry.Document = FormDocument::Parse(path, *frm, files_.Read(frxPath).value_or(""), codePage_, libraries_);
+    std::string frxPath = path.substr(0, path.rfind('.')) + ".frx";
+    entry.Document = FormDocument::Parse(path, *frm, ReadFile(frxPath).value_or(""), codePage_, libraries_);
     open_.push_back(&entry);
   }
   return *entry.Document;
+}
+
+std::shared_ptr<VBControls> ProjectOnDisk::ControlsOf(Entry& entry) {
+  if (entry.IsFinished) return std::make_shared<FinishedControls>(entry.ControlCount);
+  return DocumentOf(entry).Controls();
 }
 
 void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
@@ -174,7 +215,20 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
   project_.RenameForm(entry.Name, bytes);
   byName_.erase(runtime::LowerCase(entry.Name));
   byName_.emplace(runtime::LowerCase(bytes), &entry);
+  Release(entry.Name);
   entry.Name = bytes;
+}
+
+// A name that is free again may have the lowest free number.
+void ProjectOnDisk::Release(std::string_view name) {
+  const std::string_view stem = name.substr(0, name.find_last_not_of("0123456789") + 1);
+  const std::string_view digits = name.substr(stem.size());
+  int number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (number < 1) return;
+  if (runtime::EqualIgnoringCase(stem, "Form")) firstFreeForm_ = std::min(firstFreeForm_, number);
+  const auto next = firstFree_.find(std::string(stem));
+  if (next != firstFree_.end()) next->second = std::clamp(number, 2, next->second);
 }
 
 void ProjectOnDisk::Announce(const std::string& path, std::optional<std::string> old, std::string text) {
@@ -188,6 +242,10 @@ Saving& ProjectOnDisk::CurrentSaving() {
 
 // The component's name, with a number behind it when a file of the project is called so.
 std::string ProjectOnDisk::NewStem(const Entry& entry) {
+  if (IsDeviceName(entry.Name)) {
+    throw support::SaveError(path_ + ": the form " + codePage_.Decode(entry.Name) +
+                             " cannot be saved, because Windows keeps its name for a device; rename it");
+  }
   const std::string folder = FolderPart(entry.Path);
   std::string stem = entry.Name;
   for (int number = 2; !listedPaths_.insert(runtime::LowerCase(folder + stem + ".frm")).second; ++number) {
@@ -209,6 +267,7 @@ void ProjectOnDisk::Finish(Entry& entry) {
     project_.ReplaceFormPath(entry.Path, newPath);
   }
   entry.Path = newPath;
+  entry.ControlCount = entry.Document->Controls()->Count();
   entry.IsFinished = true;
   entry.Document.reset();
   if (!dryRun_) {
@@ -221,7 +280,11 @@ void ProjectOnDisk::Finish(Entry& entry) {
 
 void ProjectOnDisk::FinishForms() {
   for (Entry* entry : std::exchange(open_, {})) {
-    if (entry->Document && entry->Document->IsChanged()) Finish(*entry);
+    if (entry->Document->IsChanged()) {
+      Finish(*entry);
+    } else {
+      open_.push_back(entry);  // it may still be changed
+    }
   }
 }
 

@@ -7,6 +7,7 @@
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/ProjectFile.h"
 #include "adapters/vb6files/Saving.h"
+#include "adapters/vb6files/Spelling.h"
 #include "adapters/vb6files/Toolbox.h"
 #include "generator/ide/Ide.h"
 
@@ -62,12 +63,14 @@ class ProjectOnDisk : public generator::ide::Vbe,
 
  private:
   class Component;
+  class FinishedControls;
   struct Entry {
     std::string Name;  // bytes; empty until it is asked for
     std::string Path;  // as in the project file; empty for a new form
     bool IsForm;
     std::shared_ptr<FormDocument> Document;  // null until it is asked for, and again when it is finished
     bool IsFinished = false;
+    generator::ide::Int32 ControlCount = {};  // of a finished form
   };
 
   void AddToolboxProgID(std::string_view progId) override;
@@ -78,10 +81,13 @@ class ProjectOnDisk : public generator::ide::Vbe,
 
   void ReadNames() const;
   std::string NameInFile(const ProjectFile::Item& item) const;
+  std::optional<std::string> ReadFile(std::string& path, std::size_t limit = std::string::npos) const;
   std::string FilePath(std::string_view projectPath) const;
   const Entry* FindEntry(std::string_view bytes) const;
   FormDocument& DocumentOf(Entry& entry);
+  std::shared_ptr<generator::ide::VBControls> ControlsOf(Entry& entry);
   void Rename(Entry& entry, std::string_view name);
+  void Release(std::string_view name);
   std::string NewStem(const Entry& entry);
   void Finish(Entry& entry);
   void Announce(const std::string& path, std::optional<std::string> old, std::string text);
@@ -90,6 +96,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   FileSystem& files_;
   std::string path_, folder_, original_;
   CodePage codePage_;
+  mutable Spelling spelling_;
   Toolbox toolbox_;
   ProjectFile project_;
   ControlLibraries libraries_;
@@ -100,6 +107,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::unordered_set<std::string> listedPaths_;             // of component files, in lower case
   mutable bool namesRead_ = false;
   mutable std::unordered_map<std::string, int> firstFree_;  // by stem
+  int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"
   std::vector<Entry*> open_;                                // with a document that may have changed
   std::unique_ptr<Saving> saving_;
 };

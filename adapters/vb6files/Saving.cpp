@@ -54,6 +54,13 @@ void Saving::MoveIntoPlace(const Staged& file, std::vector<std::string>& moved) 
   }
 }
 
+// What the new project lists must be on the disk before the project is.
+std::set<std::string> Saving::TargetFolders() const {
+  std::set<std::string> folders;
+  for (const Staged& file : staged_) folders.insert(FolderOf(file.Target));
+  return folders;
+}
+
 // A file that cannot be taken back stays without anything that refers to it.
 void Saving::TakeBack(const std::vector<std::string>& moved) {
   for (const std::string& path : moved) {
@@ -77,7 +84,7 @@ void Saving::Commit(std::string_view text) {
     const std::string newProject = stagingFolder_ + "/project";
     files_.WriteNew(newProject, text, projectFile_);
     for (const Staged& file : staged_) MoveIntoPlace(file, moved);
-    files_.FlushFolder(folder_);
+    for (const std::string& folder : TargetFolders()) files_.FlushFolder(folder);
     files_.Replace(newProject, projectFile_);
   } catch (const support::SaveError&) {
     TakeBack(moved);

@@ -4,6 +4,7 @@
 #include "adapters/vb6files/FileSystem.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,7 @@ class Saving {
   };
 
   void Open();
+  std::set<std::string> TargetFolders() const;
   void MoveIntoPlace(const Staged& file, std::vector<std::string>& moved);
   void TakeBack(const std::vector<std::string>& moved);
   void Discard() noexcept;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -45,10 +46,19 @@ std::string_view Trimmed(std::string_view text) {
 
 std::string_view GuidOf(std::string_view id) { return id.substr(0, id.find('#')); }
 
+bool IsGuid(std::string_view text) {
+  constexpr std::string_view pattern = "{00000000-0000-0000-0000-000000000000}";
+  return std::ranges::equal(text, pattern, [](char c, char wanted) {
+    return wanted == '0' ? std::isxdigit(static_cast<unsigned char>(c)) != 0 : c == wanted;
+  });
+}
+
 // "{GUID}#version#locale; file"
 bool IsObjectValue(std::string_view value) {
-  const std::size_t close = value.find("}#");
-  return value.starts_with('{') && close == 37 && value.find("; ") != std::string_view::npos;
+  const std::size_t semicolon = value.find(';');
+  const std::string_view id = value.substr(0, semicolon);
+  return IsGuid(GuidOf(id)) && std::ranges::count(id, '#') == 2 && semicolon != std::string_view::npos &&
+         !Trimmed(value.substr(semicolon + 1)).empty();
 }
 
 }  // namespace
@@ -73,7 +83,8 @@ Toolbox::Toolbox(const FileSystem& files, std::string file) : file_(std::move(fi
 
 void Toolbox::ReadEntry(std::string_view line, int number) {
   const std::size_t equals = line.find('=');
-  if (equals == std::string_view::npos || !IsObjectValue(Trimmed(line.substr(equals + 1)))) {
+  const bool hasKey = equals != std::string_view::npos && !Trimmed(line.substr(0, equals)).empty();
+  if (!hasKey || !IsObjectValue(Trimmed(line.substr(equals + 1)))) {
     throw support::InputError(file_ + ":" + std::to_string(number) +
                               ": expected \"ProgID={GUID}#version#0; FILE.OCX\", found \"" + std::string(line) + "\"");
   }

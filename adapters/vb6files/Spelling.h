@@ -1,0 +1,30 @@
+// Finds files whose names a project spells in other letter cases than the folder does.
+#pragma once
+
+#include "adapters/vb6files/FileSystem.h"
+
+#include <string>
+#include <unordered_map>
+
+namespace formwizard::adapters::vb6files {
+
+// Reads each folder once, however many of its files are looked for.
+class Spelling {
+ public:
+  // `files` must outlive this object.
+  explicit Spelling(const FileSystem& files) : files_(files) {}
+
+  // The path as file and folders are really spelled; `path` itself when nothing there differs in letter case only.
+  std::string Of(const std::string& path);
+
+ private:
+  using Names = std::unordered_map<std::string, std::string>;  // by the name itself and by its lower case
+
+  // Null when there is no such folder.
+  const Names* NamesIn(const std::string& folder);
+
+  const FileSystem& files_;
+  std::unordered_map<std::string, Names> folders_;
+};
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,175 @@
+#include "adapters/sqlite/Dictionary.h"
+#include "apps/cli/Options.h"
+#include "runtime/Variant.h"
+#include "support/Failures.h"
+#include "support/Pieces.h"
+
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <iostream>
+
+namespace formwizard::apps::cli {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using runtime::Variant;
+using wizard::factory::ObjectFactory;
+using wizard::factory::ResultSet;
+
+struct System {
+  std::string Name, Connect;
+};
+
+std::vector<System> SystemsOf(ObjectFactory& server) {
+  std::vector<System> systems;
+  const std::string list = server.SystemList();
+  for (std::string_view rest = list; !rest.empty();) {
+    const std::string_view entry = support::GetPiece(rest, ";", 1);
+    systems.push_back({std::string(support::GetPiece(entry, ",", 1)), std::string(support::GetPiece(entry, ",", 2))});
+    rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+  }
+  return systems;
+}
+
+// A factory that is connected to the system asked for, or to the first one.
+class Server {
+ public:
+  explicit Server(const BrowseOptions& options)
+      : creator_(adapters::sqlite::OpenDictionary(options.Dictionary)), Factory(creator_->Create()) {}
+
+  void Connect(const BrowseOptions& options) {
+    std::string known;
+    for (const System& system : SystemsOf(*Factory)) {
+      if (options.System.empty() || system.Name == options.System) return Factory->Connect(system.Connect);
+      known += (known.empty() ? "" : ", ") + system.Name;
+    }
+    throw support::InputError(options.Dictionary + ": there is no system \"" + options.System + "\"; there are " +
+                              (known.empty() ? "none" : known));
+  }
+
+ private:
+  std::unique_ptr<wizard::factory::FactoryCreator> creator_;
+
+ public:
+  std::unique_ptr<ObjectFactory> Factory;
+};
+
+Json ValueOf(const Variant& value) {
+  if (const auto* number = std::get_if<runtime::Int32>(&value)) return number->Value();
+  return ToText(value);
+}
+
+// Writes rows as they come: an array of objects, or one line a row with tabs between the values.
+class Table {
+ public:
+  explicit Table(bool json) : json_(json) {
+    if (json_) std::cout << "[";
+  }
+  ~Table() {
+    if (json_) std::cout << (first_ ? "]\n" : "\n]\n");
+  }
+  Table(const Table&) = delete;
+  Table& operator=(const Table&) = delete;
+
+  void Row(const Json& row) {
+    if (json_) {
+      std::cout << (first_ ? "\n  " : ",\n  ") << row.dump();
+    } else {
+      std::string line;
+      for (const auto& [key, value] : row.items()) {
+        if (!line.empty()) line += '\t';
+        line += value.is_string() ? value.get<std::string>() : value.dump();
+      }
+      std::cout << line << '\n';
+    }
+    first_ = false;
+  }
+
+ private:
+  bool json_, first_ = true;
+};
+
+void CheckClass(ObjectFactory& server, const BrowseOptions& options) {
+  const auto classes = server.ResultSet("%ClassDefinition", "ClassInfo");
+  classes->Execute({});
+  while (classes->Next()) {
+    if (runtime::EqualsText(classes->GetDataByName("Name"), options.Class)) return;
+  }
+  throw support::InputError(options.Dictionary + ": there is no class \"" + options.Class +
+                            "\"; see \"ostrel-form-wizard classes --all\"");
+}
+
+Json RowOf(ResultSet& rows) {
+  Json row;
+  for (runtime::Int16 column(1); column <= rows.GetColumnCount(); column += runtime::Int16(1)) {
+    const std::string name = rows.GetColumnName(column);
+    row[name] = ValueOf(rows.GetDataByName(name));
+  }
+  return row;
+}
+
+}  // namespace
+
+int ListSystems(const BrowseOptions& options) {
+  const Server server(options);
+  Table table(options.Json);
+  for (const System& system : SystemsOf(*server.Factory)) {
+    table.Row(Json{{"name", system.Name}, {"connect", system.Connect}});
+  }
+  return Done;
+}
+
+int ListClasses(const BrowseOptions& options) {
+  Server server(options);
+  server.Connect(options);
+  Table table(options.Json);
+  const auto rows = server.Factory->ResultSet("%ClassDefinition", "ClassInfo");
+  rows->Execute({});
+  while (rows->Next()) {
+    const bool offered = runtime::EqualsNumber(rows->GetDataByName("System"), runtime::Int32(0)) &&
+                         runtime::EqualsNumber(rows->GetDataByName("Persistent"), runtime::Int32(1));
+    if (options.All) {
+      table.Row(RowOf(*rows));
+    } else if (offered) {
+      Json row;
+      row["Name"] = ValueOf(rows->GetDataByName("Name"));
+      table.Row(row);
+    }
+  }
+  return Done;
+}
+
+int ListProperties(const BrowseOptions& options) {
+  Server server(options);
+  server.Connect(options);
+  CheckClass(*server.Factory, options);
+  Table table(options.Json);
+  const auto rows = server.Factory->ResultSet("%CompiledProperty", "PropertyInfo");
+  rows->Execute({options.Class});
+  while (rows->Next()) table.Row(RowOf(*rows));
+  return Done;
+}
+
+int ListQueries(const BrowseOptions& options) {
+  Server server(options);
+  server.Connect(options);
+  CheckClass(*server.Factory, options);
+  Table table(options.Json);
+  const auto rows = server.Factory->ResultSet("%CompiledQuery", "QueryInfo");
+  rows->Execute({options.Class});
+  while (rows->Next()) {
+    Json row = RowOf(*rows);
+    const auto query = server.Factory->ResultSet(options.Class, row["Name"].get<std::string>());
+    Json columns = Json::array();
+    for (runtime::Int16 column(1); column <= query->GetColumnCount(); column += runtime::Int16(1)) {
+      columns.push_back(query->GetColumnName(column));
+    }
+    row["columns"] = columns;
+    row["params"] = query->GetParamCount().Value();
+    table.Row(row);
+  }
+  return Done;
+}
+
+}  // namespace formwizard::apps::cli

@@ -1,0 +1,52 @@
+#include "apps/cli/Summary.h"
+
+#include "runtime/Conversions.h"
+
+#include <nlohmann/json.hpp>
+
+namespace formwizard::apps::cli {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using runtime::Int16;
+using runtime::Int32;
+
+Json FieldOf(const model::FieldRecord& field, const ui::TextMeasure& measure) {
+  return Json{{"property", field.DisplayName},
+              {"FieldKind", field.FieldKind.Value()},
+              {"ControlName", field.ControlName},
+              {"RowCount", field.RowCount.Value()},
+              {"MaxWidth", field.MaxWidth.Value()},
+              {"ControlTop", field.ControlTop.Value()},
+              {"captionWidth", runtime::RoundToInt32(measure.WidthOf(field.Caption)).Value()}};
+}
+
+Json Columns(const runtime::OneBased<Int32>& values, Int16 columns) {
+  Json list = Json::array();
+  for (Int16 column(1); column <= columns && column <= values.UpperBound(); column += Int16(1)) {
+    list.push_back(values[column].Value());
+  }
+  return list;
+}
+
+}  // namespace
+
+Json Described(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
+               const ui::TextMeasure& measure) {
+  Json fields = Json::array();
+  for (const Int16 index : form.SelectedFields) fields.push_back(FieldOf(form.Fields[index], measure));
+  const Json layout{{"CharWidth", form.CharWidth.Value()},
+                    {"ControlWidth", form.ControlWidth.Value()},
+                    {"ColumnLefts", Columns(form.ColumnLefts, settings.Columns)},
+                    {"ColumnWidths", Columns(form.ColumnWidths, settings.Columns)},
+                    {"LabelWidths", Columns(form.LabelWidths, settings.Columns)},
+                    {"ContentHeight", form.ContentHeight.Value()},
+                    {"FrameHeight", form.FrameHeight.Value()},
+                    {"ColumnsWidth", form.ColumnsWidth.Value()},
+                    {"FrameWidth", form.FrameWidth.Value()},
+                    {"ButtonAreaWidth", settings.ButtonAreaWidth.Value()}};
+  return Json{{"class", form.ClassName}, {"component", result.Component}, {"files", result.Files}, {"fields", fields},
+              {"layout", layout},        {"failures", result.Failures}};
+}
+
+}  // namespace formwizard::apps::cli

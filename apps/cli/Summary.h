@@ -1,0 +1,27 @@
+// What a run of "generate" has made, for people and for programs.
+#pragma once
+
+#include "apps/cli/FormDescription.h"
+#include "model/FormModel.h"
+#include "settings/Settings.h"
+#include "ui/TextMeasure.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <string>
+#include <vector>
+
+namespace formwizard::apps::cli {
+
+struct FormResult {
+  std::string Component;
+  std::vector<std::string> Files;
+  std::vector<std::string> Failures;
+};
+
+// One form for the JSON summary: its component and files, the fields in order with what the layout gave them, the
+// layout values under their names, the failures.
+nlohmann::ordered_json Described(const FormResult& result, const model::FormModel& form,
+                                 const settings::Settings& settings, const ui::TextMeasure& measure);
+
+}  // namespace formwizard::apps::cli

@@ -1,0 +1,178 @@
+#include "apps/cli/WizardUser.h"
+
+#include "support/Failures.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+namespace formwizard::apps::cli {
+namespace {
+
+using support::InputError;
+using wizard::frmWizard;
+
+constexpr std::size_t ShownChoices = 12;
+constexpr wizard::Int16 ReferencePanel(1), FirstRowsPanel(2);
+
+std::string Listed(const std::vector<std::string>& choices) {
+  if (choices.empty()) return "there are none";
+  std::string text = "there are ";
+  for (std::size_t i = 0; i < std::min(choices.size(), ShownChoices); ++i) text += (i == 0 ? "" : ", ") + choices[i];
+  if (choices.size() > ShownChoices) text += " and " + std::to_string(choices.size() - ShownChoices) + " more";
+  return text;
+}
+
+class User {
+ public:
+  User(frmWizard& dialog, const FormDescription& form) : dialog_(dialog), form_(form) {}
+
+  void ChooseSystem(const std::string& name) {
+    if (!name.empty()) {
+      dialog_.tvwConnection.ClickNode(
+          FindNode(dialog_.tvwConnection, "system", name, [](const ui::Node& node) { return node.Text; }));
+    }
+    Next();
+    if (!dialog_.IsConnected()) Fail(dialog_.barStatus.Panels[0] + "; see \"ostrel-form-wizard systems\"");
+  }
+
+  void ChooseClass() {
+    ui::Node& node =
+        FindNode(dialog_.tvwClasses, "persistent class", form_.Class, [](const ui::Node& n) { return n.Tag; });
+    dialog_.tvwClasses.ClickNode(node);
+    Next();
+  }
+
+  void ChooseFields() {
+    if (form_.Fields.empty()) Fail("choose at least one property");
+    for (ui::Node* root : dialog_.tvwAttributes.Nodes.Roots()) roots_.emplace(Name(*root), root);
+    for (const FieldChoice& field : form_.Fields) {
+      const int before = dialog_.lstSelected.ListCount();
+      dialog_.tvwAttributes.ClickNode(PropertyNode(field.Property));
+      dialog_.cmdSelectOne.Click();
+      if (dialog_.lstSelected.ListCount() == before) Fail("the property " + field.Property + " is chosen twice");
+    }
+  }
+
+  // The Attributes step is only visited when something is to be set there.
+  void SetAttributes() {
+    if (std::ranges::none_of(form_.Fields, HasAttributes)) return;
+    Next();
+    for (std::size_t i = 0; i < form_.Fields.size(); ++i) {
+      if (!HasAttributes(form_.Fields[i])) continue;
+      dialog_.lstFields.ClickItem(static_cast<int>(i));
+      SetAttributesOf(form_.Fields[i]);
+    }
+  }
+
+  void Next() { dialog_.cmdNext.Click(); }
+
+ private:
+  [[noreturn]] void Fail(const std::string& what) const { throw InputError(form_.Source + ": " + what); }
+
+  static bool HasAttributes(const FieldChoice& field) {
+    return field.Caption || field.ReadOnly || field.UpdateAfter || field.Rows || field.Combo;
+  }
+
+  ui::Node& FindNode(ui::TreeView& tree, const std::string& what, const std::string& name, auto textOf) {
+    std::vector<std::string> known;
+    for (ui::Node& node : tree.Nodes.All()) {
+      if (textOf(node) == name) return node;
+      if (!textOf(node).empty()) known.push_back(textOf(node));
+    }
+    Fail("there is no " + what + " \"" + name + "\"; " + Listed(known));
+  }
+
+  // A node's text without the star of a required property.
+  static std::string Name(const ui::Node& node) { return node.Text.starts_with('*') ? node.Text.substr(1) : node.Text; }
+
+  ui::Node& PropertyNode(const std::string& path) {
+    const std::size_t dot = path.find('.');
+    const auto root = roots_.find(path.substr(0, dot));
+    if (root == roots_.end()) {
+      std::vector<std::string> known;
+      for (const ui::Node* node : dialog_.tvwAttributes.Nodes.Roots()) known.push_back(Name(*node));
+      Fail("class " + form_.Class + " offers no property \"" + path + "\"; " + Listed(known));
+    }
+    ui::Node& node = *root->second;
+    const bool isObject = node.Child() != nullptr || node.Expanded;
+    if (!isObject && dot == std::string::npos) return node;
+    if (!isObject)
+      Fail("property \"" + path.substr(0, dot) + "\" is no object, so it has no \"" + path.substr(dot + 1) + "\"");
+    dialog_.tvwAttributes.ExpandNode(node);
+    std::vector<std::string> known;
+    for (ui::Node* child : node.Children()) {
+      known.push_back(Name(node) + "." + Name(*child));
+      if (known.back() == path) return *child;
+    }
+    Fail("\"" + path + "\" cannot be chosen: of the object \"" + Name(node) + "\" " + Listed(known));
+  }
+
+  void SetAttributesOf(const FieldChoice& field) {
+    const auto panel = static_cast<std::size_t>(dialog_.FrontPanel.Value());
+    if (field.Caption) dialog_.txtCaption[panel].Type(*field.Caption);
+    if (field.ReadOnly) SetReadOnly(field);
+    if (field.UpdateAfter) SetUpdateAfter(field);
+    if (field.Rows) {
+      if (dialog_.FrontPanel < FirstRowsPanel) {
+        Fail("property " + field.Property + " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
+      }
+      dialog_.txtRowHeight[panel].Type(std::to_string(*field.Rows));
+    }
+    if (field.Combo) SetCombo(field);
+  }
+
+  void SetReadOnly(const FieldChoice& field) {
+    if (dialog_.FrontPanel != wizard::Int16(0)) {
+      Fail("property " + field.Property + " cannot be made read-only; only simple properties can");
+    }
+    if ((dialog_.chkReadOnly.Value() != 0) != *field.ReadOnly) dialog_.chkReadOnly.Click();
+  }
+
+  void SetUpdateAfter(const FieldChoice& field) {
+    if (dialog_.FrontPanel != wizard::Int16(0) || dialog_.chkReadOnly.Value() == 0) {
+      Fail("property " + field.Property + " must be read-only to be updated after another one");
+    }
+    Choose(dialog_.lstUpdateAfter, "field", *field.UpdateAfter);
+  }
+
+  void SetCombo(const FieldChoice& field) {
+    if (dialog_.FrontPanel != ReferencePanel) {
+      Fail("property " + field.Property + " is no reference and cannot be shown as a combo box");
+    }
+    if (dialog_.chkRefCombo.Value() == 0) dialog_.chkRefCombo.Click();
+    Choose(dialog_.lstQueryName, "query that returns the object id", field.Combo->Query);
+    Choose(dialog_.lstQueryColumn, "column of query " + field.Combo->Query, field.Combo->Column);
+  }
+
+  void Choose(ui::ListBox& list, const std::string& what, const std::string& text) {
+    std::vector<std::string> known;
+    for (int i = 0; i < list.ListCount(); ++i) {
+      if (list.List(i) == text) {
+        list.ClickItem(i);
+        return;
+      }
+      known.push_back(list.List(i));
+    }
+    Fail("there is no " + what + " \"" + text + "\"; " + Listed(known));
+  }
+
+  frmWizard& dialog_;
+  const FormDescription& form_;
+  std::unordered_map<std::string, ui::Node*> roots_;
+};
+
+}  // namespace
+
+void WalkThrough(frmWizard& dialog, const std::string& system, const FormDescription& form) {
+  User user(dialog, form);
+  dialog.Form_Load();
+  user.Next();
+  user.ChooseSystem(system);
+  user.ChooseClass();
+  user.ChooseFields();
+  user.SetAttributes();
+  dialog.cmdFinish.Click();
+}
+
+}  // namespace formwizard::apps::cli

@@ -1,0 +1,126 @@
+#include "apps/cli/Options.h"
+#include "runtime/RuntimeError.h"
+#include "support/Failures.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <iostream>
+
+using namespace formwizard;
+using namespace formwizard::apps::cli;
+
+namespace {
+
+void AddGenerate(CLI::App& app, GenerateOptions& options) {
+  app.add_option("--project", options.Project, "the VB6 project file (.vbp)")->required()->type_name("FILE");
+  app.add_option("--dictionary", options.Dictionary, "the class dictionary")->required()->type_name("FILE");
+  app.add_option("--system", options.System, "the system (default: the remembered one, else the first)")
+      ->type_name("NAME");
+  app.add_option("--class", options.Class, "the persistent class of the form")->type_name("NAME");
+  app.add_option("--fields", options.Fields, "its properties in order, separated by commas: Name,Home.City")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->type_name("PROPERTIES");
+  app.add_option("--set", options.Settings, "a setting for this run, such as Columns=2; may be repeated")
+      ->allow_extra_args(false)
+      ->type_name("KEY=VALUE");
+  app.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
+      ->capture_default_str()
+      ->type_name("N");
+  app.add_option("--toolbox", options.Toolbox, "control libraries that the project does not refer to yet")
+      ->type_name("FILE");
+  app.add_option("--profile", options.Profile,
+                 "the settings file (default: outility.ini beside the program, else in "
+                 "the user's configuration folder)")
+      ->type_name("FILE");
+  app.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")->type_name("ABC");
+  app.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
+  app.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
+  app.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");
+  app.add_option("--journal", options.Journal, "write every change to the project as a line of JSON")
+      ->type_name("FILE");
+  app.add_flag("--json", options.Json, "show the summary as JSON");
+  app.add_option("descriptions", options.Descriptions, "form descriptions in JSON, \"-\" for standard input")
+      ->type_name("FORM.json");
+}
+
+void AddBrowse(CLI::App& app, BrowseOptions& options, bool needsClass) {
+  app.add_option("--dictionary", options.Dictionary, "the class dictionary")->required()->type_name("FILE");
+  app.add_flag("--json", options.Json, "show the result as JSON");
+  if (app.get_name() == "systems") return;
+  app.add_option("--system", options.System, "the system (default: the first one)")->type_name("NAME");
+  if (needsClass) app.add_option("--class", options.Class, "the class")->required()->type_name("NAME");
+}
+
+int Run(const std::function<int()>& command) {
+  const auto say = [](const std::exception& error, int status) {
+    std::cout.flush();
+    std::cerr << "ostrel-form-wizard: " << error.what() << '\n';
+    return status;
+  };
+  try {
+    const int status = command();
+    if (!std::cout.flush()) throw support::SaveError("standard output: writing failed");
+    return status;
+  } catch (const UsageError& error) {
+    return say(error, WrongUsage);
+  } catch (const support::InputError& error) {
+    return say(error, InvalidInput);
+  } catch (const runtime::RuntimeError& error) {
+    return say(error, InvalidInput);
+  } catch (const support::SaveError& error) {
+    return say(error, NotSaved);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
+               "ostrel-form-wizard");
+  app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
+  app.require_subcommand(1);
+  app.footer(
+      "Exit status: 0 done, 1 a form is incomplete or --check found something to write, 2 wrong usage,\n"
+      "3 an input is missing or invalid, 4 saving failed and nothing was changed.");
+
+  std::function<int()> command;
+  GenerateOptions generate;
+  BrowseOptions browse;
+  TransferOptions transfer;
+
+  CLI::App& generateApp = *app.add_subcommand("generate", "create forms in a project");
+  AddGenerate(generateApp, generate);
+  generateApp.callback([&] { command = [&] { return Generate(generate); }; });
+
+  const auto addBrowse = [&](const char* name, const char* about, bool needsClass, auto list) -> CLI::App& {
+    CLI::App& sub = *app.add_subcommand(name, about);
+    AddBrowse(sub, browse, needsClass);
+    sub.callback([&, list] { command = [&, list] { return list(browse); }; });
+    return sub;
+  };
+  addBrowse("systems", "list the systems of a dictionary", false, ListSystems);
+  addBrowse("classes", "list the classes that a form can be made for", false, ListClasses)
+      .add_flag("--all", browse.All, "system and not persistent classes too");
+  addBrowse("properties", "list the properties of a class", true, ListProperties);
+  addBrowse("queries", "list the queries of a class", true, ListQueries);
+
+  CLI::App& dictionary = *app.add_subcommand("dictionary", "make a dictionary from JSON, or JSON from a dictionary");
+  dictionary.require_subcommand(1);
+  for (const bool isImport : {true, false}) {
+    CLI::App& sub =
+        *dictionary.add_subcommand(isImport ? "import" : "export", isImport ? "IN.json OUT" : "IN OUT.json");
+    sub.add_option("in", transfer.From, "what to read; \"-\" for standard input of an import")->required();
+    sub.add_option("out", transfer.To, "what to write; \"-\" for standard output of an export")->required();
+    sub.callback([&, isImport] { command = [&, isImport] { return isImport ? Import(transfer) : Export(transfer); }; });
+  }
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? Done : WrongUsage;
+  }
+  return Run(command);
+}

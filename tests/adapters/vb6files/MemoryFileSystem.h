@@ -1,0 +1,138 @@
+// A file system in memory that can fail, stop or tear at any of its changing operations.
+#pragma once
+
+#include "adapters/vb6files/FileSystem.h"
+#include "support/Failures.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace formwizard::tests {
+
+// The machine has stopped: whatever is called from now on does nothing.
+struct Stopped {};
+
+class MemoryFileSystem : public adapters::vb6files::FileSystem {
+ public:
+  enum class Trouble { None, Fails, TearsAndFails, Stops };
+  using Contents = std::map<std::string, std::string>;
+
+  MemoryFileSystem() = default;
+  explicit MemoryFileSystem(Contents files) : Files(std::move(files)), durable_(Files) {}
+
+  Contents Files;
+  std::set<std::string> Folders;  // only those that were created here
+  bool IsLocked = false;
+  int Operations = 0;  // changing ones so far
+  mutable int FilesRead = 0, FoldersRead = 0;
+  // Trouble strikes once, at the operation of this number, counted from 1.
+  int TroubleAt = 0;
+  Trouble Kind = Trouble::None;
+
+  // What a machine that stopped now may find afterwards: of every folder either all changes or only the flushed ones.
+  std::vector<Contents> AfterCrash() const {
+    std::set<std::string> folders;
+    for (const Contents* contents : {&Files, &durable_}) {
+      for (const auto& [path, bytes] : *contents) folders.insert(FolderOf(path));
+    }
+    std::vector<Contents> found{{}};
+    for (const std::string& folder : folders) {
+      std::vector<Contents> next;
+      for (const Contents& before : found) {
+        for (const Contents* state : {&Files, &durable_}) {
+          Contents merged = before;
+          for (const auto& [path, bytes] : *state) {
+            if (FolderOf(path) == folder) merged[path] = bytes;
+          }
+          next.push_back(std::move(merged));
+        }
+      }
+      found = std::move(next);
+    }
+    return found;
+  }
+
+  std::optional<std::string> Read(const std::string& path, std::size_t limit) const override {
+    const auto found = Files.find(path);
+    if (found == Files.end()) return std::nullopt;
+    ++FilesRead;
+    return found->second.substr(0, limit);
+  }
+  std::optional<std::vector<std::string>> NamesIn(const std::string& folder) const override {
+    ++FoldersRead;
+    std::set<std::string> names;
+    for (const auto& [path, bytes] : Files) {
+      if (!path.starts_with(folder + "/")) continue;
+      const std::size_t start = folder.size() + 1;
+      names.insert(path.substr(start, path.find('/', start) - start));
+    }
+    if (names.empty()) return std::nullopt;
+    return std::vector<std::string>(names.begin(), names.end());
+  }
+
+  std::unique_ptr<adapters::vb6files::FileLock> LockFolder(const std::string&) override {
+    if (IsLocked) return nullptr;
+    struct Lock : adapters::vb6files::FileLock {};
+    return std::make_unique<Lock>();
+  }
+  void CreateFolder(const std::string& folder) override {
+    if (Begin(folder)) Folders.insert(folder);
+  }
+  void WriteNew(const std::string& path, std::string_view bytes, const std::string&) override {
+    const bool tears = Kind == Trouble::TearsAndFails && Operations + 1 == TroubleAt;
+    if (tears) Files[path] = bytes.substr(0, bytes.size() / 2);
+    if (Begin(path)) Files[path] = bytes;
+  }
+  bool MoveNew(const std::string& from, const std::string& to) override {
+    if (!Begin(to)) return true;
+    if (Files.contains(to)) return false;
+    Files[to] = Files.at(from);
+    Files.erase(from);
+    return true;
+  }
+  void Replace(const std::string& from, const std::string& to) override {
+    if (!Begin(to)) return;
+    Files[to] = Files.at(from);
+    Files.erase(from);
+  }
+  void FlushFolder(const std::string& folder) override {
+    if (!Begin(folder)) return;
+    const auto isInside = [&](const auto& file) { return FolderOf(file.first) == folder; };
+    std::erase_if(durable_, isInside);
+    for (const auto& file : Files) {
+      if (isInside(file)) durable_.insert(file);
+    }
+  }
+  void Remove(const std::string& path) override {
+    if (Begin(path)) Files.erase(path);
+  }
+  void RemoveFolder(const std::string& folder) override {
+    if (!Begin(folder)) return;
+    std::erase_if(Files, [&](const auto& file) { return file.first.starts_with(folder + "/"); });
+    Folders.erase(folder);
+  }
+
+ private:
+  static std::string FolderOf(const std::string& path) { return path.substr(0, path.find_last_of('/')); }
+
+  // False once the machine has stopped.
+  bool Begin(const std::string& path) {
+    if (stopped_) return false;
+    if (++Operations != TroubleAt || Kind == Trouble::None) return true;
+    if (Kind == Trouble::Stops) {
+      stopped_ = true;
+      throw Stopped();
+    }
+    throw support::SaveError(path + ": no space left");
+  }
+
+  Contents durable_;
+  bool stopped_ = false;
+};
+
+}  // namespace formwizard::tests
