@@ -19,7 +19,7 @@ std::shared_ptr<ide::VBComponent> UnusedStartupForm(ide::VBProject& project) {
 
 // prefix & base without "%", followed by 2, 3 ... while a component of exactly that name exists.
 std::string UniqueComponentName(std::string_view base, std::string_view prefix, ide::VBProject& project) {
-  const std::string stem = std::string(prefix) + runtime::ReplaceAll(base, "%", "");
+  std::string stem = std::string(prefix) + runtime::ReplaceAll(base, "%", "");
   if (!project.Components().Find(stem)) return stem;
   return stem + Text(project.Components().FirstFreeNumber(stem));
 }

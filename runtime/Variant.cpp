@@ -12,6 +12,8 @@ template <typename... Cases>
 struct Overloaded : Cases... {
   using Cases::operator()...;
 };
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 std::string DecimalForm(double value) {
   std::array<char, 32> digits{};

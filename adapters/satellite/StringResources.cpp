@@ -78,10 +78,11 @@ class Library {
     const auto sections = file_.U16(coff + 2);
     const auto optionalSize = file_.U16(coff + 16);
     const std::uint64_t optional = coff + 20;
-    const auto magic = file_.U16(optional);
-    if (!sections || !optionalSize || (magic != 0x10B && magic != 0x20B)) return false;
+    const std::uint32_t magic = file_.U16(optional).value_or(0);
+    const bool isKnown = magic == 0x10B || magic == 0x20B;  // 32 bits, 64 bits
+    if (!sections || !optionalSize || (!isKnown)) return false;
     const std::uint64_t directories = optional + (magic == 0x10B ? 96 : 112);
-    const auto address = file_.U32(directories + ResourceDirectory * 8);
+    const auto address = file_.U32(directories + std::uint64_t{ResourceDirectory} * 8);
     if (!address || *address == 0) return false;
     sectionTable_ = optional + *optionalSize;
     sectionCount_ = *sections;

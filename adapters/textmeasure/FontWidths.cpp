@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace formwizard::adapters::textmeasure {
 namespace {
@@ -23,7 +24,7 @@ struct Width {
 };
 
 // The other characters that the font has in any of its character sets, ordered.
-constexpr std::array OtherWidths{
+constexpr Width OtherWidths[] = {
     Width{0x0100, 7},  Width{0x0101, 6},  Width{0x0102, 7}, Width{0x0103, 6},  Width{0x0104, 8},  Width{0x0105, 6},
     Width{0x0106, 7},  Width{0x0107, 6},  Width{0x010C, 7}, Width{0x010D, 6},  Width{0x010E, 8},  Width{0x010F, 8},
     Width{0x0110, 8},  Width{0x0111, 7},  Width{0x0112, 7}, Width{0x0113, 6},  Width{0x0116, 7},  Width{0x0117, 6},
@@ -87,7 +88,7 @@ int PixelsOf(char32_t character) {
   if (character < 0x20) return DefaultWidth;
   if (character < 0x100) return LatinWidths[character - 0x20] != 0 ? LatinWidths[character - 0x20] : DefaultWidth;
   const auto* found = std::ranges::lower_bound(OtherWidths, character, {}, &Width::Character);
-  if (found != OtherWidths.end() && found->Character == character) return found->Pixels;
+  if (found != std::end(OtherWidths) && found->Character == character) return found->Pixels;
   return IsFullWidth(character) ? EastAsianWidth : DefaultWidth;
 }
 

@@ -88,7 +88,7 @@ void Control::SetContainer(const std::shared_ptr<generator::ide::VBControl>& con
   auto* own = dynamic_cast<Control*>(container.get());
   if (!own) runtime::Raise(runtime::ObjectVariableNotSet);
   if (&own->designer_ != &designer_) runtime::Raise(runtime::InvalidPropertyValue);
-  designer_.Move(*this, own);
+  designer_.Move(*this, *own);
 }
 
 bool Control::IsVisible() const {

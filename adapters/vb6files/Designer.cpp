@@ -57,18 +57,18 @@ void Designer::Rename(Control& control, std::string_view name) {
   control.name_ = bytes;
 }
 
-void Designer::Move(Control& control, Control* container) {
-  for (const Control* above = container; above; above = above->parent_) {
+void Designer::Move(Control& control, Control& container) {
+  for (const Control* above = &container; above; above = above->parent_) {
     if (above == &control) runtime::Raise(runtime::InvalidPropertyValue);
   }
-  if (!TakesChildren(*container, control.class_) || control.class_.Bit == classbit::Menu) {
+  if (!TakesChildren(container, control.class_) || control.class_.Bit == classbit::Menu) {
     runtime::Raise(runtime::InvalidPropertyValue);
   }
   std::vector<Control*>& old = control.parent_ ? control.parent_->children_ : topLevel_;
   // Usually the youngest control moves, which stands last.
   old.erase(std::next(std::find(old.rbegin(), old.rend(), &control)).base());
-  container->children_.push_back(&control);
-  control.parent_ = container;
+  container.children_.push_back(&control);
+  control.parent_ = &container;
 }
 
 // A permutation of 0 to n - 1: the others move up or down by one.

@@ -83,7 +83,7 @@ class Designer {
 
   std::string DefaultName(std::string_view stem) const;
   void Rename(Control& control, std::string_view name);
-  void Move(Control& control, Control* container);
+  void Move(Control& control, Control& container);
   void SetTabIndex(Control& control, int index);
   static void AppendLayers(const std::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx);
 

@@ -78,6 +78,7 @@ ProjectFile::ProjectFile(const std::string& path, std::string_view text) {
   for (std::size_t i = 0; i < lines_.size() && !IsSection(lines_[i].Text); ++i) {
     const std::string_view key = KeyOf(lines_[i].Text);
     const ItemKey* item = FindItemKey(key);
+    if (!item) ReadSetting(key, i);
     if (!item) continue;
     newFormAt_ = i + 1;
     if (item->IsComponent) ReadItem(path, key, ValueOf(lines_[i].Text), i + 1);
@@ -101,6 +102,12 @@ void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::s
   items_.push_back({kind, std::string(name), std::string(file), line});
 }
 
+void ProjectFile::ReadSetting(std::string_view key, std::size_t index) {
+  const auto is = [&](std::string_view name) { return runtime::EqualIgnoringCase(key, name); };
+  if (is("Name") && name_.empty()) name_ = Unquoted(ValueOf(lines_[index].Text));
+  if (is("Startup") || is("IconForm")) formNameLines_.push_back(index);
+}
+
 std::vector<std::string_view> ProjectFile::Objects() const {
   std::vector<std::string_view> values;
   for (const Line& line : lines_) {
@@ -109,19 +116,14 @@ std::vector<std::string_view> ProjectFile::Objects() const {
   return values;
 }
 
-std::string_view ProjectFile::Name() const {
-  for (const Line& line : lines_) {
-    if (IsSection(line.Text)) break;
-    if (runtime::EqualIgnoringCase(KeyOf(line.Text), "Name")) return Unquoted(ValueOf(line.Text));
-  }
-  return {};
-}
-
 void ProjectFile::Insert(std::size_t at, std::string text) {
   changed_ = true;
   if (at > 0 && lines_[at - 1].End.empty()) lines_[at - 1].End = lineEnd_;
   lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), {std::move(text), lineEnd_});
   if (at <= newFormAt_) ++newFormAt_;
+  for (std::size_t& line : formNameLines_) {
+    if (at <= line) ++line;
+  }
 }
 
 std::size_t ProjectFile::BehindLast(std::string_view key) const {
@@ -150,12 +152,10 @@ void ProjectFile::AddObject(std::string_view value) {
 }
 
 void ProjectFile::RenameForm(std::string_view oldName, std::string_view newName) {
-  for (Line& line : lines_) {
-    if (IsSection(line.Text)) return;
-    const std::string_view key = KeyOf(line.Text);
-    const bool namesForm = runtime::EqualIgnoringCase(key, "Startup") || runtime::EqualIgnoringCase(key, "IconForm");
-    if (!namesForm || !runtime::EqualIgnoringCase(Unquoted(ValueOf(line.Text)), oldName)) continue;
-    line.Text = std::string(key) + "=\"" + std::string(newName) + "\"";
+  for (const std::size_t i : formNameLines_) {
+    Line& line = lines_[i];
+    if (!runtime::EqualIgnoringCase(Unquoted(ValueOf(line.Text)), oldName)) continue;
+    line.Text = std::string(KeyOf(line.Text)) + "=\"" + std::string(newName) + "\"";
     changed_ = true;
   }
 }

@@ -27,7 +27,7 @@ class ProjectFile {
   // The values of the "Object=" lines.
   std::vector<std::string_view> Objects() const;
   // The project's own name; empty when the file has none.
-  std::string_view Name() const;
+  const std::string& Name() const { return name_; }
 
   void AddForm(std::string_view path);
   void ReplaceFormPath(std::string_view oldPath, std::string_view newPath);
@@ -45,11 +45,14 @@ class ProjectFile {
   };
 
   void ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t line);
+  void ReadSetting(std::string_view key, std::size_t index);
   void Insert(std::size_t at, std::string text);
   std::size_t BehindLast(std::string_view key) const;  // 0 when there is no such line
 
   std::vector<Line> lines_;
   std::vector<Item> items_;
+  std::string name_;
+  std::vector<std::size_t> formNameLines_;  // the lines that give a form by its name
   std::string_view lineEnd_ = "\r\n";
   std::size_t newFormAt_ = 0;  // where the next new form's line goes
   bool changed_ = false;

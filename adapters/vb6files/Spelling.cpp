@@ -5,14 +5,15 @@
 namespace formwizard::adapters::vb6files {
 
 const Spelling::Names* Spelling::NamesIn(const std::string& folder) {
-  const auto known = folders_.find(folder);
-  if (known != folders_.end()) return &known->second;
+  const auto [known, isNew] = folders_.try_emplace(folder);
+  std::optional<Names>& spelled = known->second;
+  if (!isNew) return spelled ? &*spelled : nullptr;
   const auto names = files_.NamesIn(folder);
   if (!names) return nullptr;
-  Names& spelled = folders_[folder];
-  for (const std::string& name : *names) spelled.emplace(name, name);
-  for (const std::string& name : *names) spelled.emplace(runtime::LowerCase(name), name);
-  return &spelled;
+  spelled.emplace();
+  for (const std::string& name : *names) spelled->emplace(name, name);
+  for (const std::string& name : *names) spelled->emplace(runtime::LowerCase(name), name);
+  return &*spelled;
 }
 
 std::string Spelling::Of(const std::string& path) {

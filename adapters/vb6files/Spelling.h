@@ -3,6 +3,7 @@
 
 #include "adapters/vb6files/FileSystem.h"
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -24,7 +25,7 @@ class Spelling {
   const Names* NamesIn(const std::string& folder);
 
   const FileSystem& files_;
-  std::unordered_map<std::string, Names> folders_;
+  std::unordered_map<std::string, std::optional<Names>> folders_;
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -32,8 +32,7 @@ class Value {
     for (const auto& [key, value] : json_.items()) {
       if (std::ranges::find(members, key) != members.end()) continue;
       std::string known;
-      for (const std::string_view member : members)
-        known += (known.empty() ? "\"" : ", \"") + std::string(member) + "\"";
+      for (const std::string_view member : members) known.append(known.empty() ? "\"" : ", \"").append(member) += '"';
       throw InputError(path_ + ": unknown member \"" + key + "\"; known are " + known);
     }
     return json_;

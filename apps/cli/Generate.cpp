@@ -108,7 +108,7 @@ class Run {
   void Make(const FormDescription& form) {
     SettingTexts settings = form.Settings;
     for (const auto& [key, value] : settings_) settings[key] = value;  // the command line wins
-    profile_.Override(std::move(settings));
+    profile_.Override(settings);
     {
       // As by a freshly loaded add-in: a form comes out the same alone and in a batch.
       wizard::AddInState state;

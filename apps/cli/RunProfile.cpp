@@ -2,13 +2,11 @@
 
 #include "runtime/Conversions.h"
 
-#include <utility>
-
 namespace formwizard::apps::cli {
 
-void RunProfile::Override(SettingTexts settings) {
+void RunProfile::Override(const SettingTexts& settings) {
   overrides_.clear();
-  for (auto& [key, value] : settings) overrides_[runtime::LowerCase(key)] = std::move(value);
+  for (const auto& [key, value] : settings) overrides_[runtime::LowerCase(key)] = value;
 }
 
 std::string RunProfile::GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,

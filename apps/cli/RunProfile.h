@@ -18,7 +18,7 @@ class RunProfile : public settings::ProfileStore {
   RunProfile(settings::ProfileStore& file, bool readOnly) : file_(file), readOnly_(readOnly) {}
 
   // The settings that stand in front of the file's, until the next call.
-  void Override(SettingTexts settings);
+  void Override(const SettingTexts& settings);
 
   std::string GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,
                                std::size_t size, const std::string& file) const override;

@@ -76,7 +76,8 @@ int Run(const std::function<int()>& command) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+// A std::logic_error, a mistake of the program itself, ends it.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   std::ios::sync_with_stdio(false);
   CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
                "ostrel-form-wizard");

@@ -112,12 +112,20 @@ TEST_CASE("A form that was looked at is saved when it is changed later, and a fi
 
 TEST_CASE("A new form never takes a path that the project lists already or that is a device") {
   MemoryFileSystem files = ProjectWith("Form=FRMA.FRM\r\n", {{"P/FRMA.FRM", FormText("frmOther")}});
-  ProjectOnDisk project(files, "P/P.vbp", {});
-  VBComponents& components = project.ActiveVBProject().Components();
-  components.Add(ComponentType::Form)->SetName("frmA");
-  components.Add(ComponentType::Form)->SetName("COM1");
-  CHECK_THROWS_AS(project.Save(), support::SaveError);
-  CHECK(files.Operations == 0);
+  {
+    ProjectOnDisk project(files, "P/P.vbp", {});
+    project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmA");
+    project.Save();
+  }
+  CHECK(files.Files.at("P/P.vbp") == "Type=Exe\r\nForm=FRMA.FRM\r\nForm=frmA_2.frm\r\nName=\"Lending\"\r\n");
+  const MemoryFileSystem::Contents before = files.Files;
+  {
+    ProjectOnDisk project(files, "P/P.vbp", {});
+    project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmB");
+    project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("com1");
+    CHECK_THROWS_AS(project.Save(), support::SaveError);
+  }
+  CHECK(files.Files == before);
 }
 
 TEST_CASE("Files are found in any letter case, and a folder is read only once for all of them") {

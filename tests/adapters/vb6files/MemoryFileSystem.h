@@ -14,9 +14,6 @@
 
 namespace formwizard::tests {
 
-// The machine has stopped: whatever is called from now on does nothing.
-struct Stopped {};
-
 class MemoryFileSystem : public adapters::vb6files::FileSystem {
  public:
   enum class Trouble { None, Fails, TearsAndFails, Stops };
@@ -30,9 +27,11 @@ class MemoryFileSystem : public adapters::vb6files::FileSystem {
   bool IsLocked = false;
   int Operations = 0;  // changing ones so far
   mutable int FilesRead = 0, FoldersRead = 0;
-  // Trouble strikes once, at the operation of this number, counted from 1.
+  // Trouble strikes once, at the operation of this number, counted from 1. Once the machine has stopped, nothing that
+  // is called does anything.
   int TroubleAt = 0;
   Trouble Kind = Trouble::None;
+  bool IsStopped = false;
 
   // What a machine that stopped now may find afterwards: of every folder either all changes or only the flushed ones.
   std::vector<Contents> AfterCrash() const {
@@ -122,17 +121,16 @@ class MemoryFileSystem : public adapters::vb6files::FileSystem {
 
   // False once the machine has stopped.
   bool Begin(const std::string& path) {
-    if (stopped_) return false;
+    if (IsStopped) return false;
     if (++Operations != TroubleAt || Kind == Trouble::None) return true;
     if (Kind == Trouble::Stops) {
-      stopped_ = true;
-      throw Stopped();
+      IsStopped = true;
+      return false;
     }
     throw support::SaveError(path + ": no space left");
   }
 
   Contents durable_;
-  bool stopped_ = false;
 };
 
 }  // namespace formwizard::tests

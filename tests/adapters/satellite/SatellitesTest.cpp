@@ -1,0 +1,121 @@
+#include "adapters/satellite/Satellites.h"
+#include "adapters/satellite/StringResources.h"
+
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdlib>
+#include <random>
+
+using namespace formwizard::adapters::satellite;
+using namespace formwizard::tests;
+
+namespace {
+
+class LibraryBytes {
+ public:
+  explicit LibraryBytes(std::size_t size) : Bytes(size, '\0') {}
+
+  void Put(std::size_t at, std::uint64_t value, std::size_t size) {
+    for (std::size_t i = 0; i < size; ++i) Bytes[at + i] = static_cast<char>((value >> (8 * i)) & 0xFF);
+  }
+  std::string Bytes;
+};
+
+// A library whose only resource is block 26 of the string table: ids 400 to 415.
+std::string LibraryWith(const std::vector<std::u16string>& block, bool is64) {
+  constexpr std::size_t header = 0x80, resources = 0x200, address = 0x1000;
+  const std::size_t optional = header + 24;
+  const std::size_t directories = optional + (is64 ? 112 : 96);
+  LibraryBytes file(0x400);
+  file.Put(0, 0x5A4D, 2);
+  file.Put(0x3C, header, 4);
+  file.Put(header, 0x00004550, 4);
+  file.Put(header + 6, 1, 2);  // one section
+  file.Put(header + 20, directories + 128 - optional, 2);
+  file.Put(optional, is64 ? 0x20B : 0x10B, 2);
+  file.Put(directories + 16, address, 4);
+  const std::size_t section = directories + 128;
+  file.Put(section + 12, address, 4);
+  file.Put(section + 16, 0x200, 4);
+  file.Put(section + 20, resources, 4);
+  const auto folder = [&](std::size_t at, std::uint32_t id, std::uint32_t target) {
+    file.Put(resources + at + 14, 1, 2);
+    file.Put(resources + at + 16, id, 4);
+    file.Put(resources + at + 20, target, 4);
+  };
+  folder(0x00, 6, 0x80000018);
+  folder(0x18, 26, 0x80000030);
+  folder(0x30, 0x407, 0x48);
+  file.Put(resources + 0x48, address + 0x60, 4);
+  std::size_t at = resources + 0x60;
+  for (std::size_t i = 0; i < 16; ++i) {
+    const std::u16string text = i < block.size() ? block[i] : u"";
+    file.Put(at, text.size(), 2);
+    for (std::size_t c = 0; c < text.size(); ++c) file.Put(at + 2 + 2 * c, text[c], 2);
+    at += 2 + 2 * text.size();
+  }
+  file.Put(resources + 0x4C, at - resources - 0x60, 4);
+  return file.Bytes;
+}
+
+const std::vector<std::u16string> Block{u"", u"Größe", u"日本", u"\xD83D\xDE00", u"\xD83Dx"};
+
+}  // namespace
+
+TEST_CASE("Texts are read out of 32- and 64-bit libraries") {
+  TemporaryFolder folder;
+  for (const bool is64 : {false, true}) {
+    WriteFile(folder / "x.dll", LibraryWith(Block, is64));
+    const auto library = Satellites().LoadAsData(folder / "x.dll");
+    REQUIRE(library);
+    CHECK(library->LoadString(401, 1024) == "Größe");
+    CHECK(library->LoadString(402, 1024) == "日本");
+    CHECK(library->LoadString(403, 1024) == "😀");
+    CHECK(library->LoadString(404, 1024) == "\uFFFDx");
+    CHECK(library->LoadString(400, 1024).empty());
+    CHECK(library->LoadString(500, 1024).empty());
+    CHECK(library->LoadString(404, 1).empty());
+  }
+}
+
+TEST_CASE("What is no library is none, and damaged ones are read without harm") {
+  TemporaryFolder folder;
+  CHECK(Satellites().LoadAsData(folder / "missing.dll") == nullptr);
+  for (const std::string& bytes : {std::string(), std::string("MZ"), std::string(5000, 'M')}) {
+    WriteFile(folder / "x.dll", bytes);
+    CHECK(Satellites().LoadAsData(folder / "x.dll") == nullptr);
+  }
+  // Cut anywhere, and with bytes turned into others: whatever comes out, nothing is read past the end.
+  const std::string whole = LibraryWith(Block, false);
+  for (std::size_t size = 0; size < whole.size(); ++size) ReadStringTable(whole.substr(0, size));
+  std::mt19937 random(20031);
+  for (int round = 0; round < 20000; ++round) {
+    std::string bytes = whole;
+    for (int i = 0; i < 4; ++i) bytes[random() % bytes.size()] = static_cast<char>(random() % 256);
+    const auto texts = ReadStringTable(bytes);
+    if (texts) CHECK(texts->size() <= 65536);
+  }
+  // A folder that names itself.
+  std::string circle = whole;
+  circle[0x200 + 0x30 + 20] = 0;
+  circle[0x200 + 0x30 + 23] = '\x80';
+  CHECK(ReadStringTable(circle)->empty());
+}
+
+TEST_CASE("The user's language is the platform's abbreviation for the locale") {
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) ::unsetenv(name);
+  CHECK(Satellites().UserLanguage() == "ENU");
+  for (const auto& [locale, language] :
+       {std::pair{"de_DE.UTF-8", "DEU"}, std::pair{"de_AT", "DEA"}, std::pair{"pt_BR.UTF-8", "PTB"},
+        std::pair{"pt_PT", "PTG"}, std::pair{"zh_TW.UTF-8", "CHT"}, std::pair{"zh_CN", "CHS"}, std::pair{"C", "ENU"},
+        std::pair{"ja_JP.eucJP", "JPN"}, std::pair{"tlh", "ENU"}}) {
+    ::setenv("LANG", locale, 1);
+    CHECK(Satellites().UserLanguage() == language);
+  }
+  ::setenv("LC_ALL", "fr_CA", 1);
+  CHECK(Satellites().UserLanguage() == "FRC");
+  ::unsetenv("LC_ALL");
+  ::unsetenv("LANG");
+}

@@ -1,0 +1,66 @@
+#include "settings/Settings.h"
+
+#include "settings/Profile.h"
+#include "tests/support/ErrorNumber.h"
+#include "tests/support/FakeDesktop.h"
+#include "tests/support/FakeProfile.h"
+
+#include <doctest/doctest.h>
+
+using namespace formwizard;
+using namespace formwizard::settings;
+using namespace formwizard::tests;
+
+TEST_CASE("An empty default and a size of 0 are filled in for the caller, the blank mark never comes out") {
+  FakeProfile profile;
+  std::string standard;
+  std::size_t size = 0;
+  CHECK(ReadProfile(profile, "s", "missing", standard, "f", size).empty());
+  CHECK(standard == "~blank~");
+  CHECK(size == 2048);
+  profile.Values["Marked"] = "~blank~";
+  profile.Values["Long"] = std::string(3000, 'x');
+  CHECK(ReadProfile(profile, "s", "Marked", standard, "f", size).empty());
+  CHECK(ReadProfile(profile, "s", "Long", standard, "f", size).size() == 2047);
+}
+
+TEST_CASE("Values are written trimmed, an empty one as a blank, and a failure can be tried again") {
+  FakeProfile profile;
+  FakeDesktop desktop;
+  for (const auto& [value, stored] : {std::pair{"", " "}, std::pair{"\n", " "}, std::pair{"  a b ", "a b"},
+                                      std::pair{"x\r", "x"}, std::pair{"x\n\n", "x\n"}}) {
+    std::string text = value;
+    WriteProfile(profile, desktop, "s", "Key", text, "f");
+    CHECK(profile.Values["Key"] == stored);
+    CHECK(text == stored);
+  }
+  profile.FailingWrites = 3;
+  desktop.Answers = {ui::MessageAnswer::Retry, ui::MessageAnswer::Retry, ui::MessageAnswer::Ignore};
+  std::string value = "new";
+  WriteProfile(profile, desktop, "s", "Key", value, "f");
+  CHECK(profile.Values["Key"] == "x\n");
+  CHECK(desktop.Messages.size() == 3);
+  CHECK(desktop.Messages[0].Text == "Error saving Key");
+  CHECK(desktop.Messages[0].Style == 2 + 48 + 256);
+}
+
+TEST_CASE("Settings load with their defaults and refuse what does not convert") {
+  FakeProfile profile;
+  Settings settings;
+  settings.ButtonAreaWidth = Int16(0);
+  LoadSettings(settings, profile, "f");
+  CHECK(settings.ButtonAreaWidth == Int16(1335));
+  CHECK(settings.Menu);
+  CHECK_FALSE(settings.FormSizable);
+  CHECK(settings.CollectionRows == Int16(3));
+  profile.Values = {{"Menu", "False"}, {"FormSizable", "1"}, {"Columns", " 4 "}};
+  LoadSettings(settings, profile, "f");
+  CHECK_FALSE(settings.Menu);
+  CHECK(settings.FormSizable);
+  CHECK(settings.Columns == Int16(4));
+  for (const auto& [key, value] :
+       {std::pair{"Menu", "yes"}, std::pair{"Columns", "two"}, std::pair{"Bold", "~blank~"}}) {
+    profile.Values = {{key, value}};
+    CHECK(ErrorNumberOf([&] { LoadSettings(settings, profile, "f"); }) == runtime::TypeMismatch);
+  }
+}

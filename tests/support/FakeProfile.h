@@ -1,0 +1,28 @@
+// A profile file in memory.
+#pragma once
+
+#include "settings/ProfileStore.h"
+
+#include <map>
+#include <string>
+
+namespace formwizard::tests {
+
+class FakeProfile : public settings::ProfileStore {
+ public:
+  std::string GetProfileString(std::string_view, std::string_view key, std::string_view defaultText, std::size_t size,
+                               const std::string&) const override {
+    const auto found = Values.find(std::string(key));
+    return (found == Values.end() ? std::string(defaultText) : found->second).substr(0, size - 1);
+  }
+  bool WriteProfileString(std::string_view, std::string_view key, std::string_view value, const std::string&) override {
+    if (FailingWrites > 0) return --FailingWrites, false;
+    Values[std::string(key)] = value;
+    return true;
+  }
+
+  std::map<std::string, std::string> Values;
+  int FailingWrites = 0;
+};
+
+}  // namespace formwizard::tests
