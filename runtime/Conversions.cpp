@@ -1,7 +1,7 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
-#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <optional>
@@ -68,6 +68,11 @@ std::string_view Trimmed(std::string_view text) {
 
 std::optional<double> WholeNumber(std::string_view text) {
   const std::string_view trimmed = Trimmed(text);
+  // Nearly every number is a plain integer, which needs no scan.
+  std::int64_t integer = 0;
+  const char* const end = trimmed.data() + trimmed.size();
+  const auto [stop, error] = std::from_chars(trimmed.data(), end, integer);
+  if (error == std::errc() && stop == end) return static_cast<double>(integer);
   const NumberScan scan = ScanNumber(trimmed, false);
   if (!scan.HasDigit || scan.Used != trimmed.size()) return std::nullopt;
   return ValueOf(scan);

@@ -11,9 +11,11 @@ namespace {
 
 // Takes the next word off the line.
 std::string_view TakeWord(std::string_view& line) {
-  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-  const std::string_view word = line.substr(0, line.find_first_of(" \t(\r\n"));
-  line.remove_prefix(word.size());
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  const auto* start = std::ranges::find_if_not(line, isBlank);
+  const auto* end = std::find_if(start, line.end(), [&](char c) { return isBlank(c) || c == '(' || c == '\r'; });
+  const std::string_view word(start, end);
+  line = std::string_view(end, line.end());
   return word;
 }
 
@@ -48,8 +50,9 @@ void CodeText::NoteProcedures(std::string_view text) {
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find('\n'));
     // A quick look at the first letter spares most lines the rest.
-    const std::size_t first = line.find_first_not_of(" \t");
-    if (first != std::string_view::npos && std::string_view("pPfFsS").find(line[first]) != std::string_view::npos) {
+    const auto* first = std::ranges::find_if_not(line, [](char c) { return c == ' ' || c == '\t'; });
+    const char letter = first == line.end() ? ' ' : *first;
+    if (letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's') {
       const std::string_view name = ProcedureBegunBy(line);
       if (!name.empty()) procedures_.insert(runtime::LowerCase(name));
     }

@@ -21,8 +21,9 @@ bool IsNamed(const PropertyRow& row, std::string_view name) { return row.Name ==
 
 Control::Control(Designer& designer, const ControlClass& controlClass, std::string name)
     : designer_(designer), class_(controlClass), name_(std::move(name)) {
-  for (const PropertyRow& row : PropertyRows()) {
-    if ((row.AlwaysIn & class_.Bit) == 0) continue;
+  values_.reserve(12);
+  for (const std::uint8_t index : AlwaysWritten(class_.Bit)) {
+    const PropertyRow& row = PropertyRows()[index];
     values_.push_back({&row, DefaultOf(row)});
     if (IsNamed(row, "Width")) values_.back().Data.Number = class_.Width;
     if (IsNamed(row, "Height")) values_.back().Data.Number = class_.Height;

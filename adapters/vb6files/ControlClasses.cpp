@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -269,6 +270,25 @@ constexpr std::array Classes{
                  Layer::Windowed, 0, 0},
 };
 
+// Rows of the first part of the table stand by their first letter, so a search looks at the rows of one letter.
+constexpr std::size_t ActiveXStart =
+    static_cast<std::size_t>(std::ranges::find(Rows, std::string_view("_ExtentX"), &PropertyRow::Name) - Rows.begin());
+
+constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+constexpr auto LetterStarts = [] {
+  std::array<std::size_t, 27> starts{};
+  std::size_t row = 0;
+  for (std::size_t letter = 0; letter < starts.size(); ++letter) {
+    while (row < ActiveXStart && static_cast<std::size_t>(Lower(Rows[row].Name[0]) - 'a') < letter) ++row;
+    starts[letter] = row;
+  }
+  return starts;
+}();
+
+static_assert(std::ranges::is_sorted(Rows.begin(), Rows.begin() + ActiveXStart, {},
+                                     [](const PropertyRow& row) { return Lower(row.Name[0]); }));
+
 template <typename Row>
 const Row* Find(const auto& rows, ClassBits classBit, std::string_view name) {
   for (const Row& row : rows) {
@@ -283,8 +303,38 @@ const Row* Find(const auto& rows, ClassBits classBit, std::string_view name) {
 
 std::span<const PropertyRow> PropertyRows() { return Rows; }
 
+std::span<const std::uint8_t> AlwaysWritten(ClassBits classBit) {
+  struct Indexes {
+    std::array<std::uint8_t, 16> Rows{};
+    std::size_t Count = 0;
+  };
+  static constexpr auto table = [] {
+    std::array<Indexes, 16> byBit{};
+    for (std::size_t bit = 0; bit < byBit.size(); ++bit) {
+      for (std::size_t row = 0; row < Rows.size(); ++row) {
+        if (((Rows[row].AlwaysIn >> bit) & 1u) != 0) {
+          byBit[bit].Rows[byBit[bit].Count++] = static_cast<std::uint8_t>(row);
+        }
+      }
+    }
+    return byBit;
+  }();
+  const Indexes& indexes = table[static_cast<std::size_t>(std::countr_zero(classBit))];
+  return {indexes.Rows.data(), indexes.Count};
+}
+
 const PropertyRow* FindProperty(ClassBits classBit, std::string_view name) {
-  return Find<PropertyRow>(Rows, classBit, name);
+  if (name.empty()) return nullptr;
+  const char first = Lower(name[0]);
+  if (first >= 'a' && first <= 'z') {
+    const auto letter = static_cast<std::size_t>(first - 'a');
+    const std::span<const PropertyRow> all(Rows);
+    const auto rows = all.subspan(LetterStarts[letter], LetterStarts[letter + 1] - LetterStarts[letter]);
+    if (const PropertyRow* row = Find<PropertyRow>(rows, classBit, name)) return row;
+  }
+  constexpr ClassBits activeX = V | D | Q;
+  if ((classBit & activeX) == 0) return nullptr;
+  return Find<PropertyRow>(std::span<const PropertyRow>(Rows).subspan(ActiveXStart), classBit, name);
 }
 
 const EventRow* FindEvent(ClassBits classBit, std::string_view name) { return Find<EventRow>(Events, classBit, name); }

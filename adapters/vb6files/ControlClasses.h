@@ -41,6 +41,9 @@ struct PropertyRow {
 // then those of the ActiveX controls in their own order.
 std::span<const PropertyRow> PropertyRows();
 
+// The rows that a class writes also at their default, by index into PropertyRows, in its order.
+std::span<const std::uint8_t> AlwaysWritten(ClassBits classBit);
+
 // The row of a class's property, without regard to case; null when the class lacks it.
 const PropertyRow* FindProperty(ClassBits classBit, std::string_view name);
 

@@ -74,7 +74,10 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
     record->second = std::next(record)->first;
   }
   for (const FormProperty& property : properties) {
-    Property kept{property.Name, FindProperty(classbit::Form, property.Name), {}, property.Lines, ""};
+    Property kept;
+    kept.Name = property.Name;
+    kept.Row = FindProperty(classbit::Form, property.Name);
+    kept.Lines = property.Lines;
     kept.Data.Number = std::strtod(property.Lines.substr(property.Lines.find('=') + 1).c_str(), nullptr);
     if (IsReference(property.Lines)) {
       const std::size_t offset = ReferenceOffset(property.Lines);

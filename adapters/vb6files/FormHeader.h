@@ -29,7 +29,7 @@ class FormHeader {
  private:
   struct Property {
     std::string Name;
-    const PropertyRow* Row;  // null: a property that is kept as it was read
+    const PropertyRow* Row = nullptr;  // null: a property that is kept as it was read
     PropertyData Data;
     std::string Lines;   // as read; empty when the property was set
     std::string Record;  // of the companion file, when the lines refer to one
