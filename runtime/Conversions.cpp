@@ -132,6 +132,9 @@ std::string LowerCase(std::string_view text) {
   return result;
 }
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, Lower, Lower); }
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  return a == b || std::ranges::equal(a, b, {}, Lower, Lower);  // mostly spelled alike
+}
 
 }  // namespace formwizard::runtime

@@ -83,11 +83,14 @@ std::string ConvertKeyNameToIntName(std::string_view name) {
 Int16 RecordIndexOf(const ui::Node& node) { return runtime::RoundToInt16(runtime::LeadingNumber(node.Key())); }
 
 void frmWizard::PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly) {
-  support::LeaveOnError(report_, "PopulateAttributeList", [&] {
-    SetBusy(true);
-    StatusMessage(Text(402));
-    ReadProperties(parent, className, dataTypesOnly);
-  });
+  support::LeaveOnError(
+      report_, "PopulateAttributeList",
+      [&] {
+        SetBusy(true);
+        StatusMessage(Text(402));
+        ReadProperties(parent, className, dataTypesOnly);
+      },
+      [&] { SetBusy(false); });
   SetBusy(false);
   StatusMessage(readyText_);
 }

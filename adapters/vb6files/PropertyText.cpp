@@ -56,6 +56,8 @@ std::string FrxBuilder::AddMultiLineText(std::string_view text) {
 std::string NumberText(double value) {
   std::array<char, 32> text{};
   if (std::abs(value) < 100000) {
+    const auto whole = static_cast<int>(value);
+    if (whole == value) return std::to_string(whole);
     const double rounded = std::round(value * 1000) / 1000;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed).ptr;
     std::string digits(text.data(), end);
