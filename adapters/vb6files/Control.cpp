@@ -124,7 +124,7 @@ bool Control::IsWritten(const Value& value) const {
   if (class_.Bit == classbit::ComboBox && IsNamed(*value.Row, "Text") && NumberOf("Style") == DropDownListStyle) {
     return false;
   }
-  return value.Data != DefaultOf(*value.Row);
+  return !IsDefault(*value.Row, value.Data);
 }
 
 void Control::AppendProperties(std::string& out, int level, FrxBuilder& frx) const {

@@ -45,8 +45,9 @@ const Control* Designer::Find(std::string_view name) const {
 }
 
 void Designer::Rename(Control& control, std::string_view name) {
+  std::string bytes = CodePageOfForm.Encode(name);
+  if (bytes == control.name_) return;
   CheckObjectName(name);
-  const std::string bytes = CodePageOfForm.Encode(name);
   const std::string key = runtime::LowerCase(bytes);
   const auto found = byName_.find(key);
   if (found != byName_.end() && found->second != &control) {
@@ -54,7 +55,7 @@ void Designer::Rename(Control& control, std::string_view name) {
   }
   byName_.erase(runtime::LowerCase(control.name_));
   byName_.emplace(key, &control);
-  control.name_ = bytes;
+  control.name_ = std::move(bytes);
 }
 
 void Designer::Move(Control& control, Control& container) {

@@ -202,7 +202,7 @@ void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) co
       out += property.Lines;
     } else if (!property.Row) {
       AppendPropertyLine(out, 1, property.Name, NumberText(number));
-    } else if (property.Data != DefaultOf(*property.Row) || (property.Row->AlwaysIn & classbit::Form) != 0) {
+    } else if (!IsDefault(*property.Row, property.Data) || (property.Row->AlwaysIn & classbit::Form) != 0) {
       AppendPropertyLine(out, 1, property.Name, ValueText(*property.Row, property.Data, frx));
     }
   }

@@ -50,6 +50,8 @@ double Enumerated(const PropertyRow& row, double value) {
   return number;
 }
 
+double DefaultNumber(const PropertyRow& row) { return row.Default.empty() ? 0.0 : runtime::ToNumber(row.Default); }
+
 bool IsExtent(std::string_view name) { return name == "Height" || name == "Width"; }
 
 double Placed(const PropertyRow& row, double value) {
@@ -82,8 +84,10 @@ bool IsLegalName(std::string_view name) {
 
 PropertyData Coerced(const PropertyRow& row, const PropertyValue& value, const CodePage& codePage) {
   switch (row.Type) {
-    case PropertyType::Text:
-      return {0, codePage.Encode(AsText(value))};
+    case PropertyType::Text: {
+      const auto* text = std::get_if<std::string_view>(&value);
+      return {0, text ? codePage.Encode(*text) : AsText(value)};
+    }
     case PropertyType::Boolean:
       return {AsBoolean(value) ? -1.0 : 0.0, {}};
     case PropertyType::Integer:
@@ -103,7 +107,11 @@ PropertyData Coerced(const PropertyRow& row, const PropertyValue& value, const C
 
 PropertyData DefaultOf(const PropertyRow& row) {
   if (row.Type == PropertyType::Text) return {0, std::string(row.Default)};
-  return {row.Default.empty() ? 0.0 : runtime::ToNumber(row.Default), {}};
+  return {DefaultNumber(row), {}};
+}
+
+bool IsDefault(const PropertyRow& row, const PropertyData& data) {
+  return row.Type == PropertyType::Text ? data.Text == row.Default : data.Number == DefaultNumber(row);
 }
 
 void CheckObjectName(std::string_view name) {

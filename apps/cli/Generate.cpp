@@ -16,6 +16,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <utility>
@@ -76,7 +77,7 @@ class FileReport {
                                change.New);
     } else if (!options_.Json) {
       const bool writes = !options_.DryRun && !options_.Check;
-      std::cout << (writes ? "" : "would be ") << (change.Old ? "changed " : "written ") << change.Path << '\n';
+      std::cout << (writes ? "writing " : "would write ") << change.Path << '\n';
     }
   }
 
@@ -86,6 +87,14 @@ class FileReport {
  private:
   const GenerateOptions& options_;
 };
+
+// A link to a project stands for the project: the file that it names is replaced, not the link.
+std::string Resolved(const std::string& project) {
+  std::error_code error;
+  if (!std::filesystem::is_symlink(project, error)) return project;
+  const std::filesystem::path target = std::filesystem::canonical(project, error);
+  return error ? project : target.string();
+}
 
 // One run: everything that the wizard is given, and the forms that it makes one after the other.
 class Run {
@@ -99,7 +108,7 @@ class Run {
         profile_(profiles_, !writes_),
         strings_(satellites_, ProgramFolder()),
         server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
-        project_(vb6files::RealFileSystem(), options.Project, {options.CodePage, options.Toolbox}) {
+        project_(vb6files::RealFileSystem(), Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     project_.OnChange([this](const vb6files::FileChange& change) { files_(change); }, !writes_);
     if (!options.Journal.empty()) OpenJournal();
     CheckProfile();

@@ -141,14 +141,23 @@ TEST_CASE("Dry run, diff and check write nothing and say what would be") {
   const auto before = FilesIn(work.Home);
   const Outcome dry = work.Generate(Typical + " --dry-run");
   CHECK(dry.Status == 0);
-  CHECK(dry.Out == "would be written " + work.Home +
-                       "/frmPerson.frm\nfrmPerson: 2 fields of Sample.Person\nwould be changed " + work.Project + "\n");
+  CHECK(dry.Out == "would write " + work.Home + "/frmPerson.frm\nfrmPerson: 2 fields of Sample.Person\nwould write " +
+                       work.Project + "\n");
   const Outcome diff = work.Generate(Typical + " --dry-run --diff");
   CHECK(diff.Out.find("--- /dev/null\n+++ " + work.Home + "/frmPerson.frm\n@@ -0,0 +1,") == 0);
   CHECK(diff.Out.find("-Form=Form1.frm\r\n+Form=frmPerson.frm\r\n") != std::string::npos);
   CHECK(work.Generate(Typical + " --check").Status == 1);
   CHECK(FilesIn(work.Home) == before);
   CHECK_FALSE(std::filesystem::exists(work.Folder / "outility.ini"));
+}
+
+TEST_CASE("A link to a project stands for the project") {
+  Workplace work;
+  std::filesystem::create_symlink(work.Project, work.Folder / "link.vbp");
+  work.Project = work.Folder / "link.vbp";
+  CHECK(work.Generate(Typical).Status == 0);
+  CHECK(std::filesystem::is_symlink(work.Folder / "link.vbp"));
+  CHECK(FilesIn(work.Home) == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
 }
 
 TEST_CASE("A larger project gets the form beside what it has, and keeps its control libraries") {
