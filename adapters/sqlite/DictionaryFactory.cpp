@@ -48,7 +48,10 @@ constexpr std::array DictionaryQueries{
 
 // The open file, with a store of prepared statements: a batch runs the same three again and again.
 struct Store {
-  explicit Store(Database database) : File(std::move(database)) {}
+  explicit Store(Database database)
+      : File(std::move(database)),
+        ListSystems(File.Prepare("SELECT name, connect FROM systems ORDER BY id")),
+        FindSystem(File.Prepare("SELECT id FROM systems WHERE connect = ?1")) {}
 
   Statement Take(std::size_t query) {
     std::vector<Statement>& free = Free[query];
@@ -59,6 +62,7 @@ struct Store {
   }
 
   Database File;
+  Statement ListSystems, FindSystem;
   std::array<std::vector<Statement>, DictionaryQueries.size()> Free;
 };
 
@@ -165,7 +169,8 @@ class DictionaryFactory : public factory::ObjectFactory {
   explicit DictionaryFactory(std::shared_ptr<Store> store) : store_(std::move(store)) {}
 
   void Connect(const std::string& connectString) override {
-    Statement find = store_->File.Prepare("SELECT id FROM systems WHERE connect = ?1");
+    Statement& find = store_->FindSystem;
+    find.Reset();
     find.Bind(1, connectString);
     if (!find.Step()) Fail("The dictionary has no system with the connect string '" + connectString + "'");
     system_ = find.Number(0);
@@ -176,7 +181,8 @@ class DictionaryFactory : public factory::ObjectFactory {
   }
   std::string SystemList() override {
     std::string list;
-    Statement systems = store_->File.Prepare("SELECT name, connect FROM systems ORDER BY id");
+    Statement& systems = store_->ListSystems;
+    systems.Reset();
     while (systems.Step()) {
       if (!list.empty()) list += ';';
       list += systems.Text(0);

@@ -36,36 +36,36 @@ void Saving::Open() {
 
 void Saving::Stage(const std::string& path, std::string_view bytes) {
   Open();
-  Staged file{stagingFolder_ + "/" + std::to_string(staged_.size()), path};
-  files_.WriteNew(file.Aside, bytes, "");
-  staged_.push_back(std::move(file));
+  files_.WriteNew(Aside(targets_.size()), bytes, "");
+  targets_.push_back(path);
 }
 
-void Saving::MoveIntoPlace(const Staged& file, std::vector<std::string>& moved) {
-  if (files_.MoveNew(file.Aside, file.Target)) {
-    moved.push_back(file.Target);
-    return;
-  }
+std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + "/" + std::to_string(number); }
+
+bool Saving::MoveIntoPlace(std::size_t number) {
+  const std::string& target = targets_[number];
+  if (files_.MoveNew(Aside(number), target)) return true;
   // An interrupted save may have left the very same file.
-  if (files_.Read(file.Target) != files_.Read(file.Aside)) {
-    throw support::SaveError(file.Target +
+  if (files_.Read(target) != files_.Read(Aside(number))) {
+    throw support::SaveError(target +
                              ": this file exists and does not belong to the project; move it away or add it to the "
                              "project, then try again. The project is as it was before");
   }
+  return false;
 }
 
 // What the new project lists must be on the disk before the project is.
 std::set<std::string> Saving::TargetFolders() const {
   std::set<std::string> folders;
-  for (const Staged& file : staged_) folders.insert(FolderOf(file.Target));
+  for (const std::string& target : targets_) folders.insert(FolderOf(target));
   return folders;
 }
 
 // A file that cannot be taken back stays without anything that refers to it.
-void Saving::TakeBack(const std::vector<std::string>& moved) {
-  for (const std::string& path : moved) {
+void Saving::TakeBack(const std::vector<bool>& moved) {
+  for (std::size_t number = 0; number < moved.size(); ++number) {
     try {
-      files_.Remove(path);
+      if (moved[number]) files_.Remove(targets_[number]);
     } catch (const support::SaveError&) {
       continue;
     }
@@ -74,7 +74,7 @@ void Saving::TakeBack(const std::vector<std::string>& moved) {
 
 void Saving::Commit(std::string_view text) {
   Open();
-  std::vector<std::string> moved;
+  std::vector<bool> moved;  // by number of the prepared file
   try {
     if (files_.Read(projectFile_) != original_) {
       throw support::SaveError(projectFile_ +
@@ -83,7 +83,7 @@ void Saving::Commit(std::string_view text) {
     }
     const std::string newProject = stagingFolder_ + "/project";
     files_.WriteNew(newProject, text, projectFile_);
-    for (const Staged& file : staged_) MoveIntoPlace(file, moved);
+    for (std::size_t number = 0; number < targets_.size(); ++number) moved.push_back(MoveIntoPlace(number));
     for (const std::string& folder : TargetFolders()) files_.FlushFolder(folder);
     files_.Replace(newProject, projectFile_);
   } catch (const support::SaveError&) {

@@ -3,6 +3,7 @@
 
 #include "adapters/vb6files/FileSystem.h"
 
+#include <cstddef>
 #include <memory>
 #include <set>
 #include <string>
@@ -34,14 +35,12 @@ class Saving {
   void Commit(std::string_view text);
 
  private:
-  struct Staged {
-    std::string Aside, Target;
-  };
-
   void Open();
   std::set<std::string> TargetFolders() const;
-  void MoveIntoPlace(const Staged& file, std::vector<std::string>& moved);
-  void TakeBack(const std::vector<std::string>& moved);
+  std::string Aside(std::size_t number) const;
+  // False when the very same file was there already.
+  bool MoveIntoPlace(std::size_t number);
+  void TakeBack(const std::vector<bool>& moved);
   void Discard() noexcept;
 
   FileSystem& files_;
@@ -49,7 +48,7 @@ class Saving {
   const std::string& original_;
   std::string folder_, stagingFolder_;
   std::unique_ptr<FileLock> lock_;
-  std::vector<Staged> staged_;
+  std::vector<std::string> targets_;  // of the prepared files, which are called by their numbers
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -30,10 +30,7 @@ class Value {
   const Json& Object(std::initializer_list<std::string_view> members) const {
     if (!json_.is_object()) Fail("an object");
     for (const auto& [key, value] : json_.items()) {
-      if (std::ranges::find(members, key) != members.end()) continue;
-      std::string known;
-      for (const std::string_view member : members) known.append(known.empty() ? "\"" : ", \"").append(member) += '"';
-      throw InputError(path_ + ": unknown member \"" + key + "\"; known are " + known);
+      if (std::ranges::find(members, key) == members.end()) FailUnknown(key, members);
     }
     return json_;
   }
@@ -88,6 +85,16 @@ class Value {
   const std::string& Path() const { return path_; }
 
  private:
+  [[noreturn]] void FailUnknown(const std::string& key, std::initializer_list<std::string_view> members) const {
+    std::string known;
+    for (const std::string_view member : members) {
+      known += known.empty() ? "\"" : ", \"";
+      known += member;
+      known += '"';
+    }
+    throw InputError(path_ + ": unknown member \"" + key + "\"; known are " + known);
+  }
+
   std::string Shown() const {
     std::string shown = json_.dump(-1, ' ', false, Json::error_handler_t::replace);
     if (shown.size() > 60) shown = shown.substr(0, 57) + "...";
