@@ -112,8 +112,7 @@ TEST_CASE("Every kind of field and setting goes through the description") {
 
 TEST_CASE("What the environment refuses is reported under its routine, the form stands and the status says so") {
   Workplace work;
-  // A reference inside an embedded object has no place here; a property name with "%" makes an illegal menu name, a
-  // label has no LostFocus event.
+  // A label has no LostFocus event.
   const Outcome made = work.Describe(R"({ "class": "Sample.Person", "fields": [ "Age",
     { "property": "Name", "readOnly": true, "updateAfter": "Age" } ] })");
   CHECK(made.Status == 1);
@@ -122,6 +121,24 @@ TEST_CASE("What the environment refuses is reported under its routine, the form 
         "conAge_LostFocus: there is no such event\n");
   CHECK(made.Out.find("frmPerson: 2 fields of Sample.Person, incomplete\n") != std::string::npos);
   CHECK(FilesIn(work.Home).contains("frmPerson.frm"));
+
+  // Names that are illegal in the environment: a popup is named after the property, which keeps its "%" and its blank;
+  // two properties make the same control name.
+  WriteFile(work.Folder / "odd.json", R"({"systems":[{"name":"S","connect":"c","classes":[{"Name":"A.B","properties":[
+    {"Name":"%Owner","Datatype":0,"Type":"A.B"}, {"Name":"two words"}, {"Name":"%Id"}, {"Name":"sys_Id"}]}]}]})");
+  CHECK(work.Run("dictionary import odd.json d.sqlite").Status == 0);
+  const Outcome odd =
+      work.Describe(R"({"class":"A.B","fields":["%Owner.two words","%Owner.%Id","two words","%Id","sys_Id"]})");
+  CHECK(odd.Status == 1);
+  for (const char* message :
+       {"WriteConField - name is txttwo words : Not a legal object name: "
+        "'txttwo words'",
+        "WriteConField - name is txtsys_Id : Name conflicts: the form already has a control 'txtsys_Id'",
+        "WriteConMenus : Not a legal object name: 'mnu%Owner'",
+        "WriteSubContextMenuReference : Event handler is invalid: mnu%OwnerChange_Click"}) {
+    CHECK_MESSAGE(odd.Error.find(message) != std::string::npos, odd.Error);
+  }
+  CHECK(FilesIn(work.Home).contains("frmB.frm"));
 }
 
 TEST_CASE("A control library that is not known costs its control and says what to supply") {
