@@ -32,6 +32,7 @@ class Silent : public ui::Desktop {
 class English : public support::ResourceLibraries {
  public:
   std::string UserLanguage() const override { return "ENU"; }
+  int UserLocaleId() const override { return 1033; }
   std::unique_ptr<support::ResourceLibrary> LoadAsData(const std::string&) const override { return nullptr; }
 };
 

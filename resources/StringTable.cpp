@@ -44,6 +44,7 @@ constexpr std::array Table{
           "This wizard creates a Visual Basic form for a persistent class of an Ostrel system.  You choose the class, "
           "the properties that the form shows and how each of them is shown; the wizard then adds the form, with its "
           "controls, menus and code, to the open project."},
+    Entry{102, "Which Ostrel system would you like to connect to?"},
     Entry{103, "&Settings..."},
     Entry{104, "Which class would you like to use?"},
     Entry{105, "Please select a class:"},
@@ -72,6 +73,12 @@ constexpr std::array Table{
     Entry{128, "Height:"},
     Entry{129, "Width:"},
     Entry{130, "Please enter a valid height and width."},
+    Entry{140, "Select the property"},
+    Entry{141, "Select all properties"},
+    Entry{142, "Remove the property"},
+    Entry{143, "Remove all properties"},
+    Entry{144, "Move the property up"},
+    Entry{145, "Move the property down"},
 
     // Texts of the generated forms
     Entry{200, "&New"},
@@ -152,6 +159,13 @@ std::optional<std::string_view> StringTableText(int id) {
   const auto* found = std::ranges::lower_bound(Table, id, {}, &Entry::Id);
   if (found == Table.end() || found->Id != id) return std::nullopt;
   return found->Text;
+}
+
+std::vector<int> StringTableIds() {
+  std::vector<int> ids;
+  ids.reserve(Table.size());
+  for (const Entry& entry : Table) ids.push_back(entry.Id);
+  return ids;
 }
 
 }  // namespace formwizard::resources

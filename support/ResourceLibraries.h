@@ -21,6 +21,8 @@ class ResourceLibraries {
   virtual ~ResourceLibraries() = default;
   // The platform's three-letter abbreviation of the language of the user's locale, "ENU" for one.
   virtual std::string UserLanguage() const = 0;
+  // The platform's number of the user's default locale: 1031 for German in Germany.
+  virtual int UserLocaleId() const = 0;
   // Null when the file does not exist or is no library that can be read.
   virtual std::unique_ptr<ResourceLibrary> LoadAsData(const std::string& path) const = 0;
 };

@@ -7,8 +7,10 @@ namespace formwizard::adapters::satellite {
 
 class Satellites : public support::ResourceLibraries {
  public:
-  // From the environment's LC_ALL, LC_MESSAGES or LANG; "ENU" when they name no language that is known.
+  // Both from the environment's LC_ALL, LC_MESSAGES or LANG; English (United States), "ENU" and 1033, when they name no
+  // language that is known.
   std::string UserLanguage() const override;
+  int UserLocaleId() const override;
   std::unique_ptr<support::ResourceLibrary> LoadAsData(const std::string& path) const override;
 };
 

@@ -9,6 +9,8 @@ constexpr std::uint32_t StringType = 6;
 constexpr std::uint32_t StringsInBlock = 16;
 constexpr std::uint32_t IsFolder = 0x80000000u;
 constexpr std::uint32_t ResourceDirectory = 2;  // index among the data directories
+constexpr std::uint32_t MostBlocks = 4096;      // ids are 16-bit numbers
+constexpr std::uint32_t MostSections = 96;      // as the platform's loader has it
 constexpr std::uint32_t MostEntries = 4096;     // of one folder
 constexpr std::uint32_t MostVisits = 100000;    // of entries in all: a hostile file may name one folder again and again
 
@@ -68,7 +70,7 @@ std::string FromUtf16(const Bytes& units, std::uint32_t count) {
 
 class Library {
  public:
-  explicit Library(std::string_view bytes) : file_(bytes) {}
+  explicit Library(std::string_view bytes) : file_(bytes), unread_(bytes.size()) {}
 
   // Finds the sections and the resources; false for a file that has none.
   bool Open() {
@@ -80,13 +82,14 @@ class Library {
     const std::uint64_t optional = coff + 20;
     const std::uint32_t magic = file_.U16(optional).value_or(0);
     const bool isKnown = magic == 0x10B || magic == 0x20B;  // 32 bits, 64 bits
-    if (!sections || !optionalSize || (!isKnown)) return false;
+    if (!sections || *sections > MostSections || !optionalSize || !isKnown) return false;
     const std::uint64_t directories = optional + (magic == 0x10B ? 96 : 112);
+    if (file_.U32(directories - 4).value_or(0) <= ResourceDirectory) return false;
     const auto address = file_.U32(directories + std::uint64_t{ResourceDirectory} * 8);
     if (!address || *address == 0) return false;
     sectionTable_ = optional + *optionalSize;
     sectionCount_ = *sections;
-    const auto root = OffsetOf(*address);
+    const auto root = OffsetOf(*address, 16);
     if (root) root_ = *root;
     return root.has_value();
   }
@@ -104,14 +107,16 @@ class Library {
   }
 
  private:
-  std::optional<std::uint64_t> OffsetOf(std::uint32_t address) const {
+  // Where `count` bytes that are at an address in memory stand in the file; they lie in one section.
+  std::optional<std::uint64_t> OffsetOf(std::uint32_t address, std::uint32_t count) const {
     for (std::uint32_t i = 0; i < sectionCount_; ++i) {
       const std::uint64_t section = sectionTable_ + std::uint64_t{40} * i;
       const auto start = file_.U32(section + 12);
       const auto size = file_.U32(section + 16);
       const auto offset = file_.U32(section + 20);
       if (!start || !size || !offset) return std::nullopt;
-      if (address >= *start && address - *start < *size) return std::uint64_t{*offset} + (address - *start);
+      const std::uint64_t within = std::uint64_t{address} - *start;  // past any size for an address before the section
+      if (within <= *size && count <= *size - within) return *offset + within;
     }
     return std::nullopt;
   }
@@ -138,14 +143,17 @@ class Library {
       const auto address = file_.U32(root_ + target);
       const auto size = file_.U32(root_ + target + 4);
       if (!address || !size) return;
-      const auto offset = OffsetOf(*address);
+      const auto offset = OffsetOf(*address, *size);
       const auto data = offset ? file_.Range(*offset, *size) : std::nullopt;
-      if (data) ReadBlock(block, *data, texts);
+      if (!data || data->size() > unread_) return;
+      unread_ -= data->size();
+      ReadBlock(block, *data, texts);
     });
   }
 
   // Sixteen texts, each a length in UTF-16 units and the units.
   static void ReadBlock(std::uint32_t block, std::string_view data, StringTable& texts) {
+    if (block == 0 || block > MostBlocks) return;
     const Bytes bytes(data);
     std::uint64_t at = 0;
     for (std::uint32_t i = 0; i < StringsInBlock; ++i) {
@@ -154,7 +162,7 @@ class Library {
       const auto units = bytes.Range(at + 2, std::uint64_t{2} * *length);
       if (!units) return;
       const std::uint32_t id = (block - 1) * StringsInBlock + i;
-      if (*length > 0 && block > 0 && id < 0x10000) texts[static_cast<int>(id)] = FromUtf16(Bytes(*units), *length);
+      if (*length > 0) texts[static_cast<int>(id)] = FromUtf16(Bytes(*units), *length);
       at += 2 + std::uint64_t{2} * *length;
     }
   }
@@ -163,6 +171,7 @@ class Library {
   std::uint64_t sectionTable_ = 0, root_ = 0;
   std::uint32_t sectionCount_ = 0;
   mutable std::uint32_t visits_ = 0;
+  mutable std::uint64_t unread_;  // blocks do not share bytes, so together they are no longer than the file
 };
 
 }  // namespace

@@ -20,6 +20,7 @@ class TenTwipsACharacter : public ui::TextMeasure {
 class NoLibraries : public support::ResourceLibraries {
  public:
   std::string UserLanguage() const override { return "ENU"; }
+  int UserLocaleId() const override { return 1033; }
   std::unique_ptr<support::ResourceLibrary> LoadAsData(const std::string&) const override { return nullptr; }
 };
 

@@ -17,6 +17,7 @@ namespace {
 class OneLibrary : public ResourceLibraries {
  public:
   std::string UserLanguage() const override { return "DEUTSCH"; }
+  int UserLocaleId() const override { return 1031; }
   std::unique_ptr<ResourceLibrary> LoadAsData(const std::string& path) const override {
     Paths.push_back(path);
     if (path != "/addin/OstrelFormWizardDEU.dll") return nullptr;

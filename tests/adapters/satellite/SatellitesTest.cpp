@@ -1,3 +1,4 @@
+#include "adapters/satellite/Locales.h"
 #include "adapters/satellite/Satellites.h"
 #include "adapters/satellite/StringResources.h"
 
@@ -7,6 +8,8 @@
 
 #include <cstdlib>
 #include <random>
+#include <string>
+#include <vector>
 
 using namespace formwizard::adapters::satellite;
 using namespace formwizard::tests;
@@ -35,6 +38,7 @@ std::string LibraryWith(const std::vector<std::u16string>& block, bool is64) {
   file.Put(header + 6, 1, 2);  // one section
   file.Put(header + 20, directories + 128 - optional, 2);
   file.Put(optional, is64 ? 0x20B : 0x10B, 2);
+  file.Put(directories - 4, 16, 4);  // data directories
   file.Put(directories + 16, address, 4);
   const std::size_t section = directories + 128;
   file.Put(section + 12, address, 4);
@@ -62,6 +66,22 @@ std::string LibraryWith(const std::vector<std::u16string>& block, bool is64) {
 
 const std::vector<std::u16string> Block{u"", u"Größe", u"日本", u"\xD83D\xDE00", u"\xD83Dx"};
 
+// The same with `count` blocks that all name the texts of the first.
+std::string LibraryOfSharedBlocks(std::size_t count) {
+  constexpr std::size_t resources = 0x200, section = 0x80 + 24 + 96 + 128, blocks = 0x200;
+  LibraryBytes file(0);
+  file.Bytes = LibraryWith(Block, false);
+  file.Bytes.resize(resources + blocks + 16 + 8 * count);
+  file.Put(section + 16, file.Bytes.size() - resources, 4);
+  file.Put(resources + 20, 0x80000000 + blocks, 4);
+  file.Put(resources + blocks + 14, count, 2);
+  for (std::size_t i = 0; i < count; ++i) {
+    file.Put(resources + blocks + 16 + 8 * i, i + 1, 4);
+    file.Put(resources + blocks + 20 + 8 * i, 0x80000030, 4);
+  }
+  return file.Bytes;
+}
+
 }  // namespace
 
 TEST_CASE("Texts are read out of 32- and 64-bit libraries") {
@@ -77,6 +97,7 @@ TEST_CASE("Texts are read out of 32- and 64-bit libraries") {
     CHECK(library->LoadString(400, 1024).empty());
     CHECK(library->LoadString(500, 1024).empty());
     CHECK(library->LoadString(404, 1).empty());
+    CHECK(library->LoadString(402, 2) == "日");  // the size counts characters
   }
 }
 
@@ -102,20 +123,57 @@ TEST_CASE("What is no library is none, and damaged ones are read without harm") 
   circle[0x200 + 0x30 + 20] = 0;
   circle[0x200 + 0x30 + 23] = '\x80';
   CHECK(ReadStringTable(circle)->empty());
+  // A block number whose ids would begin at zero again.
+  std::string wraps = whole;
+  wraps[0x200 + 0x18 + 19] = '\x10';
+  CHECK(ReadStringTable(wraps)->empty());
+  // Texts that are named again and again do not add up to more than the file.
+  const std::string shared = LibraryOfSharedBlocks(4000);
+  const auto texts = ReadStringTable(shared);
+  REQUIRE(texts);
+  std::size_t size = 0;
+  for (const auto& [id, text] : *texts) size += text.size();
+  CHECK(size > 0);
+  CHECK(size < shared.size());
 }
 
-TEST_CASE("The user's language is the platform's abbreviation for the locale") {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) ::unsetenv(name);
-  CHECK(Satellites().UserLanguage() == "ENU");
-  for (const auto& [locale, language] :
-       {std::pair{"de_DE.UTF-8", "DEU"}, std::pair{"de_AT", "DEA"}, std::pair{"pt_BR.UTF-8", "PTB"},
-        std::pair{"pt_PT", "PTG"}, std::pair{"zh_TW.UTF-8", "CHT"}, std::pair{"zh_CN", "CHS"}, std::pair{"C", "ENU"},
-        std::pair{"ja_JP.eucJP", "JPN"}, std::pair{"tlh", "ENU"}}) {
-    ::setenv("LANG", locale, 1);
-    CHECK(Satellites().UserLanguage() == language);
+TEST_CASE("A locale's name leads to the platform's number and abbreviation") {
+  struct Case {
+    const char* text;
+    int id;
+    const char* abbreviation;
+  };
+  for (const Case& c :
+       {Case{"de_DE.UTF-8", 1031, "DEU"}, Case{"de_AT", 3079, "DEA"}, Case{"de_XX", 1031, "DEU"},
+        Case{"de", 1031, "DEU"}, Case{"de_DE@euro", 1031, "DEU"}, Case{"pt", 1046, "PTB"}, Case{"pt_PT", 2070, "PTG"},
+        Case{"es", 3082, "ESN"}, Case{"es_MX.UTF-8", 2058, "ESM"}, Case{"no_NO", 1044, "NOR"},
+        Case{"nn_NO", 2068, "NON"}, Case{"zh", 2052, "CHS"}, Case{"zh_TW.Big5", 1028, "CHT"},
+        Case{"zh_HK", 3076, "ZHH"}, Case{"ja_JP.eucJP", 1041, "JPN"}, Case{"sr_RS", 10266, "SRO"},
+        Case{"sr_RS.UTF-8@latin", 9242, "SRM"}, Case{"sr_XK@latin", 9242, "SRM"}, Case{"uz_UZ@cyrillic", 2115, "UZC"},
+        Case{"ca_ES.UTF-8@valencia", 2051, "VAL"},
+        // "fi" and "ko" begin other languages' names, too
+        Case{"fil_PH", 1124, "FPO"}, Case{"kok_IN", 1111, "KNK"}, Case{"C.UTF-8", 1033, "ENU"},
+        Case{"POSIX", 1033, "ENU"}, Case{"tlh", 1033, "ENU"}, Case{"", 1033, "ENU"}, Case{"@", 1033, "ENU"}}) {
+    CAPTURE(c.text);
+    CHECK(LocaleNamed(c.text).Id == c.id);
+    CHECK(LocaleNamed(c.text).Abbreviation == c.abbreviation);
   }
-  ::setenv("LC_ALL", "fr_CA", 1);
-  CHECK(Satellites().UserLanguage() == "FRC");
-  ::unsetenv("LC_ALL");
-  ::unsetenv("LANG");
+}
+
+TEST_CASE("The user's locale is that of the first variable that is set") {
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) ::unsetenv(name);
+  const auto check = [](int id, const char* language) {
+    CHECK(Satellites().UserLocaleId() == id);
+    CHECK(Satellites().UserLanguage() == language);
+  };
+  check(1033, "ENU");
+  ::setenv("LANG", "de_DE.UTF-8", 1);
+  check(1031, "DEU");
+  ::setenv("LC_MESSAGES", "fr_CA", 1);
+  check(3084, "FRC");
+  ::setenv("LC_ALL", "", 1);  // as if unset
+  check(3084, "FRC");
+  ::setenv("LC_ALL", "C", 1);
+  check(1033, "ENU");
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) ::unsetenv(name);
 }

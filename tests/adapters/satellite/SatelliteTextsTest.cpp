@@ -1,0 +1,103 @@
+#include "adapters/satellite/Satellites.h"
+#include "adapters/satellite/StringResources.h"
+#include "resources/StringTable.h"
+#include "support/Strings.h"
+
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace formwizard;
+using namespace formwizard::adapters::satellite;
+using namespace formwizard::tests;
+
+namespace {
+
+// Captions that are on the screen together; 103 and 118, 507 and 513 share a letter in English only.
+const std::vector<std::vector<int>> KeyGroups{{50, 51, 52, 53, 103, 114, 115, 118},
+                                              {506, 507, 509, 510, 511, 512, 513, 550, 551},
+                                              {200, 201, 202, 203, 204, 205, 219},
+                                              {206, 207, 208},
+                                              {215, 216}};
+
+std::vector<std::string> BuiltSatellites() {
+  std::vector<std::string> paths;
+  std::istringstream in(FORMWIZARD_SATELLITES);
+  for (std::string path; std::getline(in, path, '|');) paths.push_back(path);
+  return paths;
+}
+
+std::string English(int id) { return std::string(resources::StringTableText(id).value_or("")); }
+
+// Empty for a text without one.
+std::string AccessKey(const std::string& text) {
+  const std::size_t at = text.find('&');
+  if (at == std::string::npos) return "";
+  return std::string(1, static_cast<char>(std::toupper(static_cast<unsigned char>(text.at(at + 1)))));
+}
+
+// What a translation must leave as it is: placeholders, outer blanks, a closing ellipsis.
+std::string Frame(const std::string& text) {
+  std::ostringstream frame;
+  for (const std::string name : {"%S1", "%N1", "%N2"}) {
+    for (auto at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) frame << name;
+  }
+  frame << '[' << text.find_first_not_of(' ') << ',' << text.size() - text.find_last_not_of(' ') - 1 << ']';
+  for (const std::string end : {"...", " ..."}) frame << text.ends_with(end);
+  return frame.str();
+}
+
+}  // namespace
+
+TEST_CASE("Every satellite has each text of the program, with the same placeholders, blanks and access keys") {
+  REQUIRE_FALSE(BuiltSatellites().empty());
+  for (const std::string& path : BuiltSatellites()) {
+    CAPTURE(path);
+    const auto texts = ReadStringTable(ReadFile(path));
+    REQUIRE(texts);
+    std::vector<int> ids;
+    for (const auto& entry : *texts) {
+      const int id = entry.first;
+      const std::string& text = entry.second;
+      CAPTURE(id);
+      ids.push_back(id);
+      CHECK(Frame(text) == Frame(English(id)));
+      CHECK(text.size() < 1024);
+      CHECK(AccessKey(text).empty() == AccessKey(English(id)).empty());
+      for (const char key : AccessKey(text)) CHECK((key >= 'A' && key <= 'Z'));
+    }
+    std::ranges::sort(ids);
+    CHECK(ids == resources::StringTableIds());
+    for (const std::vector<int>& group : KeyGroups) {
+      std::string keys;
+      for (const int id : group) keys += AccessKey(texts->at(id));
+      CAPTURE(keys);
+      std::ranges::sort(keys);
+      CHECK(std::ranges::adjacent_find(keys) == keys.end());
+    }
+  }
+}
+
+TEST_CASE("The program's texts come from the satellite that stands beside it") {
+  const Satellites satellites;
+  const std::string folder = std::filesystem::path(BuiltSatellites().front()).parent_path().string() + "/";
+  struct Case {
+    std::string language, close, boundsOfNumber;
+  };
+  for (Case c : {Case{"DEU", "S&chließen", "Geben Sie eine Zahl zwischen %N1 und %N2 ein."},
+                 Case{"JPN", "閉じる(&C)", "%N1 から %N2 までの数値を入力してください。"},
+                 Case{"XXX", "&Close", "Please enter a number between %N1 and %N2."}}) {
+    CAPTURE(c.language);
+    support::Strings strings(satellites, folder);
+    strings.LoadResourceLibrary("OstrelFormWizard", c.language);
+    CHECK(strings.LoadResStringLocal(203) == c.close);
+    CHECK(strings.LoadResStringLocal(552) == c.boundsOfNumber);
+  }
+}
