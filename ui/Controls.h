@@ -1,46 +1,64 @@
 // The simple controls of the dialogs: records of what they show, with the events that the dialogs count on.
 #pragma once
 
-#include "runtime/Integer.h"
+#include "runtime/Conversions.h"
 #include "ui/Control.h"
-#include "ui/Event.h"
 
+#include <algorithm>
 #include <array>
-#include <deque>
+#include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace formwizard::ui {
 
-using runtime::Int16;
+class Label : public CaptionedControl {};
 
-struct Label : Control {
-  std::string Caption;
+class Frame : public CaptionedControl {
+ public:
+  Property<bool> HasBorder{*this, true};
 };
 
-struct CommandButton : Control {
-  std::string Caption;
-  bool Default = false;
+// Of frames that lie on top of each other; an index past the end hides all.
+inline void ShowOnly(std::span<Frame> frames, std::size_t shown) {
+  for (std::size_t i = 0; i < frames.size(); ++i) {
+    if (i != shown) frames[i].Visible = false;
+  }
+  if (shown < frames.size()) frames[shown].Visible = true;
+}
+
+class CommandButton : public CaptionedControl {
+ public:
+  Property<bool> Default{*this, false};  // the one that Enter presses
+  Property<bool> Cancel{*this, false};   // the one that Escape presses
   Event<> OnClick;
 
+  bool TakesFocus() const override { return true; }
+  void PressAccessKey() override { Click(); }
   // What a user does.
   void Click() {
     if (TakesInput()) OnClick();
   }
 };
 
-class CheckBox : public Control {
+class CheckBox : public CaptionedControl {
  public:
-  std::string Caption;
   Event<> OnClick;
 
-  // 0 unchecked, 1 checked.
+  // 0 unchecked, 1 checked, 2 grey.
   int Value() const { return value_; }
-  // Raises Click when the value changes, and only then.
+  // Raises Click when the value changes, and only then. Error 380 for any other value.
   void SetValue(int value) {
-    if (std::exchange(value_, value) != value) OnClick();
+    if (value < 0 || value > 2) runtime::Raise(runtime::InvalidPropertyValue);
+    if (std::exchange(value_, value) == value) return;
+    Changed();
+    OnClick();
   }
+  bool TakesFocus() const override { return true; }
+  void PressAccessKey() override { Click(); }
   // What a user does.
   void Click() {
     if (TakesInput()) SetValue(value_ == 0 ? 1 : 0);
@@ -59,8 +77,10 @@ class TextBox : public Control {
   void SetText(std::string_view text) {
     if (text_ == text) return;
     text_ = text;
+    Changed();
     Change();
   }
+  bool TakesFocus() const override { return true; }
   // What a user does: replaces the text by another one.
   void Type(std::string_view text) {
     if (TakesInput()) SetText(text);
@@ -70,58 +90,45 @@ class TextBox : public Control {
   std::string text_;
 };
 
-// A list of entries, each with a number of its own, and one current entry. Also the list of a drop-down combo box.
-class ListBox : public Control {
+// The arrows beside a text box, for choosing a number.
+class UpDown : public Control {
  public:
-  struct Item {
-    std::string Text;
-    int Data = 0;
-  };
-  Event<> OnClick;
-  Event<> DblClick;
+  Property<Int16> Min{*this}, Max{*this}, Value{*this};
+  TextBox* Buddy = nullptr;  // shows the value that the arrows choose
 
-  int ListCount() const { return static_cast<int>(items_.size()); }
-  // Indexes count from 0; error 381 outside.
-  const std::string& List(int index) const { return At(index).Text; }
-  int ItemData(int index) const { return At(index).Data; }
-
-  // Appends. The entry's index is ListCount() - 1 afterwards.
-  void AddItem(std::string_view text, int data) { items_.push_back({std::string(text), data}); }
-  void InsertItem(int index, Item item) { items_.insert(items_.begin() + index, std::move(item)); }
-  // The current entry is none when it was the one removed, and stays the same entry otherwise.
-  void RemoveItem(int index);
-  void Clear() {
-    items_.clear();
-    listIndex_ = -1;
+  // What a user does: the next number up or down, within the bounds.
+  void Spin(int by) {
+    if (!TakesInput()) return;
+    Value = Int16(std::clamp(Value.Get().Value() + by, int{Min.Get().Value()}, int{Max.Get().Value()}));
+    if (Buddy) Buddy->SetText(runtime::Text(Value.Get()));
   }
-
-  // -1: no current entry.
-  int ListIndex() const { return listIndex_; }
-  // Making an entry current raises Click; clearing the current entry raises nothing.
-  void SetListIndex(int index);
-  // Makes the first entry with this number current; none when there is no such entry.
-  void SelectData(int data);
-  // Makes the first entry with this text current; none when there is no such entry.
-  void SelectText(std::string_view text);
-  // The current entry's text, empty without one.
-  std::string_view Text() const { return listIndex_ < 0 ? std::string_view() : items_[Offset(listIndex_)].Text; }
-
-  // What a user does: chooses an entry.
-  void ClickItem(int index) {
-    if (TakesInput()) SetListIndex(index);
-  }
-
- private:
-  static std::size_t Offset(int index) { return static_cast<std::size_t>(index); }
-  const Item& At(int index) const;
-
-  std::deque<Item> items_;
-  int listIndex_ = -1;
 };
 
-// Two panels: messages, and the name of the connected system.
-struct StatusBar : Control {
-  std::array<std::string, 2> Panels;
+class PictureBox : public Control {
+ public:
+  Property<Int16> Picture{*this};  // index into the pictures of the dialog; 0: none
+};
+
+class StatusBar : public Control {
+ public:
+  std::array<Property<std::string>, 2> Panels{Property<std::string>(*this), Property<std::string>(*this)};
+};
+
+// Kinds that a dialog may also have, as far as their texts are localized.
+class TabStrip : public Control {
+ public:
+  std::vector<std::string> TabCaptions;
+};
+class ListView : public Control {
+ public:
+  std::vector<std::string> ColumnHeaders;
+};
+class Toolbar : public Control {
+ public:
+  struct Button {
+    std::string Tag, ToolTipText;
+  };
+  std::vector<Button> Buttons;
 };
 
 }  // namespace formwizard::ui

@@ -1,4 +1,4 @@
-#include "ui/Controls.h"
+#include "ui/ListBox.h"
 
 #include <algorithm>
 
@@ -9,6 +9,13 @@ const ListBox::Item& ListBox::At(int index) const {
   return items_[Offset(index)];
 }
 
+void ListBox::InsertItem(int index, Item item) {
+  if (index < 0 || index > ListCount()) runtime::Raise(runtime::InvalidProcedureCall);
+  items_.insert(items_.begin() + index, std::move(item));
+  if (index <= listIndex_) ++listIndex_;
+  if (observer_) observer_->ItemInserted(index);
+}
+
 void ListBox::RemoveItem(int index) {
   At(index);
   items_.erase(items_.begin() + index);
@@ -17,11 +24,19 @@ void ListBox::RemoveItem(int index) {
   } else if (index < listIndex_) {
     --listIndex_;
   }
+  if (observer_) observer_->ItemRemoved(index);
+}
+
+void ListBox::Clear() {
+  items_.clear();
+  listIndex_ = -1;
+  if (observer_) observer_->Cleared();
 }
 
 void ListBox::SetListIndex(int index) {
   if (index >= 0) At(index);
-  listIndex_ = index;
+  listIndex_ = std::max(index, -1);
+  Changed();
   if (index >= 0) OnClick();
 }
 

@@ -1,30 +1,48 @@
 #include "ui/TreeView.h"
 
+#include "runtime/RuntimeError.h"
+
+#include <algorithm>
 #include <iterator>
 
 namespace formwizard::ui {
 
+bool Node::IsBelow(const Node& other) const {
+  for (const Node* node = parent_; node; node = node->parent_) {
+    if (node == &other) return true;
+  }
+  return false;
+}
+
+void Node::Changed() {
+  if (tree_.observer_) tree_.observer_->NodeChanged(*this);
+}
+
 Node& Nodes::Add(Node* parent, std::string_view key, std::string_view text) {
   if (!key.empty() && byKey_.contains(key)) runtime::Raise(runtime::KeyNotUnique);
-  Node& node = all_.emplace_back();
+  Node& node = all_.emplace_back(tree_, text);
   node.self_ = std::prev(all_.end());
   node.key_ = key;
-  node.Text = text;
   node.parent_ = parent;
-  std::list<Node*>& siblings = parent ? parent->children_ : roots_;
-  node.amongSiblings_ = siblings.insert(siblings.end(), &node);
+  (parent ? parent->children_ : roots_).push_back(&node);
   if (!key.empty()) byKey_.emplace(node.key_, &node);
+  if (tree_.observer_) tree_.observer_->NodeAdded(node);
   return node;
 }
 
 void Nodes::Remove(Node& node) {
-  while (Node* child = node.Child()) Remove(*child);
-  (node.parent_ ? node.parent_->children_ : roots_).erase(node.amongSiblings_);
+  while (!node.children_.empty()) Remove(*node.children_.back());
+  if (tree_.SelectedItem == &node) tree_.SelectedItem = nullptr;
+  if (tree_.observer_) tree_.observer_->NodeRemoved(node);
+  std::vector<Node*>& siblings = node.parent_ ? node.parent_->children_ : roots_;
+  siblings.erase(std::ranges::find(siblings, &node));
   if (!node.key_.empty()) byKey_.erase(node.key_);
   all_.erase(node.self_);
 }
 
 void Nodes::Clear() {
+  tree_.SelectedItem = nullptr;
+  if (tree_.observer_) tree_.observer_->Cleared();
   byKey_.clear();
   roots_.clear();
   all_.clear();
@@ -41,27 +59,36 @@ Node& Nodes::Item(std::string_view key) {
   return *found->second;
 }
 
-void TreeView::Clear() {
-  SelectedItem = nullptr;
-  Nodes.Clear();
-}
-
 void TreeView::ClickNode(Node& node) {
   if (!TakesInput()) return;
   SelectedItem = &node;
   NodeClick(node);
+  OnClick();
 }
 
-void TreeView::DoubleClickNode(Node& node) {
-  if (!TakesInput()) return;
-  ClickNode(node);
-  DblClick();
+void TreeView::Click() {
+  if (TakesInput()) OnClick();
+}
+
+void TreeView::PressMouse(float x, float y) {
+  if (TakesInput()) MouseDown(x, y);
+}
+
+void TreeView::DoubleClick() {
+  if (TakesInput()) DblClick();
 }
 
 void TreeView::ExpandNode(Node& node) {
   if (!TakesInput() || node.Expanded || !node.Child()) return;
   node.Expanded = true;
   Expand(node);
+}
+
+void TreeView::CollapseNode(Node& node) {
+  if (!TakesInput() || !node.Expanded) return;
+  node.Expanded = false;
+  Node* selected = SelectedItem;
+  if (selected && selected->IsBelow(node)) ClickNode(node);
 }
 
 }  // namespace formwizard::ui

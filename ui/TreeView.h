@@ -1,9 +1,7 @@
 // A tree view: nodes with texts, keys, tags and pictures.
 #pragma once
 
-#include "runtime/Integer.h"
 #include "ui/Control.h"
-#include "ui/Event.h"
 
 #include <list>
 #include <string>
@@ -13,35 +11,61 @@
 
 namespace formwizard::ui {
 
-using runtime::Int16;
+class Node;
+class TreeView;
 
-struct Node {
-  std::string Text, Tag;
-  Int16 Image, SelectedImage;
-  std::string ImageKey;  // a picture named by key instead of by index
-  bool Expanded = false;
+// A view of a tree.
+class TreeObserver : public ControlObserver {
+ public:
+  // Called before the new node has more than its text.
+  virtual void NodeAdded(Node& node) = 0;
+  virtual void NodeChanged(Node& node) = 0;
+  // Called while the node, which has no children any more, is still in its place.
+  virtual void NodeRemoved(Node& node) = 0;
+  virtual void Cleared() = 0;
+  // The node that is drawn at a point in the view's own coordinates, or null.
+  virtual Node* NodeAt(float x, float y) const = 0;
+};
+
+class Node : public Observed {
+ public:
+  Node(TreeView& tree, std::string_view text) : Text(*this, std::string(text)), tree_(tree) {}
+  Node(const Node&) = delete;
+  Node& operator=(const Node&) = delete;
+
+  Property<std::string> Text;
+  std::string Tag;
+  Property<Int16> Image{*this};          // index into the pictures of the trees, counted from 1
+  Property<Int16> SelectedImage{*this};  // while the node is selected; 0: the same picture
+  Property<bool> Expanded{*this, false};
 
   const std::string& Key() const { return key_; }
   Node* Parent() const { return parent_; }
   // The first child, or null.
   Node* Child() const { return children_.empty() ? nullptr : children_.front(); }
-  const std::list<Node*>& Children() const { return children_; }
+  const std::vector<Node*>& Children() const { return children_; }
+  // Whether it stands below `other`.
+  bool IsBelow(const Node& other) const;
+
+  void Changed() override;
 
  private:
   friend class Nodes;
+  TreeView& tree_;
   std::string key_;
   Node* parent_ = nullptr;
-  std::list<Node*> children_;
+  std::vector<Node*> children_;
   std::list<Node>::iterator self_;
-  std::list<Node*>::iterator amongSiblings_;
 };
 
 // All nodes of a tree in the order of their creation. Nodes keep their addresses until they are removed.
 class Nodes {
  public:
+  explicit Nodes(TreeView& tree) : tree_(tree) {}
+
   // A new root node, or the last child of `parent`. A key that is not empty must be unique: error 35602.
   Node& Add(Node* parent, std::string_view key, std::string_view text);
-  // Removes the node and everything below it.
+  // Removes the node and everything below it. The tree's selection goes with the selected node.
   void Remove(Node& node);
   void Clear();
 
@@ -52,29 +76,48 @@ class Nodes {
   Node& Item(std::string_view key);
 
   std::list<Node>& All() { return all_; }
-  const std::list<Node*>& Roots() const { return roots_; }
+  const std::vector<Node*>& Roots() const { return roots_; }
 
  private:
+  TreeView& tree_;
   std::list<Node> all_;
-  std::list<Node*> roots_;
+  std::vector<Node*> roots_;
   std::unordered_map<std::string_view, Node*> byKey_;
 };
 
 class TreeView : public Control {
  public:
-  ui::Nodes Nodes;
-  Node* SelectedItem = nullptr;
-  Event<Node&> NodeClick;
-  Event<Node&> Expand;
+  ui::Nodes Nodes{*this};
+  Property<Node*> SelectedItem{*this, nullptr};
+  Event<Node&> NodeClick;  // a user selected the node
+  Event<> OnClick;         // the tree was clicked, on a node or beside all of them
   Event<> DblClick;
+  Event<Node&> Expand;
+  Event<float, float> MouseDown;  // in the view's own coordinates
 
-  void Clear();
+  // The node that is drawn at a point; null without a view.
+  Node* HitTest(float x, float y) const { return observer_ ? observer_->NodeAt(x, y) : nullptr; }
 
+  bool TakesFocus() const override { return true; }
   // What a user does. Nothing happens in a tree that takes no input.
   void ClickNode(Node& node);
-  void DoubleClickNode(Node& node);
+  void Click();
+  void PressMouse(float x, float y);
+  void DoubleClick();
   // Opens a node that has children; an open one stays as it is.
   void ExpandNode(Node& node);
+  // A selection inside the node moves to the node.
+  void CollapseNode(Node& node);
+
+  void Observe(TreeObserver* observer) {
+    Control::Observe(observer);
+    observer_ = observer;
+  }
+
+ private:
+  friend class Node;
+  friend class Nodes;
+  TreeObserver* observer_ = nullptr;
 };
 
 }  // namespace formwizard::ui

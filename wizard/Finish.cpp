@@ -3,8 +3,26 @@
 #include "wizard/frmWizard.h"
 
 namespace formwizard::wizard {
+namespace {
+
+// However a generation ends that did not succeed: the only way on is to cancel. What was written stays.
+class CancelIsLeft {
+ public:
+  explicit CancelIsLeft(frmWizard& dialog) : dialog_(dialog) {}
+  ~CancelIsLeft() {
+    if (!dialog_.IsUnloaded()) dialog_.cmdCancel.Enabled = true;
+  }
+  CancelIsLeft(const CancelIsLeft&) = delete;
+  CancelIsLeft& operator=(const CancelIsLeft&) = delete;
+
+ private:
+  frmWizard& dialog_;
+};
+
+}  // namespace
 
 void frmWizard::cmdFinish_Click() {
+  const CancelIsLeft afterwards(*this);
   const bool done = support::LeaveOnError(
       report_, "cmdFinish_Click",
       [&] {
@@ -16,10 +34,7 @@ void frmWizard::cmdFinish_Click() {
         Generate();
       },
       [&] { SetBusy(false); });
-  if (!done) {
-    cmdCancel.Enabled = true;  // the only way on; what was written stays
-    return;
-  }
+  if (!done) return;
   SetBusy(false);
   Unload();
 }
@@ -51,8 +66,7 @@ void frmWizard::Generate() {
   ComputeLayout(state.Form, state.Settings, services_.Measure, selectedClass_->Text);
 
   state.Form.ClassName = selectedClass_->Tag;
-  generator::Generation run(state.Form, state.Settings, services_.Strings, report_, services_.Environment,
-                            state.Generator);
+  generator::Generation run(state.Form, state.Settings, services_.Strings, report_, environment_, state.Generator);
   StatusMessage(Text(411));
   generator::WriteForm(run);
   state.NewComponent = run.NewComponent;

@@ -1,21 +1,27 @@
 #include "runtime/Conversions.h"
 #include "wizard/frmWizard.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace formwizard::wizard {
 namespace {
 
 namespace kind = model::kind;
 
 // The panel that edits a kind; any other kind shows the first one.
-Int16 PanelOf(Int16 fieldKind) {
-  constexpr std::array<std::int16_t, 9> panels{0, 0, 0, 1, 1, 2, 2, 3, 4};
+std::size_t PanelOf(Int16 fieldKind) {
+  constexpr std::array<std::size_t, 9> panels{0, 0, 0, 1, 1, 2, 2, 3, 4};
   const int code = fieldKind.Value();
-  return Int16(code >= 1 && code <= 8 ? panels[static_cast<std::size_t>(code)] : std::int16_t{0});
+  return code >= 1 && code <= 8 ? panels[static_cast<std::size_t>(code)] : 0;
 }
 
-constexpr Int16 FirstPanelWithRows(2);
-
 }  // namespace
+
+std::size_t frmWizard::FrontPanel() const {
+  const auto front = std::ranges::find_if(frmProperty, [](const ui::Frame& panel) { return panel.Visible.Get(); });
+  return static_cast<std::size_t>(front - frmProperty.begin());
+}
 
 void frmWizard::PopulateFields() {
   SetBusy(true);
@@ -36,17 +42,16 @@ model::FieldRecord* frmWizard::CurrentField() {
 
 void frmWizard::lstFields_Click() {
   model::FieldRecord& field = *CurrentField();
-  const Int16 panel = PanelOf(field.FieldKind);
-  const auto at = static_cast<std::size_t>(panel.Value());
+  const std::size_t panel = PanelOf(field.FieldKind);
   if (field.FieldKind == kind::TextBox || field.FieldKind == kind::ReadOnlyLabel) {
     chkReadOnly.SetValue(field.FieldKind == kind::ReadOnlyLabel ? 1 : 0);
   } else if (field.FieldKind == kind::ReferenceLabel || field.FieldKind == kind::ReferenceCombo) {
     chkRefCombo.SetValue(field.FieldKind == kind::ReferenceCombo ? 1 : 0);
   } else if (panel >= FirstPanelWithRows) {
-    txtRowHeight[at].SetText(runtime::Text(field.RowCount));
+    txtRowHeight[panel].SetText(runtime::Text(field.RowCount));
   }
-  txtCaption[at].SetText(field.Caption);
-  FrontPanel = panel;
+  txtCaption[panel].SetText(field.Caption);
+  ui::ShowOnly(frmProperty, panel);
 }
 
 void frmWizard::txtRowHeight_Change(std::size_t panel) {
@@ -85,7 +90,15 @@ void frmWizard::LetLeaveField(bool allowed) {
   cmdFinish.Enabled = allowed;
 }
 
+void frmWizard::ShowComboSpecification(bool visible) {
+  for (ui::Control* control : std::initializer_list<ui::Control*>{&lblComboQuery, &lstQueryName, &lblComboColumn,
+                                                                  &lstQueryColumn, &lblComboMsg}) {
+    control->Visible = visible;
+  }
+}
+
 void frmWizard::chkRefCombo_Click() {
+  ShowComboSpecification(chkRefCombo.Value() != 0);
   model::FieldRecord* field = CurrentField();
   if (!field) return;
   if (chkRefCombo.Value() == 0) {
@@ -124,6 +137,7 @@ bool frmWizard::AskForQueryAndColumn(bool needsColumn) {
   if (!queryMissing && !(needsColumn && lstQueryColumn.Text().empty())) return false;
   const ui::Label& title = queryMissing ? lblComboQuery : lblComboColumn;
   services_.Desktop.ShowMessage(Text(600), ui::Information, title.Caption);
+  SetFocus(queryMissing ? lstQueryName : lstQueryColumn);
   return true;
 }
 

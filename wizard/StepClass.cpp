@@ -1,24 +1,17 @@
+#include "wizard/TreePictures.h"
 #include "wizard/frmWizard.h"
 
 namespace formwizard::wizard {
-namespace {
-
-constexpr Int16 ClassImage(1);
-constexpr Int16 OpenPackageImage(7);
-constexpr Int16 PackageImage(8);
-
-}  // namespace
-
 void frmWizard::PopulateClassList() {
   support::LeaveOnError(report_, "PopulateClassList", [&] {
     StatusMessage(Text(401));
     SetBusy(true);
-    tvwClasses.Clear();
+    tvwClasses.Nodes.Clear();
     selectedClass_ = nullptr;
     AddClassNodes();
     if (tvwClasses.Nodes.Count() >= 2) {
       tvwClasses.SelectedItem = &tvwClasses.Nodes.Item(2);  // the first class of the first package
-      tvwClasses_NodeClick(*tvwClasses.SelectedItem);
+      tvwClasses_NodeClick(*tvwClasses.SelectedItem.Get());
     } else {
       cmdNext.Enabled = false;
     }
@@ -43,14 +36,14 @@ void frmWizard::AddClassNodes() {
     if (package != previousPackage) {
       previousPackage = package;
       packageNode = &tvwClasses.Nodes.Add(nullptr, package, package);
-      packageNode->Image = PackageImage;
-      packageNode->SelectedImage = OpenPackageImage;
+      packageNode->Image = picture::Package;
+      packageNode->SelectedImage = picture::OpenPackage;
       packageNode->Expanded = true;
     }
     // A name that begins with "." has the empty package that no node stands for.
     if (!packageNode) runtime::Raise(runtime::ElementNotFound);
     ui::Node& node = tvwClasses.Nodes.Add(packageNode, "", std::string_view(name).substr(dot + 1));
-    node.Image = ClassImage;
+    node.Image = picture::Class;
     node.Tag = name;
   }
   rows->Close();
@@ -59,6 +52,12 @@ void frmWizard::AddClassNodes() {
 void frmWizard::tvwClasses_NodeClick(ui::Node& node) {
   selectedClass_ = &node;
   cmdNext.Enabled = node.Key().empty();  // only packages have a key
+}
+
+// On a package or beside all nodes the double click is the tree's own.
+void frmWizard::tvwClasses_DblClick() {
+  const ui::Node* node = tvwClasses.HitTest(classesX_, classesY_);
+  if (node && node->Key().empty()) cmdNext.Click();
 }
 
 }  // namespace formwizard::wizard

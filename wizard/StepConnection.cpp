@@ -1,14 +1,13 @@
 #include "runtime/Conversions.h"
 #include "settings/Profile.h"
 #include "support/Pieces.h"
+#include "wizard/TreePictures.h"
 #include "wizard/frmWizard.h"
 
 namespace formwizard::wizard {
 namespace {
 
 constexpr std::string_view RememberedSystemKey = "LastConnect";
-constexpr Int16 NotConnectedImage(4);
-constexpr Int16 ConnectedImage(5);
 
 }  // namespace
 
@@ -20,7 +19,7 @@ void frmWizard::PopulateConnection() {
                                                          RememberedSystemKey, none, services_.ProfileFile, size);
     SetBusy(true);
     CloseConnection();
-    tvwConnection.Clear();
+    tvwConnection.Nodes.Clear();
     factory_ = services_.Factories.Create();
     FillConnectionTree(remembered);
   });
@@ -35,12 +34,12 @@ void frmWizard::FillConnectionTree(std::string_view remembered) {
     if (entry.empty()) break;  // an empty entry ends the list, also between two others
     const std::string_view name = support::GetPiece(entry, ",", 1);
     ui::Node& node = tvwConnection.Nodes.Add(nullptr, "", name);
-    node.ImageKey = "NOTCONNECTED";
+    node.Image = picture::NotConnected;
     node.Tag = support::GetPiece(entry, ",", 2);
     if (name == remembered) tvwConnection.SelectedItem = &node;
     rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
   }
-  if (!tvwConnection.SelectedItem && tvwConnection.Nodes.Count() > 0) {
+  if (!tvwConnection.SelectedItem.Get() && tvwConnection.Nodes.Count() > 0) {
     tvwConnection.SelectedItem = &tvwConnection.Nodes.Item(1);
   }
 }
@@ -48,21 +47,21 @@ void frmWizard::FillConnectionTree(std::string_view remembered) {
 void frmWizard::ConnectToSystem() {
   SetBusy(true);
   CloseConnection();
-  for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = NotConnectedImage;
+  for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = picture::NotConnected;
   factory_ = services_.Factories.Create();
   populatedClass_.clear();  // the class list is read again
   StatusMessage(Text(403));
-  ui::Node& node = *tvwConnection.SelectedItem;
+  ui::Node& node = *tvwConnection.SelectedItem.Get();
   if (OpenConnection(node.Tag)) {
     StatusMessage(runtime::ReplaceAll(Text(414), "%S1", node.Text));
     barStatus.Panels[1] = node.Text;
-    node.Image = ConnectedImage;
-    std::string name = node.Text;
+    node.Image = picture::Connected;
+    std::string name = node.Text.Get();
     settings::WriteProfile(services_.Profiles, services_.Desktop, settings::ProfileSection, RememberedSystemKey, name,
                            services_.ProfileFile);
   } else {
-    StatusMessage(Text(404) + node.Text + ": " + node.Key());
-    barStatus.Panels[1].clear();
+    StatusMessage(Text(404) + node.Text.Get() + ": " + node.Key());
+    barStatus.Panels[1] = "";
   }
   SetBusy(false);
 }

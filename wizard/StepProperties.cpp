@@ -1,4 +1,5 @@
 #include "runtime/Conversions.h"
+#include "wizard/TreePictures.h"
 #include "wizard/frmWizard.h"
 
 #include <algorithm>
@@ -8,11 +9,6 @@ namespace formwizard::wizard {
 namespace {
 
 namespace kind = model::kind;
-
-// A node's picture, which is also its selection state.
-constexpr Int16 NotSelected(2);
-constexpr Int16 Selected(3);
-constexpr Int16 Object(6);  // embedded object or reference: not selectable, expandable
 
 // What a collection's control is, and the setting that gives its rows.
 struct CollectionKind {
@@ -123,7 +119,7 @@ void frmWizard::AddProperty(ui::Node* parent, factory::ResultSet& row) {
                                            field.RequiredMark + ToText(row.GetDataByName("Name")));
   node.Tag = field.PropertyType;
   const bool isObject = IsNumber(row, "Datatype", 0);
-  node.Image = isObject ? Object : NotSelected;
+  node.Image = isObject ? picture::Object : picture::Property;
   if (isObject) tvwAttributes.Nodes.Add(&node, "", "");  // so that it can be expanded before anything is loaded
 }
 
@@ -135,21 +131,21 @@ void frmWizard::tvwAttributes_Expand(ui::Node& node) {
 }
 
 void frmWizard::tvwAttributes_DblClick() {
-  if (!tvwAttributes.SelectedItem) return;
-  ui::Node& node = *tvwAttributes.SelectedItem;
-  if (node.Image == NotSelected) {
+  if (!tvwAttributes.SelectedItem.Get()) return;
+  ui::Node& node = *tvwAttributes.SelectedItem.Get();
+  if (node.Image == picture::Property) {
     cmdSelectOne.Click();
-  } else if (node.Image == Selected) {
+  } else if (node.Image == picture::SelectedProperty) {
     lstSelected.SelectData(RecordIndexOf(node).Value());
     cmdDeSelectOne_Click();
   }
 }
 
 void frmWizard::SelectProperty(ui::Node& node) {
-  if (node.Image != NotSelected) return;
+  if (node.Image != picture::Property) return;
   const Int16 index = RecordIndexOf(node);
   lstSelected.AddItem(Model().Fields[index].DisplayName, index.Value());
-  node.Image = Selected;
+  node.Image = picture::SelectedProperty;
   lstSelected.SetListIndex(lstSelected.ListCount() - 1);
   cmdNext.Enabled = true;
   cmdFinish.Enabled = true;
@@ -158,7 +154,7 @@ void frmWizard::SelectProperty(ui::Node& node) {
 // Visible nodes only, and of the ancestors only the parent is looked at.
 void frmWizard::cmdSelectAll_Click() {
   for (ui::Node& node : tvwAttributes.Nodes.All()) {
-    if (node.Image == NotSelected && (!node.Parent() || node.Parent()->Expanded)) SelectProperty(node);
+    if (node.Image == picture::Property && (!node.Parent() || node.Parent()->Expanded)) SelectProperty(node);
   }
 }
 
@@ -168,7 +164,7 @@ void frmWizard::cmdDeSelectOne_Click() {
   const int record = lstSelected.ItemData(current);
   lstSelected.RemoveItem(current);
   lstSelected.SetListIndex(std::min(current, lstSelected.ListCount() - 1));
-  tvwAttributes.Nodes.Item(std::to_string(record) + "key").Image = NotSelected;
+  tvwAttributes.Nodes.Item(std::to_string(record) + "key").Image = picture::Property;
   cmdNext.Enabled = lstSelected.ListCount() > 0;
   cmdFinish.Enabled = cmdNext.Enabled;
 }

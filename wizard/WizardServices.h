@@ -6,6 +6,7 @@
 #include "model/FormModel.h"
 #include "settings/ProfileStore.h"
 #include "settings/Settings.h"
+#include "support/Localization.h"
 #include "support/Strings.h"
 #include "ui/Desktop.h"
 #include "ui/TextMeasure.h"
@@ -31,8 +32,8 @@ struct WizardServices {
   settings::ProfileStore& Profiles;
   std::string ProfileFile;  // path of "outility.ini"
   factory::FactoryCreator& Factories;
-  generator::ide::Vbe& Environment;
   support::Strings& Strings;
+  support::Localization& Localization;
   std::string Language;  // three letters; empty: the user's
   AddInState& State;
 };

@@ -3,16 +3,27 @@
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Busy.h"
+#include "support/Pieces.h"
 
 namespace formwizard::wizard {
 namespace {
 
 constexpr std::string_view ApplicationName = "OstrelFormWizard";
 
+// The last step leaves the picture as it is.
+Int16 PictureOf(Int16 step, Int16 current) {
+  if (step == step::Finish) return current;
+  return step == step::Connection || step == step::Properties ? Int16(1) : Int16(2);
+}
+
 }  // namespace
 
-frmWizard::frmWizard(WizardServices services)
-    : ui::Form(services.Desktop), services_(std::move(services)), report_(services_.Desktop, services_.Strings) {
+frmWizard::frmWizard(WizardServices services, generator::ide::Vbe& environment)
+    : ui::Form(services.Desktop),
+      services_(std::move(services)),
+      environment_(environment),
+      report_(services_.Desktop, services_.Strings) {
+  Design();
   ConnectEvents();
 }
 
@@ -21,6 +32,7 @@ void frmWizard::ConnectEvents() {
   cmdNext.OnClick = Guarded([this] { cmdNext_Click(); });
   cmdFinish.OnClick = Guarded([this] { cmdFinish_Click(); });
   cmdCancel.OnClick = Guarded([this] { Unload(); });
+  cmdSettings.OnClick = Guarded([this] { cmdSettings_Click(); });
 
   tvwConnection.NodeClick = Guarded([this](ui::Node& node) { StatusMessage(node.Tag); });
   tvwConnection.DblClick = Guarded([this] {
@@ -28,15 +40,20 @@ void frmWizard::ConnectEvents() {
     cmdNext.Click();
   });
   tvwClasses.NodeClick = Guarded([this](ui::Node& node) { tvwClasses_NodeClick(node); });
-  tvwClasses.DblClick = Guarded([this] {
-    if (tvwClasses.SelectedItem && tvwClasses.SelectedItem->Key().empty()) cmdNext.Click();
+  tvwClasses.OnClick = Guarded([this] {
+    if (ui::Node* node = tvwClasses.SelectedItem) tvwClasses_NodeClick(*node);
   });
+  tvwClasses.MouseDown = [this](float x, float y) {
+    classesX_ = x;
+    classesY_ = y;
+  };
+  tvwClasses.DblClick = Guarded([this] { tvwClasses_DblClick(); });
 
   tvwAttributes.Expand = Guarded([this](ui::Node& node) { tvwAttributes_Expand(node); });
   tvwAttributes.DblClick = Guarded([this] { tvwAttributes_DblClick(); });
   lstSelected.DblClick = Guarded([this] { cmdDeSelectOne_Click(); });
   cmdSelectOne.OnClick = Guarded([this] {
-    if (tvwAttributes.SelectedItem) SelectProperty(*tvwAttributes.SelectedItem);
+    if (ui::Node* node = tvwAttributes.SelectedItem) SelectProperty(*node);
   });
   cmdSelectAll.OnClick = Guarded([this] { cmdSelectAll_Click(); });
   cmdDeSelectOne.OnClick = Guarded([this] { cmdDeSelectOne_Click(); });
@@ -60,15 +77,44 @@ void frmWizard::ConnectEvents() {
 
 void frmWizard::Form_Load() {
   populatedClass_.clear();
-  Model().CharWidth = runtime::RoundToInt16(services_.Measure.WidthOf("M"));
+  Width = Int32(9210);
+  Height = Int32(6000);
+  lblLabelWidth.Caption = "M";
+  Model().CharWidth = runtime::RoundToInt16(services_.Measure.WidthOf(lblLabelWidth.Caption));
   Model().SixCharWidth = Int16(6) * Model().CharWidth;
+  PlaceFrames();
   services_.Strings.LoadResourceLibrary(ApplicationName, services_.Language);
-  lblStep5_2.Caption = Text(120);
-  lblComboQuery.Caption = Text(601);
-  lblComboColumn.Caption = Text(602);
+  services_.Localization.Localize(*this);
+  SetToolTips();
+  ShowComboSpecification(false);
   readyText_ = Text(407);
   SetStep(step::Welcome);
   InitStep();
+}
+
+// Lays the panels of the steps over one another, and the attribute frames beside the list of fields.
+void frmWizard::PlaceFrames() {
+  frmCommand.HasBorder = false;
+  frmCommand.Top = Int32(4815);
+  frmCommand.Left = Width - frmCommand.Width - Int32(360);
+  for (ui::Frame& panel : frmStep) {
+    panel.HasBorder = false;
+    panel.Left = Int32(3240);
+    panel.Top = Int32(0);
+  }
+  for (ui::Frame& panel : frmProperty) {
+    panel.Top = lblStep4_2.Top;
+    panel.Left = lstFields.Left + lstFields.Width + Int32(200);
+    panel.Height = lstFields.Height + lblStep4_2.Height;
+  }
+  ui::ShowOnly(frmProperty, 0);
+}
+
+void frmWizard::SetToolTips() {
+  for (ui::Control* control : Controls()) {
+    const std::string_view id = support::GetPiece(control->Tag, "^", 2);
+    if (!id.empty()) control->ToolTipText = ToText(services_.Strings.LoadResStringValue(std::string(id)));
+  }
 }
 
 void frmWizard::SetBusy(bool busy) { support::SetBusy(services_.Desktop, *this, busy); }
@@ -84,7 +130,9 @@ void frmWizard::SetStep(Int16 step) {
 
 void frmWizard::MoveStep(Int16 delta) {
   currentStep_ = currentStep_ + delta;
+  ui::ShowOnly(frmStep, static_cast<std::size_t>(currentStep_.Value()) - 1);
   services_.Desktop.ProcessMessages();  // the new panel paints before any slow entry work
+  picMain.Picture = PictureOf(currentStep_, picMain.Picture);
   cmdFinish.Enabled = currentStep_ >= step::Attributes;
   cmdFinish.Default = currentStep_ == step::Finish;
   cmdNext.Enabled = currentStep_ != step::Finish;
@@ -105,15 +153,23 @@ void frmWizard::cmdBack_Click() {
   cmdFinish.Enabled = lstSelected.ListCount() > 0;
 }
 
+void frmWizard::cmdSettings_Click() {
+  if (!settingsDialog_) {
+    settingsDialog_ = std::make_unique<settings::frmSettings>(services_.Desktop, services_.Profiles,
+                                                              services_.ProfileFile, services_.Localization);
+  }
+  services_.Desktop.ShowModal(*settingsDialog_, this);
+}
+
 void frmWizard::LeaveStep() {
   if (currentStep_ != step::Connection) return;
   const ui::Node* selected = tvwConnection.SelectedItem;
   if (!selected) {
     // An empty list has no system to connect to; the step is not left.
-    barStatus.Panels[1].clear();
+    barStatus.Panels[1] = "";
     return;
   }
-  if (barStatus.Panels[1] != selected->Text) ConnectToSystem();
+  if (barStatus.Panels[1].Get() != selected->Text.Get()) ConnectToSystem();
 }
 
 void frmWizard::InitStep() {
@@ -134,7 +190,7 @@ void frmWizard::EnterClassStep() {
 void frmWizard::EnterPropertiesStep() {
   if (!selectedClass_) runtime::Raise(runtime::ObjectVariableNotSet);
   if (selectedClass_->Tag != populatedClass_) {
-    tvwAttributes.Clear();
+    tvwAttributes.Nodes.Clear();
     lstSelected.Clear();
     lstFields.Clear();  // the records of its entries no longer exist
     services_.Desktop.ProcessMessages();
@@ -153,7 +209,7 @@ void frmWizard::EnterAttributesStep() {
 
 void frmWizard::EnterFinishStep() {
   // In the caption as it stands: once replaced, a later visit keeps showing the first class.
-  lblStep5_2.Caption = runtime::ReplaceAll(lblStep5_2.Caption, "%S1", selectedClass_ ? selectedClass_->Text : "");
+  lblStep5_2.Caption = runtime::ReplaceAll(lblStep5_2.Caption, "%S1", selectedClass_ ? selectedClass_->Text.Get() : "");
 }
 
 }  // namespace formwizard::wizard

@@ -1,9 +1,11 @@
 // The wizard: six steps from the welcome page to the finished form.
 #pragma once
 
+#include "settings/frmSettings.h"
 #include "support/ErrorReport.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
+#include "ui/ListBox.h"
 #include "ui/TreeView.h"
 #include "wizard/WizardServices.h"
 
@@ -26,6 +28,7 @@ inline constexpr Int16 Properties(4);
 inline constexpr Int16 Attributes(5);
 inline constexpr Int16 Finish(6);
 }  // namespace step
+inline constexpr std::size_t LastStep = 6;
 
 // The name of a property as the base of a control name: "." removed, "%" replaced by "sys_".
 std::string ConvertKeyNameToIntName(std::string_view name);
@@ -35,25 +38,42 @@ Int16 RecordIndexOf(const ui::Node& node);
 
 class frmWizard : public ui::Form {
  public:
-  explicit frmWizard(WizardServices services);
+  // `environment` must outlive the dialog.
+  frmWizard(WizardServices services, generator::ide::Vbe& environment);
 
   // Frame
-  ui::CommandButton cmdBack, cmdNext, cmdFinish, cmdCancel;
+  ui::PictureBox picMain;                   // shows one of two pictures
+  ui::Label lblLabelWidth;                  // hidden, measures texts
+  std::array<ui::Frame, LastStep> frmStep;  // the panels, by step - 1
+  ui::Frame frmCommand;
+  ui::CommandButton cmdBack, cmdNext, cmdFinish, cmdCancel, cmdSettings;
   ui::StatusBar barStatus;  // panel 0: messages; panel 1: the connected system, empty without a connection
-  ui::Label lblStep5_2;     // completion text
 
-  // Connection, class and properties
-  ui::TreeView tvwConnection, tvwClasses, tvwAttributes;
+  // Welcome, connection, class
+  ui::Label lblStep1_1, lblStep1_2, lblStep2A_1, lblStep2_1, lblStep2_2;
+  ui::TreeView tvwConnection, tvwClasses;
+
+  // Properties
+  ui::Label lblStep3_1, lblStep3_2, lblStep3_3;
+  ui::TreeView tvwAttributes;
   ui::ListBox lstSelected;  // item data: record index
   ui::CommandButton cmdSelectOne, cmdSelectAll, cmdDeSelectOne, cmdDeSelectAll, cmdMoveUp, cmdMoveDown;
 
   // Attributes, by panel: 0 simple, 1 reference, 2 list and array, 3 picture, 4 multi-line text
+  static constexpr std::size_t FirstPanelWithRows = 2;
+  ui::Label lblStep4_1, lblStep4_2;
   ui::ListBox lstFields;  // item data: record index
-  Int16 FrontPanel;       // the panel that lies in front
-  std::array<ui::TextBox, 5> txtCaption, txtRowHeight;
+  std::array<ui::Frame, 5> frmProperty;
+  std::array<ui::Label, 5> lblCaption, lblRowHeight;
+  std::array<ui::TextBox, 5> txtCaption, txtRowHeight;  // row heights from FirstPanelWithRows on
   ui::CheckBox chkReadOnly, chkRefCombo;
-  ui::Label lblUpdateAfter, lblComboQuery, lblComboColumn;
-  ui::ListBox lstUpdateAfter, lstQueryName, lstQueryColumn;
+  ui::Label lblUpdateAfter, lblComboMsg, lblComboQuery, lblComboColumn;
+  ui::ComboBox lstUpdateAfter;  // item data: record index
+  ui::ComboBox lstQueryName;    // item data: which column holds the object id
+  ui::ComboBox lstQueryColumn;
+
+  // Finish
+  ui::Label lblStep5_1, lblStep5_2, lblStep5_3;
 
   // Each of these is one rule of the wizard; the events of the controls call them.
   void Form_Load();
@@ -62,18 +82,27 @@ class frmWizard : public ui::Form {
   void InitStep();             // entry work of the current step
   void LeaveStep();            // exit work of the current step
   void PopulateFields();
-  void StatusMessage(std::string_view text) { barStatus.Panels[0] = text; }
+  void StatusMessage(std::string_view text) { barStatus.Panels[0] = std::string(text); }
   Int16 CurrentStep() const { return currentStep_; }
-  bool IsConnected() const { return !barStatus.Panels[1].empty(); }
+  bool IsConnected() const { return !barStatus.Panels[1].Get().empty(); }
+  // The attribute panel that is shown.
+  std::size_t FrontPanel() const;
 
   // The description behind an entry of lstSelected or lstFields.
   model::FieldRecord& RecordOf(const ui::ListBox& list, int index) { return Record(list.ItemData(index)); }
 
  protected:
+  void OnLoad() override { Form_Load(); }
   void OnUnload() override { CloseConnection(); }
 
  private:
+  void Design();
+  void DesignFirstSteps();
+  void DesignPropertiesStep();
+  void DesignAttributesStep();
   void ConnectEvents();
+  void PlaceFrames();
+  void SetToolTips();
   model::FormModel& Model() { return services_.State.Form; }
   model::FieldRecord& Record(int index) { return Model().Fields[Int16(index)]; }
   std::string Text(int id) const { return services_.Strings.LoadResStringLocal(id); }
@@ -84,6 +113,7 @@ class frmWizard : public ui::Form {
   void cmdBack_Click();
   void cmdNext_Click();
   void cmdFinish_Click();
+  void cmdSettings_Click();
   void EnterClassStep();
   void EnterPropertiesStep();
   void EnterAttributesStep();
@@ -100,6 +130,7 @@ class frmWizard : public ui::Form {
   void PopulateClassList();
   void AddClassNodes();
   void tvwClasses_NodeClick(ui::Node& node);
+  void tvwClasses_DblClick();
 
   // Properties
   void PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly);
@@ -123,6 +154,7 @@ class frmWizard : public ui::Form {
   void lstQueryColumn_Click();
   void txtRowHeight_Change(std::size_t panel);
   void PopulateQueryList();
+  void ShowComboSpecification(bool visible);
   void LetLeaveField(bool allowed);
   bool AskForQueryAndColumn(bool needsColumn);
 
@@ -132,12 +164,15 @@ class frmWizard : public ui::Form {
   void Generate();
 
   WizardServices services_;
+  generator::ide::Vbe& environment_;
   support::ErrorReport report_;
   std::unique_ptr<factory::ObjectFactory> factory_;
   Int16 currentStep_;
   std::string readyText_;
   std::string populatedClass_;  // the class whose properties are loaded; empty after a connection attempt
   ui::Node* selectedClass_ = nullptr;
+  float classesX_ = 0, classesY_ = 0;  // where the mouse was last pressed in tvwClasses
+  std::unique_ptr<settings::frmSettings> settingsDialog_;
 
   // While the combo box of a reference is specified
   std::string comboClass_, comboQuery_, comboColumn_;

@@ -122,7 +122,8 @@ class Run {
       // As by a freshly loaded add-in: a form comes out the same alone and in a batch.
       wizard::AddInState state;
       wizard::frmWizard dialog(
-          {desktop_, measure_, profile_, profileFile_, *server_, Environment(), strings_, options_.Language, state});
+          {desktop_, measure_, profile_, profileFile_, *server_, strings_, localization_, options_.Language, state},
+          Environment());
       WalkThrough(dialog, options_.System, form);
       dialog.Unload();
       FinishForm(form, state);
@@ -193,6 +194,7 @@ class Run {
   RunProfile profile_;
   adapters::satellite::Satellites satellites_;
   support::Strings strings_;
+  support::Localization localization_{strings_, satellites_};
   adapters::textmeasure::BuiltInTextMeasure measure_;
   ConsoleDesktop desktop_;
   std::unique_ptr<wizard::factory::FactoryCreator> server_;

@@ -13,7 +13,7 @@ using support::InputError;
 using wizard::frmWizard;
 
 constexpr std::size_t ShownChoices = 12;
-constexpr wizard::Int16 ReferencePanel(1), FirstRowsPanel(2);
+constexpr std::size_t SimplePanel = 0, ReferencePanel = 1;
 
 std::string Listed(const std::vector<std::string>& choices) {
   if (choices.empty()) return "there are none";
@@ -30,10 +30,10 @@ class User {
   void ChooseSystem(const std::string& name) {
     if (!name.empty()) {
       dialog_.tvwConnection.ClickNode(
-          FindNode(dialog_.tvwConnection, "system", name, [](const ui::Node& node) { return node.Text; }));
+          FindNode(dialog_.tvwConnection, "system", name, [](const ui::Node& node) { return node.Text.Get(); }));
     }
     Next();
-    if (!dialog_.IsConnected()) Fail(dialog_.barStatus.Panels[0] + "; see \"ostrel-form-wizard systems\"");
+    if (!dialog_.IsConnected()) Fail(dialog_.barStatus.Panels[0].Get() + "; see \"ostrel-form-wizard systems\"");
   }
 
   void ChooseClass() {
@@ -84,7 +84,10 @@ class User {
   }
 
   // A node's text without the star of a required property.
-  static std::string Name(const ui::Node& node) { return node.Text.starts_with('*') ? node.Text.substr(1) : node.Text; }
+  static std::string Name(const ui::Node& node) {
+    const std::string& text = node.Text;
+    return text.starts_with('*') ? text.substr(1) : text;
+  }
 
   ui::Node& PropertyNode(const std::string& path) {
     const std::size_t dot = path.find('.');
@@ -109,12 +112,12 @@ class User {
   }
 
   void SetAttributesOf(const FieldChoice& field) {
-    const auto panel = static_cast<std::size_t>(dialog_.FrontPanel.Value());
+    const std::size_t panel = dialog_.FrontPanel();
     if (field.Caption) dialog_.txtCaption[panel].Type(*field.Caption);
     if (field.ReadOnly) SetReadOnly(field);
     if (field.UpdateAfter) SetUpdateAfter(field);
     if (field.Rows) {
-      if (dialog_.FrontPanel < FirstRowsPanel) {
+      if (panel < frmWizard::FirstPanelWithRows) {
         Fail("property " + field.Property + " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
       }
       dialog_.txtRowHeight[panel].Type(std::to_string(*field.Rows));
@@ -123,21 +126,21 @@ class User {
   }
 
   void SetReadOnly(const FieldChoice& field) {
-    if (dialog_.FrontPanel != wizard::Int16(0)) {
+    if (dialog_.FrontPanel() != SimplePanel) {
       Fail("property " + field.Property + " cannot be made read-only; only simple properties can");
     }
     if ((dialog_.chkReadOnly.Value() != 0) != *field.ReadOnly) dialog_.chkReadOnly.Click();
   }
 
   void SetUpdateAfter(const FieldChoice& field) {
-    if (dialog_.FrontPanel != wizard::Int16(0) || dialog_.chkReadOnly.Value() == 0) {
+    if (dialog_.FrontPanel() != SimplePanel || dialog_.chkReadOnly.Value() == 0) {
       Fail("property " + field.Property + " must be read-only to be updated after another one");
     }
     Choose(dialog_.lstUpdateAfter, "field", *field.UpdateAfter);
   }
 
   void SetCombo(const FieldChoice& field) {
-    if (dialog_.FrontPanel != ReferencePanel) {
+    if (dialog_.FrontPanel() != ReferencePanel) {
       Fail("property " + field.Property + " is no reference and cannot be shown as a combo box");
     }
     if (dialog_.chkRefCombo.Value() == 0) dialog_.chkRefCombo.Click();
@@ -166,7 +169,7 @@ class User {
 
 void WalkThrough(frmWizard& dialog, const std::string& system, const FormDescription& form) {
   User user(dialog, form);
-  dialog.Form_Load();
+  dialog.Load();
   user.Next();
   user.ChooseSystem(system);
   user.ChooseClass();

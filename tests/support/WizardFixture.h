@@ -17,8 +17,9 @@ struct WizardFixture {
   FakeIde Ide;
   NoLibraries Libraries;
   support::Strings Strings{Libraries, ""};
+  support::Localization Localization{Strings, Libraries};
   wizard::AddInState State;
-  wizard::frmWizard Dialog{{Desktop, Measure, Profile, "outility.ini", Server, Ide, Strings, "", State}};
+  wizard::frmWizard Dialog{{Desktop, Measure, Profile, "outility.ini", Server, Strings, Localization, "", State}, Ide};
 
   WizardFixture() {
     ServerData& data = Server.Data;
@@ -41,7 +42,7 @@ struct WizardFixture {
     data.AddQuery("Sample.Person", "ByName", 2, {"ID", "Name"});
     data.AddQuery("Sample.Person", "Counts", 0, {"Count"});
     data.AddQuery("Sample.Person", "Extent", 1, {"ID"});
-    Dialog.Form_Load();
+    Dialog.Load();
   }
 
   void Next(int times = 1) {
@@ -52,6 +53,10 @@ struct WizardFixture {
     Next(2);
     ChooseClass("Sample.Person");
     Next();
+  }
+  static void DoubleClick(ui::TreeView& tree, ui::Node& node) {
+    tree.ClickNode(node);
+    tree.DoubleClick();
   }
   void ChooseClass(const std::string& name) { Dialog.tvwClasses.ClickNode(NodeWithTag(Dialog.tvwClasses, name)); }
   static ui::Node& NodeWithTag(ui::TreeView& tree, const std::string& tag) {

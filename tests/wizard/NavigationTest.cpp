@@ -44,7 +44,7 @@ TEST_CASE("The completion text keeps the class that it was first replaced by") {
   CHECK(wizard.Dialog.lstSelected.ListCount() == 0);  // another class: the selection is gone
   wizard.Select("Name");
   wizard.Next(2);
-  CHECK(wizard.Dialog.lblStep5_2.Caption.ends_with("for class Core.Invoice."));
+  CHECK(wizard.Dialog.lblStep5_2.Caption.Get().ends_with("for class Core.Invoice."));
 }
 
 TEST_CASE("Going back to the class step and forward with the same class keeps the selection") {
@@ -74,7 +74,7 @@ TEST_CASE("Systems are listed, remembered and connected once") {
   wizard.Next();  // still connected to it: no new attempt
   CHECK(std::ranges::count(wizard.Server.Data.Calls, "Connect conn") == 1);
   wizard.Dialog.cmdBack.Click();
-  wizard.Dialog.tvwConnection.DoubleClickNode(wizard.Dialog.tvwConnection.Nodes.Item(2));
+  wizard.DoubleClick(wizard.Dialog.tvwConnection, wizard.Dialog.tvwConnection.Nodes.Item(2));
   CHECK(wizard.Connected() == "Archive");
   CHECK(wizard.Server.Data.Calls.back() != "Disconnect");
   wizard.Dialog.cmdCancel.Click();
@@ -89,7 +89,8 @@ TEST_CASE("A list of systems ends at its first empty entry, and names need no co
     wizard.Server.Data.Systems = list;
     wizard.Next();
     std::string found;
-    for (const ui::Node& node : wizard.Dialog.tvwConnection.Nodes.All()) found += node.Text + ":" + node.Tag + " ";
+    for (const ui::Node& node : wizard.Dialog.tvwConnection.Nodes.All())
+      found += node.Text.Get() + ":" + node.Tag + " ";
     CHECK(found == names);
   }
 }

@@ -1,3 +1,4 @@
+#include "tests/support/FakeTreeView.h"
 #include "tests/support/WizardFixture.h"
 
 #include <doctest/doctest.h>
@@ -11,7 +12,8 @@ namespace {
 std::string Tree(ui::TreeView& tree) {
   std::string all;
   for (const ui::Node& node : tree.Nodes.All()) {
-    all += (node.Parent() ? " " : "") + node.Text + "[" + node.Key() + "," + node.Tag + "," + Text(node.Image) + "]\n";
+    all += (node.Parent() ? " " : "") + node.Text.Get() + "[" + node.Key() + "," + node.Tag + "," +
+           Text(node.Image.Get()) + "]\n";
   }
   return all;
 }
@@ -26,11 +28,13 @@ TEST_CASE("Persistent classes stand below their packages and the first one is ch
         "Sample[Sample,,8]\n Company[,Sample.Company,1]\n Person[,Sample.Person,1]\n");
   CHECK(wizard.Dialog.tvwClasses.SelectedItem->Tag == "Billing.Core.Invoice");
   CHECK(wizard.Dialog.cmdNext.Enabled);
-  ui::Node& package = wizard.Dialog.tvwClasses.Nodes.Item("Sample");
-  wizard.Dialog.tvwClasses.DoubleClickNode(package);
+  FakeTreeView view(wizard.Dialog.tvwClasses);
+  view.DoubleClickRow(2);  // a package
   CHECK(wizard.Step() == "3");
   CHECK_FALSE(wizard.Dialog.cmdNext.Enabled);
-  wizard.Dialog.tvwClasses.DoubleClickNode(WizardFixture::NodeWithTag(wizard.Dialog.tvwClasses, "Sample.Person"));
+  view.DoubleClickRow(9);  // beside all nodes
+  CHECK(wizard.Step() == "3");
+  view.DoubleClickRow(4);
   CHECK(wizard.Step() == "4");
 }
 
@@ -90,7 +94,7 @@ TEST_CASE("Properties become records and nodes of their kind; objects load when 
   CHECK(name.ReferenceClass == "Sample.Person");
   CHECK(name.FieldKind == kind::ReferenceLabel);
   const auto calls = wizard.Server.Data.Calls.size();
-  wizard.Property("Spouse").Expanded = false;
+  wizard.Dialog.tvwAttributes.CollapseNode(wizard.Property("Spouse"));
   wizard.Dialog.tvwAttributes.ExpandNode(wizard.Property("Spouse"));
   CHECK(wizard.Server.Data.Calls.size() == calls);  // loaded once
 }
@@ -117,7 +121,7 @@ TEST_CASE("The selection follows the user, tree and list always agree") {
   wizard.Select("Home");  // and an object is
   CHECK(selected() == "*Age ");
   dialog.tvwAttributes.ExpandNode(wizard.Property("Home"));
-  wizard.Property("Home").Expanded = false;
+  wizard.Dialog.tvwAttributes.CollapseNode(wizard.Property("Home"));
   dialog.cmdSelectAll.Click();
   CHECK(selected() == "Age Name Colors *Notes ");  // nothing of what is collapsed
   wizard.Property("Home").Expanded = true;
@@ -134,9 +138,9 @@ TEST_CASE("The selection follows the user, tree and list always agree") {
   dialog.cmdDeSelectOne.Click();
   CHECK(selected() == "Age Name Colors *Home.City ");
   CHECK(wizard.Property("Notes").Image == Int16(2));
-  dialog.tvwAttributes.DoubleClickNode(wizard.Property("*Name"));
+  wizard.DoubleClick(dialog.tvwAttributes, wizard.Property("*Name"));
   CHECK(selected() == "Age *Colors Home.City ");
-  dialog.tvwAttributes.DoubleClickNode(wizard.Property("*Name"));
+  wizard.DoubleClick(dialog.tvwAttributes, wizard.Property("*Name"));
   CHECK(selected() == "Age Colors Home.City *Name ");
   dialog.cmdDeSelectAll.Click();
   CHECK(selected().empty());
@@ -175,7 +179,7 @@ TEST_CASE("Attributes are written straight into the records") {
   CHECK(fields[Int16(1)].Caption == "Full name");
 
   dialog.lstFields.ClickItem(2);
-  CHECK(dialog.FrontPanel == Int16(4));
+  CHECK(dialog.FrontPanel() == 4);
   CHECK(dialog.txtRowHeight[4].Text() == "5");
   for (const auto& [text, rows] :
        {std::pair{"8", 8}, std::pair{"", 8}, std::pair{"many", 8}, std::pair{"40000", 8}, std::pair{"2.5", 2}}) {

@@ -1,0 +1,85 @@
+#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/ObservingView.h"
+#include "adapters/qt/Text.h"
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QSignalBlocker>
+
+namespace formwizard::adapters::qt {
+namespace {
+
+class ListBoxView : public ObservingView<ui::ListBox, QListWidget, ui::ListObserver> {
+ public:
+  ListBoxView(FormWindow& window, ui::ListBox& control) : ObservingView(window, control, new QListWidget(&window)) {
+    widget_.setUniformItemSizes(true);
+    for (int i = 0; i < control.ListCount(); ++i) ItemInserted(i);
+    QObject::connect(&widget_, &QListWidget::currentRowChanged, &widget_, [this](int row) {
+      if (row >= 0) Act([this, row] { control_.ClickItem(row); });
+    });
+    QObject::connect(&widget_, &QListWidget::doubleClicked, &widget_, [this](const QModelIndex& index) {
+      Act([this, row = index.row()] { control_.DoubleClickItem(row); });
+    });
+  }
+
+  void ItemInserted(int index) override {
+    const QSignalBlocker quiet(&widget_);
+    widget_.insertItem(index, Text(control_.List(index)));
+    NoteChange();
+  }
+  void ItemRemoved(int index) override {
+    const QSignalBlocker quiet(&widget_);
+    delete widget_.takeItem(index);
+    NoteChange();
+  }
+  void Cleared() override {
+    const QSignalBlocker quiet(&widget_);
+    widget_.clear();
+    NoteChange();
+  }
+
+ private:
+  void Show() override {
+    const QSignalBlocker quiet(&widget_);
+    widget_.setCurrentRow(control_.ListIndex());
+    if (QListWidgetItem* item = widget_.currentItem()) widget_.scrollToItem(item);
+  }
+};
+
+class ComboBoxView : public ObservingView<ui::ComboBox, QComboBox, ui::ListObserver> {
+ public:
+  ComboBoxView(FormWindow& window, ui::ComboBox& control) : ObservingView(window, control, new QComboBox(&window)) {
+    for (int i = 0; i < control.ListCount(); ++i) ItemInserted(i);
+    QObject::connect(&widget_, &QComboBox::activated, &widget_, [this](int index) {
+      NoteChange();
+      Act([this, index] { control_.ClickItem(index); });
+    });
+  }
+
+  void ItemInserted(int index) override {
+    widget_.insertItem(index, Text(control_.List(index)));
+    NoteChange();
+  }
+  void ItemRemoved(int index) override {
+    widget_.removeItem(index);
+    NoteChange();
+  }
+  void Cleared() override {
+    widget_.clear();
+    NoteChange();
+  }
+
+ private:
+  void Show() override { widget_.setCurrentIndex(control_.ListIndex()); }
+};
+
+}  // namespace
+
+std::unique_ptr<View> MakeView(FormWindow& window, ui::ListBox& control) {
+  return std::make_unique<ListBoxView>(window, control);
+}
+std::unique_ptr<View> MakeView(FormWindow& window, ui::ComboBox& control) {
+  return std::make_unique<ComboBoxView>(window, control);
+}
+
+}  // namespace formwizard::adapters::qt

@@ -1,0 +1,20 @@
+// The window of the wizard.
+#pragma once
+
+#include "adapters/qt/FormWindow.h"
+#include "wizard/frmWizard.h"
+
+namespace formwizard::adapters::qt {
+
+class WizardWindow : public FormWindow {
+ public:
+  WizardWindow(wizard::frmWizard& dialog, QWidget* parent);
+
+ private:
+  void LayOutSteps();
+  void LayOutPanels();
+
+  wizard::frmWizard& dialog_;
+};
+
+}  // namespace formwizard::adapters::qt

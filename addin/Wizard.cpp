@@ -1,0 +1,105 @@
+#include "addin/Wizard.h"
+
+#include "resources/Bitmaps.h"
+#include "ui/RuntimeErrorMessage.h"
+
+#include <utility>
+
+namespace formwizard::addin {
+namespace {
+
+using runtime::Int32;
+using runtime::RuntimeError;
+
+constexpr int CommandBitmap = 9999;
+
+Int32 AddInsMenuIndex(const ide::Application& environment) { return Int32(environment.Version() == "6.00" ? 11 : 9); }
+
+bool BeginsGroup(ide::CommandBarControls& controls, Int32 index) {
+  if (index < Int32(1)) return false;  // a menu that was short before the new command
+  return generator::Required(controls.Item(index)).BeginGroup();
+}
+
+// When the last of the old commands starts a group and the one before it does not, the new one starts a group too.
+bool StartsGroup(ide::CommandBarControls& controls) {
+  const Int32 last = controls.Count() - Int32(1);
+  return BeginsGroup(controls, last) && !BeginsGroup(controls, last - Int32(1));
+}
+
+// Says for as long as it lives that the wizard is shown.
+class Shown {
+ public:
+  explicit Shown(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Shown() { flag_ = false; }
+  Shown(const Shown&) = delete;
+  Shown& operator=(const Shown&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+Wizard::Wizard(wizard::WizardServices services, ui::Clipboard& clipboard)
+    : services_(std::move(services)), clipboard_(clipboard) {}
+
+void Wizard::IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode mode) {
+  try {
+    VBInstance = &VBInst;
+    if (mode == ConnectMode::External) {
+      ShowWizard();
+      return;
+    }
+    menuCommand_ = AddMenuCommand(VBInst, "Ostrel Form Wizard", resources::Bitmap(CommandBitmap));
+    if (!menuCommand_) return;
+    menuHandler_ =
+        VBInst.ConnectEvents(menuCommand_, [this](ide::CommandBarControl&, bool&, bool&) { MenuHandler_Click(); });
+  } catch (const RuntimeError&) {
+    return;  // the environment goes on without the command
+  }
+}
+
+std::shared_ptr<ide::CommandBarControl> Wizard::AddMenuCommand(ide::Application& VBInst, std::string_view caption,
+                                                               std::span<const std::byte> picture) {
+  try {
+    const auto addInsMenu = generator::Required(VBInst.CommandBar(Int32(1))).Item(AddInsMenuIndex(VBInst));
+    if (!addInsMenu) return nullptr;
+    const auto controls = addInsMenu->Controls();
+    auto command = generator::Required(controls).Add(ide::CommandBarControlType::Button);
+    if (StartsGroup(*controls)) command->SetBeginGroup(true);
+    command->SetCaption(caption);
+    command->SetOnAction("hello");
+    clipboard_.SetPicture(picture);
+    command->PasteFace();
+    return command;
+  } catch (const RuntimeError&) {
+    return nullptr;
+  }
+}
+
+void Wizard::MenuHandler_Click() {
+  try {
+    ShowWizard();
+  } catch (const RuntimeError& error) {
+    ui::ShowRuntimeError(services_.Desktop, error, "Ostrel Form Wizard");
+  }
+}
+
+void Wizard::ShowWizard() {
+  if (!VBInstance) runtime::Raise(runtime::ObjectVariableNotSet);
+  wizard::frmWizard dialog(services_, *VBInstance);
+  const Shown shown(FormDisplayed);
+  services_.Desktop.ShowModal(dialog, nullptr);
+}
+
+void Wizard::IDTExtensibility_OnDisconnection() {
+  menuHandler_.reset();
+  const auto command = std::exchange(menuCommand_, nullptr);
+  try {
+    if (command) command->Delete();
+  } catch (const RuntimeError&) {
+    return;  // the command may be gone with its menu
+  }
+}
+
+}  // namespace formwizard::addin
