@@ -288,15 +288,61 @@ void ProjectOnDisk::FinishForms() {
   }
 }
 
-void ProjectOnDisk::Save() {
+void ProjectOnDisk::FinishAndCommit() {
   FinishForms();
-  if (project_.IsChanged()) {
-    std::string text = project_.Text();
-    if (!dryRun_) CurrentSaving().Commit(text);
-    Announce(path_, original_, text);
-    original_ = std::move(text);
+  if (!project_.IsChanged()) return;
+  std::string text = project_.Text();
+  if (!dryRun_) CurrentSaving().Commit(text);
+  Announce(path_, original_, text);
+  original_ = std::move(text);
+  project_ = ProjectFile(path_, original_);
+}
+
+void ProjectOnDisk::Save() {
+  const ProjectFile projectBefore = project_;
+  const std::vector<Entry*> openBefore = open_;
+  std::vector<Entry> entriesBefore;
+  for (const Entry* entry : open_) entriesBefore.push_back(*entry);
+  try {
+    FinishAndCommit();
+  } catch (const support::SaveError&) {
+    saving_.reset();
+    project_ = projectBefore;
+    open_ = openBefore;
+    for (std::size_t i = 0; i < open_.size(); ++i) {
+      if (open_[i]->IsFinished) listedPaths_.erase(runtime::LowerCase(open_[i]->Path));
+      *open_[i] = std::move(entriesBefore[i]);
+    }
+    throw;
   }
   saving_.reset();
+}
+
+bool ProjectOnDisk::IsChanged() const {
+  return project_.IsChanged() ||
+         std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); });
+}
+
+std::vector<ComponentSummary> ProjectOnDisk::Summaries() const {
+  ReadNames();
+  std::vector<ComponentSummary> summaries;
+  summaries.reserve(entries_.size());
+  for (const Entry& entry : entries_) {
+    summaries.push_back({codePage_.Decode(entry.Name), entry.Path.empty() ? "" : FilePath(entry.Path), entry.IsForm});
+  }
+  return summaries;
+}
+
+FormFiles ProjectOnDisk::TextsOf(std::string_view name) {
+  const Entry* entry = FindEntry(codePage_.Encode(name));
+  if (!entry) throw support::InputError(path_ + ": the project has no component \"" + std::string(name) + "\"");
+  if (entry->Document) return entry->Document->Render(entry->Path.empty() ? entry->Name : StemOf(entry->Path));
+  std::string path = FilePath(entry->Path);
+  std::optional<std::string> text = ReadFile(path);
+  if (!text)
+    throw support::InputError(path + ": the file cannot be read; restore it or take its line out of the project");
+  std::string frxPath = path.substr(0, path.rfind('.')) + ".frx";
+  return {std::move(*text), entry->IsForm ? ReadFile(frxPath).value_or("") : ""};
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -28,6 +28,13 @@ struct ProjectOptions {
   std::string ToolboxFile;  // empty: none
 };
 
+// One component of the project, for showing. Texts are UTF-8.
+struct ComponentSummary {
+  std::string Name;
+  std::string File;  // its path; empty for a form that was never saved
+  bool IsForm;
+};
+
 // One file that saving writes. `Old` is nothing for a new file.
 struct FileChange {
   std::string Path;
@@ -56,10 +63,18 @@ class ProjectOnDisk : public generator::ide::Vbe,
   void FinishForms();
 
   // Finishes what is open and saves. A project in which nothing changed is not touched. support::SaveError with every
-  // file as it was before.
+  // file as it was before; what was not finished before is still open then, so that saving can be tried again.
   void Save();
 
   const std::string& Path() const { return path_; }
+  const CodePage& ProjectCodePage() const { return codePage_; }
+  // Whether saving would write something.
+  bool IsChanged() const;
+  // In the order of the project file, new forms last.
+  std::vector<ComponentSummary> Summaries() const;
+  // The text of a component as saving would write it, with a form's companion file; a module's stands in Frm.
+  // support::InputError for a name that the project does not have or a file that cannot be read.
+  FormFiles TextsOf(std::string_view name);
 
  private:
   class Component;
@@ -90,6 +105,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   void Release(std::string_view name);
   std::string NewStem(const Entry& entry);
   void Finish(Entry& entry);
+  void FinishAndCommit();
   void Announce(const std::string& path, std::optional<std::string> old, std::string text);
   Saving& CurrentSaving();
 

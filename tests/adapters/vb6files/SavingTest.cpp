@@ -193,6 +193,40 @@ TEST_CASE("Nothing is written for an unchanged project or in a dry run, which an
   CHECK(oldBytesAreTrue);
 }
 
+TEST_CASE("A project that could not be saved is still open, and is saved when it is tried again") {
+  const Contents after = NewProject();
+  for (int trouble = 1; trouble < 12; ++trouble) {
+    CAPTURE(trouble);
+    MemoryFileSystem files(OldProject());
+    ProjectOnDisk project(files, ProjectPath, {});
+    VBComponents& components = project.ActiveVBProject().Components();
+    const auto reused = components.Find("Form1");
+    reused->SetName("frmPerson");
+    reused->DesignerControls()->Add("VB.Label", nullptr);
+    const auto added = components.Add(ComponentType::Form);
+    added->SetName("frmHome");
+    const auto notes = added->DesignerControls()->Add("VB.TextBox", nullptr);
+    notes->SetProperty("MultiLine", std::string_view("-1"));
+    notes->SetProperty("Text", std::string_view("txtNotes"));
+    CHECK(project.IsChanged());
+    const std::string shown = project.TextsOf("frmHome").Frm;
+    files.TroubleAt = trouble;
+    files.Kind = Trouble::Fails;
+    try {
+      project.Save();
+    } catch (const support::SaveError&) {
+      CHECK(files.Files == OldProject());
+      CHECK(project.IsChanged());
+      CHECK(project.TextsOf("frmHome").Frm == shown);
+      project.Save();
+    }
+    CHECK(files.Files == after);
+    CHECK_FALSE(project.IsChanged());
+    CHECK(project.TextsOf("frmHome").Frm == shown);
+    CHECK(project.Summaries().back().File == "P/frmHome.frm");
+  }
+}
+
 TEST_CASE("The file system of this machine keeps what saving relies on") {
   namespace fs = std::filesystem;
   const fs::path folder = fs::temp_directory_path() / "formwizard-saving-test";

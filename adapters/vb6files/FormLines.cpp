@@ -1,0 +1,46 @@
+#include "adapters/vb6files/FormLines.h"
+
+#include "runtime/Conversions.h"
+#include "support/Failures.h"
+
+#include <algorithm>
+
+namespace formwizard::adapters::vb6files {
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::string_view Word(std::string_view line, int n) {
+  line = Trimmed(line);
+  for (; n > 0; --n) line = Trimmed(line.substr(std::min(line.find_first_of(" \t"), line.size())));
+  return line.substr(0, line.find_first_of(" \t"));
+}
+
+bool StartsWith(std::string_view line, std::string_view word) {
+  return runtime::EqualIgnoringCase(Word(line, 0), word);
+}
+
+void FormLines::Next() {
+  end_ = rest_.empty();
+  const std::size_t length = std::min(rest_.find('\n'), rest_.size());
+  line_ = rest_.substr(0, length);
+  if (line_.ends_with('\r')) line_.remove_suffix(1);
+  rest_.remove_prefix(std::min(length + 1, rest_.size()));
+  ++number_;
+}
+
+PropertyLine FormLines::Property() const {
+  const std::size_t equals = line_.find('=');
+  if (equals == std::string_view::npos) Fail("a property as \"Name = value\"");
+  return {Trimmed(line_.substr(0, equals)), Trimmed(line_.substr(equals + 1))};
+}
+
+void FormLines::Fail(const std::string& expected) const {
+  throw support::InputError(path_ + ":" + std::to_string(number_) + ": expected " + expected +
+                            "; the form is damaged: restore it or take it out of the project");
+}
+
+}  // namespace formwizard::adapters::vb6files

@@ -1,0 +1,46 @@
+// The lines of a form file one after another, and how one is taken apart.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace formwizard::adapters::vb6files {
+
+// Without the blanks and tabs around it.
+std::string_view Trimmed(std::string_view text);
+
+// The n-th word of a line, counted from 0.
+std::string_view Word(std::string_view line, int n);
+
+// Whether the first word is this one, letter case aside.
+bool StartsWith(std::string_view line, std::string_view word);
+
+// What stands on the two sides of a property line's "=", blanks around them taken off.
+struct PropertyLine {
+  std::string_view Name, Value;
+};
+
+class FormLines {
+ public:
+  // Stands on the first line. Both must outlive this object.
+  FormLines(const std::string& path, std::string_view text) : path_(path), rest_(text) { Next(); }
+
+  bool AtEnd() const { return end_; }
+  std::string_view Line() const { return line_; }  // without its line end
+  bool StartsWith(std::string_view word) const { return vb6files::StartsWith(line_, word); }
+  void Next();
+
+  // The line as a property; support::InputError when it is none.
+  PropertyLine Property() const;
+
+  // support::InputError, naming the file and the line.
+  [[noreturn]] void Fail(const std::string& expected) const;
+
+ private:
+  const std::string& path_;
+  std::string_view rest_, line_;
+  int number_ = 0;
+  bool end_ = false;
+};
+
+}  // namespace formwizard::adapters::vb6files

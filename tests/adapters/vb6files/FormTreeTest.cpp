@@ -1,0 +1,126 @@
+#include "adapters/vb6files/FormTree.h"
+
+#include "adapters/vb6files/PropertyText.h"
+#include "support/Failures.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+using namespace formwizard;
+using namespace formwizard::adapters::vb6files;
+using namespace formwizard::tests;
+
+namespace {
+
+FormTree Read(const std::string& body, const std::string& frx = "", int codePage = 1252) {
+  return ReadFormTree("x.frm", "VERSION 5.00\r\nBegin VB.Form F \r\n" + body + "End\r\nAttribute VB_Name = \"F\"\r\n",
+                      frx, CodePage(codePage));
+}
+
+std::string ErrorOf(const std::string& body) {
+  try {
+    Read(body);
+  } catch (const support::InputError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+std::string Repeated(const std::string& text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+// One line a node, two blanks a level.
+std::string Outline(const FormNode& node, const std::string& indent = "") {
+  std::string text = indent + node.Class + " " + node.Name + "\n";
+  for (const FormNode& child : node.Children) text += Outline(child, indent + "  ");
+  return text;
+}
+
+}  // namespace
+
+TEST_CASE("A form file becomes a tree in file order, with its code") {
+  TemporaryFolder folder;
+  CopySample("library", folder / "library");
+  const FormTree tree = ReadFormFile(RealFileSystem(), folder / "library/Forms/frmBook.frm", CodePage(1252));
+  CHECK(Outline(tree.Form).starts_with(
+      "VB.Form frmBook\n  VB.CommandButton cmdZurück\n  VB.CommandButton cmdOK\n  VB.Frame fraBook\n"
+      "    VB.TextBox txtPrice\n    VB.TextBox txtIsbn\n"));
+  CHECK(tree.Form.Children[0].Text("Caption") == "&Zurück");
+  CHECK(tree.Form.Children[2].Children[1].Text("ToolTipText").find("frx") == std::string::npos);
+  CHECK(tree.Form.Number("BorderStyle") == 3);
+  CHECK_FALSE(tree.Form.Flag("MaxButton", true));
+  CHECK(tree.Form.Flag("Visible", true));
+  CHECK(tree.Code.starts_with("Option Explicit\r\n"));
+  CHECK_THROWS_WITH_AS(ReadFormFile(RealFileSystem(), folder / "none.frm", CodePage(1252)),
+                       doctest::Contains((folder / "none.frm").c_str()), support::InputError);
+}
+
+TEST_CASE("Values lose quotes and comments, groups are flattened, texts come in UTF-8") {
+  struct Case {
+    std::string lines, property, value;
+  };
+  for (const Case& c :
+       {Case{"Caption = \"it's \"\"so\"\"\"\n", "caption", "it's \"so\""}, Case{"Caption = \"\"\n", "Caption", ""},
+        Case{"Caption = \"\"\"\"  'x\n", "Caption", "\""}, Case{"Caption = \"a = b:c\"\n", "Caption", "a = b:c"},
+        Case{"Visible         =   0   'False\n", "Visible", "0"}, Case{"Shortcut = ^S\n", "Shortcut", "^S"},
+        Case{"BeginProperty Font \n Name = \"Arial\"\n BeginProperty In {0}\n A=1\n EndProperty\n "
+             "Size = 9.75\nEndProperty\nTag=\"z\"\n",
+             "font.size", "9.75"},
+        Case{"BeginProperty G \n BeginProperty H(1) {0}\n A=1\n EndProperty\nEndProperty\n", "G.H(1).A", "1"}}) {
+    CAPTURE(c.lines);
+    const FormNode form = Read(c.lines).Form;
+    REQUIRE(form.Find(c.property));
+    CHECK(form.Text(c.property) == c.value);
+  }
+  CHECK(Read("Caption = \"\x93\xFA\x96{\"\n", "", 932).Form.Text("Caption") == "日本");
+
+  const FormNode form = Read("A = &H8000000F&\nB = -2147483640\nC = 1e999\nD = 0   'False\n").Form;
+  CHECK(form.Number("A") == 2147483663.0);
+  CHECK(form.Number("B") == -2147483640.0);
+  CHECK(form.Number("C", 7) == 7);
+  CHECK(form.Number("E", 8) == 8);
+  CHECK_FALSE(form.Flag("D", true));
+}
+
+TEST_CASE("Texts of the companion file stand in the tree, what is none keeps its reference") {
+  FrxBuilder frx("F");
+  const std::string shortText = frx.AddMultiLineText("one\r\ntwo");
+  const std::string icon = frx.AddRecord(std::string("\x0B\0\0\0lt\0\0\x03\0\0\0ICO", 15));
+  const std::string caption = frx.AddString("with a\ttab");
+  const std::string longText = frx.AddMultiLineText(std::string(300, 'x'));
+  const std::string list = frx.AddRecord(std::string("\x02\0\x05\0\x05\0first\x01\0z", 14));
+  const std::string last = frx.AddString("cut off");
+  const FormNode form =
+      Read("Text = " + shortText + "\nIcon = " + icon + "\nCaption = " + caption + "\nBegin A B\nText = " + longText +
+               "\nEnd\nBegin A C\nList = " + list + "\nTag = " + last + "\nEnd\n",
+           frx.Bytes().substr(0, frx.Bytes().size() - 1))
+          .Form;
+  CHECK(form.Text("Text") == "one\r\ntwo");
+  CHECK(form.Text("Icon") == icon);
+  CHECK(form.Text("Caption") == "with a\ttab");
+  CHECK(form.Children[0].Text("Text") == std::string(300, 'x'));
+  CHECK(form.Children[1].Text("List") == "first\r\nz");
+  CHECK(form.Children[1].Text("Tag") == last);
+
+  // However often a record is referred to, it is read once.
+  const FormNode again = Read("A = " + caption + "\nB = " + caption + "\n", frx.Bytes()).Form;
+  CHECK(again.Text("A") == "with a\ttab");
+  CHECK(again.Text("B") == caption);
+}
+
+TEST_CASE("A damaged form is refused by file and line, however it is damaged") {
+  CHECK(ErrorOf("Caption\n").starts_with("x.frm:3: expected a property"));
+  CHECK(ErrorOf("Begin VB.Label \nEnd\n").starts_with("x.frm:3: expected a class and a name"));
+  CHECK(ErrorOf("Begin VB.Label L\nBeginProperty Font\nEnd\n").starts_with("x.frm:5: expected a property"));
+  CHECK(ErrorOf("Begin A B\n").find("x.frm:") == 0);
+
+  const auto nested = [](int count) { return Repeated("Begin A B\n", count) + Repeated("End\n", count); };
+  CHECK(ErrorOf(nested(63)) == "");
+  CHECK(ErrorOf(nested(64)).starts_with("x.frm:66: expected at most 64 levels"));
+  CHECK(ErrorOf(nested(200000)).starts_with("x.frm:66: expected at most 64 levels"));
+  CHECK(ErrorOf("Begin A B\n" + Repeated("BeginProperty G\n", 500) + Repeated("EndProperty\n", 500) + "End\n")
+            .find("levels") != std::string::npos);
+}
