@@ -53,6 +53,13 @@ void Form::SetFocus(Control& control) {
   if (std::exchange(activeControl_, &control) != &control) Changed();
 }
 
+Control* Form::NextFocus() const {
+  const auto found = std::ranges::find_if(controls_, [](Control* control) {
+    return control->TakesFocus() && control->TakesInput() && !dynamic_cast<CommandButton*>(control);
+  });
+  return found == controls_.end() ? DefaultButton() : *found;
+}
+
 CommandButton* Form::DefaultButton() const { return FindButton(controls_, &CommandButton::Default); }
 CommandButton* Form::CancelButton() const { return FindButton(controls_, &CommandButton::Cancel); }
 

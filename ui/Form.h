@@ -39,6 +39,9 @@ class Form : public Observed {
   Control* ActiveControl() const { return activeControl_ && activeControl_->TakesInput() ? activeControl_ : nullptr; }
   // Error 5 for a control that cannot have the focus now.
   void SetFocus(Control& control);
+  // What the focus goes to when the control that had it is gone: the first in tab order that is no button, else the
+  // default button. Null when there is neither.
+  Control* NextFocus() const;
   // What pressing Enter or Escape clicks; null when there is no such button.
   CommandButton* DefaultButton() const;
   CommandButton* CancelButton() const;

@@ -5,10 +5,12 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -20,6 +22,14 @@ QString Spoken(std::string_view caption) {
   QString text = Text(caption);
   text.replace("&&", "\x01").remove('&').replace('\x01', '&');
   return text;
+}
+
+// The dialog's size as designed, grown as the desktop's font is larger than the one of the design.
+QSize DesignedSize(const ui::Form& form, const QFontMetrics& metrics) {
+  constexpr double twipsAPixel = 15;
+  constexpr double designedCharacter = 5;  // pixels, on average
+  const double scale = std::max(1.0, metrics.averageCharWidth() / designedCharacter) / twipsAPixel;
+  return (QSizeF(form.Width.Value(), form.Height.Value()) * scale).toSize();
 }
 
 bool IsInput(QEvent::Type type) {
@@ -49,6 +59,7 @@ FormWindow::~FormWindow() { form_.Observe(nullptr); }
 
 QWidget* FormWindow::Keep(ui::Control& control, std::unique_ptr<View> view) {
   QWidget* widget = view->Widget();
+  widget->setObjectName(Text(control.Name));
   widget->installEventFilter(this);
   controls_.emplace(widget, &control);
   view->Update();
@@ -78,7 +89,9 @@ void FormWindow::Finish() {
       previous = widget;
     }
   }
+  if (ui::Control* first = form_.NextFocus()) form_.SetFocus(*first);
   ShowForm();
+  resize(sizeHint().expandedTo(DesignedSize(form_, fontMetrics())).boundedTo(screen()->availableSize()));
 }
 
 void FormWindow::Act(const std::function<void()>& action) {
@@ -97,7 +110,10 @@ void FormWindow::Act(const std::function<void()>& action) {
 void FormWindow::ShowFailure(const QString& text) { QMessageBox::critical(this, windowTitle(), text); }
 
 void FormWindow::ShowChanges() {
+  // Asked before widgets are hidden, because the toolkit then moves the focus by itself.
+  ui::Control* next = form_.Enabled && !form_.ActiveControl() ? form_.NextFocus() : nullptr;
   for (View* view : std::exchange(changedViews_, {})) view->Update();
+  if (next) form_.SetFocus(*next);
   if (std::exchange(changed_, false)) ShowForm();
 }
 

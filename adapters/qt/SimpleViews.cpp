@@ -50,7 +50,10 @@ class ButtonView : public ObservingView<ui::CommandButton, QPushButton> {
   ButtonView(FormWindow& window, ui::CommandButton& control)
       : ObservingView(window, control, new QPushButton(&window)) {
     widget_.setAutoDefault(false);
-    QObject::connect(&widget_, &QPushButton::clicked, &widget_, [this] { Act([this] { control_.Click(); }); });
+    QObject::connect(&widget_, &QPushButton::clicked, &widget_, [this] {
+      widget_.setFocus();  // also when its access key was pressed
+      Act([this] { control_.Click(); });
+    });
   }
 
  private:

@@ -41,6 +41,9 @@ void WizardWindow::LayOutSteps() {
   QWidget* choosing[] = {For(dialog_.cmdSelectOne), For(dialog_.cmdSelectAll), For(dialog_.cmdDeSelectOne),
                          For(dialog_.cmdDeSelectAll)};
   QWidget* moving[] = {For(dialog_.cmdMoveUp), For(dialog_.cmdMoveDown)};
+  const int narrow = fontMetrics().horizontalAdvance("MMMM");
+  for (QWidget* button : choosing) button->setMaximumWidth(narrow);
+  for (QWidget* button : moving) button->setMaximumWidth(narrow);
   auto* properties = new QGridLayout;
   properties->addWidget(For(dialog_.lblStep3_1), 0, 0, 1, 4);
   properties->addWidget(For(dialog_.lblStep3_2), 1, 0);

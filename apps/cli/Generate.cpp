@@ -6,17 +6,16 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/ConsoleDesktop.h"
 #include "apps/cli/Options.h"
-#include "apps/cli/Paths.h"
 #include "apps/cli/RunProfile.h"
 #include "apps/cli/Summary.h"
 #include "apps/cli/UnifiedDiff.h"
 #include "apps/cli/WizardUser.h"
+#include "apps/common/Paths.h"
 #include "settings/Profile.h"
 #include "support/Failures.h"
 
 #include <nlohmann/json.hpp>
 
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <utility>
@@ -88,14 +87,6 @@ class FileReport {
   const GenerateOptions& options_;
 };
 
-// A link to a project stands for the project: the file that it names is replaced, not the link.
-std::string Resolved(const std::string& project) {
-  std::error_code error;
-  if (!std::filesystem::is_symlink(project, error)) return project;
-  const std::filesystem::path target = std::filesystem::canonical(project, error);
-  return error ? project : target.string();
-}
-
 // One run: everything that the wizard is given, and the forms that it makes one after the other.
 class Run {
  public:
@@ -104,11 +95,11 @@ class Run {
         files_(options),
         writes_(!options.DryRun && !options.Check),
         settings_(SettingsFromOptions(options.Settings)),
-        profileFile_(options.Profile.empty() ? DefaultProfile() : options.Profile),
+        profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
         profile_(profiles_, !writes_),
-        strings_(satellites_, ProgramFolder()),
+        strings_(satellites_, common::ProgramFolder()),
         server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
-        project_(vb6files::RealFileSystem(), Resolved(options.Project), {options.CodePage, options.Toolbox}) {
+        project_(vb6files::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     project_.OnChange([this](const vb6files::FileChange& change) { files_(change); }, !writes_);
     if (!options.Journal.empty()) OpenJournal();
     CheckProfile();

@@ -1,9 +1,9 @@
-#include "apps/cli/Paths.h"
+#include "apps/common/Paths.h"
 
 #include <cstdlib>
 #include <filesystem>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::common {
 namespace {
 
 namespace fs = std::filesystem;
@@ -34,4 +34,11 @@ std::string DefaultProfile() {
   return fs::exists(beside, error) ? beside : (ConfigurationFolder() / ProfileName).string();
 }
 
-}  // namespace formwizard::apps::cli
+std::string Resolved(const std::string& project) {
+  std::error_code error;
+  if (!fs::is_symlink(project, error)) return project;
+  const fs::path target = fs::canonical(project, error);
+  return error ? project : target.string();
+}
+
+}  // namespace formwizard::apps::common

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::common {
 
 // The folder of the running program, with its trailing separator; satellites stand there.
 std::string ProgramFolder();
@@ -11,4 +11,7 @@ std::string ProgramFolder();
 // "outility.ini" beside the program when there is one, else in the user's configuration folder.
 std::string DefaultProfile();
 
-}  // namespace formwizard::apps::cli
+// A link to a project stands for the project: what it names is replaced when the project is saved, not the link.
+std::string Resolved(const std::string& project);
+
+}  // namespace formwizard::apps::common

@@ -1,0 +1,72 @@
+#include "apps/desktop/Environment.h"
+
+#include "adapters/sqlite/Dictionary.h"
+#include "apps/common/Paths.h"
+#include "apps/desktop/MenuBars.h"
+
+#include <utility>
+
+namespace formwizard::apps::desktop {
+
+using namespace generator::ide;
+
+Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions options)
+    : addInsMenu_(addInsMenu),
+      options_(std::move(options)),
+      desktop_(&window),
+      strings_(satellites_, common::ProgramFolder()),
+      localization_(strings_, satellites_),
+      wizard_(Services(), desktop_) {
+  wizard_.IDTExtensibility_OnConnection(*this, addin::ConnectMode::Startup);
+}
+
+Environment::~Environment() { wizard_.IDTExtensibility_OnDisconnection(); }
+
+wizard::WizardServices Environment::Services() {
+  if (options_.Profile.empty()) options_.Profile = common::DefaultProfile();
+  return {desktop_, measure_, profiles_, options_.Profile, server_, strings_, localization_, options_.Language, state_};
+}
+
+void Environment::OpenProject(const std::string& path) {
+  auto project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
+      adapters::vb6files::RealFileSystem(), common::Resolved(path),
+      adapters::vb6files::ProjectOptions{options_.CodePage, options_.Toolbox});
+  static_cast<void>(project->Summaries());  // a component that cannot be read is found now
+  state_.NewComponent.reset();              // belongs to the old project
+  project_ = std::move(project);
+}
+
+void Environment::OpenDictionary(const std::string& path) {
+  server_.Dictionary = adapters::sqlite::OpenDictionary(path);
+}
+
+std::string Environment::NewComponentName() const { return state_.NewComponent ? state_.NewComponent->Name() : ""; }
+
+VBProject& Environment::ActiveVBProject() {
+  if (!project_) {
+    runtime::Raise(runtime::ObjectVariableNotSet, "No project is open; open one with File, Open Project");
+  }
+  return project_->ActiveVBProject();
+}
+
+std::shared_ptr<CommandBarControls> Environment::CommandBar(Int32 index) {
+  if (index != Int32(1)) runtime::Raise(runtime::SubscriptOutOfRange);
+  return MenuBarWith(addInsMenu_);
+}
+
+std::unique_ptr<CommandBarEvents> Environment::ConnectEvents(const std::shared_ptr<CommandBarControl>& control,
+                                                             CommandBarEvents::Click onClick) {
+  return ConnectClicks(control, [this, onClick = std::move(onClick)](auto&... answers) {
+    onClick(answers...);
+    if (OnAddInDone) OnAddInDone();
+  });
+}
+
+std::unique_ptr<wizard::factory::ObjectFactory> Environment::Server::Create() {
+  if (!Dictionary) {
+    runtime::Raise(runtime::CannotCreateObject, "No class dictionary is open; open one with File, Open Dictionary");
+  }
+  return Dictionary->Create();
+}
+
+}  // namespace formwizard::apps::desktop

@@ -1,0 +1,74 @@
+// Plays the development environment: the open project, its menus, the wizard as its add-in.
+#pragma once
+
+#include "adapters/profile/ProfileFile.h"
+#include "adapters/qt/QtDesktop.h"
+#include "adapters/satellite/Satellites.h"
+#include "adapters/textmeasure/BuiltInTextMeasure.h"
+#include "adapters/vb6files/ProjectOnDisk.h"
+#include "addin/Wizard.h"
+
+#include <QMenu>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace formwizard::apps::desktop {
+
+struct EnvironmentOptions {
+  std::string Profile, Language, Toolbox;
+  int CodePage = 1252;
+};
+
+class Environment : public generator::ide::Application {
+ public:
+  // Connects the wizard, whose command then stands on `addInsMenu`; the window and the menu must outlive this object.
+  Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions options);
+  ~Environment() override;
+
+  // Each raises support::InputError and leaves what was open. The open project is given up unsaved.
+  void OpenProject(const std::string& path);
+  void OpenDictionary(const std::string& path);
+
+  // Called when an add-in has done what its command was clicked for.
+  std::function<void()> OnAddInDone;
+
+  // Null when no project is open.
+  adapters::vb6files::ProjectOnDisk* Project() const { return project_.get(); }
+  // The component that the wizard made last in this project; empty before.
+  std::string NewComponentName() const;
+
+  generator::ide::VBProject& ActiveVBProject() override;
+  std::string Version() const override { return "6.00"; }
+  std::shared_ptr<generator::ide::CommandBarControls> CommandBar(runtime::Int32 index) override;
+  std::unique_ptr<generator::ide::CommandBarEvents> ConnectEvents(
+      const std::shared_ptr<generator::ide::CommandBarControl>& control,
+      generator::ide::CommandBarEvents::Click onClick) override;
+
+ private:
+  // The factory of the dictionary that is open.
+  class Server : public wizard::factory::FactoryCreator {
+   public:
+    std::unique_ptr<wizard::factory::ObjectFactory> Create() override;
+    std::unique_ptr<wizard::factory::FactoryCreator> Dictionary;
+  };
+
+  wizard::WizardServices Services();
+
+  QMenu& addInsMenu_;
+  EnvironmentOptions options_;
+  adapters::qt::QtDesktop desktop_;
+  adapters::textmeasure::BuiltInTextMeasure measure_;
+  adapters::profile::ProfileFiles profiles_;
+  adapters::satellite::Satellites satellites_;
+  support::Strings strings_;
+  support::Localization localization_;
+  Server server_;
+  std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
+  wizard::AddInState state_;
+  addin::Wizard wizard_;
+};
+
+}  // namespace formwizard::apps::desktop

@@ -1,0 +1,297 @@
+#include "apps/desktop/FormPicture.h"
+
+#include "apps/desktop/ClassicLook.h"
+#include "apps/desktop/ControlPictures.h"
+#include "runtime/Conversions.h"
+#include "support/Failures.h"
+
+#include <QFontMetrics>
+#include <QImageWriter>
+#include <QLinearGradient>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::vb6files::FormNode;
+
+constexpr double TwipsPerPixel = 15;
+constexpr int LargestSide = 16384;        // pixels
+constexpr double LargestArea = 48.0e6;    // pixels: some 190 MB
+constexpr double FarthestPlace = 100000;  // pixels: a control farther off is nowhere on a form
+constexpr int MenuBarHeight = 19;
+constexpr int MenuPadding = 6;  // on either side of a title
+constexpr int IconSize = 16;
+constexpr int DesignIconSize = 32;  // of a control that is invisible at run time
+
+// The window around the client area, one row a border style.
+struct FrameStyle {
+  int Border, Caption;
+  bool HasIcon, HasSizeButtons;
+};
+constexpr std::array Styles{
+    FrameStyle{0, 0, false, false},   // none
+    FrameStyle{3, 19, true, true},    // fixed single
+    FrameStyle{4, 19, true, true},    // sizable
+    FrameStyle{3, 19, false, false},  // fixed dialog
+    FrameStyle{3, 16, false, false},  // fixed tool window
+    FrameStyle{4, 16, false, false},  // sizable tool window
+};
+
+bool Is(const FormNode& node, std::string_view className) { return runtime::EqualIgnoringCase(node.Class, className); }
+bool IsVisible(const FormNode& node) { return node.Flag("Visible", true); }
+
+const FrameStyle& StyleOf(const FormNode& form) {
+  // A user control has no window of its own.
+  if (!Is(form, "VB.Form") && !Is(form, "VB.MDIForm")) return Styles[0];
+  return Styles[static_cast<std::size_t>(std::clamp(form.Number("BorderStyle", 2), 0.0, 5.0))];
+}
+
+std::vector<const FormNode*> MenuTitles(const FormNode& form) {
+  std::vector<const FormNode*> titles;
+  for (const FormNode& child : form.Children) {
+    if (Is(child, "VB.Menu") && IsVisible(child) && !child.Text("Caption").empty()) titles.push_back(&child);
+  }
+  return titles;
+}
+
+int Pixels(double value) { return static_cast<int>(std::lround(std::clamp(value, -FarthestPlace, FarthestPlace))); }
+
+// The parts of the window, in pixels.
+struct Window {
+  explicit Window(const FormNode& form) {
+    const FrameStyle& style = StyleOf(form);
+    const bool hasCaption = form.Flag("ControlBox", true) || !form.Text("Caption").empty();
+    const int width = std::clamp(Pixels(form.Number("ClientWidth", 4680) / TwipsPerPixel), 1, LargestSide);
+    const int height = std::clamp(Pixels(form.Number("ClientHeight", 3195) / TwipsPerPixel), 1, LargestSide);
+    Caption = QRect(style.Border, style.Border, width, hasCaption ? style.Caption : 0);
+    MenuBar = QRect(style.Border, Caption.bottom() + 1, width, MenuTitles(form).empty() ? 0 : MenuBarHeight);
+    Client = QRect(style.Border, MenuBar.bottom() + 1, width, height);
+    Outer = QRect(0, 0, width + 2 * style.Border, Client.bottom() + 1 + style.Border);
+  }
+  QRect Outer, Caption, MenuBar, Client;
+};
+
+// A wanted scale, or the largest at which the picture can be made.
+double FittedScale(const QSize& size, double wanted) {
+  const double width = size.width();
+  const double height = size.height();
+  const double scale = wanted > 0 ? wanted : 1;
+  return std::min({scale, LargestSide / width, LargestSide / height, std::sqrt(LargestArea / (width * height))});
+}
+
+// The scale in which the places of a container's controls are given.
+class Space {
+ public:
+  Space(const FormNode& container, const QRect& client) : client_(client) {
+    constexpr double twips = 1;
+    const double width = container.Number("ScaleWidth");
+    const double height = container.Number("ScaleHeight");
+    // Any other scale is told by what the client area measures in it.
+    if (container.Number("ScaleMode", twips) == twips || width == 0 || height == 0) return;
+    left_ = container.Number("ScaleLeft");
+    top_ = container.Number("ScaleTop");
+    unitX_ = client.width() / width;
+    unitY_ = client.height() / height;
+  }
+
+  QRect PlaceOf(const FormNode& control) const {
+    const int x = client_.left() + Pixels((control.Number("Left") - left_) * unitX_);
+    const int y = client_.top() + Pixels((control.Number("Top") - top_) * unitY_);
+    if (IsInvisibleAtRunTime(control)) return QRect(x, y, DesignIconSize, DesignIconSize);
+    return QRect(x, y, std::abs(Pixels(control.Number("Width") * unitX_)),
+                 std::abs(Pixels(control.Number("Height") * unitY_)));
+  }
+
+ private:
+  QRect client_;
+  double left_ = 0, top_ = 0, unitX_ = 1 / TwipsPerPixel, unitY_ = 1 / TwipsPerPixel;
+};
+
+enum class TitleButton { Minimize, Maximize, Close };
+
+void DrawTitleButton(QPainter& painter, const QRect& place, TitleButton button, bool enabled) {
+  painter.fillRect(place, ColorOf(color::Face));
+  DrawEdge(painter, place, Edge::Raised);
+  const QColor ink = ColorOf(enabled ? color::ButtonText : color::Shadow);
+  const QRect sign(place.left() + place.width() / 2 - 4, place.top() + place.height() / 2 - 4, 8, 7);
+  if (button == TitleButton::Minimize) painter.fillRect(sign.left(), sign.bottom() - 1, 6, 2, ink);
+  if (button == TitleButton::Maximize) {
+    DrawFrame(painter, sign.adjusted(0, -1, 1, 0), ink);
+    painter.fillRect(sign.left(), sign.top(), 9, 1, ink);
+  }
+  if (button != TitleButton::Close) return;
+  for (int i = 0; i < 7; ++i) {
+    painter.fillRect(sign.left() + i, sign.top() + i, 2, 1, ink);
+    painter.fillRect(sign.left() + 6 - i, sign.top() + i, 2, 1, ink);
+  }
+}
+
+// From the right; where the buttons begin.
+int DrawTitleButtons(QPainter& painter, const FormNode& form, const QRect& bar) {
+  const int height = bar.height() - 5;
+  QRect place(bar.right() - 1 - (height + 2), bar.top() + 2, height + 2, height);
+  DrawTitleButton(painter, place, TitleButton::Close, true);
+  const bool canMinimize = form.Flag("MinButton", true);
+  const bool canMaximize = form.Flag("MaxButton", true);
+  if (!StyleOf(form).HasSizeButtons || (!canMinimize && !canMaximize)) return place.left();
+  place.translate(-place.width() - 2, 0);
+  DrawTitleButton(painter, place, TitleButton::Maximize, canMaximize);
+  place.translate(-place.width(), 0);
+  DrawTitleButton(painter, place, TitleButton::Minimize, canMinimize);
+  return place.left();
+}
+
+void DrawWindowIcon(QPainter& painter, const QRect& place) {
+  const QRect sheet = place.adjusted(0, 2, 0, -2);
+  painter.fillRect(sheet, ColorOf(color::Window));
+  painter.fillRect(sheet.left(), sheet.top(), sheet.width(), 3, QColor(0x00, 0x00, 0x80));
+  DrawFrame(painter, sheet, ColorOf(color::WindowText));
+}
+
+void DrawTitleBar(QPainter& painter, const FormNode& form, const QRect& place) {
+  if (place.isEmpty()) return;
+  const QRect bar = place.adjusted(0, 0, 0, -1);
+  QLinearGradient shade(bar.topLeft(), bar.topRight());
+  shade.setColorAt(0, QColor(0x0A, 0x24, 0x6A));
+  shade.setColorAt(1, QColor(0xA6, 0xCA, 0xF0));
+  painter.fillRect(bar, shade);
+  QRect text = bar.adjusted(2, 0, -2, 0);
+  if (form.Flag("ControlBox", true)) {
+    text.setRight(DrawTitleButtons(painter, form, place) - 2);
+    if (StyleOf(form).HasIcon) {
+      DrawWindowIcon(painter, QRect(bar.left() + 2, bar.top() + 1, IconSize, IconSize));
+      text.setLeft(bar.left() + 2 + IconSize + 2);
+    }
+  }
+  FormNode title;  // always in the system's own font and colour
+  title.Properties = {{"Font.Weight", "700"}};
+  DrawText(painter, text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, form.Text("Caption"), title,
+           color::TitleText);
+}
+
+void DrawMenuBar(QPainter& painter, const FormNode& form, const QRect& place) {
+  QRect title = place;
+  for (const FormNode* menu : MenuTitles(form)) {
+    const QFontMetrics metrics(FontOf(*menu));
+    const QSize size = metrics.size(WithAccessKey | Qt::TextSingleLine, ShownText(menu->Text("Caption")));
+    title.setWidth(size.width() + 2 * MenuPadding);
+    if (title.left() > place.right()) return;
+    DrawText(painter, title.intersected(place), Qt::AlignCenter | Qt::TextSingleLine | WithAccessKey,
+             menu->Text("Caption"), *menu, color::MenuText);
+    title.moveLeft(title.right() + 1);
+  }
+}
+
+// Draws the controls and remembers where the tab key stops.
+class ControlPainter {
+ public:
+  ControlPainter(QPainter& painter, const PictureOptions& options) : painter_(painter), options_(options) {}
+
+  // The front of the z-order stands first in the file, so the last one is drawn first.
+  void DrawOn(const FormNode& container, const QRect& client) {
+    const Space space(container, client);
+    painter_.save();
+    painter_.setClipRect(client, Qt::IntersectClip);
+    std::for_each(container.Children.rbegin(), container.Children.rend(),
+                  [&](const FormNode& child) { Draw(child, space.PlaceOf(child), client); });
+    painter_.restore();
+  }
+
+  void DrawTabOrder() const {
+    FormNode badge;
+    badge.Properties = {{"Font.Weight", "700"}, {"ForeColor", "&H00FFFFFF&"}};
+    const QFontMetrics metrics(FontOf(badge));
+    for (const Stop& stop : stops_) {
+      const int width = metrics.horizontalAdvance(ShownText(stop.Index)) + 6;
+      const QRect place(stop.Place.left(), stop.Place.top(), width, metrics.height());
+      painter_.fillRect(place, QColor(0x00, 0x00, 0x80));
+      DrawText(painter_, place, Qt::AlignCenter, stop.Index, badge, color::Highlight);
+    }
+  }
+
+ private:
+  struct Stop {
+    QRect Place;
+    std::string Index;
+  };
+
+  void Draw(const FormNode& control, const QRect& place, const QRect& client) {
+    if (Is(control, "VB.Menu") || !IsVisible(control) || !place.intersects(client)) return;
+    if (IsInvisibleAtRunTime(control) && !options_.ShowInvisible) return;
+    painter_.save();
+    painter_.setClipRect(place, Qt::IntersectClip);
+    DrawControl(painter_, control, place);
+    if (!control.Children.empty()) DrawOn(control, InsideOf(control, place));
+    painter_.restore();
+    if (TakesFocus(control)) stops_.push_back({place, control.Text("TabIndex")});
+  }
+
+  QPainter& painter_;
+  const PictureOptions& options_;
+  std::vector<Stop> stops_;
+};
+
+}  // namespace
+
+QSize PictureSize(const FormNode& form, double scale) {
+  const QSize size = Window(form).Outer.size();
+  const double fitted = FittedScale(size, scale);
+  const auto side = [&](int pixels) {
+    return std::clamp(static_cast<int>(std::ceil(pixels * fitted - 1e-6)), 1, LargestSide);
+  };
+  return {side(size.width()), side(size.height())};
+}
+
+void DrawForm(QPainter& painter, const FormNode& form, const PictureOptions& options) {
+  const Window window(form);
+  const double scale = FittedScale(window.Outer.size(), options.Scale);
+  painter.save();
+  painter.scale(scale, scale);
+  painter.fillRect(window.Outer, ColorOf(color::Face));
+  if (StyleOf(form).Border > 0) DrawEdge(painter, window.Outer, Edge::Raised);
+  DrawTitleBar(painter, form, window.Caption);
+  DrawMenuBar(painter, form, window.MenuBar);
+  painter.fillRect(window.Client, ColorOf(form, "BackColor", color::Face));
+  ControlPainter controls(painter, options);
+  controls.DrawOn(form, window.Client);
+  if (options.ShowTabOrder) controls.DrawTabOrder();
+  painter.restore();
+}
+
+QImage PictureOf(const FormNode& form, double scale, bool showTabOrder) {
+  QImage image(PictureSize(form, scale), QImage::Format_RGB32);
+  if (image.isNull()) return image;
+  image.fill(ColorOf(color::Face));
+  QPainter painter(&image);
+  DrawForm(painter, form, {.Scale = scale, .ShowTabOrder = showTabOrder});
+  painter.end();
+  image.setDevicePixelRatio(scale > 0 ? scale : 1);
+  return image;
+}
+
+void RenderToFile(const std::string& frmPath, const std::string& pngPath, int codePage) {
+  using namespace adapters::vb6files;
+  const FormTree tree = ReadFormFile(RealFileSystem(), frmPath, CodePage(codePage));
+  const QImage image = PictureOf(tree.Form, 1, false);
+  if (image.isNull()) throw support::SaveError(pngPath + ": there is not enough memory for the picture");
+  QSaveFile file(QString::fromUtf8(pngPath));  // nothing is left behind when it cannot be completed
+  QString reason;
+  if (file.open(QIODevice::WriteOnly)) {
+    QImageWriter writer(&file, "png");
+    if (!writer.write(image)) {
+      reason = writer.errorString();
+    } else if (file.commit()) {
+      return;
+    }
+  }
+  if (reason.isEmpty()) reason = file.errorString();
+  throw support::SaveError(pngPath + ": the picture cannot be written: " + reason.toStdString());
+}
+
+}  // namespace formwizard::apps::desktop

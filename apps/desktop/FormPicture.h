@@ -1,0 +1,33 @@
+// Draws a form of a project to scale, 15 twips a pixel, in the classic look of the system.
+#pragma once
+
+#include "adapters/vb6files/FormTree.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QSize>
+
+#include <string>
+
+namespace formwizard::apps::desktop {
+
+struct PictureOptions {
+  double Scale = 1;  // device pixels a pixel at 96 dots per inch
+  bool ShowTabOrder = false;
+  bool ShowInvisible = false;  // also what is invisible at run time, such as dialogs
+};
+
+// With the window's frame, title bar and menu bar. A form too large for memory is as if drawn at a smaller scale.
+QSize PictureSize(const adapters::vb6files::FormNode& form, double scale);
+
+// At the painter's origin.
+void DrawForm(QPainter& painter, const adapters::vb6files::FormNode& form, const PictureOptions& options);
+
+// `scale` is the device pixel ratio of the image.
+QImage PictureOf(const adapters::vb6files::FormNode& form, double scale, bool showTabOrder);
+
+// Reads a form file, with its .frx, and writes its picture. Needs a QGuiApplication but no display.
+// support::InputError for a form that cannot be read, support::SaveError when the picture cannot be written.
+void RenderToFile(const std::string& frmPath, const std::string& pngPath, int codePage);
+
+}  // namespace formwizard::apps::desktop

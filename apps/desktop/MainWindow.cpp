@@ -1,0 +1,216 @@
+#include "apps/desktop/MainWindow.h"
+
+#include "adapters/qt/Text.h"
+#include "apps/desktop/CodeHighlighter.h"
+#include "runtime/RuntimeError.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStatusBar>
+
+#include <stdexcept>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+using adapters::qt::Utf8;
+namespace vb6files = adapters::vb6files;
+
+CodeColors ColorsFor(const QPalette& palette) {
+  const bool isDark = palette.color(QPalette::Base).lightness() < 128;
+  return isDark ? CodeColors::Dark() : CodeColors::Light();
+}
+
+// The bytes of a module or class, without the environment's own lines at its start.
+std::string CodeOfModule(const vb6files::CodePage& codePage, const std::string& bytes) {
+  const std::string text = codePage.Decode(bytes);
+  std::size_t start = 0;
+  for (std::size_t line = 0; line < text.size(); line = std::min(text.find('\n', line), text.size() - 1) + 1) {
+    if (text.compare(line, 10, "Attribute ") == 0)
+      start = std::min(text.find('\n', line), text.size() - 1) + 1;
+    else if (start != 0)
+      break;
+  }
+  return text.substr(start);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(EnvironmentOptions options)
+    : components_(new QListWidget),
+      pages_(new QTabWidget),
+      form_(new FormView),
+      code_(new QPlainTextEdit),
+      highlighter_(new CodeHighlighter(code_->document(), ColorsFor(palette()))) {
+  code_->setReadOnly(true);
+  code_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  code_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  code_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  code_->setAccessibleName("Code");
+  components_->setAccessibleName("Components");
+  form_->setAccessibleName("Form");
+  auto* area = new QScrollArea;
+  area->setWidget(form_);
+  area->setBackgroundRole(QPalette::Mid);
+  pages_->addTab(area, "&Form");
+  pages_->addTab(code_, "&Code");
+  auto* splitter = new QSplitter;
+  splitter->addWidget(components_);
+  splitter->addWidget(pages_);
+  splitter->setStretchFactor(1, 1);
+  splitter->setSizes({220, 780});
+  setCentralWidget(splitter);
+  resize(1000, 700);
+  connect(components_, &QListWidget::currentRowChanged, this, [this] { Try([this] { ShowComponent(); }); });
+
+  AddMenus();
+  environment_ = std::make_unique<Environment>(*this, *addInsMenu_, std::move(options));
+  environment_->OnAddInDone = [this] { AfterAddIn(); };
+  ShowState();
+}
+
+void MainWindow::AddMenus() {
+  QMenu* file = menuBar()->addMenu("&File");
+  file->addAction("&Open Project...", QKeySequence::Open, this, [this] { AskForProject(); });
+  file->addAction("Open &Dictionary...", this, [this] { AskForDictionary(); });
+  file->addSeparator();
+  save_ = file->addAction("&Save Project", QKeySequence::Save, this, [this] { Save(); });
+  file->addSeparator();
+  file->addAction("&Quit", QKeySequence::Quit, this, [this] { close(); });
+  QMenu* view = menuBar()->addMenu("&View");
+  QAction* tabOrder = view->addAction("&Tab Order");
+  tabOrder->setCheckable(true);
+  connect(tabOrder, &QAction::toggled, this, [this](bool shown) { form_->SetTabOrderShown(shown); });
+  addInsMenu_ = menuBar()->addMenu("&Add-Ins");
+}
+
+bool MainWindow::Try(const std::function<void()>& action) {
+  const auto show = [this](const char* text) { QMessageBox::critical(this, "Ostrel Form Wizard", Text(text)); };
+  try {
+    action();
+    return true;
+  } catch (const std::runtime_error& failure) {
+    show(failure.what());
+  } catch (const runtime::RuntimeError& error) {
+    show(error.what());
+  }
+  return false;
+}
+
+bool MainWindow::OpenProject(const QString& path) {
+  const bool opened = Try([&] { environment_->OpenProject(Utf8(path)); });
+  if (opened) {
+    lastNew_.clear();
+    ShowProject("");
+  }
+  return opened;
+}
+
+bool MainWindow::OpenDictionary(const QString& path) {
+  const bool opened = Try([&] { environment_->OpenDictionary(Utf8(path)); });
+  if (opened) statusBar()->showMessage("Class dictionary: " + QFileInfo(path).fileName());
+  return opened;
+}
+
+void MainWindow::AskForProject() {
+  if (!MayGiveUp()) return;
+  const QString path =
+      QFileDialog::getOpenFileName(this, "Open Project", "", "Visual Basic projects (*.vbp *.VBP);;All files (*)");
+  if (!path.isEmpty()) OpenProject(path);
+}
+
+void MainWindow::AskForDictionary() {
+  const QString path =
+      QFileDialog::getOpenFileName(this, "Open Dictionary", "", "Class dictionaries (*.sqlite *.db);;All files (*)");
+  if (!path.isEmpty()) OpenDictionary(path);
+}
+
+bool MainWindow::Save() {
+  const bool saved = Try([this] { environment_->Project()->Save(); });
+  if (saved) statusBar()->showMessage("Saved");
+  ShowState();
+  return saved;
+}
+
+bool MainWindow::MayGiveUp() {
+  const vb6files::ProjectOnDisk* project = environment_->Project();
+  if (!project || !project->IsChanged()) return true;
+  const QString name = QFileInfo(Text(project->Path())).fileName();
+  const auto answer = QMessageBox::warning(this, "Ostrel Form Wizard",
+                                           "The project " + name + " has changes that are not saved. Save them?",
+                                           QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+  if (answer == QMessageBox::Save) return Save();
+  return answer == QMessageBox::Discard;
+}
+
+void MainWindow::ShowProject(const QString& chosen) {
+  int row = 0;
+  {
+    const QSignalBlocker quiet(components_);
+    components_->clear();
+    for (const vb6files::ComponentSummary& component : environment_->Project()->Summaries()) {
+      if (Text(component.Name) == chosen) row = components_->count();
+      auto* item = new QListWidgetItem(Text(component.Name), components_);
+      item->setToolTip(component.File.empty() ? "not saved yet" : Text(component.File));
+      item->setData(Qt::UserRole, component.IsForm);
+    }
+    components_->setCurrentRow(row);
+  }
+  Try([this] { ShowComponent(); });
+  ShowState();
+}
+
+void MainWindow::ShowComponent() {
+  form_->SetForm(std::nullopt);
+  code_->clear();
+  const QListWidgetItem* item = components_->currentItem();
+  if (!item) return;
+  vb6files::ProjectOnDisk& project = *environment_->Project();
+  const std::string name = Utf8(item->text());
+  const bool isForm = item->data(Qt::UserRole).toBool();
+  const vb6files::FormFiles texts = project.TextsOf(name);
+  pages_->setTabEnabled(0, isForm);
+  if (!isForm) {
+    code_->setPlainText(Text(CodeOfModule(project.ProjectCodePage(), texts.Frm)));
+    return;
+  }
+  vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
+  code_->setPlainText(Text(tree.Code));
+  form_->SetForm(std::move(tree.Form));
+}
+
+void MainWindow::ShowState() {
+  const vb6files::ProjectOnDisk* project = environment_->Project();
+  save_->setEnabled(project && project->IsChanged());
+  setWindowModified(project && project->IsChanged());
+  const QString name = project ? QFileInfo(Text(project->Path())).fileName() + "[*] - " : "[*]";
+  setWindowTitle(name + "Ostrel Form Wizard");
+}
+
+// Shows the form that the wizard has made, complete or not.
+void MainWindow::AfterAddIn() {
+  if (!environment_->Project()) return;
+  const std::string made = environment_->NewComponentName();
+  if (made.empty() || made == lastNew_) {
+    ShowState();
+    return;
+  }
+  lastNew_ = made;
+  ShowProject(Text(made));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) { event->setAccepted(MayGiveUp()); }
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) highlighter_->SetColors(ColorsFor(palette()));
+  QMainWindow::changeEvent(event);
+}
+
+}  // namespace formwizard::apps::desktop

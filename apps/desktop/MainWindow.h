@@ -1,0 +1,56 @@
+// The main window: the components of a project, the picture and the code of the chosen one, and the Add-Ins menu.
+#pragma once
+
+#include "apps/desktop/Environment.h"
+#include "apps/desktop/FormView.h"
+
+#include <QListWidget>
+#include <QMainWindow>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+
+#include <string>
+
+namespace formwizard::apps::desktop {
+
+class CodeHighlighter;
+
+class MainWindow : public QMainWindow {
+ public:
+  explicit MainWindow(EnvironmentOptions options);
+
+  // A failure is shown, and false returned.
+  bool OpenProject(const QString& path);
+  bool OpenDictionary(const QString& path);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void AddMenus();
+  void AskForProject();
+  void AskForDictionary();
+  bool Save();
+  // False when the user wants to go on with what is open.
+  bool MayGiveUp();
+  // Runs what may fail on its input or output and shows the failure.
+  bool Try(const std::function<void()>& action);
+  // Shows what the project holds now, and chooses the component of that name.
+  void ShowProject(const QString& chosen);
+  void ShowComponent();
+  void ShowState();
+  void AfterAddIn();
+
+  QMenu* addInsMenu_ = nullptr;
+  QAction* save_ = nullptr;
+  QListWidget* components_;
+  QTabWidget* pages_;
+  FormView* form_;
+  QPlainTextEdit* code_;
+  CodeHighlighter* highlighter_;
+  std::unique_ptr<Environment> environment_;
+  std::string lastNew_;
+};
+
+}  // namespace formwizard::apps::desktop

@@ -1,0 +1,139 @@
+# bash completion for ostrel-form-wizard and ostrel-form-wizard-desktop             -*- shell-script -*-
+
+_ostrel_form_wizard_words() {
+  mapfile -t COMPREPLY < <(compgen -W "$1" -- "$cur")
+}
+
+# The value of an option that stands before the cursor, with a leading ~ resolved.
+_ostrel_form_wizard_given() {
+  local i value
+  for ((i = 1; i < cword; i++)); do
+    case ${words[i]} in
+      "$1") value=${words[i + 1]} ;;
+      "$1"=*) value=${words[i]#*=} ;;
+    esac
+  done
+  [[ ${value-} != "~"/* ]] || value=$HOME${value#"~"}
+  printf '%s' "${value-}"
+}
+
+# The first column of a listing of the dictionary that was named, such as its classes.
+_ostrel_form_wizard_list() {
+  local dictionary system
+  dictionary=$(_ostrel_form_wizard_given --dictionary)
+  system=$(_ostrel_form_wizard_given --system)
+  [[ -f $dictionary ]] || return 0
+  [[ $1 == systems || -z $system ]] || set -- "$@" --system "$system"
+  ostrel-form-wizard "$@" --dictionary "$dictionary" 2>/dev/null | cut -f 1
+}
+
+# Completes the value of the option $prev; fails when that is no option with a value.
+_ostrel_form_wizard_value() {
+  local IFS=$' \t\n'
+  case $prev in
+    --project) _filedir vbp ;;
+    --dictionary | --journal) _filedir ;;
+    --toolbox | --profile) _filedir ini ;;
+    --language) _ostrel_form_wizard_words 'CHS CHT DEU ENU ESN FRA ITA JPN KOR PTB' ;;
+    --code-page) _ostrel_form_wizard_words '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001' ;;
+    --system)
+      IFS=$'\n'
+      _ostrel_form_wizard_words "$(_ostrel_form_wizard_list systems)"
+      ;;
+    --class)
+      local all=()
+      [[ $command == generate ]] || all=(--all)
+      _ostrel_form_wizard_words "$(_ostrel_form_wizard_list classes "${all[@]}")"
+      ;;
+    --fields)
+      local class chosen=''
+      class=$(_ostrel_form_wizard_given --class)
+      [[ $cur != *,* ]] || chosen=${cur%,*},
+      [[ -z $class ]] || mapfile -t COMPREPLY < <(compgen -P "$chosen" \
+        -W "$(_ostrel_form_wizard_list properties --class "$class")" -- "${cur##*,}")
+      compopt -o nospace
+      ;;
+    --set)
+      [[ $cur == *=* ]] || mapfile -t COMPREPLY < <(compgen -S = -W 'Bold Button CollectionRows Columns FormSizable
+        ImageRows LabelAlignLeft Menu MultilineRows New Save Search SearchClear SearchNew SearchPredicates SearchSort
+        Statusbar Toolbar' -- "$cur")
+      compopt -o nospace
+      ;;
+    *) return 1 ;;
+  esac
+}
+
+_ostrel_form_wizard() {
+  local cur prev words cword split
+  _init_completion -s || return
+
+  local command='' i
+  for ((i = 1; i < cword; i++)); do
+    case ${words[i]} in
+      generate | systems | classes | properties | queries | dictionary)
+        command=${words[i]}
+        break
+        ;;
+    esac
+  done
+
+  if [[ -z $command ]]; then
+    _ostrel_form_wizard_words '--help --version generate systems classes properties queries dictionary'
+    return
+  fi
+  if [[ $command == dictionary ]]; then
+    if ((cword == i + 1)); then
+      _ostrel_form_wizard_words '--help import export'
+    elif [[ $cur == -?* ]]; then
+      _ostrel_form_wizard_words '--help'
+    elif [[ ${words[i + 1]} == import && $cword -eq $((i + 2)) || ${words[i + 1]} == export && $cword -eq $((i + 3)) ]]; then
+      _filedir json
+    else
+      _filedir
+    fi
+    return
+  fi
+
+  _ostrel_form_wizard_value && return
+  $split && return
+  case $command in
+    generate)
+      if [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
+          --profile --language --dry-run --diff --check --journal --json'
+      else
+        _filedir json
+      fi
+      ;;
+    systems) _ostrel_form_wizard_words '--help --dictionary --json' ;;
+    classes) _ostrel_form_wizard_words '--help --dictionary --json --system --all' ;;
+    properties | queries) _ostrel_form_wizard_words '--help --dictionary --json --system --class' ;;
+  esac
+}
+
+_ostrel_form_wizard_desktop() {
+  local cur prev words cword split command=''
+  _init_completion -s || return
+
+  case $prev in
+    --render)
+      _filedir frm
+      return
+      ;;
+    --system | --class | --fields | --set | --project | --journal) ;; # not options of this program
+    *)
+      _ostrel_form_wizard_value && return
+      $split && return
+      ;;
+  esac
+  if ((cword > 2)) && [[ ${words[cword - 2]} == --render ]]; then
+    _filedir png
+  elif [[ $cur == -* ]]; then
+    _ostrel_form_wizard_words '--help --version --dictionary --profile --language --code-page --toolbox --render'
+  else
+    _filedir vbp
+  fi
+}
+
+complete -F _ostrel_form_wizard ostrel-form-wizard
+complete -F _ostrel_form_wizard_desktop ostrel-form-wizard-desktop

@@ -1,0 +1,133 @@
+// The desktop program over a copy of a sample project, and somebody who uses its windows.
+#pragma once
+
+#include "adapters/sqlite/Dictionary.h"
+#include "apps/desktop/MainWindow.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <fstream>
+#include <functional>
+#include <string>
+
+namespace formwizard::tests {
+
+// The widget of a control in the window that takes input now, laid out as a user would see it; the shown one where
+// several bear the name.
+template <typename Widget = QWidget>
+Widget* Find(const char* name) {
+  QApplication::processEvents();
+  for (Widget* widget : QApplication::activeModalWidget()->findChildren<Widget*>(name)) {
+    if (widget->isVisible()) return widget;
+  }
+  throw std::runtime_error(std::string("no visible ") + name);
+}
+
+inline QTreeWidgetItem* FindItem(QTreeWidget& tree, const QString& text) {
+  const auto found = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+  if (found.isEmpty()) throw std::runtime_error("no node " + text.toStdString());
+  return found.front();
+}
+
+// Until the keys go to the window that takes input. There is no window manager that activates it.
+inline void WaitForFocus() {
+  if (QWidget* window = QApplication::activeModalWidget()) window->activateWindow();
+  CHECK(QTest::qWaitFor([] {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && (!QApplication::activeModalWidget() || focus->window() == QApplication::activeModalWidget());
+  }));
+}
+
+struct DesktopFixture {
+  TemporaryFolder Folder;
+  std::string Home = Folder / "project";
+  std::string Profile = Folder / "outility.ini";
+  std::unique_ptr<apps::desktop::MainWindow> Window;
+
+  explicit DesktopFixture(const std::string& language = "", int codePage = 1252) {
+    CopySample("new-project", Home);
+    std::ifstream in(FORMWIZARD_SOURCE_DIR "/samples/dictionary.json");
+    adapters::sqlite::ImportDictionary(in, "dictionary.json", Folder / "d.sqlite");
+    Window = std::make_unique<apps::desktop::MainWindow>(
+        apps::desktop::EnvironmentOptions{Profile, language, FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini", codePage});
+    Window->show();
+    CHECK(Window->OpenProject(QString::fromStdString(Home + "/Project1.vbp")));
+    CHECK(Window->OpenDictionary(QString::fromStdString(Folder / "d.sqlite")));
+  }
+
+  QAction* WizardCommand() const {
+    for (QAction* menu : Window->menuBar()->actions()) {
+      if (menu->text() == "&Add-Ins") return menu->menu()->actions().back();
+    }
+    return nullptr;
+  }
+
+  // Opens the wizard and lets somebody use it; returns when it is closed. What goes wrong on the way is shown, and
+  // closes it.
+  void UseWizard(const std::function<void()>& user) const {
+    WhenShown(user);
+    WizardCommand()->trigger();
+    QApplication::processEvents();
+  }
+
+  // Calls back in the next modal window. Who leaves it open after a failure finds it closed.
+  static void WhenShown(const std::function<void()>& user) {
+    QTimer::singleShot(5, [user, before = QApplication::activeModalWidget()] {
+      QWidget* window = QApplication::activeModalWidget();
+      if (!window || window == before) {
+        WhenShown(user);
+        return;
+      }
+      WaitForFocus();
+      try {
+        user();
+        if (QApplication::activeModalWidget() == window) throw std::runtime_error("left open");
+      } catch (const std::runtime_error& failure) {
+        std::string shown;
+        while (auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+          shown += "\n" + open->windowTitle().toStdString();
+          for (const QLabel* label : open->findChildren<QLabel*>()) {
+            if (label->isVisible()) shown += "\n  " + label->text().toStdString();
+          }
+          open->done(0);
+        }
+        FAIL_CHECK((failure.what() + shown));
+      }
+    });
+  }
+
+  void Save() const {
+    Window->activateWindow();
+    WaitForFocus();
+    QTest::keyClick(Window.get(), Qt::Key_S, Qt::ControlModifier);
+    CHECK_FALSE(Window->isWindowModified());
+  }
+
+  // The same choices by the command line, in a copy of its own.
+  std::map<std::string, std::string> FilesByCommandLine(const std::string& json,
+                                                        const std::string& options = "") const {
+    const std::string copy = Folder / "copy";
+    CopySample("new-project", copy);
+    WriteFile(Folder / "form.json", json);
+    const std::string command =
+        FORMWIZARD_PROGRAM " generate --project " + copy + "/Project1.vbp --dictionary " + (Folder / "d.sqlite") +
+        " --toolbox " FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini --profile " + (Folder / "other.ini") + " " + options +
+        " " + (Folder / "form.json") + " >" + (Folder / "out.txt") + " 2>&1";
+    CHECK(std::system(command.c_str()) == 0);
+    return FilesIn(copy);
+  }
+};
+
+}  // namespace formwizard::tests

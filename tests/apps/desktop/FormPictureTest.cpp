@@ -1,0 +1,171 @@
+#include "apps/desktop/FormPicture.h"
+
+#include "support/Failures.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <QImageReader>
+
+using namespace formwizard;
+using namespace formwizard::adapters::vb6files;
+using namespace formwizard::apps::desktop;
+using namespace formwizard::tests;
+
+namespace {
+
+constexpr QRgb White = 0xFFFFFFFF, Face = 0xFFD4D0C8, Navy = 0xFF000080;
+
+// A form of 200 x 100 pixels without a border.
+FormNode Form(const std::string& lines) {
+  return ReadFormTree("x.frm",
+                      "VERSION 5.00\nBegin VB.Form F\nBorderStyle = 0\nClientWidth = 3000\nClientHeight = 1500\n" +
+                          lines + "End\n",
+                      "", CodePage(1252))
+      .Form;
+}
+
+std::string Control(const std::string& className, const QRect& place, const std::string& more = "") {
+  return "Begin " + className + " c\nLeft=" + std::to_string(place.left() * 15) +
+         "\nTop=" + std::to_string(place.top() * 15) + "\nWidth=" + std::to_string(place.width() * 15) +
+         "\nHeight=" + std::to_string(place.height() * 15) + "\n" + more + "End\n";
+}
+
+// The smallest rectangle that holds every pixel of a colour; null when there is none.
+QRect AreaOf(const QImage& image, QRgb color) {
+  QRect area;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) == color) area |= QRect(x, y, 1, 1);
+    }
+  }
+  return area;
+}
+
+QImage Picture(const std::string& lines, bool showTabOrder = false) { return PictureOf(Form(lines), 1, showTabOrder); }
+
+const std::string Yellow = "BackColor = &H0000FFFF&\nBorderStyle = 0\n";
+constexpr QRgb YellowPixel = 0xFFFFFF00;
+
+}  // namespace
+
+TEST_CASE("A generated form is drawn with its frame, menu bar and fields where its file says") {
+  const std::string golden = FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project/frmPerson.frm";
+  FormNode form = ReadFormFile(RealFileSystem(), golden, CodePage(1252)).Form;
+  // 7225 x 2900 twips inside a fixed border of 3 pixels, below a title bar of 19 and a menu bar of 19.
+  CHECK(PictureSize(form, 1) == QSize(482 + 6, 193 + 19 + 19 + 6));
+  CHECK(PictureSize(form, 2) == QSize(976, 474));
+  const QImage image = PictureOf(form, 1, false);
+  const QPoint client(3, 41);
+  // Both text boxes are 2000 x 325 twips: inside of their edges they are white.
+  for (const int left : {660, 3740}) {
+    const QRect box(client.x() + left / 15, client.y() + 240 / 15, 2000 / 15, 325 / 15 + 1);
+    CAPTURE(left);
+    CHECK(image.pixel(box.center() + QPoint(30, 4)) == White);
+    CHECK(AreaOf(image.copy(box.adjusted(2, 2, -2, -2)), Face).isNull());
+    CHECK(image.pixel(box.left() - 3, box.center().y()) == Face);
+    CHECK(image.pixel(box.right() + 3, box.center().y()) == Face);
+  }
+  form.Children.clear();  // with them goes the menu bar
+  CHECK(PictureSize(form, 1) == QSize(488, 193 + 19 + 6));
+}
+
+TEST_CASE("The window around the form follows its border style and its title") {
+  struct Case {
+    const char* lines;
+    QSize added;
+  };
+  for (const Case& c : {Case{"BorderStyle = 1\n", {6, 25}}, Case{"", {8, 27}}, Case{"BorderStyle = 4\n", {6, 22}},
+                        Case{"BorderStyle = 1\nControlBox = 0\n", {6, 6}},
+                        Case{"BorderStyle = 1\nControlBox = 0\nCaption = \"x\"\n", {6, 25}},
+                        Case{"BorderStyle = 1\nBegin VB.Menu m\nCaption=\"a\"\nVisible = 0\nEnd\n", {6, 25}}}) {
+    CAPTURE(c.lines);
+    const std::string frm = "VERSION 5.00\nBegin VB.Form F\nClientWidth = 3000\nClientHeight = 1500\n";
+    const FormNode form = ReadFormTree("x.frm", frm + c.lines + "End\n", "", CodePage(1252)).Form;
+    CHECK(PictureSize(form, 1) - QSize(200, 100) == c.added);
+  }
+}
+
+TEST_CASE("Controls stand where their container puts them, and no further than it reaches") {
+  const QRect place(10, 5, 30, 20);
+  const std::string box = Control("VB.PictureBox", place, Yellow);
+  CHECK(AreaOf(Picture(box), YellowPixel) == place);
+  // A frame's controls count from its corner, a picture box's from inside its border.
+  CHECK(AreaOf(Picture(Control("VB.Frame", {50, 40, 100, 50}, "BorderStyle = 0\n" + box)), YellowPixel) ==
+        place.translated(50, 40));
+  CHECK(AreaOf(Picture(Control("VB.PictureBox", {50, 40, 100, 50}, box)), YellowPixel) == place.translated(52, 42));
+  CHECK(AreaOf(Picture(Control("VB.Frame", {50, 40, 20, 15}, "BorderStyle = 0\n" + box)), YellowPixel) ==
+        QRect(60, 45, 10, 10));
+  // The user's own scale: the form is 100 units wide from -50, 50 high from 10.
+  const std::string scale = "ScaleMode = 0\nScaleLeft = -50\nScaleTop = 10\nScaleWidth = 100\nScaleHeight = 50\n";
+  const std::string units = "Begin VB.PictureBox p\nLeft = -40\nTop = 15\nWidth = 20\nHeight = 10\n" + Yellow + "End\n";
+  CHECK(AreaOf(Picture(scale + units), YellowPixel) == QRect(20, 10, 40, 20));
+  CHECK(AreaOf(Picture("ScaleWidth = 1\nScaleHeight = 1\n" + box), YellowPixel) == place);  // twips nevertheless
+}
+
+TEST_CASE("What is not seen at run time is not drawn") {
+  const QImage empty = Picture("");
+  CHECK(Picture(Control("VB.PictureBox", {0, 0, 50, 50}, Yellow + "Visible = 0  'False\n")) == empty);
+  CHECK(Picture(Control("VB.Frame", {0, 0, 90, 90}, "Visible=0\n" + Control("VB.TextBox", {1, 1, 9, 9}))) == empty);
+  const std::string dialog = "Begin MSComDlg.CommonDialog d\nLeft = 0\nTop = 0\n_ExtentX = 847\nEnd\n";
+  CHECK(Picture(dialog) == empty);
+  QImage image = empty;
+  QPainter painter(&image);
+  DrawForm(painter, Form(dialog), {.ShowInvisible = true});
+  painter.end();
+  CHECK_FALSE(image == empty);
+  // The first control in the file is in front.
+  const std::string blue = "BackColor = &H00FF0000&\nBorderStyle = 0\n";
+  CHECK(
+      AreaOf(Picture(Control("VB.PictureBox", {0, 0, 50, 50}, blue) + Control("VB.PictureBox", {0, 0, 50, 50}, Yellow)),
+             YellowPixel)
+          .isNull());
+}
+
+TEST_CASE("Colours are the system's by number or blue, green, red") {
+  const auto pixel = [](const std::string& color) { return Picture("BackColor = " + color + "\n").pixel(5, 5); };
+  CHECK(pixel("&H00102030&") == 0xFF302010);
+  CHECK(pixel("&H80000005&") == White);
+  CHECK(pixel("-2147483633") == Face);
+}
+
+TEST_CASE("Numbers of the tab order stand on what takes the focus, on request only") {
+  const std::string lines = Control("VB.TextBox", {20, 10, 60, 22}, "TabIndex = 4\n") +
+                            Control("VB.Label", {20, 60, 60, 22}, "TabIndex = 3\n") +
+                            Control("VB.TextBox", {120, 60, 60, 22}, "TabIndex = 5\nTabStop = 0\n");
+  CHECK(AreaOf(Picture(lines), Navy).isNull());
+  const QRect badge = AreaOf(Picture(lines, true), Navy);
+  CHECK(badge.topLeft() == QPoint(20, 10));
+  CHECK(QRect(20, 10, 60, 22).contains(badge));
+}
+
+TEST_CASE("However large a form says it is, its picture fits into memory") {
+  for (const char* size : {"ClientWidth = 1e300\n", "ClientWidth = 9999999\nClientHeight = 9999999\n",
+                           "ClientWidth = -5\nClientHeight = 0\n"}) {
+    CAPTURE(size);
+    const FormNode form =
+        ReadFormTree("x.frm", std::string("VERSION 5.00\nBegin VB.Form F\n") + size + "End\n", "", CodePage(1252)).Form;
+    for (const double scale : {1.0, 50.0, 0.0}) {
+      const QSize pixels = PictureSize(form, scale);
+      CHECK(pixels.width() > 0);
+      CHECK(pixels.width() <= 16384);
+      CHECK(pixels.width() * static_cast<double>(pixels.height()) < 50e6);
+    }
+  }
+  CHECK_FALSE(Picture(Control("VB.TextBox", {0, 0, 1, 1}, "Left = 1e300\nWidth = -1e300\nFont.Size = 1e9\n")).isNull());
+}
+
+TEST_CASE("A form becomes a PNG file; a damaged form or a folder that is not there is an error by name") {
+  TemporaryFolder folder;
+  const std::string good = FORMWIZARD_SOURCE_DIR "/samples/library/frmAbout.frm";
+  RenderToFile(good, folder / "about.png", 1252);
+  CHECK(QImageReader(QString::fromStdString(folder / "about.png")).size() == QSize(289 + 6, 129 + 25));
+
+  WriteFile(folder / "bad.frm", "VERSION 5.00\nBegin VB.Form F\nCaption\nEnd\n");
+  CHECK_THROWS_WITH_AS(RenderToFile(folder / "bad.frm", folder / "bad.png", 1252),
+                       doctest::Contains((folder / "bad.frm:3").c_str()), support::InputError);
+  CHECK_THROWS_AS(RenderToFile(folder / "none.frm", folder / "bad.png", 1252), support::InputError);
+  CHECK_THROWS_WITH_AS(RenderToFile(good, folder / "none/x.png", 1252),
+                       doctest::Contains((folder / "none/x.png").c_str()), support::SaveError);
+  CHECK(FilesIn(folder.Path()).size() == 2);
+}
