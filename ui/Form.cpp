@@ -33,6 +33,7 @@ void Form::Add(Control& control, const Design& design) {
 
 void Form::Load() {
   unloaded_ = false;
+  activeControl_ = nullptr;
   Enabled = true;
   OnLoad();
 }

@@ -35,8 +35,7 @@ void ListBox::Clear() {
 
 void ListBox::SetListIndex(int index) {
   if (index >= 0) At(index);
-  listIndex_ = std::max(index, -1);
-  Changed();
+  if (std::exchange(listIndex_, std::max(index, -1)) != listIndex_) Changed();
   if (index >= 0) OnClick();
 }
 

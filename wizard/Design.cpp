@@ -83,6 +83,8 @@ void frmWizard::DesignAttributesStep() {
   Add(chkReadOnly, {"chkReadOnly", simple, 150, 1050, 2700, 255, "115"});
   Add(lblUpdateAfter, {"lblUpdateAfter", simple, 150, 1440, 2700, 225, "116"});
   Add(lstUpdateAfter, {"lstUpdateAfter", simple, 150, 1680, 2680, 315, ""});
+  lblUpdateAfter.Enabled = false;  // until the field is made read-only
+  lstUpdateAfter.Enabled = false;
   ui::Frame* reference = &frmProperty[1];
   Add(chkRefCombo, {"chkRefCombo", reference, 150, 990, 2700, 420, "118"});
   Add(lblComboMsg, {"lblComboMsg", reference, 150, 1500, 2700, 225, "603"});

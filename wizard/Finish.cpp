@@ -26,10 +26,10 @@ void frmWizard::cmdFinish_Click() {
   const bool done = support::LeaveOnError(
       report_, "cmdFinish_Click",
       [&] {
-        LoadSettings();
         SetBusy(true);
         StatusMessage(Text(408));
         FreezeButtons();
+        LoadSettings();
         TakeSelection();
         Generate();
       },

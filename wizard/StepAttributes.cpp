@@ -44,14 +44,23 @@ void frmWizard::lstFields_Click() {
   model::FieldRecord& field = *CurrentField();
   const std::size_t panel = PanelOf(field.FieldKind);
   if (field.FieldKind == kind::TextBox || field.FieldKind == kind::ReadOnlyLabel) {
-    chkReadOnly.SetValue(field.FieldKind == kind::ReadOnlyLabel ? 1 : 0);
+    ShowChoice(chkReadOnly, field.FieldKind == kind::ReadOnlyLabel);
   } else if (field.FieldKind == kind::ReferenceLabel || field.FieldKind == kind::ReferenceCombo) {
-    chkRefCombo.SetValue(field.FieldKind == kind::ReferenceCombo ? 1 : 0);
+    ShowChoice(chkRefCombo, field.FieldKind == kind::ReferenceCombo);
   } else if (panel >= FirstPanelWithRows) {
     txtRowHeight[panel].SetText(runtime::Text(field.RowCount));
   }
   txtCaption[panel].SetText(field.Caption);
   ui::ShowOnly(frmProperty, panel);
+}
+
+void frmWizard::ShowChoice(ui::CheckBox& box, bool checked) {
+  const int value = checked ? 1 : 0;
+  if (box.Value() == value) {
+    box.OnClick();
+  } else {
+    box.SetValue(value);
+  }
 }
 
 void frmWizard::txtRowHeight_Change(std::size_t panel) {
@@ -120,7 +129,7 @@ void frmWizard::chkRefCombo_Click() {
 void frmWizard::PopulateQueryList() {
   SetBusy(true);
   lstQueryName.Clear();
-  const auto rows = factory_->ResultSet("%CompiledQuery", "QueryInfo");
+  const auto rows = Factory().ResultSet("%CompiledQuery", "QueryInfo");
   rows->Execute({comboClass_});
   while (rows->Next()) {
     const runtime::Variant containId = rows->GetDataByName("ContainId");
@@ -144,7 +153,7 @@ bool frmWizard::AskForQueryAndColumn(bool needsColumn) {
 void frmWizard::lstQueryName_Click() {
   if (AskForQueryAndColumn(false)) return;
   SetBusy(true);
-  const auto query = factory_->ResultSet(comboClass_, lstQueryName.Text());
+  const auto query = Factory().ResultSet(comboClass_, lstQueryName.Text());
   lstQueryColumn.Clear();
   const Int16 count = query->GetColumnCount();
   for (Int16 column(1); column <= count; column += Int16(1)) lstQueryColumn.AddItem(query->GetColumnName(column), 0);

@@ -22,7 +22,7 @@ void frmWizard::PopulateClassList() {
 
 // A package node is added whenever the package changes from one row to the next: rows come ordered by name.
 void frmWizard::AddClassNodes() {
-  const auto rows = factory_->ResultSet("%ClassDefinition", "ClassInfo");
+  const auto rows = Factory().ResultSet("%ClassDefinition", "ClassInfo");
   rows->Execute({});
   std::string previousPackage;
   ui::Node* packageNode = nullptr;

@@ -47,6 +47,7 @@ void frmWizard::FillConnectionTree(std::string_view remembered) {
 void frmWizard::ConnectToSystem() {
   SetBusy(true);
   CloseConnection();
+  barStatus.Panels[1] = "";  // also when the attempt ends in an error
   for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = picture::NotConnected;
   factory_ = services_.Factories.Create();
   populatedClass_.clear();  // the class list is read again
@@ -61,7 +62,6 @@ void frmWizard::ConnectToSystem() {
                            services_.ProfileFile);
   } else {
     StatusMessage(Text(404) + node.Text.Get() + ": " + node.Key());
-    barStatus.Panels[1] = "";
   }
   SetBusy(false);
 }
@@ -69,6 +69,11 @@ void frmWizard::ConnectToSystem() {
 bool frmWizard::OpenConnection(const std::string& connectString) {
   if (!connectString.empty()) factory_->Connect(connectString);
   return factory_->IsConnected();
+}
+
+factory::ObjectFactory& frmWizard::Factory() const {
+  if (!factory_) runtime::Raise(runtime::ObjectVariableNotSet);
+  return *factory_;
 }
 
 void frmWizard::CloseConnection() {

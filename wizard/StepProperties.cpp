@@ -28,8 +28,14 @@ bool IsNumber(factory::ResultSet& row, std::string_view column, int number) {
   return runtime::EqualsNumber(row.GetDataByName(column), Int32(number));
 }
 
+// Empty for a property that is none, which a server may say by Null.
+std::string CollectionOf(factory::ResultSet& row) {
+  const runtime::Variant value = row.GetDataByName("Collection");
+  return std::holds_alternative<runtime::Null>(value) ? "" : ToText(value);
+}
+
 bool IsOffered(factory::ResultSet& row, bool dataTypesOnly) {
-  const bool isCollection = !runtime::EqualsText(row.GetDataByName("Collection"), "");
+  const bool isCollection = !CollectionOf(row).empty();
   const bool isObject = IsNumber(row, "Datatype", 0);
   if (dataTypesOnly && (isObject || isCollection)) return false;
   if (isCollection && isObject) return false;  // collections of objects are never offered
@@ -41,8 +47,7 @@ void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const setti
   field.DisplayName = name;
   field.PropertyName = name;
   field.Caption = ToText(row.GetDataByName("Caption"));
-  const std::string collection = ToText(row.GetDataByName("Collection"));
-  const auto* found = std::ranges::find(Collections, collection, &CollectionKind::Collection);
+  const auto* found = std::ranges::find(Collections, CollectionOf(row), &CollectionKind::Collection);
   if (found != Collections.end()) {
     field.FieldKind = found->FieldKind;
     field.RowCount = settings.*found->Rows;
@@ -92,7 +97,7 @@ void frmWizard::PopulateAttributeList(ui::Node* parent, const std::string& class
 }
 
 void frmWizard::ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly) {
-  const auto rows = factory_->ResultSet("%CompiledProperty", "PropertyInfo");
+  const auto rows = Factory().ResultSet("%CompiledProperty", "PropertyInfo");
   rows->Execute({className});
   while (rows->Next()) {
     if (IsOffered(*rows, dataTypesOnly)) AddProperty(parent, *rows);

@@ -124,6 +124,8 @@ class frmWizard : public ui::Form {
   void FillConnectionTree(std::string_view remembered);
   void ConnectToSystem();
   bool OpenConnection(const std::string& connectString);
+  // Error 91 without one.
+  factory::ObjectFactory& Factory() const;
   void CloseConnection();
 
   // Class
@@ -147,6 +149,8 @@ class frmWizard : public ui::Form {
   // Attributes
   model::FieldRecord* CurrentField();
   void lstFields_Click();
+  // Shows the record's choice; the lists that hang on it follow also when the box has that value already.
+  void ShowChoice(ui::CheckBox& box, bool checked);
   void chkReadOnly_Click();
   void chkRefCombo_Click();
   void lstUpdateAfter_Click();

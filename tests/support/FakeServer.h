@@ -20,8 +20,13 @@ struct ServerData {
   std::map<std::string, std::vector<ServerRow>> Queries;    // by "class/query/parameter"
   std::map<std::string, std::vector<std::string>> Columns;  // of class queries, by "class/query"
   int FailAtRow = 0;                                        // of every result set, counted from 1
+  std::string FailingCall;                                  // of the factory, by name
   std::vector<std::string> Calls;
 
+  void Begin(const std::string& call, const std::string& argument = "") {
+    Calls.push_back(argument.empty() ? call : call + " " + argument);
+    if (call == FailingCall) runtime::Raise(runtime::AutomationError, "the server failed");
+  }
   void AddClass(const std::string& name, int persistent = 1, int system = 0) {
     Queries["%ClassDefinition/ClassInfo/"].push_back(
         {{"name", name}, {"persistent", runtime::Int32(persistent)}, {"system", runtime::Int32(system)}});
@@ -78,19 +83,22 @@ class FakeFactory : public wizard::factory::ObjectFactory {
   explicit FakeFactory(ServerData& data) : data_(data) {}
 
   void Connect(const std::string& connectString) override {
-    data_.Calls.push_back("Connect " + connectString);
+    data_.Begin("Connect", connectString);
     connected_ = !data_.RefusesConnection;
   }
   bool Disconnect() override {
-    data_.Calls.push_back("Disconnect");
+    data_.Begin("Disconnect");
     if (data_.RefusesDisconnect) return false;
     connected_ = false;
     return true;
   }
-  std::string SystemList() override { return data_.Systems; }
+  std::string SystemList() override {
+    data_.Begin("SystemList");
+    return data_.Systems;
+  }
   bool IsConnected() override { return connected_; }
   std::unique_ptr<wizard::factory::ResultSet> ResultSet(std::string_view className, std::string_view query) override {
-    data_.Calls.push_back("ResultSet " + std::string(className));
+    data_.Begin("ResultSet", std::string(className));
     return std::make_unique<FakeRows>(data_, std::string(className) + "/" + std::string(query));
   }
 

@@ -128,7 +128,7 @@ TEST_CASE("Texts, colours, enumerations and sizes have their own forms") {
   CHECK(written("MousePointer", "99") == "99  '\n");
 }
 
-TEST_CASE("Controls stand by layer, the youngest first; the tab order is a permutation") {
+TEST_CASE("Controls stand by layer, the youngest first, the tab order is a permutation") {
   DesignerFixture form;
   Control& frame = form.Add("VB.Frame", "fraA");
   for (const auto& [progId, name] :

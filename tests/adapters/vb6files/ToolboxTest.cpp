@@ -16,7 +16,7 @@ constexpr const char* Query = "OSTRELQUERY.OstrelQueryCtrl.1";
 constexpr const char* Dialog = "MSCOMDLG.CommonDialog";
 constexpr const char* List = "MSComctlLib.ListViewCtrl";
 
-TEST_CASE("A project keeps its own line of a library; a missing one comes from the built-in rows or the toolbox file") {
+TEST_CASE("A project keeps its own line of a library, a missing one comes from the built-in rows or the toolbox file") {
   const std::string toolbox =
       "; comment\r\n[Other]\r\nx\r\n[toolbox]\r\nostrelquery.ostrelqueryctrl.1 = "
       "{5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B648}#1.0#0; Q.OCX\r\n";

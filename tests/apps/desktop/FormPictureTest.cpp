@@ -155,7 +155,7 @@ TEST_CASE("However large a form says it is, its picture fits into memory") {
   CHECK_FALSE(Picture(Control("VB.TextBox", {0, 0, 1, 1}, "Left = 1e300\nWidth = -1e300\nFont.Size = 1e9\n")).isNull());
 }
 
-TEST_CASE("A form becomes a PNG file; a damaged form or a folder that is not there is an error by name") {
+TEST_CASE("A form becomes a PNG file, a damaged form or a folder that is not there is an error by name") {
   TemporaryFolder folder;
   const std::string good = FORMWIZARD_SOURCE_DIR "/samples/library/frmAbout.frm";
   RenderToFile(good, folder / "about.png", 1252);

@@ -1,0 +1,58 @@
+// A dialog whose controls a test places, and views that note what they are told.
+#pragma once
+
+#include "tests/support/FakeDesktop.h"
+#include "ui/Form.h"
+#include "ui/ListBox.h"
+#include "ui/TreeView.h"
+
+#include <string>
+#include <string_view>
+
+namespace formwizard::tests {
+
+struct CountingObserver : ui::ControlObserver {
+  void Changed() override { ++Count; }
+  int Count = 0;
+};
+
+// What a view is told: "~" a change, "+1" an insertion, "-1" a removal, "0" everything is gone.
+struct ListNotes : ui::ListObserver {
+  void Changed() override { Notes += "~ "; }
+  void ItemInserted(int index) override { Notes += "+" + std::to_string(index) + " "; }
+  void ItemRemoved(int index) override { Notes += "-" + std::to_string(index) + " "; }
+  void Cleared() override { Notes += "0 "; }
+  std::string Notes;
+};
+
+struct TreeNotes : ui::TreeObserver {
+  void Changed() override { Notes += "~ "; }
+  void NodeAdded(ui::Node& node) override { Notes += "+" + node.Text.Get() + " "; }
+  void NodeChanged(ui::Node& node) override { Notes += "~" + node.Text.Get() + " "; }
+  void NodeRemoved(ui::Node& node) override { Notes += "-" + node.Text.Get() + " "; }
+  void Cleared() override { Notes += "0 "; }
+  ui::Node* NodeAt(float, float) const override { return nullptr; }
+  std::string Notes;
+};
+
+class TestForm : public ui::Form {
+ public:
+  explicit TestForm(FakeDesktop& desktop) : Form(desktop) {}
+
+  void Place(ui::Control& control, ui::Control* container = nullptr) { Add(control, {"", container, 0, 0, 0, 0, ""}); }
+  void Place(ui::CaptionedControl& control, std::string_view caption, ui::Control* container = nullptr) {
+    Place(control, container);
+    control.Caption = std::string(caption);
+  }
+  using Form::Guarded;
+
+  int Unloads = 0, FailOnUnload = 0;
+
+ protected:
+  void OnUnload() override {
+    ++Unloads;
+    if (FailOnUnload != 0) runtime::Raise(FailOnUnload);
+  }
+};
+
+}  // namespace formwizard::tests
