@@ -108,10 +108,13 @@ struct DesktopFixture {
     });
   }
 
-  void Save() const {
+  void PressSave() const {
     Window->activateWindow();
     WaitForFocus();
     QTest::keyClick(Window.get(), Qt::Key_S, Qt::ControlModifier);
+  }
+  void Save() const {
+    PressSave();
     CHECK_FALSE(Window->isWindowModified());
   }
 

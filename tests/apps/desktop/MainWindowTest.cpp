@@ -1,0 +1,119 @@
+// The main window: what it shows, what it asks, and what it does when something fails.
+#include "tests/apps/desktop/DesktopFixture.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+
+#include <filesystem>
+
+using namespace formwizard::tests;
+
+namespace {
+
+// Answers the next message box, and keeps what it said.
+void Answer(QMessageBox::StandardButton button, std::string& text) {
+  DesktopFixture::WhenShown([button, &text] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box || !box->button(button)) throw std::runtime_error("another window than expected");
+    text = box->text().toStdString();
+    box->button(button)->click();
+  });
+}
+
+void MakePersonForm(const DesktopFixture& desktop) {
+  desktop.UseWizard([] {
+    for (int i = 0; i < 2; ++i) Find<QAbstractButton>("cmdNext")->click();
+    auto* classes = Find<QTreeWidget>("tvwClasses");
+    classes->setCurrentItem(FindItem(*classes, "Person"));
+    Find<QAbstractButton>("cmdNext")->click();
+    auto* properties = Find<QTreeWidget>("tvwAttributes");
+    properties->setCurrentItem(FindItem(*properties, "Age"));
+    Find<QAbstractButton>("cmdSelectOne")->click();
+    Find<QAbstractButton>("cmdFinish")->click();
+  });
+}
+
+QListWidget& Components(const DesktopFixture& desktop) { return *desktop.Window->findChild<QListWidget*>(); }
+
+QString Code(const DesktopFixture& desktop) { return desktop.Window->findChild<QPlainTextEdit*>()->toPlainText(); }
+
+}  // namespace
+
+TEST_CASE("A new form is shown with its code, and nothing of it is lost without being asked for") {
+  DesktopFixture desktop;
+  CHECK(Components(desktop).currentItem()->text() == "Form1");
+  CHECK(Code(desktop).isEmpty());
+  MakePersonForm(desktop);
+  CHECK(desktop.Window->isWindowModified());
+  CHECK(Components(desktop).currentItem()->text() == "frmPerson");
+  CHECK(Code(desktop).startsWith("Const m_classname = \"Sample.Person\""));
+
+  std::string asked;
+  Answer(QMessageBox::Cancel, asked);
+  CHECK_FALSE(desktop.Window->close());
+  CHECK(asked == "The project Project1.vbp has changes that are not saved. Save them?");
+  CHECK_FALSE(FilesIn(desktop.Home).contains("frmPerson.frm"));
+  Answer(QMessageBox::Save, asked);
+  CHECK(desktop.Window->close());
+  CHECK(FilesIn(desktop.Home).contains("frmPerson.frm"));
+}
+
+TEST_CASE("Saving that fails is said, leaves the form open, and can be tried again") {
+  DesktopFixture desktop;
+  MakePersonForm(desktop);
+  const std::string obstacle = desktop.Home + "/frmPerson.frm";
+  WriteFile(obstacle, "somebody else's");
+  std::string said;
+  Answer(QMessageBox::Ok, said);
+  desktop.PressSave();
+  CHECK(said.find("frmPerson.frm") != std::string::npos);
+  CHECK(desktop.Window->isWindowModified());
+  CHECK(ReadFile(obstacle) == "somebody else's");
+  std::filesystem::remove(obstacle);
+  desktop.Save();
+  CHECK(FilesIn(desktop.Home).at("frmPerson.frm").starts_with("VERSION 5.00"));
+
+  // A second form follows the first one into the project.
+  MakePersonForm(desktop);
+  CHECK(Components(desktop).currentItem()->text() == "frmPerson2");
+  desktop.Save();
+  CHECK(FilesIn(desktop.Home).contains("frmPerson2.frm"));
+}
+
+TEST_CASE("What cannot be opened is said, and what was open stays") {
+  DesktopFixture desktop;
+  std::string said;
+  Answer(QMessageBox::Ok, said);
+  CHECK_FALSE(desktop.Window->OpenProject("nowhere.vbp"));
+  CHECK(said.starts_with("nowhere.vbp: the project file cannot be read"));
+  WriteFile(desktop.Folder / "no.sqlite", "no dictionary");
+  Answer(QMessageBox::Ok, said);
+  CHECK_FALSE(desktop.Window->OpenDictionary(QString::fromStdString(desktop.Folder / "no.sqlite")));
+  CHECK(said.find("no.sqlite") != std::string::npos);
+  MakePersonForm(desktop);
+  CHECK(Components(desktop).currentItem()->text() == "frmPerson");
+}
+
+TEST_CASE("A name that the project's code page cannot hold ends the generation, and the wizard can be closed") {
+  DesktopFixture desktop;
+  std::string said;
+  desktop.UseWizard([&said] {
+    for (int i = 0; i < 2; ++i) Find<QAbstractButton>("cmdNext")->click();
+    auto* classes = Find<QTreeWidget>("tvwClasses");
+    classes->setCurrentItem(FindItem(*classes, "Person"));
+    Find<QAbstractButton>("cmdNext")->click();
+    Find<QAbstractButton>("cmdSelectAll")->click();
+    Find<QAbstractButton>("cmdNext")->click();
+    auto* caption = Find<QLineEdit>("txtCaption");
+    caption->clear();
+    caption->insert(QString::fromUtf8("名"));  // as an input method does
+    Answer(QMessageBox::Ok, said);
+    Find<QAbstractButton>("cmdFinish")->click();
+    CHECK(Find("cmdCancel")->isEnabled());
+    CHECK_FALSE(Find("cmdFinish")->isEnabled());
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+  });
+  CHECK(said.find("名") != std::string::npos);
+  CHECK_FALSE(QApplication::activeModalWidget());
+}
