@@ -27,7 +27,7 @@ class TreeObserver : public ControlObserver {
   virtual Node* NodeAt(float x, float y) const = 0;
 };
 
-class Node : public Observed {
+class Node final : public Observed {
  public:
   Node(TreeView& tree, std::string_view text) : Text(*this, std::string(text)), tree_(tree) {}
   Node(const Node&) = delete;

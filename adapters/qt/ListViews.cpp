@@ -9,7 +9,7 @@
 namespace formwizard::adapters::qt {
 namespace {
 
-class ListBoxView : public ObservingView<ui::ListBox, QListWidget, ui::ListObserver> {
+class ListBoxView final : public ObservingView<ui::ListBox, QListWidget, ui::ListObserver> {
  public:
   ListBoxView(FormWindow& window, ui::ListBox& control) : ObservingView(window, control, new QListWidget(&window)) {
     widget_.setUniformItemSizes(true);
@@ -46,7 +46,7 @@ class ListBoxView : public ObservingView<ui::ListBox, QListWidget, ui::ListObser
   }
 };
 
-class ComboBoxView : public ObservingView<ui::ComboBox, QComboBox, ui::ListObserver> {
+class ComboBoxView final : public ObservingView<ui::ComboBox, QComboBox, ui::ListObserver> {
  public:
   ComboBoxView(FormWindow& window, ui::ComboBox& control) : ObservingView(window, control, new QComboBox(&window)) {
     for (int i = 0; i < control.ListCount(); ++i) ItemInserted(i);

@@ -18,7 +18,7 @@
 namespace formwizard::adapters::qt {
 namespace {
 
-class LabelView : public ObservingView<ui::Label, QLabel> {
+class LabelView final : public ObservingView<ui::Label, QLabel> {
  public:
   LabelView(FormWindow& window, ui::Label& control) : ObservingView(window, control, new QLabel(&window)) {
     widget_.setWordWrap(true);
@@ -30,7 +30,7 @@ class LabelView : public ObservingView<ui::Label, QLabel> {
 };
 
 // A frame with a border is a group with a title, one without is a plain panel.
-class FrameView : public ObservingView<ui::Frame, QWidget> {
+class FrameView final : public ObservingView<ui::Frame, QWidget> {
  public:
   FrameView(FormWindow& window, ui::Frame& control)
       : ObservingView(window, control, control.HasBorder ? new QGroupBox(&window) : new QWidget(&window)) {
@@ -45,7 +45,7 @@ class FrameView : public ObservingView<ui::Frame, QWidget> {
   }
 };
 
-class ButtonView : public ObservingView<ui::CommandButton, QPushButton> {
+class ButtonView final : public ObservingView<ui::CommandButton, QPushButton> {
  public:
   ButtonView(FormWindow& window, ui::CommandButton& control)
       : ObservingView(window, control, new QPushButton(&window)) {
@@ -63,7 +63,7 @@ class ButtonView : public ObservingView<ui::CommandButton, QPushButton> {
   }
 };
 
-class CheckView : public ObservingView<ui::CheckBox, QCheckBox> {
+class CheckView final : public ObservingView<ui::CheckBox, QCheckBox> {
  public:
   CheckView(FormWindow& window, ui::CheckBox& control) : ObservingView(window, control, new QCheckBox(&window)) {
     QObject::connect(&widget_, &QCheckBox::clicked, &widget_, [this] {
@@ -81,7 +81,7 @@ class CheckView : public ObservingView<ui::CheckBox, QCheckBox> {
   }
 };
 
-class OptionView : public ObservingView<ui::OptionButton, QRadioButton> {
+class OptionView final : public ObservingView<ui::OptionButton, QRadioButton> {
  public:
   OptionView(FormWindow& window, ui::OptionButton& control)
       : ObservingView(window, control, new QRadioButton(&window)) {
@@ -98,7 +98,7 @@ class OptionView : public ObservingView<ui::OptionButton, QRadioButton> {
   }
 };
 
-class TextView : public ObservingView<ui::TextBox, QLineEdit> {
+class TextView final : public ObservingView<ui::TextBox, QLineEdit> {
  public:
   TextView(FormWindow& window, ui::TextBox& control) : ObservingView(window, control, new QLineEdit(&window)) {
     QObject::connect(&widget_, &QLineEdit::textEdited, &widget_, [this](const QString& text) {
@@ -146,7 +146,7 @@ class UpDownWidget : public QWidget {
   std::function<void(int)> spin_;
 };
 
-class UpDownView : public ObservingView<ui::UpDown, UpDownWidget> {
+class UpDownView final : public ObservingView<ui::UpDown, UpDownWidget> {
  public:
   UpDownView(FormWindow& window, ui::UpDown& control)
       : ObservingView(window, control,
@@ -180,7 +180,7 @@ class PictureWidget : public QWidget {
   const resources::Picture* picture_ = nullptr;
 };
 
-class PictureView : public ObservingView<ui::PictureBox, PictureWidget> {
+class PictureView final : public ObservingView<ui::PictureBox, PictureWidget> {
  public:
   PictureView(FormWindow& window, ui::PictureBox& control)
       : ObservingView(window, control, new PictureWidget(&window)) {}
@@ -190,14 +190,13 @@ class PictureView : public ObservingView<ui::PictureBox, PictureWidget> {
 };
 
 // Says at once what is being done, because long work follows.
-class StatusView : public ObservingView<ui::StatusBar, QStatusBar> {
+class StatusView final : public ObservingView<ui::StatusBar, QStatusBar> {
  public:
   StatusView(FormWindow& window, ui::StatusBar& control) : ObservingView(window, control, new QStatusBar(&window)) {
-    constexpr int stretches[] = {3, 1};
     for (std::size_t i = 0; i < panels_.size(); ++i) {
       panels_[i] = new QLabel(&widget_);
       panels_[i]->setTextFormat(Qt::PlainText);
-      widget_.addWidget(panels_[i], stretches[i]);
+      widget_.addWidget(panels_[i], i == 0 ? 3 : 1);  // messages get the larger part
     }
   }
 

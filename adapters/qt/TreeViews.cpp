@@ -39,7 +39,7 @@ class TreeWidget : public QTreeWidget {
   }
 };
 
-class TreeViewView : public ObservingView<ui::TreeView, TreeWidget, ui::TreeObserver> {
+class TreeViewView final : public ObservingView<ui::TreeView, TreeWidget, ui::TreeObserver> {
  public:
   TreeViewView(FormWindow& window, ui::TreeView& control) : ObservingView(window, control, new TreeWidget(&window)) {
     widget_.setHeaderHidden(true);

@@ -1,0 +1,47 @@
+// The object that the environment creates: passes connection and disconnection on to a session.
+#pragma once
+
+#include "apps/addin-dll/Interfaces.h"
+#include "apps/addin-dll/Module.h"
+#include "apps/addin-dll/Session.h"
+
+#include <atomic>
+#include <memory>
+
+namespace formwizard::apps::addin {
+
+// Begins with one reference. Both interfaces and calls by name lead to the same operations; connecting twice is
+// connecting once. No exception leaves it.
+class AddIn final : public IDTExtensibility, public IDTExtensibility2 {
+ public:
+  AddIn() = default;
+  AddIn(const AddIn&) = delete;
+  AddIn& operator=(const AddIn&) = delete;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override;
+  ULONG STDMETHODCALLTYPE Release() override;
+
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
+                                          DISPID* ids) override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                                   VARIANT* result, EXCEPINFO* info, UINT* argument) override;
+
+  HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* VBInst, LONG ConnectMode, IDispatch* AddInInst,
+                                         SAFEARRAY** custom) override;
+  HRESULT STDMETHODCALLTYPE OnDisconnection(LONG RemoveMode, SAFEARRAY** custom) override;
+  HRESULT STDMETHODCALLTYPE OnAddInsUpdate(SAFEARRAY** custom) override;
+  HRESULT STDMETHODCALLTYPE OnStartupComplete(SAFEARRAY** custom) override;
+  HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) override;
+
+ private:
+  ~AddIn();
+
+  ModuleHold hold_;
+  std::atomic<ULONG> references_ = 1;
+  std::shared_ptr<Session> session_;  // while connected
+};
+
+}  // namespace formwizard::apps::addin

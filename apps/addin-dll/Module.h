@@ -1,0 +1,33 @@
+// This library as the system sees it: who it is, where it lies, and whether it can be unloaded.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace formwizard::apps::addin {
+
+inline constexpr wchar_t ProgId[] = L"OstrelFormWizard.Wizard";
+inline constexpr GUID ClassId{0x21C062AC, 0x2BC3, 0x4D75, {0xA2, 0xFD, 0x04, 0x51, 0x7B, 0x9C, 0xF2, 0x98}};
+
+HINSTANCE ThisModule();
+
+// The path of the library, and its folder with the trailing backslash.
+std::wstring ModulePath();
+std::wstring ModuleFolder();
+
+// Counted: the library is needed until each hold has been let go.
+void HoldModule();
+void LetGoModule();
+bool IsModuleHeld();
+
+// Holds the library for as long as it lives. Every object that the library hands out has one.
+class ModuleHold {
+ public:
+  ModuleHold() { HoldModule(); }
+  ~ModuleHold() { LetGoModule(); }
+  ModuleHold(const ModuleHold&) = delete;
+  ModuleHold& operator=(const ModuleHold&) = delete;
+};
+
+}  // namespace formwizard::apps::addin

@@ -1,0 +1,57 @@
+// One connection to the environment: everything that the wizard is given there, from connection to disconnection.
+#pragma once
+
+#include "adapters/com/ComEnvironment.h"
+#include "adapters/com/ComFactory.h"
+#include "adapters/native/NativeLibraries.h"
+#include "adapters/native/NativeProfile.h"
+#include "adapters/win32/Win32TextMeasure.h"
+#include "addin/Wizard.h"
+#include "apps/addin-dll/AddInDesktop.h"
+
+#include <memory>
+
+namespace formwizard::apps::addin {
+
+namespace core = formwizard::addin;
+
+// The environment may disconnect the add-in while the wizard is open: the session then ends when the wizard does, and
+// keeps itself alive until then.
+class Session : public std::enable_shared_from_this<Session> {
+ public:
+  // `root` is the environment's root object.
+  explicit Session(IDispatch* root);
+
+  void Connect(core::ConnectMode mode);
+  void Disconnect();
+
+ private:
+  // The environment, whose clicks keep the session alive while they are handled.
+  class Environment : public adapters::com::ComEnvironment {
+   public:
+    Environment(IDispatch* root, Session& session) : ComEnvironment(root), session_(session) {}
+    std::unique_ptr<generator::ide::CommandBarEvents> ConnectEvents(
+        const std::shared_ptr<generator::ide::CommandBarControl>& control,
+        generator::ide::CommandBarEvents::Click onClick) override;
+
+   private:
+    Session& session_;
+  };
+
+  wizard::WizardServices Services();
+  void FinishDisconnecting();
+
+  Environment environment_;
+  AddInDesktop desktop_;
+  adapters::win32::Win32TextMeasure measure_;
+  adapters::native::NativeProfile profiles_;
+  adapters::native::NativeLibraries libraries_;
+  adapters::com::ComFactoryCreator factories_;
+  support::Strings strings_;
+  support::Localization localization_;
+  wizard::AddInState state_;
+  core::Wizard wizard_;
+  bool isDisconnected_ = false;
+};
+
+}  // namespace formwizard::apps::addin
