@@ -4,6 +4,7 @@
 #include "adapters/satellite/StringResources.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <utility>
@@ -52,7 +53,8 @@ std::string Satellites::UserLanguage() const { return std::string(LocaleNamed(Us
 int Satellites::UserLocaleId() const { return LocaleNamed(UserLocale()).Id; }
 
 std::unique_ptr<support::ResourceLibrary> Satellites::LoadAsData(const std::string& path) const {
-  std::ifstream in(path, std::ios::binary | std::ios::ate);
+  const std::filesystem::path file(std::u8string(path.begin(), path.end()));
+  std::ifstream in(file, std::ios::binary | std::ios::ate);
   if (!in || in.tellg() > LargestLibrary || in.tellg() < 0) return nullptr;
   std::string bytes(static_cast<std::size_t>(in.tellg()), '\0');
   in.seekg(0);

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <utility>
 
 namespace formwizard::adapters::sqlite {
@@ -16,16 +17,21 @@ namespace {
   runtime::Raise(runtime::AutomationError, std::string("Class dictionary: ") + sqlite3_errmsg(handle));
 }
 
+constexpr bool HasDrives = std::filesystem::path::preferred_separator == '\\';
+
 // The path as a URI that says that nobody changes the file: no locks, no look for a journal.
 std::string ImmutableUri(const std::string& path) {
   std::string uri = "file:";
+  const bool isOnDrive = HasDrives && path.substr(1, 1) == ":";
+  const bool isFromRoot = path.starts_with('/') || (HasDrives && path.starts_with('\\'));
+  if (isOnDrive || isFromRoot) uri += isOnDrive ? "///" : "//";  // a host without a name
   for (const char c : path) {
     if (c == '?' || c == '#' || c == '%') {
       std::array<char, 4> code{};
       std::snprintf(code.data(), code.size(), "%%%02X", static_cast<unsigned>(c));
       uri += code.data();
     } else {
-      uri += c;
+      uri += HasDrives && c == '\\' ? '/' : c;
     }
   }
   return uri + "?immutable=1";

@@ -1,34 +1,12 @@
 #include "adapters/sqlite/Dictionary.h"
 #include "adapters/sqlite/JsonFormat.h"
+#include "adapters/sqlite/JsonText.h"
 #include "adapters/sqlite/OpenDictionary.h"
-
-#include <nlohmann/json.hpp>
 
 #include <ostream>
 
 namespace formwizard::adapters::sqlite {
 namespace {
-
-std::string Quoted(std::string_view text) {
-  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
-// Writes elements with a comma between them, each on a line of its own below `indent`.
-class List {
- public:
-  List(std::ostream& out, std::string_view indent) : out_(out), indent_(indent) {}
-
-  std::ostream& Next() { return out_ << (first_ ? (first_ = false, "\n") : ",\n") << indent_; }
-  void End(std::string_view closing) {
-    if (!first_) out_ << "\n" << indent_.substr(2);
-    out_ << closing;
-  }
-
- private:
-  std::ostream& out_;
-  std::string_view indent_;
-  bool first_ = true;
-};
 
 class Exporter {
  public:
@@ -44,7 +22,7 @@ class Exporter {
 
   void Write() {
     out_ << "{ \"systems\": [";
-    List list(out_, "  ");
+    JsonList list(out_, "  ");
     while (systems_.Step()) {
       list.Next() << "{ \"name\": " << Quoted(systems_.Text(1)) << ", \"connect\": " << Quoted(systems_.Text(2))
                   << ", \"classes\": [";
@@ -62,7 +40,7 @@ class Exporter {
   }
 
   void WriteClasses(std::int64_t system) {
-    List list(out_, "    ");
+    JsonList list(out_, "    ");
     for (Statement& row = Rewound(classes_, system); row.Step();) {
       list.Next() << "{ \"Name\": " << Quoted(row.Text(1)) << ", \"System\": " << row.Number(2)
                   << ", \"Persistent\": " << row.Number(3) << ", \"properties\": [";
@@ -75,7 +53,7 @@ class Exporter {
   }
 
   void WriteProperties(std::int64_t owner) {
-    List list(out_, "      ");
+    JsonList list(out_, "      ");
     for (Statement& row = Rewound(properties_, owner); row.Step();) {
       list.Next() << "{ ";
       int column = 0;
@@ -95,7 +73,7 @@ class Exporter {
   }
 
   void WriteQueries(std::int64_t owner) {
-    List list(out_, "      ");
+    JsonList list(out_, "      ");
     for (Statement& row = Rewound(queries_, owner); row.Step();) {
       list.Next() << "{ \"Name\": " << Quoted(row.Text(1)) << ", \"ContainId\": " << row.Number(2) << ", \"columns\": ";
       WriteNames(Rewound(columns_, row.Number(0)));

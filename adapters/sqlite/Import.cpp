@@ -1,5 +1,6 @@
 #include "adapters/sqlite/Dictionary.h"
 #include "adapters/sqlite/JsonFormat.h"
+#include "adapters/sqlite/NativePath.h"
 #include "adapters/sqlite/OpenDictionary.h"
 #include "adapters/sqlite/Schema.h"
 #include "support/Failures.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <istream>
 #include <limits>
@@ -316,20 +316,23 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
 // The new dictionary beside its final place; gone unless it was moved there.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(std::string target) : target_(std::move(target)), Path(target_ + ".importing") {
-    std::remove(Path.c_str());
-  }
-  ~TemporaryFile() { std::remove(Path.c_str()); }
+  explicit TemporaryFile(std::string target) : target_(std::move(target)), Path(target_ + ".importing") { Remove(); }
+  ~TemporaryFile() { Remove(); }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
   void MoveIntoPlace() {
     std::error_code error;
-    std::filesystem::rename(Path, target_, error);
+    std::filesystem::rename(NativePath(Path), NativePath(target_), error);
     if (error) throw support::SaveError(target_ + ": replacing the dictionary failed: " + error.message());
   }
 
  private:
+  void Remove() const {
+    std::error_code error;
+    std::filesystem::remove(NativePath(Path), error);
+  }
+
   std::string target_;
 
  public:
@@ -354,7 +357,7 @@ void Fill(Database& database, std::istream& in, const std::string& source) {
 
 void ImportDictionary(std::istream& in, const std::string& source, const std::string& target) {
   std::error_code error;
-  if (std::filesystem::exists(target, error) && !IsDictionary(target)) {
+  if (std::filesystem::exists(NativePath(target), error) && !IsDictionary(target)) {
     throw InputError(target + ": this file exists and is no class dictionary; choose another name");
   }
   TemporaryFile temporary(target);

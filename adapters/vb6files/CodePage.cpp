@@ -1,12 +1,10 @@
 #include "adapters/vb6files/CodePage.h"
 
+#include "adapters/vb6files/CodePageConverter.h"
 #include "support/Failures.h"
-
-#include <iconv.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
 
 namespace formwizard::adapters::vb6files {
@@ -20,12 +18,6 @@ bool IsAscii(std::string_view text) {
   unsigned char all = 0;  // without a branch a byte, so that the compiler takes many at once
   for (const char c : text) all |= static_cast<unsigned char>(c);
   return all < 0x80;
-}
-
-std::string IconvName(int number) {
-  if (number == 65001) return "UTF-8";
-  if (number == 950) return "BIG5";
-  return "CP" + std::to_string(number);
 }
 
 // The character at the start of a UTF-8 text as "U+00E4", for messages.
@@ -43,45 +35,12 @@ std::string CharacterName(std::string_view text) {
 
 }  // namespace
 
-// One direction of a conversion.
-class CodePage::Converter {
- public:
-  Converter(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str())) {}
-  ~Converter() {
-    if (IsOpen()) iconv_close(handle_);
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
-
-  // Appends what could be converted and takes it off `text`; what is left begins with a character that could not.
-  void Convert(std::string_view& text, std::string& result) {
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    std::array<char, 256> buffer{};
-    while (!text.empty()) {
-      char* in = const_cast<char*>(text.data());
-      std::size_t inLeft = text.size();
-      char* out = buffer.data();
-      std::size_t outLeft = buffer.size();
-      const std::size_t substituted = iconv(handle_, &in, &inLeft, &out, &outLeft);
-      const bool full = substituted == static_cast<std::size_t>(-1) && errno == E2BIG;
-      result.append(buffer.data(), buffer.size() - outLeft);
-      text.remove_prefix(text.size() - inLeft);
-      if (!full) return;
-    }
-  }
-
- private:
-  iconv_t handle_;
-};
-
 CodePage::CodePage(int number) : number_(number) {
   if (std::ranges::find(Known, number) != Known.end()) {
-    encoder_ = std::make_unique<Converter>(IconvName(number), "UTF-8");
-    decoder_ = std::make_unique<Converter>("UTF-8", IconvName(number));
+    encoder_ = MakeEncoder(number);
+    decoder_ = MakeDecoder(number);
   }
-  if (!encoder_ || !encoder_->IsOpen() || !decoder_->IsOpen()) {
+  if (!encoder_ || !decoder_) {
     throw support::InputError("code page " + std::to_string(number) +
                               " is not known; use a Windows code page such as 1252, 1250, 1251 or 932");
   }

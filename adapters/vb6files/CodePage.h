@@ -7,6 +7,8 @@
 
 namespace formwizard::adapters::vb6files {
 
+class CodePageConverter;
+
 class CodePage {
  public:
   // `number` is a Windows code page such as 1252 or 932; support::InputError for one that is not known.
@@ -23,10 +25,8 @@ class CodePage {
   std::string Decode(std::string_view bytes) const;
 
  private:
-  class Converter;
-
   int number_;
-  std::unique_ptr<Converter> encoder_, decoder_;
+  std::unique_ptr<CodePageConverter> encoder_, decoder_;
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -1,5 +1,6 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 
+#include "adapters/vb6files/FilePath.h"
 #include "adapters/vb6files/FormReader.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
@@ -42,7 +43,7 @@ std::string StemOf(std::string_view projectPath) {
 }
 
 // "Forms\" of "Forms\Form1.frm".
-std::string FolderPart(std::string_view projectPath) {
+std::string ProjectFolderPart(std::string_view projectPath) {
   return std::string(projectPath.substr(0, projectPath.find_last_of('\\') + 1));
 }
 
@@ -84,13 +85,12 @@ class ProjectOnDisk::Component : public VBComponent {
 ProjectOnDisk::ProjectOnDisk(FileSystem& files, const std::string& path, const ProjectOptions& options)
     : files_(files),
       path_(path),
+      folder_(FolderPart(path)),
       original_(ReadProject(files, path)),
       codePage_(options.CodePageNumber),
       spelling_(files),
       toolbox_(files, options.ToolboxFile),
       project_(path, original_) {
-  const std::size_t slash = path_.find_last_of('/');
-  folder_ = slash == std::string::npos ? "" : path_.substr(0, slash + 1);
   for (const std::string_view value : project_.Objects()) libraries_.Add(Toolbox::Parse(value));
   for (const ProjectFile::Item& item : project_.Items()) {
     entries_.push_back({item.Name, item.Path, item.Kind == ProjectFile::ItemKind::Form, nullptr});
@@ -104,9 +104,7 @@ void ProjectOnDisk::OnChange(ChangeListener listener, bool dryRun) {
 }
 
 std::string ProjectOnDisk::FilePath(std::string_view projectPath) const {
-  std::string path = codePage_.Decode(projectPath);
-  std::ranges::replace(path, '\\', '/');
-  return path.starts_with('/') ? path : folder_ + path;
+  return FileIn(folder_, codePage_.Decode(projectPath));
 }
 
 // `path` is spelled as the folder spells it afterwards.
@@ -246,7 +244,7 @@ std::string ProjectOnDisk::NewStem(const Entry& entry) {
     throw support::SaveError(path_ + ": the form " + codePage_.Decode(entry.Name) +
                              " cannot be saved, because Windows keeps its name for a device; rename it");
   }
-  const std::string folder = FolderPart(entry.Path);
+  const std::string folder = ProjectFolderPart(entry.Path);
   std::string stem = entry.Name;
   for (int number = 2; !listedPaths_.insert(runtime::LowerCase(folder + stem + ".frm")).second; ++number) {
     stem = entry.Name + "_" + std::to_string(number);
@@ -257,7 +255,7 @@ std::string ProjectOnDisk::NewStem(const Entry& entry) {
 // A form that was reused gets a new file beside its old one, which stays where it is.
 void ProjectOnDisk::Finish(Entry& entry) {
   const std::string stem = NewStem(entry);
-  const std::string newPath = FolderPart(entry.Path) + stem + ".frm";
+  const std::string newPath = ProjectFolderPart(entry.Path) + stem + ".frm";
   const std::string file = FilePath(newPath);
   const std::string frxFile = file.substr(0, file.size() - 1) + "x";
   FormFiles content = entry.Document->Render(stem);

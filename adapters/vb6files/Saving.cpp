@@ -1,19 +1,11 @@
 #include "adapters/vb6files/Saving.h"
 
+#include "adapters/vb6files/FilePath.h"
 #include "support/Failures.h"
 
 #include <utility>
 
 namespace formwizard::adapters::vb6files {
-namespace {
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.find_last_of("/\\");
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-}  // namespace
 
 Saving::Saving(FileSystem& files, const std::string& projectFile, const std::string& original)
     : files_(files),

@@ -1,5 +1,6 @@
 #include "adapters/vb6files/Spelling.h"
 
+#include "adapters/vb6files/FilePath.h"
 #include "runtime/Conversions.h"
 
 namespace formwizard::adapters::vb6files {
@@ -17,20 +18,20 @@ const Spelling::Names* Spelling::NamesIn(const std::string& folder) {
 }
 
 std::string Spelling::Of(const std::string& path) {
-  const std::size_t slash = path.find_last_of('/');
-  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
-  std::string folder = slash == std::string::npos ? "." : path.substr(0, slash == 0 ? 1 : slash);
+  std::string part(FolderPart(path));
+  const std::string name = path.substr(part.size());
+  std::string folder = FolderOf(path);
   const Names* names = NamesIn(folder);
-  if (!names && slash != std::string::npos && slash > 0) {
+  const bool mayBeMisspelled = folder.size() < part.size();  // no root, no drive, not where the program is
+  if (!names && mayBeMisspelled) {
     folder = Of(folder);
     names = NamesIn(folder);
+    part = folder + part.back();
   }
   if (!names) return path;
   auto found = names->find(name);
   if (found == names->end()) found = names->find(runtime::LowerCase(name));
-  if (found == names->end()) return path;
-  if (slash == std::string::npos) return found->second;
-  return (slash == 0 ? "/" : folder + "/") + found->second;
+  return found == names->end() ? path : part + found->second;
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -22,9 +23,18 @@ std::string Utf8(const fs::path& path) {
   return std::string(text.begin(), text.end());
 }
 
+// The platform's own words for an error, without the full stop and the line break at their end.
+std::string ReasonText(DWORD reason) {
+  std::array<wchar_t, 512> text{};
+  DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, reason, 0,
+                                  text.data(), static_cast<DWORD>(text.size()), nullptr);
+  while (length > 0 && (text[length - 1] <= L' ' || text[length - 1] == L'.')) --length;
+  if (length == 0) return "error " + std::to_string(reason);
+  return Utf8(fs::path(std::wstring(text.data(), length)));
+}
+
 [[noreturn]] void Fail(const std::string& path, const char* action, DWORD reason) {
-  throw support::SaveError(path + ": " + action +
-                           " failed: " + std::system_category().message(static_cast<int>(reason)) +
+  throw support::SaveError(path + ": " + action + " failed: " + ReasonText(reason) +
                            "; the project is as it was before");
 }
 [[noreturn]] void Fail(const std::string& path, const char* action) { Fail(path, action, ::GetLastError()); }
@@ -46,10 +56,33 @@ class Handle {
 // A file that nobody else can open, and that goes with its handle, however the program ends.
 class Lock : public FileLock {
  public:
-  explicit Lock(HANDLE file) : file_(file) {}
+  explicit Lock(HANDLE file) : File(file) {}
 
-  Handle file_;
+  Handle File;
 };
+
+// A file that is about to vanish with its last handle refuses access for a moment.
+HANDLE OpenLockFile(const fs::path& path) {
+  constexpr int attempts = 20;
+  for (int attempt = 1;; ++attempt) {
+    const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file != INVALID_HANDLE_VALUE || ::GetLastError() != ERROR_ACCESS_DENIED || attempt == attempts) return file;
+    ::Sleep(10);
+  }
+}
+
+// The rights of a file that it does not have from its folder go with it. False when they cannot be given; a volume that
+// knows no rights has none to give.
+bool CopyRights(const fs::path& from, const fs::path& to) {
+  DWORD size = 0;
+  ::GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::vector<unsigned char> rights(size);
+  if (size == 0 || !::GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size)) {
+    return true;
+  }
+  return ::SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, rights.data()) != 0;
+}
 
 bool WriteAll(HANDLE file, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -93,13 +126,10 @@ class WindowsFileSystem : public FileSystem {
   }
 
   std::unique_ptr<FileLock> LockFolder(const std::string& folder) override {
-    auto lock =
-        std::make_unique<Lock>(::CreateFileW(Native(folder + LockName).c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
-                                             OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-    if (lock->file_.IsOpen()) return lock;
-    // A file that is about to vanish with its last handle refuses access for a moment.
+    auto lock = std::make_unique<Lock>(OpenLockFile(Native(folder + LockName)));
+    if (lock->File.IsOpen()) return lock;
     const DWORD reason = ::GetLastError();
-    if (reason != ERROR_SHARING_VIOLATION && reason != ERROR_ACCESS_DENIED) Fail(folder, "locking the folder", reason);
+    if (reason != ERROR_SHARING_VIOLATION) Fail(folder, "locking the folder", reason);
     return nullptr;
   }
 
@@ -107,13 +137,13 @@ class WindowsFileSystem : public FileSystem {
     if (!::CreateDirectoryW(Native(folder).c_str(), nullptr)) Fail(folder, "creating the folder");
   }
 
-  // A new file takes the access rights of its folder.
-  void WriteNew(const std::string& path, std::string_view bytes, const std::string&) override {
+  void WriteNew(const std::string& path, std::string_view bytes, const std::string& like) override {
     const Handle file(
         ::CreateFileW(Native(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file.IsOpen()) Fail(path, "creating the file");
     if (!WriteAll(file.Value, bytes)) Fail(path, "writing");
     if (!::FlushFileBuffers(file.Value)) Fail(path, "flushing");
+    if (!like.empty() && !CopyRights(Native(like), Native(path))) Fail(path, "setting the access rights");
   }
 
   bool MoveNew(const std::string& from, const std::string& to) override {
@@ -132,7 +162,9 @@ class WindowsFileSystem : public FileSystem {
   }
 
   // Moves are written through, so that nothing is left to flush.
-  void FlushFolder(const std::string&) override {}
+  void FlushFolder(const std::string& folder) override {
+    if (::GetFileAttributesW(Native(folder).c_str()) == INVALID_FILE_ATTRIBUTES) Fail(folder, "flushing the folder");
+  }
 
   void Remove(const std::string& path) override {
     if (::DeleteFileW(Native(path).c_str())) return;
@@ -143,7 +175,10 @@ class WindowsFileSystem : public FileSystem {
   void RemoveFolder(const std::string& folder) override {
     std::error_code error;
     fs::remove_all(Native(folder), error);
-    if (error) throw support::SaveError(folder + ": removing the folder failed: " + error.message());
+    if (!error) return;
+    const bool isPlatforms = error.category() == std::system_category();
+    throw support::SaveError(folder + ": removing the folder failed: " +
+                             (isPlatforms ? ReasonText(static_cast<DWORD>(error.value())) : error.message()));
   }
 };
 

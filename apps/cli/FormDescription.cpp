@@ -1,5 +1,6 @@
 #include "apps/cli/FormDescription.h"
 
+#include "apps/common/Paths.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
@@ -147,7 +148,7 @@ std::string ReadAll(const std::string& file) {
     text << std::cin.rdbuf();
     return text.str();
   }
-  std::ifstream in(file, std::ios::binary);
+  std::ifstream in(common::NativePath(file), std::ios::binary);
   if (!in || !(text << in.rdbuf())) {
     throw InputError(file + ": the form description cannot be read; check the path and the permissions");
   }

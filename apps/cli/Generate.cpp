@@ -1,6 +1,4 @@
 #include "adapters/journal/Journal.h"
-#include "adapters/profile/ProfileFile.h"
-#include "adapters/satellite/Satellites.h"
 #include "adapters/sqlite/Dictionary.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
@@ -11,6 +9,7 @@
 #include "apps/cli/UnifiedDiff.h"
 #include "apps/cli/WizardUser.h"
 #include "apps/common/Paths.h"
+#include "apps/common/Platform.h"
 #include "settings/Profile.h"
 #include "support/Failures.h"
 
@@ -18,6 +17,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <utility>
 
 namespace formwizard::apps::cli {
@@ -96,8 +96,8 @@ class Run {
         writes_(!options.DryRun && !options.Check),
         settings_(SettingsFromOptions(options.Settings)),
         profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
-        profile_(profiles_, !writes_),
-        strings_(satellites_, common::ProgramFolder()),
+        profile_(*profiles_, !writes_),
+        strings_(*satellites_, common::ProgramFolder()),
         server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
         project_(vb6files::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     project_.OnChange([this](const vb6files::FileChange& change) { files_(change); }, !writes_);
@@ -141,7 +141,7 @@ class Run {
   }
 
   void OpenJournal() {
-    journal_.open(options_.Journal, std::ios::binary | std::ios::trunc);
+    journal_.open(common::NativePath(options_.Journal), std::ios::binary | std::ios::trunc);
     if (!journal_) throw support::SaveError(options_.Journal + ": the journal cannot be created");
     journalled_ = adapters::journal::Journalled(project_, journal_);
   }
@@ -181,11 +181,11 @@ class Run {
   bool writes_;
   SettingTexts settings_;
   std::string profileFile_;
-  adapters::profile::ProfileFiles profiles_;
+  std::unique_ptr<settings::ProfileStore> profiles_ = common::PlatformProfile();
   RunProfile profile_;
-  adapters::satellite::Satellites satellites_;
+  std::unique_ptr<support::ResourceLibraries> satellites_ = common::PlatformLibraries();
   support::Strings strings_;
-  support::Localization localization_{strings_, satellites_};
+  support::Localization localization_{strings_, *satellites_};
   adapters::textmeasure::BuiltInTextMeasure measure_;
   ConsoleDesktop desktop_;
   std::unique_ptr<wizard::factory::FactoryCreator> server_;

@@ -1,19 +1,23 @@
 #include "adapters/sqlite/Dictionary.h"
 #include "apps/cli/Options.h"
+#include "apps/common/Paths.h"
 #include "support/Failures.h"
 
-#include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <system_error>
 
 namespace formwizard::apps::cli {
+
+namespace fs = std::filesystem;
 
 int Import(const TransferOptions& options) {
   if (options.From == "-") {
     adapters::sqlite::ImportDictionary(std::cin, "standard input", options.To);
     return Done;
   }
-  std::ifstream in(options.From, std::ios::binary);
+  std::ifstream in(common::NativePath(options.From), std::ios::binary);
   if (!in || in.peek() == std::ifstream::traits_type::eof()) {
     throw support::InputError(options.From +
                               ": the file is missing, empty or cannot be read; give a dictionary in JSON");
@@ -27,23 +31,29 @@ int Export(const TransferOptions& options) {
     adapters::sqlite::ExportDictionary(options.From, std::cout);
     return Done;
   }
-  const std::string aside = options.To + ".exporting";
+  const fs::path target = common::NativePath(options.To);
+  fs::path aside = target;
+  aside += ".exporting";
+  std::error_code error;
   {
     std::ofstream out(aside, std::ios::binary | std::ios::trunc);
     if (!out) throw support::SaveError(options.To + ": the file cannot be created");
     try {
       adapters::sqlite::ExportDictionary(options.From, out);
     } catch (const support::InputError&) {
-      std::remove(aside.c_str());
+      out.close();
+      fs::remove(aside, error);
       throw;
     }
     if (!out.flush()) {
-      std::remove(aside.c_str());
+      out.close();
+      fs::remove(aside, error);
       throw support::SaveError(options.To + ": writing failed");
     }
   }
-  if (std::rename(aside.c_str(), options.To.c_str()) != 0) {
-    std::remove(aside.c_str());
+  fs::rename(aside, target, error);
+  if (error) {
+    fs::remove(aside, error);
     throw support::SaveError(options.To + ": the file cannot be replaced");
   }
   return Done;

@@ -1,11 +1,17 @@
 #include "apps/cli/Options.h"
+#include "apps/common/Platform.h"
 #include "runtime/RuntimeError.h"
 #include "support/Failures.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <functional>
 #include <iostream>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace formwizard;
 using namespace formwizard::apps::cli;
@@ -78,6 +84,7 @@ int Run(const std::function<int()>& command) {
 
 // A std::logic_error, a mistake of the program itself, ends it.
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  const std::shared_ptr<void> streams = apps::common::UseUtf8Streams();
   std::ios::sync_with_stdio(false);
   CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
                "ostrel-form-wizard");
@@ -119,7 +126,9 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   }
 
   try {
-    app.parse(argc, argv);
+    std::vector<std::string> arguments = apps::common::Arguments(argc, argv);
+    std::ranges::reverse(arguments);  // as the parser wants them
+    app.parse(std::move(arguments));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? Done : WrongUsage;
   }

@@ -1,7 +1,6 @@
 #include "apps/common/Paths.h"
 
-#include <cstdlib>
-#include <filesystem>
+#include "apps/common/Platform.h"
 
 namespace formwizard::apps::common {
 namespace {
@@ -10,35 +9,31 @@ namespace fs = std::filesystem;
 
 constexpr const char* ProfileName = "outility.ini";
 
-fs::path Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
-}
-
-fs::path ConfigurationFolder() {
-  const fs::path configured = Environment("XDG_CONFIG_HOME");
-  return (configured.is_absolute() ? configured : Environment("HOME") / ".config") / "ostrel-form-wizard";
+std::string Utf8(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
 }
 
 }  // namespace
 
+fs::path NativePath(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
+
 std::string ProgramFolder() {
-  std::error_code error;
-  const fs::path program = fs::read_symlink("/proc/self/exe", error);
-  return error ? "./" : program.parent_path().string() + "/";
+  const fs::path program = RunningProgram();
+  return program.empty() ? "./" : Utf8(program.parent_path() / "");
 }
 
 std::string DefaultProfile() {
-  const std::string beside = ProgramFolder() + ProfileName;
+  const fs::path beside = NativePath(ProgramFolder()) / ProfileName;
   std::error_code error;
-  return fs::exists(beside, error) ? beside : (ConfigurationFolder() / ProfileName).string();
+  return Utf8(fs::exists(beside, error) ? beside : ConfigurationRoot() / "ostrel-form-wizard" / ProfileName);
 }
 
 std::string Resolved(const std::string& project) {
   std::error_code error;
-  if (!fs::is_symlink(project, error)) return project;
-  const fs::path target = fs::canonical(project, error);
-  return error ? project : target.string();
+  if (!fs::is_symlink(NativePath(project), error)) return project;
+  const fs::path target = fs::canonical(NativePath(project), error);
+  return error ? project : Utf8(target);
 }
 
 }  // namespace formwizard::apps::common

@@ -1,14 +1,18 @@
-// Where the program and the user keep their files.
+// Where the program and the user keep their files. Paths as texts are UTF-8.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace formwizard::apps::common {
 
+std::filesystem::path NativePath(const std::string& utf8);
+
 // The folder of the running program, with its trailing separator; satellites stand there.
 std::string ProgramFolder();
 
-// "outility.ini" beside the program when there is one, else in the user's configuration folder.
+// "outility.ini" beside the program when there is one, else in the user's configuration folder, on Windows the folder
+// of application data.
 std::string DefaultProfile();
 
 // A link to a project stands for the project: what it names is replaced when the project is saved, not the link.

@@ -61,10 +61,11 @@ TEST_CASE("A write replaces the file as a whole, keeps its permissions and creat
   const std::string deep = profile.Folder / "a/b/outility.ini";
   CHECK(profile.Files.WriteProfileString("Wizard", "LastConnect", "Samples", deep));
   CHECK(ReadFile(deep) == "[Wizard]\r\nLastConnect=Samples\r\n");
-  std::filesystem::permissions(deep, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  std::filesystem::permissions(NativePath(deep),
+                               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  const auto permissions = std::filesystem::status(NativePath(deep)).permissions();
   CHECK(profile.Files.WriteProfileString("Wizard", "LastConnect", "Archive", deep));
-  CHECK(std::filesystem::status(deep).permissions() ==
-        (std::filesystem::perms::owner_read | std::filesystem::perms::owner_write));
+  CHECK(std::filesystem::status(NativePath(deep)).permissions() == permissions);
   CHECK(FilesIn(profile.Folder.Path()).size() == 1);  // nothing is left beside it
   WriteFile(profile.Folder / "file", "");
   CHECK_FALSE(profile.Files.WriteProfileString("Wizard", "A", "1", profile.Folder / "file/outility.ini"));

@@ -2,11 +2,11 @@
 #include "adapters/satellite/Satellites.h"
 #include "adapters/satellite/StringResources.h"
 
+#include "tests/support/Environment.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
 
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
@@ -161,19 +161,19 @@ TEST_CASE("A locale's name leads to the platform's number and abbreviation") {
 }
 
 TEST_CASE("The user's locale is that of the first variable that is set") {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) ::unsetenv(name);
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) RemoveVariable(name);
   const auto check = [](int id, const char* language) {
     CHECK(Satellites().UserLocaleId() == id);
     CHECK(Satellites().UserLanguage() == language);
   };
   check(1033, "ENU");
-  ::setenv("LANG", "de_DE.UTF-8", 1);
+  SetVariable("LANG", "de_DE.UTF-8");
   check(1031, "DEU");
-  ::setenv("LC_MESSAGES", "fr_CA", 1);
+  SetVariable("LC_MESSAGES", "fr_CA");
   check(3084, "FRC");
-  ::setenv("LC_ALL", "", 1);  // as if unset
+  SetVariable("LC_ALL", "");  // as if unset
   check(3084, "FRC");
-  ::setenv("LC_ALL", "C", 1);
+  SetVariable("LC_ALL", "C");
   check(1033, "ENU");
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) ::unsetenv(name);
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) RemoveVariable(name);
 }

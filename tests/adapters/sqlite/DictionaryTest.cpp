@@ -183,14 +183,14 @@ TEST_CASE("An import that fails leaves what was there") {
 
 TEST_CASE("A file that is no dictionary is refused with the remedy") {
   DictionaryFixture dictionary;
-  CHECK_THROWS_AS(OpenDictionary(dictionary.File), support::InputError);                    // missing
-  CHECK_THROWS_AS(OpenDictionary(dictionary.Folder.Path().string()), support::InputError);  // a folder
+  CHECK_THROWS_AS(OpenDictionary(dictionary.File), support::InputError);                 // missing
+  CHECK_THROWS_AS(OpenDictionary(Utf8(dictionary.Folder.Path())), support::InputError);  // a folder
   for (const std::string& text : {std::string(), std::string("SQLite format 3\0rubbish", 23), std::string(5000, 'x')}) {
     WriteFile(dictionary.File, text);
     CHECK_THROWS_AS(OpenDictionary(dictionary.File), support::InputError);
   }
   // Damaged behind its head: the error comes when the rows are read.
-  std::filesystem::remove(dictionary.File);
+  std::filesystem::remove(NativePath(dictionary.File));
   dictionary.Import(Sample);
   std::string bytes = ReadFile(dictionary.File);
   std::fill(bytes.begin() + 4096, bytes.end(), '\x5A');

@@ -1,10 +1,10 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "tests/adapters/vb6files/MemoryFileSystem.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
 
 #include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -229,10 +229,10 @@ TEST_CASE("A project that could not be saved is still open, and is saved when it
 
 TEST_CASE("The file system of this machine keeps what saving relies on") {
   namespace fs = std::filesystem;
-  const fs::path folder = fs::temp_directory_path() / "formwizard-saving-test";
-  fs::remove_all(folder);
+  const TemporaryFolder temporary;
+  const fs::path folder = NativePath(temporary / "Größe 項目");
   fs::create_directories(folder / "Forms");
-  const std::string at = folder.string() + "/";
+  const std::string at = Utf8(folder) + "/";
   FileSystem& files = RealFileSystem();
 
   files.WriteNew(at + "a", "one", "");
@@ -246,11 +246,14 @@ TEST_CASE("The file system of this machine keeps what saving relies on") {
 
   CHECK(files.NamesIn(at + "Forms") == std::vector<std::string>{"c.frm"});
   CHECK_FALSE(files.NamesIn(at + "none"));
-  CHECK_FALSE(files.Read(folder.string()));
+  CHECK_FALSE(files.Read(Utf8(folder)));
 
-  const auto lock = files.LockFolder(folder.string());
+  auto lock = files.LockFolder(Utf8(folder));
   CHECK(lock);
-  CHECK_FALSE(files.LockFolder(folder.string()));
+  CHECK_FALSE(files.LockFolder(Utf8(folder)));
+  lock.reset();
+  CHECK(files.LockFolder(Utf8(folder)));
+  CHECK_THROWS_AS(files.LockFolder(at + "none"), support::SaveError);
 
   fs::permissions(folder / "a", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write);
   files.WriteNew(at + "d", "new", at + "a");
@@ -260,7 +263,7 @@ TEST_CASE("The file system of this machine keeps what saving relies on") {
 
   CHECK_THROWS_AS(files.FlushFolder(at + "none"), support::SaveError);
   files.Remove(at + "none");
-  files.RemoveFolder(folder.string());
+  files.RemoveFolder(Utf8(folder));
   CHECK_FALSE(fs::exists(folder));
 }
 

@@ -1,0 +1,61 @@
+#include "adapters/native/AnsiText.h"
+#include "adapters/native/NativeLibraries.h"
+#include "adapters/native/NativeProfile.h"
+#include "apps/common/Platform.h"
+
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+#include <shlobj.h>
+#include <stdio.h>
+
+namespace formwizard::apps::common {
+
+namespace fs = std::filesystem;
+
+fs::path RunningProgram() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(path.size() * 2);
+  }
+}
+
+fs::path ConfigurationRoot() {
+  std::wstring path(MAX_PATH, L'\0');
+  if (FAILED(::SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path.data()))) return {};
+  return path.c_str();
+}
+
+// `main` gets them in the machine's code page, so they are asked for again.
+std::vector<std::string> Arguments(int, char**) {
+  int count = 0;
+  LPWSTR* const all = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(adapters::native::Utf8(all[i]));
+  ::LocalFree(all);
+  return arguments;
+}
+
+std::unique_ptr<settings::ProfileStore> PlatformProfile() {
+  return std::make_unique<adapters::native::NativeProfile>();
+}
+
+std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
+  return std::make_unique<adapters::native::NativeLibraries>();
+}
+
+std::shared_ptr<void> UseUtf8Streams() {
+  for (FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
+  const UINT before = ::GetConsoleOutputCP();
+  if (before == 0 || !::SetConsoleOutputCP(CP_UTF8)) return nullptr;
+  return {nullptr, [before](void*) { ::SetConsoleOutputCP(before); }};
+}
+
+}  // namespace formwizard::apps::common

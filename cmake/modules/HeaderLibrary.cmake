@@ -1,0 +1,15 @@
+# For cross-builds: a library of headers is the same for every target, so that the one of this machine will do. Its
+# folder alone is taken, through a link; what stands beside it belongs to this machine's own programs.
+function(formwizard_header_library target folder header)
+  string(MAKE_C_IDENTIFIER "FORMWIZARD_${folder}_HEADERS" found)
+  find_path(${found} ${folder}/${header} NO_CMAKE_FIND_ROOT_PATH)
+  mark_as_advanced(${found})
+  if(NOT ${found} OR TARGET ${target})
+    return()
+  endif()
+  set(links ${CMAKE_BINARY_DIR}/headers/${folder})
+  file(MAKE_DIRECTORY ${links})
+  file(CREATE_LINK ${${found}}/${folder} ${links}/${folder} COPY_ON_ERROR SYMBOLIC)
+  add_library(${target} INTERFACE IMPORTED GLOBAL)
+  target_include_directories(${target} INTERFACE ${links})
+endfunction()
