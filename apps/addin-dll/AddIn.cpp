@@ -88,14 +88,6 @@ HRESULT AddIn::QueryInterface(REFIID id, void** object) {
   return S_OK;
 }
 
-ULONG AddIn::AddRef() { return ++references_; }
-
-ULONG AddIn::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 HRESULT AddIn::GetTypeInfoCount(UINT* count) {
   if (!count) return E_POINTER;
   *count = 0;

@@ -1,26 +1,20 @@
 // The object that the environment creates: passes connection and disconnection on to a session.
 #pragma once
 
+#include "adapters/com/Counted.h"
 #include "apps/addin-dll/Interfaces.h"
 #include "apps/addin-dll/Module.h"
 #include "apps/addin-dll/Session.h"
 
-#include <atomic>
 #include <memory>
 
 namespace formwizard::apps::addin {
 
-// Begins with one reference. Both interfaces and calls by name lead to the same operations; connecting twice is
+// Both interfaces and calls by name lead to the same operations; connecting twice is
 // connecting once. No exception leaves it.
-class AddIn final : public IDTExtensibility, public IDTExtensibility2 {
+class AddIn final : public adapters::com::Counted<IDTExtensibility, IDTExtensibility2> {
  public:
-  AddIn() = default;
-  AddIn(const AddIn&) = delete;
-  AddIn& operator=(const AddIn&) = delete;
-
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
@@ -37,10 +31,9 @@ class AddIn final : public IDTExtensibility, public IDTExtensibility2 {
   HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) override;
 
  private:
-  ~AddIn();
+  ~AddIn() override;
 
   ModuleHold hold_;
-  std::atomic<ULONG> references_ = 1;
   std::shared_ptr<Session> session_;  // while connected
 };
 

@@ -1,18 +1,29 @@
 // What the system calls in the library.
+#include "adapters/com/ComPtr.h"
+#include "adapters/com/Counted.h"
 #include "apps/addin-dll/AddIn.h"
 #include "apps/addin-dll/Module.h"
 #include "apps/addin-dll/Registration.h"
 
 #include <unknwn.h>
 
-#include <atomic>
 #include <new>
 
 using namespace formwizard::apps::addin;
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+using formwizard::adapters::com::ComPtr;
+using formwizard::adapters::com::Counted;
+
+// A new object by one of its interfaces.
+template <typename Made>
+HRESULT HandOut(REFIID id, void** object) {
+  const ComPtr<Made> made(new (std::nothrow) Made);
+  return made ? made->QueryInterface(id, object) : E_OUTOFMEMORY;
+}
+
+class ClassFactory final : public Counted<IClassFactory> {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     if (!object) return E_POINTER;
@@ -22,22 +33,12 @@ class ClassFactory final : public IClassFactory {
     AddRef();
     return S_OK;
   }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     if (!object) return E_POINTER;
     *object = nullptr;
     if (outer) return CLASS_E_NOAGGREGATION;
-    auto* addIn = new (std::nothrow) AddIn;
-    if (!addIn) return E_OUTOFMEMORY;
-    const HRESULT result = addIn->QueryInterface(id, object);
-    addIn->Release();
-    return result;
+    return HandOut<AddIn>(id, object);
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
     lock ? HoldModule() : LetGoModule();
@@ -45,10 +46,7 @@ class ClassFactory final : public IClassFactory {
   }
 
  private:
-  ~ClassFactory() = default;
-
   ModuleHold hold_;
-  std::atomic<ULONG> references_ = 1;
 };
 
 }  // namespace
@@ -57,11 +55,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   if (!object) return E_POINTER;
   *object = nullptr;
   if (classId != ClassId) return CLASS_E_CLASSNOTAVAILABLE;
-  auto* factory = new (std::nothrow) ClassFactory;
-  if (!factory) return E_OUTOFMEMORY;
-  const HRESULT result = factory->QueryInterface(id, object);
-  factory->Release();
-  return result;
+  return HandOut<ClassFactory>(id, object);
 }
 
 STDAPI DllCanUnloadNow() { return IsModuleHeld() ? S_FALSE : S_OK; }

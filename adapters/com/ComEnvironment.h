@@ -1,0 +1,32 @@
+// The running environment, reached through the root object that it hands to an add-in.
+//
+// COM must be initialized on the thread; the environment is used on the thread that it connects the add-in on, and not
+// after it disconnected it.
+#pragma once
+
+#include "adapters/com/Automation.h"
+#include "adapters/com/ComProject.h"
+#include "generator/ide/CommandBars.h"
+
+#include <memory>
+#include <string>
+
+namespace formwizard::adapters::com {
+
+class ComEnvironment : public generator::ide::Application {
+ public:
+  explicit ComEnvironment(IDispatch* root) : root_(ComPtr<IDispatch>(root)) {}
+
+  generator::ide::VBProject& ActiveVBProject() override;
+  std::string Version() const override;
+  std::shared_ptr<generator::ide::CommandBarControls> CommandBar(generator::ide::Int32 index) override;
+  std::unique_ptr<generator::ide::CommandBarEvents> ConnectEvents(
+      const std::shared_ptr<generator::ide::CommandBarControl>& control,
+      generator::ide::CommandBarEvents::Click onClick) override;
+
+ private:
+  Object root_;
+  ComProject project_;
+};
+
+}  // namespace formwizard::adapters::com

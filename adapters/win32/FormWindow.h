@@ -1,0 +1,91 @@
+// A window that shows a dialog of the core and passes on what the user does.
+#pragma once
+
+#include "adapters/win32/Arrangement.h"
+#include "adapters/win32/BusyPointer.h"
+#include "adapters/win32/Screen.h"
+#include "adapters/win32/View.h"
+#include "adapters/win32/WindowClass.h"
+#include "ui/Form.h"
+
+#include <windows.h>
+
+#include <deque>
+#include <exception>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace formwizard::adapters::win32 {
+
+class FormWindow : private ui::ControlObserver {
+ public:
+  // Builds the window with one view for each control of the dialog. `form` and `pointer` must outlive it; `owner` may
+  // be null.
+  FormWindow(ui::Form& form, HWND owner, BusyPointer& pointer);
+  ~FormWindow() override;
+
+  // Shows the window and returns when the dialog is over. All other windows of the thread are disabled meanwhile.
+  void ShowModal();
+
+  // What the user does waits until the window in which it was done has finished with the message, then it is done to
+  // the dialog; a dialog that is busy or over does not hear of it.
+  void Act(std::function<void()> action) { actions_.push_back(std::move(action)); }
+  // Shows at once what has changed.
+  void ShowChanges();
+  void NoteChange(View& view);
+
+  ui::Form& ShownForm() const { return form_; }
+  HWND Handle() const { return handle_; }
+  // The window that the controls of a container stand in; null: the dialog itself.
+  HWND HandleOf(const ui::Control* container);
+  // The place of a control in the tab order, from 1, by which programs that read the screen tell windows apart.
+  HMENU IdOf(const ui::Control& control) const;
+  // Null for a window that shows no control.
+  View* ViewOf(HWND window) const;
+  const RECT& PlaceOf(const ui::Control& control) const { return arrangement_.PlaceOf(control); }
+  HFONT FontFor(const ui::Font& font, std::string_view text) { return fonts_.FontFor(font, text); }
+  void SetToolTip(HWND control, const std::string& text) const;
+
+ private:
+  void Changed() override;
+  void MakeViews();
+  void Arrange();
+  View& ViewOf(ui::Control& control);
+  void Wake() const { PostMessageW(handle_, WM_NULL, 0, 0); }
+
+  bool IsOver() const { return !handle_ || failed_ || form_.IsUnloaded(); }
+  void Process(const MSG& message);
+  bool PassInput(const MSG& message);
+  void FollowFocus();
+  void RunActions();
+  void ShowFailure(const std::exception& failure);
+  void ShowForm();
+  void ShowDefaultButton();
+  void ShowFocus();
+
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT PassReport(const NMHDR& report);
+
+  ui::Form& form_;
+  BusyPointer& pointer_;
+  WindowClass formClass_, frameClass_;
+  Fonts fonts_;
+  Arrangement arrangement_;
+  HWND handle_ = nullptr;
+  HWND toolTips_ = nullptr;
+  std::map<const ui::Control*, std::unique_ptr<View>> views_;
+  std::map<HWND, ui::Control*> controls_;
+  std::vector<View*> changedViews_;
+  std::deque<std::function<void()>> actions_;
+  HWND focus_ = nullptr;
+  HWND defaultButton_ = nullptr;
+  bool changed_ = true;
+  bool movingFocus_ = false;
+  bool failed_ = false;
+};
+
+}  // namespace formwizard::adapters::win32

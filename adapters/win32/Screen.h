@@ -1,0 +1,36 @@
+// Lengths and fonts at the density of the screen.
+#pragma once
+
+#include "adapters/win32/Handles.h"
+#include "ui/Control.h"
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+#include <tuple>
+
+namespace formwizard::adapters::win32 {
+
+inline constexpr int DesignedDotsPerInch = 96;
+inline constexpr int TwipsAPixel = 15;  // at that density
+
+int DotsPerInch();
+int PixelsOf(int twips);
+
+// `points` at a density.
+Owned<HFONT> MakeFont(double points, int dotsPerInch, const std::string& name, int charset);
+
+// The fonts of a dialog's controls, each made once.
+class Fonts {
+ public:
+  // Where the font lacks a character of `text`, a scalable font of the same look is taken for it.
+  HFONT FontFor(const ui::Font& font, std::string_view text);
+
+ private:
+  HFONT Made(double points, const std::string& name, int charset);
+
+  std::map<std::tuple<double, std::string, int>, Owned<HFONT>> made_;
+};
+
+}  // namespace formwizard::adapters::win32

@@ -1,0 +1,119 @@
+#include "adapters/win32/Win32Desktop.h"
+
+#include "adapters/win32/FormWindow.h"
+#include "adapters/win32/MessageQueue.h"
+#include "adapters/win32/Text.h"
+#include "adapters/win32/WindowClass.h"
+#include "runtime/RuntimeError.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
+
+namespace formwizard::adapters::win32 {
+namespace {
+
+constexpr int CannotOpenClipboard = 521;
+
+// The clipboard, opened for this thread, or not when another program keeps it.
+class OpenedClipboard {
+ public:
+  OpenedClipboard()
+      : window_(
+            Made(CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, ThisModule(), nullptr))) {
+    constexpr int attempts = 20;
+    constexpr DWORD milliseconds = 10;
+    for (int i = 0; i < attempts && !isOpen_; ++i) {
+      isOpen_ = OpenClipboard(window_) != FALSE;
+      if (!isOpen_) Sleep(milliseconds);
+    }
+  }
+  ~OpenedClipboard() {
+    if (isOpen_) CloseClipboard();
+    DestroyWindow(window_);
+  }
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+
+  bool Put(UINT format, std::span<const std::byte> bytes) const {
+    if (!isOpen_ || !EmptyClipboard()) return false;
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    if (!memory) return false;
+    std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
+    GlobalUnlock(memory);
+    if (SetClipboardData(format, memory)) return true;
+    GlobalFree(memory);  // the clipboard has not taken it
+    return false;
+  }
+
+ private:
+  HWND window_;
+  bool isOpen_ = false;
+};
+
+// Keeps a window among the open ones.
+class Opened {
+ public:
+  Opened(std::vector<FormWindow*>& open, FormWindow& window) : open_(open) { open_.push_back(&window); }
+  ~Opened() { open_.pop_back(); }
+  Opened(const Opened&) = delete;
+  Opened& operator=(const Opened&) = delete;
+
+ private:
+  std::vector<FormWindow*>& open_;
+};
+
+}  // namespace
+
+Win32Desktop::Win32Desktop(HWND mainWindow) : mainWindow_(mainWindow) {
+  const INITCOMMONCONTROLSEX classes{sizeof(classes),
+                                     ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES | ICC_UPDOWN_CLASS | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&classes);
+}
+
+ui::MessageAnswer Win32Desktop::ShowMessage(std::string_view text, int style, std::string_view title) {
+  const HWND owner = open_.empty() ? mainWindow_ : open_.back()->Handle();
+  const int answer = MessageBoxW(owner, Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(style));
+  if (answer == 0) throw std::runtime_error("A message cannot be shown: " + std::string(text));
+  return static_cast<ui::MessageAnswer>(answer);
+}
+
+void Win32Desktop::ProcessMessages() {
+  for (FormWindow* window : open_) window->ShowChanges();
+  DispatchAllButInput();
+}
+
+HWND Win32Desktop::WindowOf(const ui::Form* form) const {
+  const auto found =
+      std::ranges::find_if(open_, [&](const FormWindow* window) { return &window->ShownForm() == form; });
+  return found == open_.end() ? mainWindow_ : (*found)->Handle();
+}
+
+void Win32Desktop::ShowModal(ui::Form& form, ui::Form* owner) {
+  form.Load();
+  try {
+    ShowWindowOf(form, WindowOf(owner));
+  } catch (const std::exception&) {
+    form.Unload();
+    throw;
+  }
+  form.Unload();  // however the window ended
+}
+
+void Win32Desktop::ShowWindowOf(ui::Form& form, HWND owner) {
+  FormWindow window(form, owner, pointer_);
+  const Opened opened(open_, window);
+  window.ShowModal();
+}
+
+void Win32Desktop::SetPicture(std::span<const std::byte> bitmap) {
+  if (bitmap.size() <= sizeof(BITMAPFILEHEADER)) runtime::Raise(runtime::InvalidPropertyValue);
+  const OpenedClipboard clipboard;
+  if (!clipboard.Put(CF_DIB, bitmap.subspan(sizeof(BITMAPFILEHEADER)))) {
+    runtime::Raise(CannotOpenClipboard, "Can't open Clipboard");
+  }
+}
+
+}  // namespace formwizard::adapters::win32

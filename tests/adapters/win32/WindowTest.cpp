@@ -1,0 +1,300 @@
+// What the windows do whatever dialog they show.
+#include "adapters/win32/Text.h"
+#include "resources/Bitmaps.h"
+#include "tests/adapters/win32/DialogFixture.h"
+#include "ui/OptionButton.h"
+
+#include <doctest/doctest.h>
+
+#include <array>
+#include <chrono>
+#include <stdexcept>
+#include <utility>
+
+using namespace formwizard;
+using namespace formwizard::tests;
+
+namespace {
+
+// A dialog with one control of every kind that the wizard leaves out or uses in one way only.
+class SampleForm : public ui::Form {
+ public:
+  explicit SampleForm(ui::Desktop& desktop) : Form(desktop) {
+    Width = Int32(6000);
+    Height = Int32(4000);
+    Caption = std::string("Sample");
+    Add(box, {"box", nullptr, 100, 100, 1500, 300, ""});
+    Add(frame, {"frame", nullptr, 100, 500, 2500, 1200, ""});
+    for (std::size_t i = 0; i < options.size(); ++i) {
+      Add(options[i], {"option", &frame, 100, 200 + static_cast<int>(i) * 300, 2000, 255, ""});
+      options[i].Caption = "Option &" + std::to_string(i);
+    }
+    Add(check, {"check", nullptr, 100, 1800, 1500, 255, ""});
+    Add(button, {"button", nullptr, 100, 2200, 1200, 375, ""});
+    Add(other, {"other", nullptr, 1500, 2200, 1200, 375, ""});
+    Add(list, {"list", nullptr, 3000, 100, 2500, 1500, ""});
+    Add(tree, {"tree", nullptr, 3000, 1700, 2500, 1500, ""});
+    other.Cancel = true;
+    button.Caption = std::string("&Work");
+    button.OnClick = Guarded([this] { Work(); });
+    other.OnClick = Guarded([this] {
+      ++OtherClicks;
+      Unload();
+    });
+  }
+
+  ui::TextBox box;
+  ui::Frame frame;
+  std::array<ui::OptionButton, 3> options;
+  ui::CheckBox check;
+  ui::CommandButton button, other;
+  ui::ListBox list;
+  ui::TreeView tree;
+  std::function<void()> Work;
+  int OtherClicks = 0;
+};
+
+struct SampleFixture {
+  MainWindow Main;
+  adapters::win32::Win32Desktop Desktop{Main};
+  SampleForm Form{Desktop};
+
+  void Use(const std::function<void()>& work) {
+    UseWindows([this] { Desktop.ShowModal(Form, nullptr); }, work);
+  }
+};
+
+bool IsDefault(const ui::Control& button) {
+  return (GetWindowLongW(WindowOf(button), GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+}
+
+}  // namespace
+
+TEST_CASE("A modal dialog keeps the user out of the windows behind it, and gives them back") {
+  DialogFixture desktop;
+  wizard::frmWizard& dialog = desktop.Dialog;
+  desktop.UseWizard([&] {
+    const HWND window = Await(L"Ostrel Form Wizard - Step 1 of 6");
+    CHECK_FALSE(IsWindowEnabled(desktop.Main));
+    Click(WindowOf(dialog.cmdSettings));
+    const HWND settings = Await(L"Ostrel Form Wizard Settings");
+    CHECK(GetWindow(settings, GW_OWNER) == window);
+    CHECK_FALSE(IsWindowEnabled(window));
+    Press(VK_F4, VK_MENU);
+    CHECK_FALSE(IsWindow(settings));
+    CHECK(IsWindowEnabled(window));
+    CHECK_FALSE(IsWindowEnabled(desktop.Main));
+    CHECK(ActiveTitle() == L"Ostrel Form Wizard - Step 1 of 6");
+    CHECK(Focus() == WindowOf(dialog.cmdSettings));
+    Press(VK_ESCAPE);
+  });
+  CHECK(IsWindowEnabled(desktop.Main));
+  CHECK(GetActiveWindow() == desktop.Main);
+
+  desktop.Fakes.Profile.Values["Columns"] = "many";  // the settings dialog refuses to load
+  desktop.UseWizard([&] {
+    Click(WindowOf(dialog.cmdSettings));
+    Await(L"Ostrel Form Wizard - Step 1 of 6");
+    CHECK(CountWindows() > 0);
+    Press(VK_RETURN);  // the message about it
+    CHECK(IsWindowEnabled(GetParent(WindowOf(dialog.picMain))));
+    Press(VK_ESCAPE);
+  });
+  CHECK(IsWindowEnabled(desktop.Main));
+}
+
+TEST_CASE("Buttons and the focus show what the keys will do") {
+  DialogFixture desktop;
+  wizard::frmWizard& dialog = desktop.Dialog;
+  desktop.UseWizard([&] {
+    CHECK(IsDefault(dialog.cmdNext));
+    CHECK_FALSE(IsWindowEnabled(WindowOf(dialog.cmdBack)));
+    CHECK_FALSE(IsWindowEnabled(WindowOf(dialog.cmdFinish)));
+    for (const ui::Control* control : {&dialog.cmdNext, &dialog.cmdCancel, &dialog.cmdSettings, &dialog.cmdNext}) {
+      CHECK(Focus() == WindowOf(*control));
+      CHECK(IsDefault(*control));
+      Press(VK_TAB);
+    }
+    Press(VK_TAB, VK_SHIFT);
+    Press(VK_RETURN);
+    CHECK(IsWindowEnabled(WindowOf(dialog.cmdBack)));
+    Press(VK_RETURN);
+    HWND tree = WindowOf(dialog.tvwClasses);
+    const POINT at = PlaceOf(tree, ItemOf(tree, L"Person"));
+    const ui::Node* hit = dialog.tvwClasses.HitTest(static_cast<float>(at.x), static_cast<float>(at.y));
+    CHECK((hit && hit->Text == "Person"));
+    CHECK(dialog.tvwClasses.HitTest(static_cast<float>(at.x) + 150, static_cast<float>(at.y)) == nullptr);
+    CHECK(SelectedText(tree) == L"Core.Invoice");  // selected by the dialog
+    Click(tree, PlaceOf(tree, ItemOf(tree, L"Sample")));
+    CHECK_FALSE(IsWindowEnabled(WindowOf(dialog.cmdNext)));
+    CHECK_FALSE(IsDefault(dialog.cmdNext));
+    Press(VK_ESCAPE);
+  });
+}
+
+TEST_CASE("A refused text is put back after the message about it was answered") {
+  DialogFixture desktop;
+  desktop.UseWizard([&] {
+    Click(WindowOf(desktop.Dialog.cmdSettings));
+    const HWND settings = Await(L"Ostrel Form Wizard Settings");
+    const HWND box = ChildWithId(settings, 3);
+    Press(VK_TAB);
+    Press(VK_TAB, VK_SHIFT);
+    Type(L"9");
+    CHECK_FALSE(IsWindowEnabled(settings));  // the message box is there
+    CHECK(ActiveTitle() == L"Ostrel Form Wizard Settings");
+    Press(VK_SPACE);
+    CHECK(IsWindowEnabled(settings));
+    CHECK(CaptionOf(box) == L"1");
+    CHECK(Focus() == box);
+    Press(VK_ESCAPE);
+    Press(VK_ESCAPE);
+  });
+}
+
+TEST_CASE("Keys move the choice among options, and values of a check box are shown") {
+  SampleFixture sample;
+  SampleForm& form = sample.Form;
+  form.options[0].SetValue(true);
+  form.check.SetValue(2);
+  sample.Use([&] {
+    CHECK(SendMessageW(WindowOf(form.check), BM_GETCHECK, 0, 0) == BST_INDETERMINATE);
+    Press(VK_TAB);
+    Press(VK_TAB);
+    CHECK(form.options[0].Value());  // the focus alone chooses nothing
+    Press(VK_DOWN);
+    CHECK(form.options[2].Value());
+    Press(VK_RIGHT);
+    CHECK(form.options[0].Value());
+    CHECK(Focus() == WindowOf(form.options[0]));
+    Press('1', VK_MENU);
+    CHECK(SendMessageW(WindowOf(form.options[1]), BM_GETCHECK, 0, 0) == BST_CHECKED);
+    CHECK(SendMessageW(WindowOf(form.options[0]), BM_GETCHECK, 0, 0) == BST_UNCHECKED);
+    Click(WindowOf(form.check));
+    CHECK(form.check.Value() == 0);
+    CHECK(SendMessageW(WindowOf(form.check), BM_GETCHECK, 0, 0) == BST_UNCHECKED);
+    Press(VK_ESCAPE);
+  });
+}
+
+TEST_CASE("While a dialog works, input waits") {
+  SampleFixture sample;
+  SampleForm& form = sample.Form;
+  int clicksMeanwhile = -1;
+  bool quitWaits = false;
+  form.Work = [&] {
+    PostMessageW(WindowOf(form.box), WM_CHAR, 'x', 0);
+    PostMessageW(WindowOf(form.other), WM_KEYDOWN, VK_ESCAPE, 0);
+    PostMessageW(GetParent(WindowOf(form.other)), WM_CLOSE, 0, 0);
+    form.Enabled = false;
+    form.box.SetText("shown");
+    sample.Desktop.SetMousePointer(ui::MousePointer::ArrowHourglass);
+    sample.Desktop.ProcessMessages();
+    CHECK(CaptionOf(WindowOf(form.box)) == L"shown");
+    CHECK(IsWindowEnabled(WindowOf(form.box)));  // not grey
+    clicksMeanwhile = form.OtherClicks;
+    form.Enabled = true;
+    sample.Desktop.SetMousePointer(ui::MousePointer::Default);
+    PostQuitMessage(7);
+    sample.Desktop.ProcessMessages();
+    MSG message{};
+    quitWaits = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.wParam == 7;
+  };
+  sample.Use([&] { Press('W', VK_MENU); });
+  CHECK(clicksMeanwhile == 0);
+  CHECK(form.OtherClicks == 1);
+  CHECK(form.box.Text() == "xshown");
+  CHECK(quitWaits);
+  CHECK(form.IsUnloaded());
+}
+
+TEST_CASE("A failure is shown and leaves the dialog usable; a mistake of this program ends it") {
+  SampleFixture sample;
+  SampleForm& form = sample.Form;
+  form.Work = [&] {
+    form.Enabled = false;
+    throw std::runtime_error("cannot be used");
+  };
+  sample.Use([&] {
+    const HWND window = Await(L"Sample");
+    Press('W', VK_MENU);
+    CHECK_FALSE(IsWindowEnabled(window));
+    Press(VK_RETURN);
+    CHECK(IsWindowEnabled(window));
+    CHECK(form.Enabled);
+    form.Work = [] { throw std::logic_error("a mistake"); };
+    Press('W', VK_MENU);
+    Press(VK_RETURN);
+  });
+  CHECK(form.IsUnloaded());
+  CHECK(form.OtherClicks == 0);
+  CHECK(IsWindowEnabled(sample.Main));
+}
+
+TEST_CASE("Long lists and trees appear at once") {
+  SampleFixture sample;
+  SampleForm& form = sample.Form;
+  const auto milliseconds = [&](int nodes) {
+    const auto start = std::chrono::steady_clock::now();
+    form.tree.Nodes.Clear();
+    form.list.Clear();
+    ui::Node* package = nullptr;
+    for (int i = 0; i < nodes; ++i) {
+      if (i % 100 == 0) package = &form.tree.Nodes.Add(nullptr, "", "Package");
+      form.tree.Nodes.Add(i % 2 == 0 ? nullptr : package, "", "Class").Image = Int16(1);
+      package->Expanded = true;
+    }
+    for (int i = 0; i < nodes / 10; ++i) form.list.AddItem("Entry", i);
+    sample.Desktop.ProcessMessages();
+    const auto passed = std::chrono::steady_clock::now() - start;
+    return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
+  };
+  int few = 0, many = 0;
+  form.Work = [&] {
+    few = milliseconds(2000);
+    many = milliseconds(20000);
+  };
+  sample.Use([&] {
+    Press('W', VK_MENU);
+    const HWND tree = WindowOf(form.tree);
+    for (int i = 0; i < 100 && TreeView_GetCount(tree) < 20200; ++i) Press(VK_SHIFT);
+    CHECK(TreeView_GetCount(tree) == 20200);
+    CHECK(SendMessageW(WindowOf(form.list), LB_GETCOUNT, 0, 0) == 2000);
+    Press(VK_ESCAPE);
+  });
+  MESSAGE("2000 nodes: ", few, " ms, 20000 nodes: ", many, " ms");
+  CHECK(many < 40 * few + 500);
+}
+
+TEST_CASE("Closed dialogs leave nothing behind") {
+  DialogFixture desktop;
+  const auto counts = [] {
+    const HANDLE process = GetCurrentProcess();
+    return std::pair{CountWindows(),
+                     GetGuiResources(process, GR_GDIOBJECTS) + GetGuiResources(process, GR_USEROBJECTS)};
+  };
+  const auto round = [&] {
+    desktop.UseWizard([&] {
+      Press('S', VK_MENU);
+      Press(VK_ESCAPE);
+      Press(VK_ESCAPE);
+    });
+  };
+  round();  // what the system keeps for later
+  const auto before = counts();
+  for (int i = 0; i < 20; ++i) round();
+  CHECK(counts() == before);
+}
+
+TEST_CASE("A picture on the clipboard is the bitmap without its file header") {
+  SampleFixture sample;
+  const auto bitmap = resources::Bitmap(9999);
+  sample.Desktop.SetPicture(bitmap);
+  REQUIRE(OpenClipboard(nullptr));
+  const HANDLE memory = GetClipboardData(CF_DIB);
+  REQUIRE(memory);
+  const auto* bytes = static_cast<const std::byte*>(GlobalLock(memory));
+  CHECK(std::equal(bitmap.begin() + sizeof(BITMAPFILEHEADER), bitmap.end(), bytes));
+  GlobalUnlock(memory);
+  CloseClipboard();
+}
