@@ -1,4 +1,6 @@
 // The program itself, run as a user runs it.
+#include "adapters/satellite/StringResources.h"
+#include "adapters/vb6files/CodePage.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
@@ -6,6 +8,8 @@
 #include <doctest/doctest.h>
 
 #include <nlohmann/json.hpp>
+
+#include <filesystem>
 
 using namespace formwizard::tests;
 
@@ -311,4 +315,35 @@ TEST_CASE("The dictionary can be looked at") {
   CHECK(work.Run("dictionary export d.sqlite -").Out.starts_with("{ \"systems\": [\n"));
   CHECK(work.Run("--version").Out.starts_with("ostrel-form-wizard "));
   CHECK(work.Run("").Status == 2);
+}
+
+TEST_CASE("Forms speak the language that is asked for, in the code page of the project") {
+  struct Language {
+    const char* Name;
+    int CodePage;
+  };
+  for (const Language& language : {Language{"DEU", 1252}, Language{"FRA", 1252}, Language{"JPN", 932},
+                                   Language{"KOR", 949}, Language{"CHS", 936}, Language{"CHT", 950}}) {
+    CAPTURE(language.Name);
+    const auto folder = std::filesystem::path(FORMWIZARD_PROGRAM).parent_path();
+    const std::string library =
+        ReadFile((folder / ("OstrelFormWizard" + std::string(language.Name) + ".dll")).string());
+    const auto texts = formwizard::adapters::satellite::ReadStringTable(library);
+    const formwizard::adapters::vb6files::CodePage codePage(language.CodePage);
+    Workplace work;
+    const Outcome made =
+        work.Generate(Typical + " --language " + language.Name + " --code-page " + std::to_string(language.CodePage));
+    CHECK(made.Error.empty());
+    CHECK(made.Status == 0);
+    const std::string form = FilesIn(work.Home).at("frmPerson.frm");
+    constexpr int save = 202;
+    CHECK(form.find("Caption         =   \"" + codePage.Encode(texts->at(save)) + "\"") != std::string::npos);
+  }
+  // A language that the code page cannot hold ends the run before anything is written.
+  Workplace work;
+  const auto before = FilesIn(work.Home);
+  const Outcome refused = work.Generate(Typical + " --language JPN");
+  CHECK(refused.Status == 3);
+  CHECK(refused.Error.find("1252") != std::string::npos);
+  CHECK(FilesIn(work.Home) == before);
 }
