@@ -1,5 +1,6 @@
 #include "adapters/sqlite/Dictionary.h"
 #include "apps/cli/Options.h"
+#include "apps/common/Platform.h"
 #include "runtime/Variant.h"
 #include "support/Failures.h"
 #include "support/Pieces.h"
@@ -36,20 +37,37 @@ std::vector<System> SystemsOf(ObjectFactory& server) {
 class Server {
  public:
   explicit Server(const BrowseOptions& options)
-      : creator_(adapters::sqlite::OpenDictionary(options.Dictionary)), Factory(creator_->Create()) {}
+      : creator_(options.Server ? common::InstalledServer() : adapters::sqlite::OpenDictionary(options.Dictionary)),
+        source_(options.Server ? "the server" : options.Dictionary),
+        Factory(creator_->Create()) {}
 
   void Connect(const BrowseOptions& options) {
     std::string known;
     for (const System& system : SystemsOf(*Factory)) {
-      if (options.System.empty() || system.Name == options.System) return Factory->Connect(system.Connect);
+      if (options.System.empty() || system.Name == options.System) {
+        Factory->Connect(system.Connect);
+        if (Factory->IsConnected()) return;
+        throw support::InputError(source_ + ": unable to connect to system \"" + system.Name + "\"");
+      }
       known += (known.empty() ? "" : ", ") + system.Name;
     }
-    throw support::InputError(options.Dictionary + ": there is no system \"" + options.System + "\"; there are " +
+    throw support::InputError(source_ + ": there is no system \"" + options.System + "\"; there are " +
                               (known.empty() ? "none" : known));
+  }
+
+  void CheckClass(const std::string& name) const {
+    const auto classes = Factory->ResultSet("%ClassDefinition", "ClassInfo");
+    classes->Execute({});
+    while (classes->Next()) {
+      if (runtime::EqualsText(classes->GetDataByName("Name"), name)) return;
+    }
+    throw support::InputError(source_ + ": there is no class \"" + name +
+                              "\"; see \"ostrel-form-wizard classes --all\"");
   }
 
  private:
   std::unique_ptr<wizard::factory::FactoryCreator> creator_;
+  std::string source_;  // begins messages
 
  public:
   std::unique_ptr<ObjectFactory> Factory;
@@ -89,16 +107,6 @@ class Table {
  private:
   bool json_, first_ = true;
 };
-
-void CheckClass(ObjectFactory& server, const BrowseOptions& options) {
-  const auto classes = server.ResultSet("%ClassDefinition", "ClassInfo");
-  classes->Execute({});
-  while (classes->Next()) {
-    if (runtime::EqualsText(classes->GetDataByName("Name"), options.Class)) return;
-  }
-  throw support::InputError(options.Dictionary + ": there is no class \"" + options.Class +
-                            "\"; see \"ostrel-form-wizard classes --all\"");
-}
 
 Json RowOf(ResultSet& rows) {
   Json row;
@@ -143,7 +151,7 @@ int ListClasses(const BrowseOptions& options) {
 int ListProperties(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
-  CheckClass(*server.Factory, options);
+  server.CheckClass(options.Class);
   Table table(options.Json);
   const auto rows = server.Factory->ResultSet("%CompiledProperty", "PropertyInfo");
   rows->Execute({options.Class});
@@ -154,7 +162,7 @@ int ListProperties(const BrowseOptions& options) {
 int ListQueries(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
-  CheckClass(*server.Factory, options);
+  server.CheckClass(options.Class);
   Table table(options.Json);
   const auto rows = server.Factory->ResultSet("%CompiledQuery", "QueryInfo");
   rows->Execute({options.Class});

@@ -34,11 +34,12 @@ struct GenerateOptions {
 
 struct BrowseOptions {
   std::string Dictionary, System, Class;
-  bool Json = false, All = false;
+  bool Server = false, Json = false, All = false;  // the installed server instead of a dictionary
 };
 
 struct TransferOptions {
-  std::string From, To;
+  std::string From, To, System;
+  bool Server = false;  // export from the installed server, of one system or all
 };
 
 // Each returns an ExitStatus and raises support::InputError, support::SaveError or UsageError.

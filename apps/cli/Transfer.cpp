@@ -1,6 +1,8 @@
 #include "adapters/sqlite/Dictionary.h"
+#include "adapters/sqlite/Snapshot.h"
 #include "apps/cli/Options.h"
 #include "apps/common/Paths.h"
+#include "apps/common/Platform.h"
 #include "support/Failures.h"
 
 #include <filesystem>
@@ -11,6 +13,18 @@
 namespace formwizard::apps::cli {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+void WriteJson(const TransferOptions& options, std::ostream& out) {
+  if (options.Server) {
+    adapters::sqlite::WriteSnapshot(*common::InstalledServer(), options.System, out);
+  } else {
+    adapters::sqlite::ExportDictionary(options.From, out);
+  }
+}
+
+}  // namespace
 
 int Import(const TransferOptions& options) {
   if (options.From == "-") {
@@ -28,7 +42,7 @@ int Import(const TransferOptions& options) {
 
 int Export(const TransferOptions& options) {
   if (options.To == "-") {
-    adapters::sqlite::ExportDictionary(options.From, std::cout);
+    WriteJson(options, std::cout);
     return Done;
   }
   const fs::path target = common::NativePath(options.To);
@@ -39,8 +53,8 @@ int Export(const TransferOptions& options) {
     std::ofstream out(aside, std::ios::binary | std::ios::trunc);
     if (!out) throw support::SaveError(options.To + ": the file cannot be created");
     try {
-      adapters::sqlite::ExportDictionary(options.From, out);
-    } catch (const support::InputError&) {
+      WriteJson(options, out);
+    } catch (const std::exception&) {
       out.close();
       fs::remove(aside, error);
       throw;

@@ -51,12 +51,33 @@ void AddGenerate(CLI::App& app, GenerateOptions& options) {
       ->type_name("FORM.json");
 }
 
+// Where a server can be installed it can take the place of the file.
+void AddSource(CLI::App& app, CLI::Option& file, bool& server) {
+  if (!apps::common::CanHaveServer()) {
+    file.required();
+    return;
+  }
+  file.excludes(app.add_flag("--server", server, "ask the installed server instead"));
+}
+
 void AddBrowse(CLI::App& app, BrowseOptions& options, bool needsClass) {
-  app.add_option("--dictionary", options.Dictionary, "the class dictionary")->required()->type_name("FILE");
+  CLI::Option* file = app.add_option("--dictionary", options.Dictionary, "the class dictionary");
+  AddSource(app, *file->type_name("FILE"), options.Server);
   app.add_flag("--json", options.Json, "show the result as JSON");
   if (app.get_name() == "systems") return;
   app.add_option("--system", options.System, "the system (default: the first one)")->type_name("NAME");
   if (needsClass) app.add_option("--class", options.Class, "the class")->required()->type_name("NAME");
+}
+
+// With --server there is nothing to read: the only name is what to write.
+void AddServerToExport(CLI::App& app, TransferOptions& options) {
+  app.add_flag("--server", options.Server, "take it from the installed server: export --server OUT.json");
+  app.add_option("--system", options.System, "with --server, the system (default: all)")->type_name("NAME");
+}
+
+void CheckExport(TransferOptions& options) {
+  if (options.Server && !options.To.empty()) throw CLI::ExcludesError("--server", "in");
+  if (options.Server) options.To = std::exchange(options.From, "");
 }
 
 int Run(const std::function<int()>& command) {
@@ -106,7 +127,10 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   const auto addBrowse = [&](const char* name, const char* about, bool needsClass, auto list) -> CLI::App& {
     CLI::App& sub = *app.add_subcommand(name, about);
     AddBrowse(sub, browse, needsClass);
-    sub.callback([&, list] { command = [&, list] { return list(browse); }; });
+    sub.callback([&, list] {
+      if (browse.Dictionary.empty() && !browse.Server) throw CLI::RequiredError("--dictionary or --server");
+      command = [&, list] { return list(browse); };
+    });
     return sub;
   };
   addBrowse("systems", "list the systems of a dictionary", false, ListSystems);
@@ -121,8 +145,13 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     CLI::App& sub =
         *dictionary.add_subcommand(isImport ? "import" : "export", isImport ? "IN.json OUT" : "IN OUT.json");
     sub.add_option("in", transfer.From, "what to read; \"-\" for standard input of an import")->required();
-    sub.add_option("out", transfer.To, "what to write; \"-\" for standard output of an export")->required();
-    sub.callback([&, isImport] { command = [&, isImport] { return isImport ? Import(transfer) : Export(transfer); }; });
+    sub.add_option("out", transfer.To, "what to write; \"-\" for standard output of an export");
+    if (!isImport && apps::common::CanHaveServer()) AddServerToExport(sub, transfer);
+    sub.callback([&, isImport] {
+      CheckExport(transfer);
+      if (transfer.To.empty()) throw CLI::RequiredError("out");
+      command = [&, isImport] { return isImport ? Import(transfer) : Export(transfer); };
+    });
   }
 
   try {

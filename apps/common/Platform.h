@@ -3,6 +3,7 @@
 
 #include "settings/ProfileStore.h"
 #include "support/ResourceLibraries.h"
+#include "wizard/factory/Factory.h"
 
 #include <filesystem>
 #include <memory>
@@ -22,6 +23,11 @@ std::vector<std::string> Arguments(int argc, char** argv);
 // Windows' own profile calls and libraries there, files that are read by the same rules elsewhere.
 std::unique_ptr<settings::ProfileStore> PlatformProfile();
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries();
+
+// Whether a server of the database can be installed on this system, and its object factory, which is asked for when it
+// is first used.
+bool CanHaveServer();
+std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer();
 
 // As long as the result is kept, standard input and output are the very bytes that the program reads and writes, and a
 // console shows them as UTF-8.

@@ -37,6 +37,9 @@ std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
   return std::make_unique<adapters::satellite::Satellites>();
 }
 
+bool CanHaveServer() { return false; }
+std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer() { runtime::Raise(runtime::CannotCreateObject); }
+
 std::shared_ptr<void> UseUtf8Streams() { return nullptr; }
 
 }  // namespace formwizard::apps::common

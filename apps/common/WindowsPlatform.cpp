@@ -1,7 +1,9 @@
+#include "adapters/com/ComFactory.h"
 #include "adapters/native/AnsiText.h"
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/native/NativeProfile.h"
 #include "apps/common/Platform.h"
+#include "support/Failures.h"
 
 #include <windows.h>
 
@@ -14,6 +16,31 @@
 namespace formwizard::apps::common {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+// The registered object factory; automation works on this thread as long as the object lives.
+class ComServer : public wizard::factory::FactoryCreator {
+ public:
+  ComServer() { ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+  ~ComServer() override { ::CoUninitialize(); }
+  ComServer(const ComServer&) = delete;
+  ComServer& operator=(const ComServer&) = delete;
+
+  std::unique_ptr<wizard::factory::ObjectFactory> Create() override {
+    try {
+      return creator_.Create();
+    } catch (const runtime::RuntimeError& error) {
+      throw support::InputError("the server's object factory cannot be created (" + error.Description() +
+                                "); install the server's client, of 32 bits as this program is");
+    }
+  }
+
+ private:
+  adapters::com::ComFactoryCreator creator_;
+};
+
+}  // namespace
 
 fs::path RunningProgram() {
   std::wstring path(MAX_PATH, L'\0');
@@ -50,6 +77,9 @@ std::unique_ptr<settings::ProfileStore> PlatformProfile() {
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
   return std::make_unique<adapters::native::NativeLibraries>();
 }
+
+bool CanHaveServer() { return true; }
+std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer() { return std::make_unique<ComServer>(); }
 
 std::shared_ptr<void> UseUtf8Streams() {
   for (FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
