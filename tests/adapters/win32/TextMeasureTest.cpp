@@ -1,12 +1,18 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/win32/Text.h"
 #include "adapters/win32/Win32TextMeasure.h"
+#include "tests/adapters/win32/User.h"
 
 #include <doctest/doctest.h>
 
 using namespace formwizard::adapters;
+using formwizard::tests::HasDialogFont;
 
 TEST_CASE("The system measures every character of the Western code page as the built-in widths have it") {
+  if (!HasDialogFont()) {
+    MESSAGE("skipped: the dialogs' font is not installed");
+    return;
+  }
   const win32::Win32TextMeasure measured;
   const textmeasure::BuiltInTextMeasure builtIn;
   std::string all;

@@ -1,5 +1,6 @@
 #include "tests/adapters/win32/User.h"
 
+#include "adapters/win32/Screen.h"
 #include "ui/Form.h"
 
 #include <doctest/doctest.h>
@@ -139,6 +140,14 @@ std::wstring TextOf(HWND tree, HTREEITEM item) {
 }
 
 }  // namespace
+
+bool HasDialogFont() {
+  const auto font = adapters::win32::MakeFont(8, 96, "MS Sans Serif", DEFAULT_CHARSET);
+  const adapters::win32::MemoryContext context(font.get());
+  std::array<wchar_t, LF_FACESIZE> face{};
+  GetTextFaceW(context, static_cast<int>(face.size()), face.data());
+  return face.data() == std::wstring(L"MS Sans Serif");
+}
 
 void UseWindows(const std::function<void()>& show, const std::function<void()>& work) {
   isShown = true;

@@ -13,6 +13,9 @@
 
 namespace formwizard::tests {
 
+// Whether the system has the font that the dialogs are designed for. Without it texts have other widths.
+bool HasDialogFont();
+
 // Runs `show`, which opens a window and returns when it is closed, while somebody works with that window. Who fails, by
 // an exception, or leaves a window open finds them closed, and the test failed.
 void UseWindows(const std::function<void()>& show, const std::function<void()>& work);
