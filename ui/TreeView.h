@@ -30,6 +30,7 @@ class TreeObserver : public ControlObserver {
 class Node final : public Observed {
  public:
   Node(TreeView& tree, std::string_view text) : Text(*this, std::string(text)), tree_(tree) {}
+  virtual ~Node() = default;
   Node(const Node&) = delete;
   Node& operator=(const Node&) = delete;
 

@@ -7,11 +7,15 @@
 
 namespace formwizard::adapters::com {
 
+// The objects of this module that live. The system asks a library, not an object of it, whether it can be unloaded: one
+// count for the whole module.
+inline std::atomic<long> LivingObjects = 0;
+
 // Begins without a reference. A class derived from it is made with "new" and handed to a ComPtr at once.
 template <typename... Interfaces>
 class Counted : public Interfaces... {
  public:
-  Counted() = default;
+  Counted() { ++LivingObjects; }
   Counted(const Counted&) = delete;
   Counted& operator=(const Counted&) = delete;
 
@@ -23,7 +27,7 @@ class Counted : public Interfaces... {
   }
 
  protected:
-  virtual ~Counted() = default;
+  virtual ~Counted() { --LivingObjects; }
 
  private:
   std::atomic<ULONG> references_ = 0;

@@ -16,7 +16,6 @@ namespace {
 
 using wizard::factory::Int16;
 using wizard::factory::ObjectFactory;
-using wizard::factory::ResultSet;
 using wizard::factory::Variant;
 
 bool IsNull(const Variant& value) { return std::holds_alternative<runtime::Null>(value); }

@@ -55,10 +55,7 @@ FormWindow::FormWindow(ui::Form& form, HWND owner, BusyPointer& pointer)
   form_.Observe(this);
 }
 
-FormWindow::~FormWindow() {
-  form_.Observe(nullptr);
-  if (handle_) DestroyWindow(handle_);
-}
+FormWindow::~FormWindow() { form_.Observe(nullptr); }
 
 void FormWindow::MakeViews() {
   for (ui::Control* control : form_.Controls()) ViewOf(*control);

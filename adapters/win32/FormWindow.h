@@ -70,6 +70,20 @@ class FormWindow : private ui::ControlObserver {
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT PassReport(const NMHDR& report);
 
+  // Destroys the window before anything that it uses goes.
+  class Destroyer {
+   public:
+    explicit Destroyer(const HWND& window) : window_(window) {}
+    ~Destroyer() {
+      if (window_) DestroyWindow(window_);
+    }
+    Destroyer(const Destroyer&) = delete;
+    Destroyer& operator=(const Destroyer&) = delete;
+
+   private:
+    const HWND& window_;
+  };
+
   ui::Form& form_;
   BusyPointer& pointer_;
   WindowClass formClass_, frameClass_;
@@ -86,6 +100,7 @@ class FormWindow : private ui::ControlObserver {
   bool changed_ = true;
   bool movingFocus_ = false;
   bool failed_ = false;
+  const Destroyer destroyer_{handle_};  // last, so that it acts first
 };
 
 }  // namespace formwizard::adapters::win32

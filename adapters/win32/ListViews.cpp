@@ -50,7 +50,7 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
  protected:
   ListBoxView(FormWindow& window, ui::ListBox& control, const ListMessages& messages, const WindowKind& kind)
       : ObservingView(window, control, kind), messages_(messages) {
-    for (int i = 0; i < control.ListCount(); ++i) ItemInserted(i);
+    for (int i = 0; i < control.ListCount(); ++i) ListBoxView::ItemInserted(i);
   }
 
  private:

@@ -10,7 +10,7 @@
 namespace formwizard::adapters::win32 {
 namespace {
 
-class TreeViewView : public ObservingView<ui::TreeView, ui::TreeObserver> {
+class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> {
  public:
   TreeViewView(FormWindow& window, ui::TreeView& control)
       : ObservingView(

@@ -3,7 +3,6 @@
 
 #include "adapters/com/Counted.h"
 #include "apps/addin-dll/Interfaces.h"
-#include "apps/addin-dll/Module.h"
 #include "apps/addin-dll/Session.h"
 
 #include <memory>
@@ -33,7 +32,6 @@ class AddIn final : public adapters::com::Counted<IDTExtensibility, IDTExtensibi
  private:
   ~AddIn() override;
 
-  ModuleHold hold_;
   std::shared_ptr<Session> session_;  // while connected
 };
 

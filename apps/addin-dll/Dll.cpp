@@ -44,9 +44,6 @@ class ClassFactory final : public Counted<IClassFactory> {
     lock ? HoldModule() : LetGoModule();
     return S_OK;
   }
-
- private:
-  ModuleHold hold_;
 };
 
 }  // namespace
@@ -58,7 +55,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   return HandOut<ClassFactory>(id, object);
 }
 
-STDAPI DllCanUnloadNow() { return IsModuleHeld() ? S_FALSE : S_OK; }
+STDAPI DllCanUnloadNow() { return IsModuleNeeded() ? S_FALSE : S_OK; }
 
 STDAPI DllRegisterServer() { return Register(); }
 STDAPI DllUnregisterServer() { return Unregister(); }

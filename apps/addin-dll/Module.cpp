@@ -1,5 +1,7 @@
 #include "apps/addin-dll/Module.h"
 
+#include "adapters/com/Counted.h"
+
 #include <atomic>
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier): the linker's name
@@ -7,8 +9,7 @@ extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier
 namespace formwizard::apps::addin {
 namespace {
 
-// The system asks the library, not an object of it, whether it can go: one count for the whole library.
-std::atomic<LONG> holds = 0;
+std::atomic<LONG> holds = 0;  // one count for the whole library, which is what the system asks
 
 }  // namespace
 
@@ -33,6 +34,6 @@ std::wstring ModuleFolder() {
 
 void HoldModule() { ++holds; }
 void LetGoModule() { --holds; }
-bool IsModuleHeld() { return holds != 0; }
+bool IsModuleNeeded() { return holds != 0 || adapters::com::LivingObjects != 0; }
 
 }  // namespace formwizard::apps::addin

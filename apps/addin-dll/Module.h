@@ -16,12 +16,12 @@ HINSTANCE ThisModule();
 std::wstring ModulePath();
 std::wstring ModuleFolder();
 
-// Counted: the library is needed until each hold has been let go.
+// Counted: the library is needed until each hold has been let go, and as long as an object of it lives.
 void HoldModule();
 void LetGoModule();
-bool IsModuleHeld();
+bool IsModuleNeeded();
 
-// Holds the library for as long as it lives. Every object that the library hands out has one.
+// Holds the library for as long as it lives.
 class ModuleHold {
  public:
   ModuleHold() { HoldModule(); }

@@ -8,6 +8,7 @@
 #include "adapters/win32/Win32TextMeasure.h"
 #include "addin/Wizard.h"
 #include "apps/addin-dll/AddInDesktop.h"
+#include "apps/addin-dll/Module.h"
 
 #include <memory>
 
@@ -41,6 +42,7 @@ class Session : public std::enable_shared_from_this<Session> {
   wizard::WizardServices Services();
   void FinishDisconnecting();
 
+  ModuleHold hold_;  // the wizard may be open when nobody holds the add-in any more
   Environment environment_;
   AddInDesktop desktop_;
   adapters::win32::Win32TextMeasure measure_;

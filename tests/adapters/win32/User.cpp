@@ -16,7 +16,7 @@
 namespace formwizard::tests {
 namespace {
 
-constexpr int Attempts = 300;  // of ten milliseconds
+constexpr int Attempts = 1500;  // of ten milliseconds
 constexpr DWORD Pause = 10;
 
 const DWORD WindowThread = GetCurrentThreadId();  // windows are opened by the thread that runs the tests

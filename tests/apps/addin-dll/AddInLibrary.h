@@ -1,0 +1,64 @@
+// The add-in's library as the system and the environment use it: loaded from a folder of its own, called through its
+// exports and through the vtables of its object.
+#pragma once
+
+#include "adapters/com/ComPtr.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <array>
+#include <string>
+
+namespace formwizard::tests::host {
+
+namespace com = adapters::com;
+
+inline constexpr wchar_t AddInProgId[] = L"OstrelFormWizard.Wizard";
+inline constexpr GUID Extensibility{0x0002E151, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr GUID Extensibility2{0xB65AD801, 0xABAF, 0x11D0, {0xBB, 0x8B, 0x00, 0xA0, 0xC9, 0x0F, 0x27, 0x44}};
+
+// The places of the methods in the vtables of both interfaces.
+namespace slot {
+inline constexpr std::size_t OnConnection = 7, OnDisconnection = 8, OnAddInsUpdate = 9, OnStartupComplete = 10,
+                             OnBeginShutdown = 11;
+}
+
+template <typename... Arguments>
+HRESULT CallSlot(IUnknown* object, std::size_t place, Arguments... arguments) {
+  using Method = HRESULT(STDMETHODCALLTYPE*)(IUnknown*, Arguments...);
+  void** const methods = *reinterpret_cast<void***>(object);
+  return reinterpret_cast<Method>(methods[place])(object, arguments...);
+}
+
+inline HRESULT Connect(IUnknown* addIn, IDispatch* root, LONG mode) {
+  return CallSlot<IDispatch*, LONG, IDispatch*, SAFEARRAY**>(addIn, slot::OnConnection, root, mode, nullptr, nullptr);
+}
+inline HRESULT Disconnect(IUnknown* addIn) {
+  return CallSlot<LONG, SAFEARRAY**>(addIn, slot::OnDisconnection, 0, nullptr);
+}
+
+// A copy of the library, whose profile file stands beside it and goes with it.
+class AddInLibrary {
+ public:
+  AddInLibrary();
+  ~AddInLibrary();
+  AddInLibrary(const AddInLibrary&) = delete;
+  AddInLibrary& operator=(const AddInLibrary&) = delete;
+
+  std::string Path() const { return folder_ / "OstrelFormWizard.dll"; }
+  std::string Profile() const { return folder_ / "outility.ini"; }
+  HMODULE Handle() const { return handle_; }
+  // An export that takes nothing, such as DllCanUnloadNow.
+  HRESULT Call(const char* name) const;
+  // From the library's own class factory, without the system's list of classes.
+  com::ComPtr<IUnknown> Create(REFIID id) const;
+
+ private:
+  TemporaryFolder folder_;
+  HMODULE handle_;
+};
+
+}  // namespace formwizard::tests::host

@@ -1,0 +1,255 @@
+// The add-in's class in the system and its command in the environment.
+#include "resources/Bitmaps.h"
+#include "tests/apps/addin-dll/HostFixture.h"
+
+#include <doctest/doctest.h>
+
+#include <array>
+#include <vector>
+
+using namespace formwizard::tests;
+using namespace formwizard::tests::host;
+using formwizard::adapters::com::ComPtr;
+using formwizard::adapters::com::Value;
+using formwizard::runtime::Int32;
+
+namespace {
+
+constexpr wchar_t AddInsKey[] = L"Software\\Microsoft\\Visual Basic\\6.0\\Addins\\OstrelFormWizard.Wizard";
+
+bool HasKey(HKEY hive, const std::wstring& name) {
+  HKEY key = nullptr;
+  if (::RegOpenKeyExW(hive, name.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+  ::RegCloseKey(key);
+  return true;
+}
+
+DWORD NumberIn(HKEY hive, const wchar_t* key, const wchar_t* name) {
+  DWORD number = 999, size = sizeof(number);
+  ::RegGetValueW(hive, key, name, RRF_RT_REG_DWORD, nullptr, &number, &size);
+  return number;
+}
+
+HRESULT CreateRegistered(ComPtr<IUnknown>& addIn) {
+  CLSID id{};
+  const HRESULT result = ::CLSIDFromProgID(AddInProgId, &id);
+  if (FAILED(result)) return result;
+  return ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, Extensibility, addIn.ReceiveVoid());
+}
+
+UINT InOlderList() { return ::GetPrivateProfileIntW(L"Add-Ins32", AddInProgId, 99, L"vbaddin.ini"); }
+
+void ClearClipboard() {
+  REQUIRE(::OpenClipboard(nullptr));
+  ::EmptyClipboard();
+  ::CloseClipboard();
+}
+
+// A call by name; the arguments stand as they are passed, the last one first.
+HRESULT InvokeByName(IDispatch* object, const wchar_t* method, std::vector<const wchar_t*> argumentNames,
+                     const std::vector<Value>& arguments) {
+  argumentNames.insert(argumentNames.begin(), method);
+  std::vector<wchar_t*> names;
+  for (const wchar_t* name : argumentNames) names.push_back(const_cast<wchar_t*>(name));
+  std::vector<DISPID> ids(names.size());
+  const HRESULT found =
+      object->GetIDsOfNames(IID_NULL, names.data(), static_cast<UINT>(names.size()), LOCALE_USER_DEFAULT, ids.data());
+  if (FAILED(found)) return found;
+  std::vector<VARIANTARG> raw;
+  for (const Value& argument : arguments) raw.push_back(argument.Raw());
+  DISPPARAMS parameters{raw.data(), ids.data() + 1, static_cast<UINT>(raw.size()), static_cast<UINT>(ids.size() - 1)};
+  return object->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+}
+
+std::vector<Value> Arguments(auto&&... values) {
+  std::vector<Value> arguments;
+  (arguments.push_back(Value(std::move(values))), ...);
+  return arguments;
+}
+
+}  // namespace
+
+TEST_CASE("Registration enters the class and the add-in, and takes them out again") {
+  const NothingIsLeft test;
+  const AddInLibrary library;
+  ComPtr<IUnknown> addIn;
+  CHECK(FAILED(CreateRegistered(addIn)));
+  for (int i = 0; i < 2; ++i) CHECK(library.Call("DllRegisterServer") == S_OK);  // again over what is there
+  CHECK(CreateRegistered(addIn) == S_OK);
+  CHECK(NumberIn(HKEY_CURRENT_USER, AddInsKey, L"LoadBehavior") == 1);
+  CHECK(NumberIn(HKEY_CURRENT_USER, AddInsKey, L"CommandLineSafe") == 0);
+  CHECK(InOlderList() == 1);
+  CHECK(library.Call("DllCanUnloadNow") == S_FALSE);
+  addIn = {};
+  for (int i = 0; i < 2; ++i) CHECK(library.Call("DllUnregisterServer") == S_OK);
+  CHECK(FAILED(CreateRegistered(addIn)));
+  CHECK_FALSE(HasKey(HKEY_CURRENT_USER, AddInsKey));
+  CHECK_FALSE(HasKey(HKEY_CLASSES_ROOT, AddInProgId));
+  CHECK_FALSE(HasKey(HKEY_CLASSES_ROOT, L"CLSID\\{21C062AC-2BC3-4D75-A2FD-04517B9CF298}"));
+  CHECK(InOlderList() == 99);
+  CHECK(library.Call("DllCanUnloadNow") == S_OK);
+  ::CoFreeUnusedLibrariesEx(0, 0);
+}
+
+TEST_CASE("The class factory makes independent objects of both interfaces, and nothing else") {
+  const NothingIsLeft test;
+  const AddInLibrary library;
+  const ComPtr<IUnknown> first = library.Create(Extensibility);
+  const ComPtr<IUnknown> second = library.Create(Extensibility2);
+  CHECK(first.Get() != second.Get());
+  for (const IID& id : {IID_IUnknown, IID_IDispatch, Extensibility}) {
+    ComPtr<IUnknown> same;
+    CHECK(first->QueryInterface(id, same.ReceiveVoid()) == S_OK);
+  }
+  ComPtr<IUnknown> other, identity;
+  CHECK(first->QueryInterface(IID_IPersist, other.ReceiveVoid()) == E_NOINTERFACE);
+  CHECK_FALSE(other);
+  CHECK(second->QueryInterface(IID_IUnknown, identity.ReceiveVoid()) == S_OK);
+  CHECK(second->QueryInterface(Extensibility, other.ReceiveVoid()) == S_OK);
+  ComPtr<IUnknown> again;
+  CHECK(other->QueryInterface(IID_IUnknown, again.ReceiveVoid()) == S_OK);
+  CHECK(again.Get() == identity.Get());
+}
+
+TEST_CASE("Connection puts the command with its picture on the Add-Ins menu, disconnection takes it away") {
+  struct Case {
+    std::string Version;
+    std::size_t Menu;
+    LONG Mode;
+  };
+  for (const Case& c : {Case{"6.00", 11, 0}, Case{"6.00", 11, 1}, Case{"5.00", 9, 1}, Case{"6.0", 9, 0}}) {
+    CAPTURE(c.Version);
+    CAPTURE(c.Mode);
+    HostFixture host;
+    host.Environment->Version = c.Version;
+    ClearClipboard();
+    host.Connect(c.Mode);
+    Menu& menu = host.Environment->Menus.At(c.Menu);
+    REQUIRE(menu.size() == 3);
+    const std::shared_ptr<Command> command = menu.back();
+    CHECK(command->Caption == "Ostrel Form Wizard");
+    CHECK(command->OnAction == "hello");
+    CHECK(command->Sources.size() == 1);
+    const auto bitmap = formwizard::resources::Bitmap(9999).subspan(sizeof(BITMAPFILEHEADER));
+    CHECK(command->Face.substr(0, bitmap.size()) ==
+          std::string(reinterpret_cast<const char*>(bitmap.data()), bitmap.size()));
+    for (std::size_t i = 1; i <= 13; ++i) CHECK(host.Environment->Menus.At(i).size() == (i == c.Menu ? 3 : 2));
+
+    host.Connect(c.Mode);  // a second time
+    CHECK(menu.size() == 3);
+    host.Disconnect();
+    CHECK(menu.size() == 2);
+    CHECK(command->IsDeleted);
+    CHECK_FALSE(Click(command));
+    host.Disconnect();
+    host.Connect(c.Mode);  // an object can be used again
+    CHECK(menu.size() == 3);
+  }
+}
+
+TEST_CASE("The command starts a group when only the last one before it does") {
+  struct Case {
+    bool First, Second, New;
+  };
+  for (const Case& c : {Case{false, false, false}, Case{false, true, true}, Case{true, true, false}}) {
+    HostFixture host;
+    host.AddInsMenu()[0]->BeginGroup = c.First;
+    host.AddInsMenu()[1]->BeginGroup = c.Second;
+    host.Connect();
+    REQUIRE(host.WizardCommand());
+    CHECK(host.WizardCommand()->BeginGroup == c.New);
+  }
+}
+
+TEST_CASE("The environment may connect by either interface, and by name with arguments in place or named") {
+  HostFixture host;
+  const auto root = [&] { return ComPtr<IDispatch>(host.Environment->Root().Get()); };
+  ComPtr<IDispatch> byName;
+  REQUIRE(host.AddIn->QueryInterface(IID_IDispatch, byName.ReceiveVoid()) == S_OK);
+  const auto commands = [&] { return host.AddInsMenu().size() - 2; };
+
+  CHECK(InvokeByName(byName.Get(), L"onconnection", {}, Arguments(Value(), ComPtr<IDispatch>(), Int32(1), root())) ==
+        S_OK);
+  CHECK(commands() == 1);
+  CHECK(InvokeByName(byName.Get(), L"OnDisconnection", {}, Arguments(Value(), Int32(0))) == S_OK);
+  CHECK(commands() == 0);
+
+  CHECK(InvokeByName(byName.Get(), L"OnConnection", {L"ConnectMode", L"VBInst"}, Arguments(Int32(0), root())) == S_OK);
+  CHECK(commands() == 1);
+  CHECK(InvokeByName(byName.Get(), L"OnDisconnection", {L"RemoveMode"}, Arguments(Int32(1))) == S_OK);
+  CHECK(commands() == 0);
+
+  CHECK(FAILED(InvokeByName(byName.Get(), L"OnConnection", {}, Arguments())));
+  CHECK(FAILED(InvokeByName(byName.Get(), L"OnConnection", {}, Arguments(Value(), Value(), Int32(1), Int32(7)))));
+  CHECK(InvokeByName(byName.Get(), L"OnSomething", {}, Arguments()) == DISP_E_UNKNOWNNAME);
+  CHECK(InvokeByName(byName.Get(), L"OnConnection", {L"Nobody"}, Arguments(Int32(1))) == DISP_E_UNKNOWNNAME);
+  CHECK(Connect(host.AddIn.Get(), nullptr, 1) == E_POINTER);
+  for (const wchar_t* name : {L"OnAddInsUpdate", L"OnStartupComplete", L"OnBeginShutdown"}) {
+    CHECK(InvokeByName(byName.Get(), name, {}, Arguments(Value())) == S_OK);
+  }
+  CHECK(commands() == 0);
+
+  ComPtr<IUnknown> other;
+  REQUIRE(host.AddIn->QueryInterface(Extensibility2, other.ReceiveVoid()) == S_OK);
+  CHECK(Connect(other.Get(), host.Environment->Root().Get(), 1) == S_OK);
+  host.Connect();  // by the first interface too
+  CHECK(commands() == 1);
+  for (const std::size_t place : {slot::OnAddInsUpdate, slot::OnStartupComplete, slot::OnBeginShutdown}) {
+    CHECK(CallSlot<SAFEARRAY**>(other.Get(), place, nullptr) == S_OK);
+  }
+  CHECK(commands() == 1);
+  CHECK(Disconnect(other.Get()) == S_OK);
+  CHECK(commands() == 0);
+}
+
+TEST_CASE("An environment in which a member fails goes on without the command, and nothing is left behind") {
+  for (const char* member : {"VBE.Version", "VBE.CommandBars", "CommandBars.Item", "CommandBar.Controls",
+                             "CommandBarControls.Item", "CommandBarPopup.CommandBar", "CommandBarControls.Add",
+                             "CommandBarButton.BeginGroup", "CommandBarButton.Caption", "CommandBarButton.OnAction",
+                             "CommandBarButton.PasteFace", "VBE.Events", "Events.CommandBarEvents"}) {
+    for (const Failure failure : {Failure::MissingName, Failure::Hresult, Failure::Exception}) {
+      CAPTURE(member);
+      CAPTURE(static_cast<int>(failure));
+      HostFixture host;
+      PlannedFailures[member] = {failure};
+      host.Connect();
+      for (const auto& command : host.AddInsMenu()) CHECK(command->Sources.empty());
+      host.Disconnect();
+      host.Connect();  // now nothing fails
+      CHECK(host.WizardCommand()->Sources.size() == 1);
+    }
+  }
+  for (const char* member : {"VBE.CommandBars", "CommandBarControls.Item", "CommandBarPopup.CommandBar",
+                             "CommandBarControls.Add", "VBE.Events", "Events.CommandBarEvents"}) {
+    for (const Failure failure : {Failure::WrongType, Failure::Null}) {
+      CAPTURE(member);
+      HostFixture host;
+      PlannedFailures[member] = {failure};
+      host.Connect();
+      for (const auto& command : host.AddInsMenu()) CHECK(command->Sources.empty());
+    }
+  }
+  HostFixture host;
+  host.Connect();
+  PlannedFailures["CommandBarButton.Delete"] = {Failure::Exception};
+  host.Disconnect();  // is not told
+}
+
+TEST_CASE("The library needs nothing but what the system has") {
+  const AddInLibrary library;
+  const auto* image = reinterpret_cast<const BYTE*>(library.Handle());
+  const auto* headers =
+      reinterpret_cast<const IMAGE_NT_HEADERS*>(image + reinterpret_cast<const IMAGE_DOS_HEADER*>(image)->e_lfanew);
+  CHECK(headers->FileHeader.Machine == IMAGE_FILE_MACHINE_I386);
+  const IMAGE_DATA_DIRECTORY& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+  REQUIRE(table.Size > 0);
+  const std::vector<std::string> system{"advapi32.dll", "comctl32.dll", "gdi32.dll",    "kernel32.dll",
+                                        "msvcrt.dll",   "ole32.dll",    "oleaut32.dll", "user32.dll"};
+  for (auto* entry = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(image + table.VirtualAddress); entry->Name != 0;
+       ++entry) {
+    std::string name = reinterpret_cast<const char*>(image + entry->Name);
+    for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    CAPTURE(name);
+    CHECK(std::ranges::find(system, name) != system.end());
+  }
+}

@@ -1,0 +1,32 @@
+// Plays the environment for an add-in: its object model, late-bound, over a project on disk.
+#pragma once
+
+#include "adapters/vb6files/ProjectOnDisk.h"
+#include "tests/apps/addin-dll/HostMenus.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace formwizard::tests::host {
+
+class HostEnvironment {
+ public:
+  // The window owns what the add-in shows; both must outlive this object.
+  HostEnvironment(adapters::vb6files::ProjectOnDisk& project, HWND mainWindow)
+      : project_(project), mainWindow_(mainWindow) {}
+  HostEnvironment(const HostEnvironment&) = delete;
+  HostEnvironment& operator=(const HostEnvironment&) = delete;
+
+  std::string Version = "6.00";
+  HostMenus Menus;
+
+  // What the add-in is connected to. It and what it hands out must not outlive this object.
+  com::ComPtr<HostObject> Root();
+
+ private:
+  adapters::vb6files::ProjectOnDisk& project_;
+  HWND mainWindow_;
+};
+
+}  // namespace formwizard::tests::host

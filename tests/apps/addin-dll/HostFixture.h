@@ -1,0 +1,74 @@
+// The environment with its main window, the server, and the add-in's library in one process.
+#pragma once
+
+#include "adapters/sqlite/Dictionary.h"
+#include "tests/apps/addin-dll/AddInLibrary.h"
+#include "tests/apps/addin-dll/HostEnvironment.h"
+#include "tests/apps/addin-dll/HostServer.h"
+#include "tests/apps/addin-dll/KeyboardUser.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace formwizard::tests::host {
+
+// Nothing of the host may be left when a test ends, and everything that was to fail must have failed.
+struct NothingIsLeft {
+  NothingIsLeft() { PlannedFailures.clear(); }
+  NothingIsLeft(const NothingIsLeft&) = delete;
+  NothingIsLeft& operator=(const NothingIsLeft&) = delete;
+  ~NothingIsLeft() {
+    CHECK(Living == 0);
+    for (const auto& [member, plan] : PlannedFailures) FAIL_CHECK("did not fail: ", member);
+  }
+};
+
+// A visible window that runs what other threads want done on its own.
+class HostWindow {
+ public:
+  HostWindow();
+  ~HostWindow();
+  HostWindow(const HostWindow&) = delete;
+  HostWindow& operator=(const HostWindow&) = delete;
+
+  HWND Handle() const { return handle_; }
+  void Run(const std::function<void()>& work) const;
+
+ private:
+  HWND handle_;
+};
+
+struct HostFixture {
+  NothingIsLeft AtTheEnd;
+  HostWindow Window;
+  TemporaryFolder Folder;
+  std::string Home = Folder / "project";
+  std::unique_ptr<adapters::vb6files::ProjectOnDisk> Project;
+  std::unique_ptr<HostServer> Server;
+  std::unique_ptr<HostEnvironment> Environment;
+  AddInLibrary Library;
+  com::ComPtr<IUnknown> AddIn;
+
+  // `dictionary` is JSON; empty: the sample's. `prepare` may change the project's files before it is opened.
+  explicit HostFixture(const std::string& dictionary = "", const std::function<void(const std::string&)>& prepare = {});
+  ~HostFixture();
+  HostFixture(const HostFixture&) = delete;
+  HostFixture& operator=(const HostFixture&) = delete;
+
+  Menu& AddInsMenu() const { return Environment->Menus.At(HostMenus::AddIns); }
+  // The one that is third on its menu; null when there is none.
+  std::shared_ptr<Command> WizardCommand() const { return AddInsMenu().size() < 3 ? nullptr : AddInsMenu().back(); }
+
+  void Connect(LONG mode = 1);
+  void Disconnect();
+  // Clicks the command and lets somebody use the wizard that it opens.
+  void UseWizard(const std::function<void()>& user);
+};
+
+}  // namespace formwizard::tests::host

@@ -1,0 +1,160 @@
+// The add-in comes and goes while its windows are open, many times, and as part of a host that holds on to its objects.
+#include "tests/apps/addin-dll/HostFixture.h"
+
+#include <doctest/doctest.h>
+
+#include <array>
+#include <vector>
+
+using namespace formwizard::tests;
+using namespace formwizard::tests::host;
+using formwizard::adapters::com::ComPtr;
+
+namespace {
+
+constexpr wchar_t FirstStep[] = L"Ostrel Form Wizard - Step 1 of 6";
+
+// What a leak makes more of. Programs have heaps of their own; the process' heap is what the system's libraries use.
+struct Usage {
+  std::size_t Blocks = 0, SystemBlocks = 0;
+  int Windows = 0;
+  int GdiObjects = 0;
+};
+
+std::size_t CountBlocks(HANDLE heap) {
+  std::size_t count = 0;
+  PROCESS_HEAP_ENTRY entry{};
+  ::HeapLock(heap);
+  while (::HeapWalk(heap, &entry)) count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? 1 : 0;
+  ::HeapUnlock(heap);
+  return count;
+}
+
+// As many as cannot be made any more.
+int CountGdiObjects() {
+  constexpr int most = 0x4000;
+  std::vector<HPEN> pens;
+  while (const HPEN pen = ::CreatePen(PS_SOLID, 1, RGB(1, 2, 3))) pens.push_back(pen);
+  for (const HPEN pen : pens) ::DeleteObject(pen);
+  return most - static_cast<int>(pens.size());
+}
+
+Usage CurrentUsage() {
+  Usage usage;
+  usage.GdiObjects = CountGdiObjects();
+  usage.Windows = CountWindows();
+  std::array<HANDLE, 100> heaps{};
+  const DWORD count = ::GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+  for (DWORD i = 0; i < count; ++i) {
+    (heaps.at(i) == ::GetProcessHeap() ? usage.SystemBlocks : usage.Blocks) += CountBlocks(heaps.at(i));
+  }
+  return usage;
+}
+
+void CheckFlat(const Usage& before, const Usage& after, std::size_t systemBlocks) {
+  constexpr std::size_t noise = 10;
+  CHECK(before.Blocks > noise);  // there is something to compare
+  CHECK(after.Blocks <= before.Blocks + noise);
+  CHECK(after.SystemBlocks <= before.SystemBlocks + noise + systemBlocks);
+  CHECK(after.Windows == before.Windows);
+  CHECK(after.GdiObjects <= before.GdiObjects);
+}
+
+}  // namespace
+
+TEST_CASE("A second click while the wizard is open opens nothing") {
+  HostFixture host;
+  host.Connect();
+  host.UseWizard([&] {
+    const int windows = CountWindows();
+    host.Window.Run([&] { CHECK(Click(host.WizardCommand())); });
+    CHECK(CountWindows() == windows);
+    CHECK(ActiveTitle() == FirstStep);
+    Press(VK_ESCAPE);
+  });
+}
+
+TEST_CASE("Disconnected while the wizard is open, the add-in goes when the wizard is closed") {
+  HostFixture host;
+  host.Connect();
+  const std::shared_ptr<Command> command = host.WizardCommand();
+  host.UseWizard([&] {
+    host.Window.Run([&] { host.Disconnect(); });
+    Press(VK_RETURN);
+    CHECK(ActiveTitle() == L"Ostrel Form Wizard - Step 2 of 6");  // still works
+    Press(VK_ESCAPE);
+  });
+  CHECK(command->IsDeleted);
+  CHECK_FALSE(Click(command));
+}
+
+TEST_CASE(
+    "Connected again while the wizard of the last connection is open, there are two commands until it is closed") {
+  HostFixture host;
+  host.Connect();
+  host.UseWizard([&] {
+    host.Window.Run([&] {
+      host.Disconnect();
+      host.Connect();
+    });
+    Press(VK_ESCAPE);
+  });
+  CHECK(host.AddInsMenu().size() == 3);
+  CHECK(host.WizardCommand()->Sources.size() == 1);
+}
+
+TEST_CASE("Released while the wizard is open, the add-in's library stays until the wizard is closed") {
+  HostFixture host;
+  host.Connect();
+  const std::shared_ptr<Command> command = host.WizardCommand();
+  host.UseWizard([&] {
+    host.Window.Run([&] {
+      host.AddIn = {};
+      CHECK(host.Library.Call("DllCanUnloadNow") == S_FALSE);
+    });
+    Press(VK_RETURN);
+    Press(VK_ESCAPE);
+  });
+  CHECK(command->IsDeleted);
+}
+
+TEST_CASE("A library whose objects the environment still holds is not unloaded") {
+  HostFixture host;
+  host.Connect();
+  const ComPtr<IDispatch> listener = ListenerOf(host.WizardCommand());
+  host.Disconnect();
+  host.AddIn = {};
+  CHECK(host.Library.Call("DllCanUnloadNow") == S_FALSE);
+}
+
+TEST_CASE("A thousand connections leave nothing behind") {
+  HostFixture host;
+  const auto run = [&](int rounds) {
+    for (int i = 0; i < rounds; ++i) {
+      host.Connect();
+      host.Disconnect();
+    }
+    return CurrentUsage();
+  };
+  const Usage before = run(10);
+  const Usage after = run(1000);
+  CheckFlat(before, after, 0);
+}
+
+TEST_CASE("Opened and closed again and again, the wizard leaves nothing behind") {
+  HostFixture host;
+  host.Connect();
+  const auto run = [&](int rounds) {
+    for (int i = 0; i < rounds; ++i) {
+      host.UseWizard([] {
+        Press(VK_RETURN);
+        Press(VK_ESCAPE);
+      });
+    }
+    return CurrentUsage();
+  };
+  constexpr std::size_t rounds = 20, labels = 27;
+  const Usage before = run(5);
+  const Usage after = run(static_cast<int>(rounds));
+  CheckFlat(before, after, rounds * labels);  // Wine's library of controls loses a few bytes of every label
+}
