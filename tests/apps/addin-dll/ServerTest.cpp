@@ -1,0 +1,57 @@
+// The command line that asks the installed server.
+#include "apps/cli/Options.h"
+#include "support/Failures.h"
+#include "tests/apps/addin-dll/HostFixture.h"
+
+#include <iostream>
+#include <sstream>
+
+using namespace formwizard;
+using namespace formwizard::tests;
+using namespace formwizard::tests::host;
+
+namespace {
+
+// What a command writes to standard output.
+std::string OutputOf(int (*command)(const apps::cli::BrowseOptions&), const apps::cli::BrowseOptions& options) {
+  const std::ostringstream out;
+  std::streambuf* const before = std::cout.rdbuf(out.rdbuf());
+  try {
+    command(options);
+  } catch (const support::InputError&) {
+    std::cout.rdbuf(before);
+    throw;
+  }
+  std::cout.rdbuf(before);
+  return out.str();
+}
+
+}  // namespace
+
+TEST_CASE("The installed server is looked at, and a dictionary is taken from it, by the command line") {
+  const NothingIsLeft atTheEnd;
+  const TemporaryFolder folder;
+  std::istringstream json(R"({"systems":[{"name":"S","connect":"c","classes":[
+    {"Name":"A.B","properties":[{"Name":"P","Caption":"The P","Required":1,"MaxLen":7}],
+     "queries":[{"Name":"By","ContainId":2,"columns":["ID","N"],"params":["param1"]}]}]}]})");
+  adapters::sqlite::ImportDictionary(json, "json", folder / "first");
+  apps::cli::BrowseOptions browse;
+  browse.Server = true;
+  browse.Class = "A.B";
+  {
+    const HostServer server(adapters::sqlite::OpenDictionary(folder / "first"));
+    CHECK(OutputOf(apps::cli::ListSystems, browse) == "S\tc\n");
+    CHECK(OutputOf(apps::cli::ListClasses, browse) == "A.B\n");
+    CHECK(OutputOf(apps::cli::ListProperties, browse).starts_with("P\tThe P\t"));
+    CHECK(OutputOf(apps::cli::ListQueries, browse).starts_with("By\t2\t"));
+    CHECK(apps::cli::Export({"", folder / "taken.json", "", true}) == apps::cli::Done);
+  }
+  std::istringstream taken(ReadFile(folder / "taken.json"));
+  adapters::sqlite::ImportDictionary(taken, "taken.json", folder / "second");
+  std::ostringstream first, second;
+  adapters::sqlite::ExportDictionary(folder / "first", first);
+  adapters::sqlite::ExportDictionary(folder / "second", second);
+  CHECK(second.str() == first.str());
+  // Without one that is installed there is a reason and a remedy.
+  CHECK_THROWS_AS(OutputOf(apps::cli::ListSystems, browse), support::InputError);
+}
