@@ -57,13 +57,14 @@ FormWindow::FormWindow(ui::Form& form, QWidget* parent) : QDialog(parent), form_
 
 FormWindow::~FormWindow() { form_.Observe(nullptr); }
 
-QWidget* FormWindow::Keep(ui::Control& control, std::unique_ptr<View> view) {
-  QWidget* widget = view->Widget();
+QWidget* FormWindow::For(ui::Control& control) {
+  if (QWidget* known = WidgetOf(&control)) return known;
+  View& view = *views_.emplace(&control, MakeView(*this, control)).first->second;
+  QWidget* widget = view.Widget();
   widget->setObjectName(Text(control.Name));
   widget->installEventFilter(this);
   controls_.emplace(widget, &control);
-  view->Update();
-  views_.emplace(&control, std::move(view));
+  view.Update();
   return widget;
 }
 

@@ -20,11 +20,7 @@ class FormWindow : public QDialog, private ui::ControlObserver {
   ~FormWindow() override;
 
   // The widget of a control, made on the first call and owned by the window.
-  template <typename Kind>
-  QWidget* For(Kind& control) {
-    if (QWidget* known = WidgetOf(&control)) return known;
-    return Keep(control, MakeView(*this, control));
-  }
+  QWidget* For(ui::Control& control);
 
   // Runs a user's action on the dialog and then shows what has changed. A failure that ends the whole action is shown
   // and leaves the dialog usable. Nothing runs while the dialog is busy.
@@ -49,7 +45,6 @@ class FormWindow : public QDialog, private ui::ControlObserver {
 
  private:
   void Changed() override { changed_ = true; }
-  QWidget* Keep(ui::Control& control, std::unique_ptr<View> view);
   void ShowForm();
   void ShowFailure(const QString& text);
 

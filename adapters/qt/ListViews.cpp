@@ -1,6 +1,8 @@
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/ObservingView.h"
 #include "adapters/qt/Text.h"
+#include "adapters/qt/ViewKinds.h"
+#include "ui/MakeFirst.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -75,11 +77,8 @@ class ComboBoxView final : public ObservingView<ui::ComboBox, QComboBox, ui::Lis
 
 }  // namespace
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::ListBox& control) {
-  return std::make_unique<ListBoxView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::ComboBox& control) {
-  return std::make_unique<ComboBoxView>(window, control);
+std::unique_ptr<View> MakeListView(FormWindow& window, ui::Control& control) {
+  return ui::MakeFirst<View, ComboBoxView, ListBoxView>(window, control);
 }
 
 }  // namespace formwizard::adapters::qt

@@ -8,6 +8,8 @@ namespace formwizard::adapters::qt {
 template <typename Control, typename Shown, typename Observer = ui::ControlObserver>
 class ObservingView : public View, public Observer {
  public:
+  using Kind = Control;
+
   ~ObservingView() override { control_.Observe(static_cast<Observer*>(nullptr)); }
 
   void Changed() override { NoteChange(); }

@@ -2,6 +2,8 @@
 #include "adapters/qt/ObservingView.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/Text.h"
+#include "adapters/qt/ViewKinds.h"
+#include "ui/MakeFirst.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -216,32 +218,9 @@ class StatusView final : public ObservingView<ui::StatusBar, QStatusBar> {
 
 }  // namespace
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::Label& control) {
-  return std::make_unique<LabelView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::Frame& control) {
-  return std::make_unique<FrameView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::CommandButton& control) {
-  return std::make_unique<ButtonView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::CheckBox& control) {
-  return std::make_unique<CheckView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::OptionButton& control) {
-  return std::make_unique<OptionView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::TextBox& control) {
-  return std::make_unique<TextView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::UpDown& control) {
-  return std::make_unique<UpDownView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::PictureBox& control) {
-  return std::make_unique<PictureView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::StatusBar& control) {
-  return std::make_unique<StatusView>(window, control);
+std::unique_ptr<View> MakeSimpleView(FormWindow& window, ui::Control& control) {
+  return ui::MakeFirst<View, LabelView, FrameView, ButtonView, CheckView, OptionView, TextView, UpDownView, PictureView,
+                       StatusView>(window, control);
 }
 
 }  // namespace formwizard::adapters::qt

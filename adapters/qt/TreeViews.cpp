@@ -2,6 +2,8 @@
 #include "adapters/qt/ObservingView.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/Text.h"
+#include "adapters/qt/ViewKinds.h"
+#include "ui/MakeFirst.h"
 
 #include <QMouseEvent>
 #include <QSignalBlocker>
@@ -137,8 +139,8 @@ class TreeViewView final : public ObservingView<ui::TreeView, TreeWidget, ui::Tr
 
 }  // namespace
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::TreeView& control) {
-  return std::make_unique<TreeViewView>(window, control);
+std::unique_ptr<View> MakeTreeView(FormWindow& window, ui::Control& control) {
+  return ui::MakeIfShown<View, TreeViewView>(window, control);
 }
 
 }  // namespace formwizard::adapters::qt

@@ -46,18 +46,7 @@ class View {
   bool noted_ = false;
 };
 
-// One for each kind of control. `control` must outlive the view.
-std::unique_ptr<View> MakeView(FormWindow& window, ui::Label& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::Frame& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::CommandButton& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::CheckBox& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::OptionButton& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::TextBox& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::UpDown& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::PictureBox& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::StatusBar& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::ListBox& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::ComboBox& control);
-std::unique_ptr<View> MakeView(FormWindow& window, ui::TreeView& control);
+// The view of any kind of control that dialogs show. `control` must outlive the view.
+std::unique_ptr<View> MakeView(FormWindow& window, ui::Control& control);
 
 }  // namespace formwizard::adapters::qt

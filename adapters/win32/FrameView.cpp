@@ -3,6 +3,7 @@
 #include "adapters/win32/ObservingView.h"
 #include "adapters/win32/ViewKinds.h"
 #include "adapters/win32/WindowClass.h"
+#include "ui/MakeFirst.h"
 
 namespace formwizard::adapters::win32 {
 namespace {
@@ -43,8 +44,8 @@ LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
   }
 }
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::Frame& control) {
-  return std::make_unique<FrameView>(window, control);
+std::unique_ptr<View> MakeFrameView(FormWindow& window, ui::Control& control) {
+  return ui::MakeIfShown<View, FrameView>(window, control);
 }
 
 }  // namespace formwizard::adapters::win32

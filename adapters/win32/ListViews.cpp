@@ -1,5 +1,6 @@
 #include "adapters/win32/ObservingView.h"
 #include "adapters/win32/ViewKinds.h"
+#include "ui/MakeFirst.h"
 
 namespace formwizard::adapters::win32 {
 namespace {
@@ -64,6 +65,8 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
 
 class ComboBoxView : public ListBoxView {
  public:
+  using Kind = ui::ComboBox;
+
   ComboBoxView(FormWindow& window, ui::ComboBox& control)
       : ListBoxView(window, control, ComboMessages, {WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}) {}
 
@@ -83,11 +86,8 @@ class ComboBoxView : public ListBoxView {
 
 }  // namespace
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::ListBox& control) {
-  return std::make_unique<ListBoxView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::ComboBox& control) {
-  return std::make_unique<ComboBoxView>(window, control);
+std::unique_ptr<View> MakeListView(FormWindow& window, ui::Control& control) {
+  return ui::MakeFirst<View, ComboBoxView, ListBoxView>(window, control);
 }
 
 }  // namespace formwizard::adapters::win32

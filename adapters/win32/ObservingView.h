@@ -8,6 +8,8 @@ namespace formwizard::adapters::win32 {
 template <typename Control, typename Observer = ui::ControlObserver>
 class ObservingView : public View, public Observer {
  public:
+  using Kind = Control;
+
   ~ObservingView() override { control_.Observe(static_cast<Observer*>(nullptr)); }
 
   void Changed() override { NoteChange(); }

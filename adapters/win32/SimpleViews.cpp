@@ -3,6 +3,7 @@
 #include "adapters/win32/Pictures.h"
 #include "adapters/win32/Screen.h"
 #include "adapters/win32/ViewKinds.h"
+#include "ui/MakeFirst.h"
 
 #include <array>
 #include <concepts>
@@ -22,12 +23,19 @@ class LabelView : public ObservingView<ui::Label> {
   void Show() override { SetText(Handle(), control_.Caption); }
 };
 
+template <typename Button>
+constexpr DWORD StyleOf = BS_PUSHBUTTON;
+template <>
+constexpr DWORD StyleOf<ui::CheckBox> = BS_3STATE | BS_MULTILINE;
+template <>
+constexpr DWORD StyleOf<ui::OptionButton> = BS_RADIOBUTTON | BS_MULTILINE;
+
 // Buttons of all sorts: clicks, and how the state behind the caption is shown. None changes its state by itself.
 template <typename Button>
 class ButtonView : public ObservingView<Button> {
  public:
-  ButtonView(FormWindow& window, Button& control, DWORD style)
-      : ObservingView<Button>(window, control, {WC_BUTTONW, WS_TABSTOP | style}) {}
+  ButtonView(FormWindow& window, Button& control)
+      : ObservingView<Button>(window, control, {WC_BUTTONW, WS_TABSTOP | StyleOf<Button>}) {}
 
   LONG TextHeight(LONG width) const override {
     if constexpr (std::same_as<Button, ui::CommandButton>) return 0;
@@ -130,29 +138,9 @@ class StatusView : public ObservingView<ui::StatusBar> {
 
 }  // namespace
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::Label& control) {
-  return std::make_unique<LabelView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::CommandButton& control) {
-  return std::make_unique<ButtonView<ui::CommandButton>>(window, control, BS_PUSHBUTTON);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::CheckBox& control) {
-  return std::make_unique<ButtonView<ui::CheckBox>>(window, control, BS_3STATE | BS_MULTILINE);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::OptionButton& control) {
-  return std::make_unique<ButtonView<ui::OptionButton>>(window, control, BS_RADIOBUTTON | BS_MULTILINE);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::TextBox& control) {
-  return std::make_unique<TextView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::UpDown& control) {
-  return std::make_unique<UpDownView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::PictureBox& control) {
-  return std::make_unique<PictureView>(window, control);
-}
-std::unique_ptr<View> MakeView(FormWindow& window, ui::StatusBar& control) {
-  return std::make_unique<StatusView>(window, control);
+std::unique_ptr<View> MakeSimpleView(FormWindow& window, ui::Control& control) {
+  return ui::MakeFirst<View, LabelView, ButtonView<ui::CommandButton>, ButtonView<ui::CheckBox>,
+                       ButtonView<ui::OptionButton>, TextView, UpDownView, PictureView, StatusView>(window, control);
 }
 
 }  // namespace formwizard::adapters::win32

@@ -1,6 +1,7 @@
 #include "adapters/win32/ObservingView.h"
 #include "adapters/win32/Pictures.h"
 #include "adapters/win32/ViewKinds.h"
+#include "ui/MakeFirst.h"
 
 #include <cmath>
 #include <unordered_map>
@@ -157,8 +158,8 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
 
 }  // namespace
 
-std::unique_ptr<View> MakeView(FormWindow& window, ui::TreeView& control) {
-  return std::make_unique<TreeViewView>(window, control);
+std::unique_ptr<View> MakeTreeView(FormWindow& window, ui::Control& control) {
+  return ui::MakeIfShown<View, TreeViewView>(window, control);
 }
 
 }  // namespace formwizard::adapters::win32
