@@ -54,6 +54,8 @@ class Control : public Observed {
   bool TakesInput() const;
   // Whether a control of this kind can have the focus.
   virtual bool TakesFocus() const { return false; }
+  // Whether the tab key stops here, when the control takes input.
+  virtual bool IsTabStop() const { return TakesFocus(); }
   // The text in which "&" marks the access key; empty for a kind without one.
   virtual std::string_view CaptionText() const { return {}; }
   // What a user does by the access key, once the control has the focus.

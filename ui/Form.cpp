@@ -101,7 +101,7 @@ void Form::PressEscape() {
 void Form::PressTab(bool backward) {
   std::vector<Control*> stops;
   std::ranges::copy_if(controls_, std::back_inserter(stops),
-                       [](const Control* c) { return c->TakesFocus() && c->TakesInput(); });
+                       [](const Control* c) { return c->IsTabStop() && c->TakesInput(); });
   if (stops.empty()) return;
   const auto count = static_cast<std::ptrdiff_t>(stops.size());
   const auto found = std::ranges::find(stops, ActiveControl());

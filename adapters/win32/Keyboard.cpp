@@ -2,10 +2,6 @@
 
 #include "adapters/win32/Text.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <vector>
-
 namespace formwizard::adapters::win32 {
 namespace {
 
@@ -15,20 +11,6 @@ void PressTab(FormWindow& window, bool backward) {
   window.ShowChanges();
   const HWND focus = GetFocus();
   if ((SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageW(focus, EM_SETSEL, 0, -1);
-}
-
-// Chooses the next of the options that exclude each other.
-void MoveChoice(ui::Form& form, const ui::OptionButton& from, int by) {
-  std::vector<ui::OptionButton*> options;
-  for (ui::Control* control : form.Controls()) {
-    auto* option = dynamic_cast<ui::OptionButton*>(control);
-    if (option && option->Container == from.Container && option->TakesInput()) options.push_back(option);
-  }
-  const auto count = static_cast<std::ptrdiff_t>(options.size());
-  const std::ptrdiff_t at = std::ranges::find(options, &from) - options.begin();
-  ui::OptionButton& next = *options[static_cast<std::size_t>((at + by + count) % count)];
-  form.SetFocus(next);
-  next.Click();
 }
 
 ui::UpDown* ArrowsBeside(const ui::Form& form, const ui::Control* box) {
@@ -43,8 +25,8 @@ bool PressArrow(FormWindow& window, WPARAM key) {
   ui::Form& form = window.ShownForm();
   ui::Control* active = form.ActiveControl();
   if (!active) return false;
-  if (const auto* option = dynamic_cast<ui::OptionButton*>(active)) {
-    window.Act([&form, option, by = key == VK_DOWN || key == VK_RIGHT ? 1 : -1] { MoveChoice(form, *option, by); });
+  if (auto* option = dynamic_cast<ui::OptionButton*>(active)) {
+    window.Act([option, by = key == VK_DOWN || key == VK_RIGHT ? 1 : -1] { option->PressArrow(by); });
     return true;
   }
   ui::UpDown* arrows = ArrowsBeside(form, active);
