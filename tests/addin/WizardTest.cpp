@@ -27,8 +27,7 @@ struct AddInFixture {
       CHECK(AddIn.FormDisplayed);
       form.Load();
       auto& dialog = dynamic_cast<wizard::frmWizard&>(form);
-      Shown += Text(dialog.CurrentStep());
-      NextCaption = dialog.cmdNext.Caption.Get();
+      Shown += Text(dialog.CurrentStep()) + dialog.cmdNext.Caption.Get() + ", ";
       dialog.cmdNext.Click();
       dialog.Close();
     };
@@ -44,122 +43,115 @@ struct AddInFixture {
   support::Localization Localization{Strings, Libraries};
   wizard::AddInState State;
   FakeClipboard Clipboard{Environment.Project.Transcript};
-  std::string Shown;  // the first step of each dialog
-  std::string NextCaption;
+  std::string Shown;  // the first step of each dialog, with the text of its button Next
   addin::Wizard AddIn{{Desktop, Measure, Profile, "outility.ini", Server, Strings, Localization, "", State}, Clipboard};
 
+  void Connect(ConnectMode mode = ConnectMode::Startup) { AddIn.IDTExtensibility_OnConnection(Environment, mode); }
+  void Disconnect() { AddIn.IDTExtensibility_OnDisconnection(); }
   tests::Transcript& Transcript() { return Environment.Project.Transcript; }
-  // The new command, behind the others of the Add-Ins menu.
-  FakeCommand& Command(int menu = 11) { return *Environment.Menu(menu).Items.back(); }
+  // A click on the last command of the Add-Ins menu. False when nobody listens to it.
+  bool Click() {
+    const auto& commands = Environment.Menu(11).Items;
+    return !commands.empty() && Environment.Click(*commands.back());
+  }
 };
 
 }  // namespace
 
 TEST_CASE("The command stands on the Add-Ins menu, which the version tells, with its face from the clipboard") {
-  for (const auto& [version, menu] : {std::pair{"6.00", 11}, std::pair{"5.00", 9}, std::pair{"6.0", 9}}) {
-    CAPTURE(version);
+  for (const auto& [version, menu] : {std::pair{"6.00", "11"}, std::pair{"5.00", "9"}, std::pair{"6.0", "9"}}) {
+    CAPTURE(std::string(version));
     AddInFixture fixture(version);
-    fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::Startup);
+    fixture.Connect();
     CHECK(fixture.Transcript().Joined() ==
-          "Add 1 to menu " + std::to_string(menu) +
-              "\nCaption = Ostrel Form Wizard\nOnAction = hello\nClipboard\nPasteFace\n"
-              "ConnectEvents\n");
-    const auto face = resources::Bitmap(9999);
-    CHECK(face.size() > 54);  // more than the headers of a bitmap file
-    CHECK(std::ranges::equal(fixture.Clipboard.Picture, face));
-    CHECK(fixture.AddIn.VBInstance == &fixture.Environment);
+          "Add 1 to menu " + std::string(menu) +
+              "\nCaption = Ostrel Form Wizard\nOnAction = hello\nClipboard\nPasteFace\nConnectEvents\n");
+    CHECK(std::ranges::equal(fixture.Clipboard.Picture, resources::Bitmap(9999)));
     CHECK(fixture.Shown.empty());
   }
 }
 
 TEST_CASE("The command starts a group when the last command before it does and the one before that does not") {
-  for (const auto& [groups, starts] :
-       {std::pair{"", false}, std::pair{"-", false}, std::pair{"--", false}, std::pair{"-|", true},
-        std::pair{"||", false}, std::pair{"|-", false}, std::pair{"|-|", true}}) {
-    CAPTURE(groups);
+  for (const auto& [groups, starts] : {std::pair{"", false}, std::pair{"--", false}, std::pair{"-|", true},
+                                       std::pair{"||", false}, std::pair{"|-", false}, std::pair{"|-|", true}}) {
+    CAPTURE(std::string(groups));
     AddInFixture fixture;
     for (const char c : std::string(groups)) fixture.Environment.Menu(11).Append(c == '|');
-    fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::AfterStartup);
-    CHECK(fixture.Command().BeginsGroup == starts);
+    fixture.Connect(ConnectMode::AfterStartup);
+    CHECK(fixture.Environment.Menu(11).Items.back()->BeginsGroup == starts);
     CHECK(fixture.Transcript().Has("PasteFace"));
   }
 }
 
-TEST_CASE("Each click shows a fresh wizard, until the add-in is disconnected") {
-  AddInFixture fixture;
-  fixture.Libraries.Texts = {{52, "&Weiter >"}};
-  fixture.Environment.Menu(11).Append();
-  fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::AfterStartup);
-  const auto command = fixture.Environment.Menu(11).Items.back();
-  CHECK_FALSE(fixture.Environment.Click(*fixture.Environment.Menu(11).Items.front()));
-  CHECK(fixture.Environment.Click(*command));
-  CHECK(fixture.Environment.Click(*command));
-  CHECK(fixture.Shown == "11");
-  CHECK_FALSE(fixture.AddIn.FormDisplayed);
-  CHECK_FALSE(fixture.Environment.Handled);
-  CHECK(fixture.Environment.CancelDefault);
-  CHECK(fixture.Libraries.Paths.back() == "/addin/OstrelFormWizardDEU.dll");
-  CHECK(fixture.NextCaption == "&Weiter >");
+TEST_CASE_FIXTURE(AddInFixture, "Each click shows a fresh wizard, until the add-in is disconnected") {
+  Libraries.Texts = {{52, "&Weiter >"}};
+  Environment.Menu(11).Append();
+  Connect();
+  const auto command = Environment.Menu(11).Items.back();
+  CHECK_FALSE(Environment.Click(*Environment.Menu(11).Items.front()));
+  CHECK(Click());
+  CHECK(Click());
+  CHECK(Shown == "1&Weiter >, 1&Weiter >, ");
+  CHECK_FALSE(AddIn.FormDisplayed);
+  CHECK_FALSE(Environment.Handled);
+  CHECK(Environment.CancelDefault);
 
-  fixture.AddIn.IDTExtensibility_OnDisconnection();
-  CHECK(fixture.Environment.Menu(11).Items.size() == 1);
-  CHECK_FALSE(fixture.Environment.Click(*command));
-  fixture.AddIn.IDTExtensibility_OnDisconnection();
-  CHECK(std::ranges::count(fixture.Transcript().Calls, "Delete") == 1);
-  CHECK(fixture.Desktop.Messages.empty());
+  for (int i = 0; i < 2; ++i) Disconnect();
+  CHECK(Environment.Menu(11).Items.size() == 1);
+  CHECK_FALSE(Environment.Click(*command));
+  CHECK(std::ranges::count(Transcript().Calls, "Delete") == 1);
+  CHECK(Desktop.Texts().empty());
 }
 
-TEST_CASE("Connected by another program the wizard opens at once and leaves the menus alone") {
-  AddInFixture fixture;
-  fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::External);
-  CHECK(fixture.Shown == "1");
-  CHECK(fixture.Transcript().Calls.empty());
-  fixture.Measure.Width = 6000;  // six of them are more than 16 bits hold
-  fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::External);
-  CHECK(fixture.Shown == "1");
-  fixture.AddIn.IDTExtensibility_OnDisconnection();
-  CHECK(fixture.Desktop.Messages.empty());
+TEST_CASE_FIXTURE(AddInFixture, "Connected by another program the wizard opens at once and leaves the menus alone") {
+  for (const double width : {120, 6000}) {  // six of the second are more than 16 bits hold
+    Measure.Width = width;
+    Connect(ConnectMode::External);
+  }
+  Disconnect();
+  CHECK(Shown == "1&Next >, ");
+  CHECK(Transcript().Calls.empty());
+  CHECK(Desktop.Texts().empty());
+}
+
+TEST_CASE("An environment without an Add-Ins menu is left alone") {
+  for (const bool null : {false, true}) {
+    AddInFixture fixture("6.00", 10);
+    fixture.Environment.MenuBar->NullOutside = null;
+    fixture.Connect();
+    fixture.Disconnect();
+    CHECK(fixture.Transcript().Calls.empty());
+    CHECK(fixture.Desktop.Texts().empty());
+  }
 }
 
 TEST_CASE("What the environment refuses is passed over in silence") {
-  for (const bool null : {false, true}) {
-    AddInFixture fixture("6.00", 10);  // no Add-Ins menu
-    fixture.Environment.MenuBar->NullOutside = null;
-    fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::Startup);
-    fixture.AddIn.IDTExtensibility_OnDisconnection();
-    CHECK(fixture.Transcript().Calls.empty());
-    CHECK(fixture.Desktop.Messages.empty());
-  }
   struct Case {
-    std::string Refused, Last;  // the last call that was tried
-    bool Listens;
+    std::string refused, last;  // the last call that was tried
+    bool listens;
   };
   for (const Case& c : {Case{"Add 1", "Add 1 to menu 11", false}, Case{"OnAction", "OnAction = hello", false},
-                        Case{"Clipboard", "Clipboard", false}, Case{"PasteFace", "PasteFace", false},
-                        Case{"ConnectEvents", "Delete", false}, Case{"Delete", "Delete", true}}) {
-    CAPTURE(c.Refused);
+                        Case{"Clipboard", "Clipboard", false}, Case{"ConnectEvents", "Delete", false},
+                        Case{"Delete", "Delete", true}}) {
+    CAPTURE(c.refused);
     AddInFixture fixture;
-    fixture.Transcript().Refuse[c.Refused] = runtime::AutomationError;
-    fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::Startup);
-    const auto& commands = fixture.Environment.Menu(11).Items;
-    CHECK((!commands.empty() && fixture.Environment.Click(*commands.back())) == c.Listens);
-    fixture.AddIn.IDTExtensibility_OnDisconnection();
-    CHECK(fixture.Transcript().Calls.back() == c.Last);
-    CHECK((!commands.empty() && fixture.Environment.Click(*commands.back())) == false);
-    CHECK(fixture.Desktop.Messages.empty());
+    fixture.Transcript().Refuse[c.refused] = runtime::AutomationError;
+    fixture.Connect();
+    CHECK(fixture.Click() == c.listens);
+    fixture.Disconnect();
+    CHECK(fixture.Transcript().Calls.back() == c.last);
+    CHECK_FALSE(fixture.Click());
+    CHECK(fixture.Desktop.Texts().empty());
   }
 }
 
-TEST_CASE("A wizard that cannot be loaded says so on the click, and the next click tries again") {
-  AddInFixture fixture;
-  fixture.AddIn.IDTExtensibility_OnConnection(fixture.Environment, ConnectMode::Startup);
-  fixture.Measure.Width = 6000;
-  fixture.Environment.Click(fixture.Command());
-  REQUIRE(fixture.Desktop.Messages.size() == 1);
-  CHECK(fixture.Desktop.Messages[0].Text == "Run-time error '6':\n\nOverflow");
-  CHECK(fixture.Desktop.Messages[0].Title == "Ostrel Form Wizard");
-  CHECK_FALSE(fixture.AddIn.FormDisplayed);
-  fixture.Measure.Width = 120;
-  fixture.Environment.Click(fixture.Command());
-  CHECK(fixture.Shown == "1");
+TEST_CASE_FIXTURE(AddInFixture, "A wizard that cannot be loaded says so on the click, and the next click tries again") {
+  Connect();
+  Measure.Width = 6000;
+  Click();
+  CHECK(Desktop.Shown() == "Ostrel Form Wizard[48]: Run-time error '6':\n\nOverflow\n");
+  CHECK_FALSE(AddIn.FormDisplayed);
+  Measure.Width = 120;
+  Click();
+  CHECK(Shown == "1&Next >, ");
 }

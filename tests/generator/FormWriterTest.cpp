@@ -5,7 +5,6 @@
 
 using namespace formwizard;
 using namespace formwizard::tests;
-namespace kind = formwizard::model::kind;
 
 namespace {
 
@@ -18,19 +17,13 @@ std::string CallsOn(const GenerationFixture& run, const std::string& name) {
   return calls;
 }
 
-std::string WriteFormOnly(GenerationFixture& run) {
-  run.LayOut();
-  generator::Generation generation = run.Run();
-  generator::WriteForm(generation);
-  return run.Ide.Transcript.Joined();
-}
-
 }  // namespace
 
-TEST_CASE("The form, its frame, buttons and menus are made in the required order with the required values") {
-  GenerationFixture run;
-  run.AddField(kind::TextBox, "Name").MaxWidth = Int32(2000);
-  CHECK(WriteFormOnly(run) == Golden("transcripts/one-field.txt"));
+TEST_CASE_FIXTURE(GenerationFixture,
+                  "The form, its frame, buttons and menus are made in the required order with the required values") {
+  AddField(kind::TextBox, "Name").MaxWidth = Int32(2000);
+  WriteForm();
+  CHECK(Ide.Transcript.Joined() == Golden("transcripts/one-field.txt"));
 }
 
 TEST_CASE("Each kind of field gets its control with its properties in order") {
@@ -58,7 +51,7 @@ TEST_CASE("Each kind of field gets its control with its properties in order") {
     run.Settings.Columns = Int16(2);
     run.AddField(kind::TextBox, "Name", c.rows);
     run.AddField(c.kind, "Home.City", c.rows);
-    WriteFormOnly(run);
+    run.WriteForm();
     std::string expected = "Name = \"" + c.name + "\"\n" + c.calls + place;
     if (c.kind == kind::MultiLine) expected.replace(expected.find("\"720\""), 5, "\"2000\"");
     CHECK(CallsOn(run, c.name) == expected);
@@ -75,8 +68,8 @@ TEST_CASE("The width of a data control follows the property's length within the 
         std::tuple{4001, kind::TextBox, "4000"}, std::tuple{-5, kind::TextBox, "4000"}}) {
     GenerationFixture run;
     run.AddField(kind, "Name").MaxWidth = Int32(maxWidth);
-    WriteFormOnly(run);
-    CHECK(CallsOn(run, "txtName").find(std::string("Width = \"") + width + "\"\n") != std::string::npos);
+    run.WriteForm();
+    CHECK(run.Ide.Transcript.Has(std::string("txtName.Width = \"") + width + "\""));
   }
 }
 
@@ -98,46 +91,43 @@ TEST_CASE("The component is the unused start-up form or a new one, under the fir
     run.Form.ClassCaption = c.classCaption;
     for (const std::string& name : c.existing) run.Ide.AddExisting(name);
     if (c.startupFormHasControls) run.Ide.Forms[0]->Designer->Add("VB.Label", nullptr);
-    WriteFormOnly(run);
+    run.WriteForm();
     CHECK(run.Ide.Transcript.Has("Component.Name = " + c.name));
     CHECK(run.Ide.Transcript.Has("Add component") == c.added);
   }
 }
 
-TEST_CASE("Settings change the form and leave the popup menus") {
-  GenerationFixture run;
-  run.Settings.Menu = run.Settings.Button = false;
-  run.Settings.FormSizable = run.Settings.LabelAlignLeft = true;
-  run.AddField(kind::ListBox, "Home.Colors");
-  run.AddField(kind::ReferenceLabel, "Home.Owner");
-  const std::string calls = WriteFormOnly(run);
-  CHECK(run.Ide.Transcript.Has("Form.BorderStyle = 2%"));
-  CHECK(calls.find("Alignment") == std::string::npos);
-  CHECK(calls.find("CommandButton") == std::string::npos);
-  CHECK(calls.find("mnuObject") == std::string::npos);
+TEST_CASE_FIXTURE(GenerationFixture, "Settings change the form and leave the popup menus") {
+  Settings.Menu = Settings.Button = false;
+  Settings.FormSizable = Settings.LabelAlignLeft = true;
+  AddField(kind::ListBox, "Home.Colors");
+  AddField(kind::ReferenceLabel, "Home.Owner");
+  WriteForm();
+  const std::string calls = Ide.Transcript.Joined();
+  CHECK(Ide.Transcript.Has("Form.BorderStyle = 2%"));
+  for (const char* absent : {"Alignment", "CommandButton", "mnuObject"}) {
+    CHECK_MESSAGE(calls.find(absent) == std::string::npos, absent);
+  }
   // The list's popup is named after IntName, the reference's after PropertyName with its dot.
-  CHECK(CallsOn(run, "mnuHomeColors") == "Caption = \"mnuHomeColors\"\nVisible = 0%\n");
-  CHECK(run.Ide.Transcript.Has("mnuHome.OwnerChange.Caption = \"&Change \""));
+  CHECK(CallsOn(*this, "mnuHomeColors") == "Caption = \"mnuHomeColors\"\nVisible = 0%\n");
+  CHECK(Ide.Transcript.Has("mnuHome.OwnerChange.Caption = \"&Change \""));
 }
 
-TEST_CASE("Only a reference combo box needs the hidden list, and one is enough") {
-  GenerationFixture run;
-  run.AddField(kind::ReferenceCombo, "Spouse");
-  run.AddField(kind::ReferenceCombo, "Company");
-  WriteFormOnly(run);
-  CHECK(std::ranges::count(run.Ide.Transcript.Calls, "Add VB.ListBox") == 1);
-  CHECK(CallsOn(run, "lst__Hidden") == "Height = \"450\"\nTabIndex = \"11\"\nTop = \"-450\"\nVisible = \"0\"\n");
+TEST_CASE_FIXTURE(GenerationFixture, "Only a reference combo box needs the hidden list, and one is enough") {
+  AddField(kind::ReferenceCombo, "Spouse");
+  AddField(kind::ReferenceCombo, "Company");
+  WriteForm();
+  CHECK(std::ranges::count(Ide.Transcript.Calls, "Add VB.ListBox") == 1);
+  CHECK(CallsOn(*this, "lst__Hidden") == "Height = \"450\"\nTabIndex = \"11\"\nTop = \"-450\"\nVisible = \"0\"\n");
 }
 
-TEST_CASE("Tab indexes go on counting over generations, up to 32767") {
-  GenerationFixture run;
-  run.AddField(kind::TextBox, "Name");
-  WriteFormOnly(run);
-  CHECK(run.State.TabIndexCounter == Int16(9));  // frame, label, text box, six buttons
-  run.Ide.Transcript.Calls.clear();
-  WriteFormOnly(run);
-  CHECK(CallsOn(run, "fra_Main").find("TabIndex = \"9\"") != std::string::npos);
-  run.State.TabIndexCounter = Int16(32767);
-  WriteFormOnly(run);
-  CHECK(run.Desktop.Texts() == std::vector<std::string>{"Error occurred in procedure WriteConFrame : Overflow"});
+TEST_CASE_FIXTURE(GenerationFixture, "Tab indexes go on counting over generations, up to 32767") {
+  AddField(kind::TextBox, "Name");
+  WriteForm();
+  CHECK(State.TabIndexCounter == Int16(9));  // frame, label, text box, six buttons
+  WriteForm();
+  CHECK(Ide.Transcript.Has("fra_Main.TabIndex = \"9\""));
+  State.TabIndexCounter = Int16(32767);
+  WriteForm();
+  CHECK(Desktop.Texts() == "Error occurred in procedure WriteConFrame : Overflow\n");
 }

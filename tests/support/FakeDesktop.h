@@ -33,10 +33,19 @@ class FakeDesktop : public ui::Desktop {
     if (OnShowModal) OnShowModal(form);
   }
 
-  std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const ShownMessage& message : Messages) texts.push_back(message.Text);
-    return texts;
+  // The texts of the messages, one a line, and all of a message: "Title[style]: text".
+  std::string Texts() const {
+    std::string all;
+    for (const ShownMessage& message : Messages) all += message.Text + "\n";
+    return all;
+  }
+  std::string Shown() const {
+    std::string all;
+    for (const ShownMessage& message : Messages) {
+      all += message.Title + "[" + std::to_string(message.Style) + "]: ";
+      all += message.Text + "\n";
+    }
+    return all;
   }
 
   std::vector<ShownMessage> Messages;

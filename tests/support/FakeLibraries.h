@@ -12,7 +12,7 @@ namespace formwizard::tests {
 
 class FakeLibraries : public support::ResourceLibraries {
  public:
-  std::string UserLanguage() const override { return "DEU"; }
+  std::string UserLanguage() const override { return "DEUTSCH"; }
   int UserLocaleId() const override {
     ++LocaleLookups;
     return LocaleId;

@@ -15,13 +15,17 @@ class FakeProfile : public settings::ProfileStore {
     const auto found = Values.find(std::string(key));
     return (found == Values.end() ? std::string(defaultText) : found->second).substr(0, size - 1);
   }
-  bool WriteProfileString(std::string_view, std::string_view key, std::string_view value, const std::string&) override {
+  bool WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
+                          const std::string&) override {
     if (FailingWrites > 0) return --FailingWrites, false;
+    Section = section;
+    Written += std::string(key) + "=" + std::string(value) + "|";
     Values[std::string(key)] = value;
     return true;
   }
 
   std::map<std::string, std::string> Values;
+  std::string Section, Written;  // the last section written to; all that was written, in order
   int FailingWrites = 0;
 };
 

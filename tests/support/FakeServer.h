@@ -16,17 +16,18 @@ using ServerRow = std::map<std::string, runtime::Variant>;
 
 struct ServerData {
   std::string Systems = "Samples,conn;Archive,other";
-  bool CannotCreate = false, RefusesConnection = false, RefusesDisconnect = false;
+  bool RefusesConnection = false, RefusesDisconnect = false;
   std::map<std::string, std::vector<ServerRow>> Queries;    // by "class/query/parameter"
   std::map<std::string, std::vector<std::string>> Columns;  // of class queries, by "class/query"
   int FailAtRow = 0;                                        // of every result set, counted from 1
-  std::string FailingCall;                                  // of the factory, by name
+  std::string FailingCall;                                  // by name; "Create" is that of the factory
   std::vector<std::string> Calls;
 
   void Begin(const std::string& call, const std::string& argument = "") {
     Calls.push_back(argument.empty() ? call : call + " " + argument);
-    if (call == FailingCall) runtime::Raise(runtime::AutomationError, "the server failed");
+    if (call == FailingCall) Fail();
   }
+  [[noreturn]] static void Fail() { runtime::Raise(runtime::AutomationError, "the server failed"); }
   void AddClass(const std::string& name, int persistent = 1, int system = 0) {
     Queries["%ClassDefinition/ClassInfo/"].push_back(
         {{"name", name}, {"persistent", runtime::Int32(persistent)}, {"system", runtime::Int32(system)}});
@@ -56,7 +57,7 @@ class FakeRows : public wizard::factory::ResultSet {
     rows_ = data_.Queries[key];
   }
   bool Next() override {
-    if (++row_ == data_.FailAtRow) runtime::Raise(runtime::AutomationError, "the server failed");
+    if (++row_ == data_.FailAtRow) ServerData::Fail();
     return static_cast<std::size_t>(row_) <= rows_.size();
   }
   runtime::Variant GetDataByName(std::string_view column) override {
@@ -110,7 +111,7 @@ class FakeFactory : public wizard::factory::ObjectFactory {
 class FakeServer : public wizard::factory::FactoryCreator {
  public:
   std::unique_ptr<wizard::factory::ObjectFactory> Create() override {
-    if (Data.CannotCreate) runtime::Raise(runtime::CannotCreateObject);
+    if (Data.FailingCall == "Create") runtime::Raise(runtime::CannotCreateObject);
     return std::make_unique<FakeFactory>(Data);
   }
   ServerData Data;

@@ -5,11 +5,14 @@
 #include "model/Layout.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeIde.h"
+#include "tests/support/FakeLibraries.h"
 
 #include <string>
 #include <vector>
 
 namespace formwizard::tests {
+
+namespace kind = model::kind;
 
 // Ten twips a character, so that widths can be computed in the head.
 class TenTwipsACharacter : public ui::TextMeasure {
@@ -17,16 +20,9 @@ class TenTwipsACharacter : public ui::TextMeasure {
   double WidthOf(std::string_view caption) const override { return 10.0 * static_cast<double>(caption.size()); }
 };
 
-class NoLibraries : public support::ResourceLibraries {
- public:
-  std::string UserLanguage() const override { return "ENU"; }
-  int UserLocaleId() const override { return 1033; }
-  std::unique_ptr<support::ResourceLibrary> LoadAsData(const std::string&) const override { return nullptr; }
-};
-
 struct GenerationFixture {
   FakeDesktop Desktop;
-  NoLibraries Libraries;
+  FakeLibraries Libraries;
   support::Strings Strings{Libraries, ""};
   support::ErrorReport Report{Desktop, Strings};
   FakeIde Ide;
@@ -55,11 +51,15 @@ struct GenerationFixture {
     return field;
   }
 
-  // Lays the selection out and runs both writing stages.
-  void Generate() {
+  // Lays the selection out and runs the first writing stage.
+  generator::Generation WriteForm() {
     LayOut();
-    generator::Generation run = Run();
+    generator::Generation run{Form, Settings, Strings, Report, Ide, State};
     generator::WriteForm(run);
+    return run;
+  }
+  void Generate() {
+    generator::Generation run = WriteForm();
     generator::WriteProcedures(run);
   }
   void LayOut() {
@@ -68,10 +68,9 @@ struct GenerationFixture {
     ComputePositions(Form, Settings);
     ComputeLayout(Form, Settings, Measure, Form.ClassCaption);
   }
-  generator::Generation Run() { return {Form, Settings, Strings, Report, Ide, State}; }
 
-  const FakeComponent& NewForm() const { return *Ide.Forms.back(); }
-  std::string Code() const { return NewForm().Module->Text_(); }
+  std::string Code() const { return Ide.Forms.back()->Module->Text_(); }
+  bool Writes(std::string_view code) const { return Code().find(code) != std::string::npos; }
 
   TenTwipsACharacter Measure;
 

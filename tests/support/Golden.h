@@ -1,21 +1,13 @@
 // Comparison with the checked-in expected texts.
 #pragma once
 
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
+#include "tests/support/TemporaryFolder.h"
+
 #include <string>
 
 namespace formwizard::tests {
 
 // The bytes of a file below tests/golden.
-inline std::string Golden(const std::string& name) {
-  const std::string path = FORMWIZARD_SOURCE_DIR "/tests/golden/" + name;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw std::runtime_error("cannot read " + path);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+inline std::string Golden(const std::string& name) { return ReadFile(FORMWIZARD_SOURCE_DIR "/tests/golden/" + name); }
 
 }  // namespace formwizard::tests

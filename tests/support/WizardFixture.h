@@ -15,7 +15,7 @@ struct WizardFixture {
   FakeProfile Profile;
   FakeServer Server;
   FakeIde Ide;
-  NoLibraries Libraries;
+  FakeLibraries Libraries;
   support::Strings Strings{Libraries, ""};
   support::Localization Localization{Strings, Libraries};
   wizard::AddInState State;
@@ -48,11 +48,15 @@ struct WizardFixture {
   void Next(int times = 1) {
     for (int i = 0; i < times; ++i) Dialog.cmdNext.Click();
   }
-  // Walks to the Properties step of Sample.Person.
-  void GoToProperties() {
+  void Back(int times = 1) {
+    for (int i = 0; i < times; ++i) Dialog.cmdBack.Click();
+  }
+  // Walks to the Properties step and selects properties in the tree.
+  void GoToProperties(std::initializer_list<const char*> properties = {}, const std::string& name = "Sample.Person") {
     Next(2);
-    ChooseClass("Sample.Person");
+    ChooseClass(name);
     Next();
+    for (const char* property : properties) Select(property);
   }
   static void DoubleClick(ui::TreeView& tree, ui::Node& node) {
     tree.ClickNode(node);
@@ -71,21 +75,38 @@ struct WizardFixture {
     }
     throw std::runtime_error("no property " + text);
   }
-  void Select(const std::string& text) {
-    Dialog.tvwAttributes.ClickNode(Property(text));
+  void Select(const std::string& text) { Select(Property(text)); }
+  void Select(ui::Node& node) {
+    Dialog.tvwAttributes.ClickNode(node);
     Dialog.cmdSelectOne.Click();
+  }
+  // The first property inside an object or a reference.
+  ui::Node& Inside(const std::string& object) {
+    Dialog.tvwAttributes.ExpandNode(Property(object));
+    return *Property(object).Child();
   }
   std::string Status() const { return Dialog.barStatus.Panels[0]; }
   std::string Connected() const { return Dialog.barStatus.Panels[1]; }
-  std::string Step() const { return Text(Dialog.CurrentStep()); }
+  const model::FieldRecord& Field(int index) { return State.Form.Fields[Int16(index)]; }
+  // Every node with its key, tag and picture, one a line.
+  static std::string Tree(ui::TreeView& tree) {
+    std::string all;
+    for (const ui::Node& node : tree.Nodes.All()) {
+      all += (node.Parent() ? " " : "") + node.Text.Get() + "[" + node.Key() + "," + node.Tag + "," +
+             Text(node.Image.Get()) + "]\n";
+    }
+    return all;
+  }
   static std::string Entries(const ui::ListBox& list) {
     std::string all;
     for (int i = 0; i < list.ListCount(); ++i) all += (i == list.ListIndex() ? "*" : "") + list.List(i) + " ";
     return all;
   }
-  std::string Buttons() const {
-    return std::string(Dialog.cmdBack.Enabled ? "B" : "-") + (Dialog.cmdNext.Enabled ? "N" : "-") +
-           (Dialog.cmdFinish.Enabled ? "F" : "-") + (Dialog.cmdCancel.Enabled ? "C" : "-");
+  // The step and the buttons that can be pressed.
+  std::string Where() const {
+    return Text(Dialog.CurrentStep()) + " " + (Dialog.cmdBack.Enabled ? "B" : "-") +
+           (Dialog.cmdNext.Enabled ? "N" : "-") + (Dialog.cmdFinish.Enabled ? "F" : "-") +
+           (Dialog.cmdCancel.Enabled ? "C" : "-");
   }
 };
 

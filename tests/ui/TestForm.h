@@ -11,11 +11,6 @@
 
 namespace formwizard::tests {
 
-struct CountingObserver : ui::ControlObserver {
-  void Changed() override { ++Count; }
-  int Count = 0;
-};
-
 // What a view is told: "~" a change, "+1" an insertion, "-1" a removal, "0" everything is gone.
 struct ListNotes : ui::ListObserver {
   void Changed() override { Notes += "~ "; }
@@ -35,15 +30,24 @@ struct TreeNotes : ui::TreeObserver {
   std::string Notes;
 };
 
-class TestForm : public ui::Form {
- public:
-  explicit TestForm(FakeDesktop& desktop) : Form(desktop) {}
+struct OwnDesktop {
+  FakeDesktop Desktop;
+};
 
-  void Place(ui::Control& control, ui::Control* container = nullptr) { Add(control, {"", container, 0, 0, 0, 0, ""}); }
+class TestForm : public OwnDesktop, public ui::Form {
+ public:
+  TestForm() : Form(Desktop) {}
+
+  void Place(ui::Control& control, std::string_view name, ui::Control* container = nullptr) {
+    Add(control, {name, container, 0, 0, 0, 0, ""});
+  }
+  // Under its caption as its name.
   void Place(ui::CaptionedControl& control, std::string_view caption, ui::Control* container = nullptr) {
-    Place(control, container);
+    Place(static_cast<ui::Control&>(control), caption, container);
     control.Caption = std::string(caption);
   }
+  // The name of the control with the focus.
+  std::string Focus() const { return ActiveControl() ? ActiveControl()->Name : "none"; }
   using Form::Guarded;
 
   int Unloads = 0, FailOnUnload = 0;

@@ -1,7 +1,6 @@
 #include "ui/TreeView.h"
 
 #include "tests/support/ErrorNumber.h"
-#include "tests/support/FakeTreeView.h"
 #include "tests/ui/TestForm.h"
 
 #include <doctest/doctest.h>
@@ -29,97 +28,71 @@ struct FiveNodes {
 
 }  // namespace
 
-TEST_CASE("Nodes count from 1 in the order of their creation, and keys are unique while their nodes live") {
-  FiveNodes nodes;
-  CHECK(nodes.Texts() == "a b a1 a2 a11 ");
-  CHECK(&nodes.Tree.Nodes.Item("keyA1") == &nodes.A1);
-  CHECK(nodes.A.Child() == &nodes.A1);
-  CHECK(nodes.B.Child() == nullptr);
-  CHECK(nodes.A11.IsBelow(nodes.A));
-  CHECK_FALSE(nodes.A.IsBelow(nodes.A));
-  CHECK(ErrorNumberOf([&] { nodes.Tree.Nodes.Add(nullptr, "keyA11", "again"); }) == runtime::KeyNotUnique);
-  CHECK(nodes.Tree.Nodes.Count() == 5);
-  for (const int index : {0, 6}) {
-    CHECK(ErrorNumberOf([&] { nodes.Tree.Nodes.Item(index); }) == runtime::ElementNotFound);
-  }
-  CHECK(ErrorNumberOf([&] { nodes.Tree.Nodes.Item("keya"); }) == runtime::ElementNotFound);
+TEST_CASE_FIXTURE(FiveNodes,
+                  "Nodes count from 1 in the order of their creation, and keys are unique while their nodes live") {
+  ui::Nodes& all = Tree.Nodes;
+  CHECK(Texts() == "a b a1 a2 a11 ");
+  CHECK(&all.Item("keyA1") == &A1);
+  CHECK(ErrorNumberOf([&] { all.Add(nullptr, "keyA11", "again"); }) == runtime::KeyNotUnique);
+  CHECK(all.Count() == 5);
+  for (const int index : {0, 6}) CHECK(ErrorNumberOf([&] { all.Item(index); }) == runtime::ElementNotFound);
+  CHECK(ErrorNumberOf([&] { all.Item("keya"); }) == runtime::ElementNotFound);
 
-  nodes.Tree.Nodes.Remove(nodes.A1);  // with what stands below it
-  CHECK(nodes.Texts() == "a b a2 ");
-  CHECK(ErrorNumberOf([&] { nodes.Tree.Nodes.Item("keyA11"); }) == runtime::ElementNotFound);
-  nodes.Tree.Nodes.Add(nullptr, "keyA11", "late");
-  CHECK(nodes.Texts() == "a b a2 late ");
-  nodes.Tree.Nodes.Clear();
-  CHECK(nodes.Tree.Nodes.Count() == 0);
-  CHECK(nodes.Tree.Nodes.Roots().empty());
-  nodes.Tree.Nodes.Add(nullptr, "keyA", "new");
+  all.Remove(A1);  // with what stands below it
+  CHECK(ErrorNumberOf([&] { all.Item("keyA11"); }) == runtime::ElementNotFound);
+  all.Add(nullptr, "keyA11", "late");
+  CHECK(Texts() == "a b a2 late ");
+  all.Clear();
+  CHECK(all.Count() == 0);
+  CHECK(all.Roots().empty());
+  all.Add(nullptr, "keyA", "new");
 }
 
 TEST_CASE("The selection goes with the selected node, by itself, with what is above it or with all") {
-  for (const char* what : {"itself", "above", "all"}) {
+  for (const std::string what : {"itself", "above", "all"}) {
+    CAPTURE(what);
     FiveNodes nodes;
     nodes.Tree.ClickNode(nodes.A11);
     nodes.Tree.Nodes.Remove(nodes.A2);
     CHECK(nodes.Tree.SelectedItem == &nodes.A11);
-    if (what == std::string("all")) {
+    if (what == "all") {
       nodes.Tree.Nodes.Clear();
     } else {
-      nodes.Tree.Nodes.Remove(what == std::string("above") ? nodes.A : nodes.A11);
+      nodes.Tree.Nodes.Remove(what == "above" ? nodes.A : nodes.A11);
     }
     CHECK(nodes.Tree.SelectedItem == nullptr);
   }
 }
 
-TEST_CASE("A user opens what has children, and closing takes the selection out of what disappears") {
-  FiveNodes nodes;
+TEST_CASE_FIXTURE(FiveNodes, "A user opens what has children, and closing takes the selection out of what disappears") {
   std::string events;
-  nodes.Tree.NodeClick = [&](ui::Node& node) { events += "click " + node.Text.Get() + ", "; };
-  nodes.Tree.Expand = [&](ui::Node& node) { events += (node.Expanded ? "open " : "? ") + node.Text.Get() + ", "; };
-  nodes.Tree.ExpandNode(nodes.B);  // a leaf
-  nodes.Tree.ExpandNode(nodes.A);
-  nodes.Tree.ExpandNode(nodes.A);
-  nodes.Tree.ClickNode(nodes.A11);
-  nodes.Tree.CollapseNode(nodes.A1);  // closed already
-  CHECK(nodes.Tree.SelectedItem == &nodes.A11);
-  nodes.Tree.CollapseNode(nodes.A);
-  CHECK(nodes.Tree.SelectedItem == &nodes.A);
-  nodes.Tree.ExpandNode(nodes.A);
-  nodes.Tree.ClickNode(nodes.B);
-  nodes.Tree.CollapseNode(nodes.A);
-  CHECK(nodes.Tree.SelectedItem == &nodes.B);
+  Tree.NodeClick = [&](ui::Node& node) { events += "click " + node.Text.Get() + ", "; };
+  Tree.Expand = [&](ui::Node& node) { events += (node.Expanded ? "open " : "? ") + node.Text.Get() + ", "; };
+  for (ui::Node* node : {&B, &A, &A}) Tree.ExpandNode(*node);  // the first one is a leaf
+  Tree.ClickNode(A11);
+  Tree.CollapseNode(A1);  // closed already
+  CHECK(Tree.SelectedItem == &A11);
+  Tree.CollapseNode(A);
+  Tree.ExpandNode(A);
+  Tree.ClickNode(B);
+  Tree.CollapseNode(A);
+  Tree.Enabled = false;
+  Tree.ExpandNode(A);
+  Tree.ClickNode(A);
+  CHECK_FALSE(A.Expanded);
+  CHECK(Tree.SelectedItem == &B);
   CHECK(events == "open a, click a11, click a, open a, click b, ");
-  nodes.Tree.Enabled = false;
-  nodes.Tree.ExpandNode(nodes.A);
-  nodes.Tree.ClickNode(nodes.A);
-  CHECK_FALSE(nodes.A.Expanded);
-  CHECK(nodes.Tree.SelectedItem == &nodes.B);
 }
 
-TEST_CASE("The view says which node is drawn at a point") {
-  FiveNodes nodes;
-  CHECK(nodes.Tree.HitTest(0, 0) == nullptr);  // without a view
-  {
-    const FakeTreeView view(nodes.Tree);
-    CHECK(nodes.Tree.HitTest(0, 15) == &nodes.B);
-    nodes.A.Expanded = true;
-    CHECK(nodes.Tree.HitTest(0, 15) == &nodes.A1);
-    CHECK(nodes.Tree.HitTest(0, 45) == nullptr);
-  }
-  CHECK(nodes.Tree.HitTest(0, 0) == nullptr);
-}
-
-TEST_CASE("A view of a tree is told of every node once, and of values only when they differ") {
-  FiveNodes nodes;
+TEST_CASE_FIXTURE(FiveNodes, "A view of a tree is told of every node once, and of values only when they differ") {
   TreeNotes notes;
-  nodes.Tree.Observe(&notes);
-  nodes.Tree.Nodes.Add(&nodes.B, "", "b1");
-  nodes.B.Text = "b";
-  nodes.B.Image = runtime::Int16(2);
-  nodes.B.Image = runtime::Int16(2);
-  nodes.Tree.ClickNode(nodes.A11);
-  nodes.Tree.ClickNode(nodes.A11);
-  nodes.Tree.Nodes.Remove(nodes.A1);  // from the leaves up; the selection goes first
-  nodes.Tree.Nodes.Clear();
+  Tree.Observe(&notes);
+  Tree.Nodes.Add(&B, "", "b1");
+  B.Text = "b";
+  for (int i = 0; i < 2; ++i) B.Image = runtime::Int16(2);
+  for (int i = 0; i < 2; ++i) Tree.ClickNode(A11);
+  Tree.Nodes.Remove(A1);  // from the leaves up; the selection goes first
+  Tree.Nodes.Clear();
   CHECK(notes.Notes == "+b1 ~b ~ ~ -a11 -a1 0 ");
-  nodes.Tree.Observe(nullptr);
+  Tree.Observe(nullptr);
 }

@@ -2,7 +2,6 @@
 
 #include <doctest/doctest.h>
 
-#include <functional>
 #include <utility>
 
 using namespace formwizard;
@@ -25,198 +24,101 @@ class StatusTexts : public ui::ControlObserver {
   std::string last_, all_;
 };
 
-std::string ConnectionCalls(const WizardFixture& wizard) {
-  std::string all;
-  for (const std::string& call : wizard.Server.Data.Calls) {
-    if (call.starts_with("Connect") || call == "Disconnect") all += call + ", ";
-  }
-  return all;
-}
-
 }  // namespace
 
-TEST_CASE("The dialog is laid out and named as it loads") {
-  WizardFixture wizard;
-  auto& dialog = wizard.Dialog;
-  CHECK(dialog.frmCommand.Left + dialog.frmCommand.Width == Int32(9210 - 360));
-  for (const ui::Frame& panel : dialog.frmStep) CHECK(panel.Left == Int32(3240));
-  for (const ui::Frame& panel : dialog.frmProperty) {
-    CHECK(panel.Top == dialog.lblStep4_2.Top);
-    CHECK(panel.Left == dialog.lstFields.Left + dialog.lstFields.Width + Int32(200));
-    CHECK(panel.Height == dialog.lstFields.Height + dialog.lblStep4_2.Height);
+TEST_CASE_FIXTURE(WizardFixture, "The dialog is laid out and named as it loads") {
+  CHECK(Dialog.frmCommand.Left + Dialog.frmCommand.Width == Int32(9210 - 360));
+  for (const ui::Frame& panel : Dialog.frmStep) CHECK(panel.Left == Int32(3240));
+  for (const ui::Frame& panel : Dialog.frmProperty) {
+    CHECK(panel.Top == Dialog.lblStep4_2.Top);
+    CHECK(panel.Left == Dialog.lstFields.Left + Dialog.lstFields.Width + Int32(200));
+    CHECK(panel.Height == Dialog.lstFields.Height + Dialog.lblStep4_2.Height);
   }
-  CHECK(wizard.State.Form.CharWidth == Int16(10));
-  CHECK(wizard.State.Form.SixCharWidth == Int16(60));
-  CHECK(dialog.cmdBack.Caption == "< &Back");
-  CHECK(dialog.cmdSelectAll.Caption == ">>");
-  CHECK(dialog.cmdSelectAll.ToolTipText == "Select all properties");
-  CHECK(dialog.cmdMoveDown.ToolTipText == "Move the property down");
+  CHECK(State.Form.CharWidth == Int16(10));
+  CHECK(State.Form.SixCharWidth == Int16(60));
+  CHECK(Dialog.Caption == "Ostrel Form Wizard - Step 1 of 6");
+  CHECK(Dialog.cmdBack.Caption == "< &Back");
+  CHECK(Dialog.cmdSelectAll.Caption == ">>");
+  CHECK(Dialog.cmdSelectAll.ToolTipText == "Select all properties");
+  CHECK(Dialog.cmdMoveDown.ToolTipText == "Move the property down");
 }
 
-TEST_CASE("Each step shows its own panel, its picture and its default button") {
-  WizardFixture wizard;
-  auto& dialog = wizard.Dialog;
-  const auto shown = [&] {
-    std::string panels;
-    for (const ui::Frame& panel : dialog.frmStep) panels += panel.Visible ? "#" : "-";
-    return panels + " " + Text(dialog.picMain.Picture.Get()) + (dialog.DefaultButton() == &dialog.cmdNext ? " N" : "") +
-           (dialog.DefaultButton() == &dialog.cmdFinish ? " F" : "");
+TEST_CASE_FIXTURE(WizardFixture, "Each step shows its own panel, its picture and its default button") {
+  const auto show = [&](int step) {
+    Dialog.SetStep(Int16(step));
+    std::string shown;
+    for (const ui::Frame& panel : Dialog.frmStep) shown += panel.Visible ? "#" : "-";
+    shown += " " + Text(Dialog.picMain.Picture.Get());
+    return shown + (Dialog.DefaultButton() == &Dialog.cmdNext ? " N" : "") +
+           (Dialog.DefaultButton() == &Dialog.cmdFinish ? " F" : "");
   };
-  std::string all;
-  for (int step = 1; step <= 6; ++step) {
-    dialog.SetStep(Int16(step));
-    all += shown() + "\n";
+  for (const auto& [step, shown] :
+       {std::pair{1, "#----- 2 N"}, std::pair{2, "-#---- 1 N"}, std::pair{3, "--#--- 2 N"}, std::pair{4, "---#-- 1 N"},
+        std::pair{6, "-----# 1 F"}, std::pair{5, "----#- 2 N"}, std::pair{6, "-----# 2 F"}}) {  // the picture stays
+    CHECK(show(step) == shown);
   }
-  CHECK(all == "#----- 2 N\n-#---- 1 N\n--#--- 2 N\n---#-- 1 N\n----#- 2 N\n-----# 2 F\n");
-  dialog.SetStep(Int16(4));
-  dialog.SetStep(Int16(6));
-  CHECK(shown() == "-----# 1 F");  // the last step leaves the picture as it is
 }
 
-TEST_CASE("The status bar tells what is being done") {
-  WizardFixture wizard;
-  StatusTexts status(wizard.Dialog.barStatus);
-  wizard.Next(2);
+TEST_CASE_FIXTURE(WizardFixture, "The buttons follow the steps, and Finish stays usable once properties are selected") {
+  std::string trail;
+  const auto press = [&](ui::CommandButton& button, int times) {
+    for (int i = 0; i < times; ++i) {
+      trail += Where() + ", ";
+      button.Click();
+    }
+  };
+  press(Dialog.cmdNext, 3);
+  Select("Number");
+  press(Dialog.cmdNext, 2);
+  press(Dialog.cmdBack, 3);
+  CHECK(trail + Where() == "1 -N-C, 2 BN-C, 3 BN-C, 4 BNFC, 5 BNFC, 6 B-FC, 5 BNFC, 4 BNFC, 3 BNFC");
+}
+
+TEST_CASE_FIXTURE(WizardFixture, "The status bar tells what is being done") {
+  StatusTexts status(Dialog.barStatus);
+  Next(2);
   CHECK(status.Take() == "Connecting to Ostrel system ...\nConnected to Samples.\nPopulating class list ...\nReady\n");
-  wizard.ChooseClass("Sample.Person");
-  wizard.Next();
+  ChooseClass("Sample.Person");
+  Next();
   CHECK(status.Take() == "Populating property list ...\nReady\n");
-  wizard.Select("Age");
-  wizard.Next();
-  wizard.Dialog.cmdFinish.Click();
+  Select("Age");
+  Next();
+  Dialog.cmdFinish.Click();
   CHECK(status.Take() ==
         "Begin creating new form ...\nComputing positions ...\nComputing layout ...\n"
         "Writing form and control properties ...\nWriting procedures ...\n");
 }
 
-TEST_CASE("The remembered system is selected, the last of equal names, else the first") {
-  for (const auto& [list, remembered, selected] :
-       {std::tuple{"A,x;B,y;B,z;C,w", "B", "z"}, std::tuple{"A,x;B,y", "Gone", "x"}, std::tuple{"A,x;B,y", "b", "x"}}) {
-    CAPTURE(remembered);
-    WizardFixture wizard;
-    wizard.Server.Data.Systems = list;
-    wizard.Profile.Values["LastConnect"] = remembered;
-    wizard.Next();
-    CHECK(wizard.Dialog.tvwConnection.SelectedItem->Tag == selected);
-    for (const ui::Node& node : wizard.Dialog.tvwConnection.Nodes.All()) CHECK(node.Image == Int16(4));
-  }
+TEST_CASE_FIXTURE(WizardFixture, "The completion text keeps the class that it was first replaced by") {
+  Next(3);
+  Select("Number");
+  Next(2);
+  Back(3);
+  ChooseClass("Sample.Company");
+  Next();
+  CHECK(Dialog.lstSelected.ListCount() == 0);  // another class: the selection is gone
+  Select("Name");
+  Next(2);
+  CHECK(Dialog.lblStep5_2.Caption.Get().ends_with("a Visual Basic form for class Core.Invoice."));
 }
 
-TEST_CASE("Another system means another connection, class list and selection") {
-  for (const bool refuses : {false, true}) {
-    WizardFixture wizard;
-    wizard.Server.Data.RefusesDisconnect = refuses;
-    wizard.GoToProperties();
-    wizard.Select("Age");
-    for (int i = 0; i < 2; ++i) wizard.Dialog.cmdBack.Click();
-    CHECK(wizard.Buttons() == "BNFC");
-    wizard.Dialog.tvwConnection.ClickNode(wizard.Dialog.tvwConnection.Nodes.Item(2));
-    wizard.Next();
-    CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, Connect other, ");
-    CHECK(wizard.Profile.Values["LastConnect"] == "Archive");
-    CHECK(wizard.Dialog.tvwConnection.Nodes.Item(1).Image == Int16(4));
-    CHECK(std::ranges::count(wizard.Server.Data.Calls, "ResultSet %ClassDefinition") == 2);
-    wizard.ChooseClass("Sample.Person");  // of the same name as before
-    wizard.Next();
-    CHECK(wizard.Dialog.lstSelected.ListCount() == 0);
-    CHECK(wizard.Buttons() == "B--C");
-  }
-}
-
-TEST_CASE("Every ending closes the connection, whatever the server answers") {
-  const std::vector<std::function<void(WizardFixture&)>> endings{
-      [](WizardFixture& wizard) { wizard.Dialog.PressEscape(); }, [](WizardFixture& wizard) { wizard.Dialog.Close(); },
-      [](WizardFixture& wizard) { wizard.Dialog.cmdFinish.Click(); },
-      [](WizardFixture& wizard) {
-        wizard.Ide.Transcript.Refuse["Add component"] = runtime::AutomationError;
-        wizard.Dialog.cmdFinish.Click();
-        CHECK(wizard.Buttons() == "---C");
-        CHECK(ConnectionCalls(wizard) == "Connect conn, ");
-        wizard.Dialog.cmdCancel.Click();
-      }};
-  for (const auto& end : endings) {
-    for (const char* answer : {"yes", "no", "error"}) {
-      WizardFixture wizard;
-      wizard.Server.Data.RefusesDisconnect = answer == std::string("no");
-      wizard.Server.Data.FailingCall = answer == std::string("error") ? "Disconnect" : "";
-      wizard.GoToProperties();
-      wizard.Select("Age");
-      end(wizard);
-      CHECK(wizard.Dialog.IsUnloaded());
-      CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, ");
-    }
-  }
-  WizardFixture early;
-  early.Dialog.Close();
-  CHECK(early.Dialog.IsUnloaded());
-  CHECK(early.Server.Data.Calls.empty());
-}
-
-TEST_CASE("A server that fails keeps the dialog where it is, and usable") {
-  struct Case {
-    std::string FailingCall, Systems, Message, Status;
-  };
-  for (const Case& c :
-       {Case{"SystemList", "A,x", "Error occurred in procedure PopulateConnection : the server failed", "Ready"},
-        Case{"Connect", "A,x", "Run-time error '440':\n\nthe server failed", "Connecting to Ostrel system ..."},
-        Case{"Connect", "A;B,y", "", "Unable to connect.A: "}}) {  // nothing to connect with
-    CAPTURE(c.Status);
-    WizardFixture wizard;
-    wizard.Server.Data.Systems = c.Systems;
-    wizard.Server.Data.FailingCall = c.FailingCall;
-    wizard.Next(2);
-    CHECK(wizard.Desktop.Texts() == (c.Message.empty() ? std::vector<std::string>() : std::vector{c.Message}));
-    CHECK(wizard.Status() == c.Status);
-    CHECK(wizard.Step() == "2");
-    CHECK(wizard.Connected().empty());
-    CHECK(wizard.Buttons() == "BN-C");
-    CHECK(wizard.Desktop.Pointers.back() == ui::MousePointer::Default);
-    wizard.Server.Data.FailingCall = "";
-    wizard.Dialog.cmdBack.Click();
-    wizard.Next();
-    auto& systems = wizard.Dialog.tvwConnection;
-    systems.ClickNode(systems.Nodes.Item(systems.Nodes.Count()));
-    wizard.Next();
-    CHECK(wizard.Step() == "3");
-  }
-}
-
-TEST_CASE("Finish takes the list as the Attributes step last showed it") {
-  WizardFixture wizard;
-  wizard.GoToProperties();
-  wizard.Select("Age");
-  wizard.Next();
-  wizard.Dialog.cmdBack.Click();
-  wizard.Select("*Name");
-  for (int i = 0; i < 3; ++i) wizard.Dialog.cmdBack.Click();
-  CHECK(wizard.Buttons() == "-NFC");  // usable on the first step too
-  wizard.Dialog.cmdFinish.Click();
-  CHECK(wizard.Dialog.IsUnloaded());
-  CHECK(wizard.State.Form.SelectedFields.UpperBound() == Int16(1));
-  CHECK(wizard.State.Form.SelectedFields[Int16(1)] == Int16(2));
-}
-
-TEST_CASE("The settings are loaded anew each time they are shown, and an error in them leaves the wizard usable") {
-  WizardFixture wizard;
+TEST_CASE_FIXTURE(
+    WizardFixture,
+    "The settings are loaded anew each time they are shown, and an error in them leaves the wizard usable") {
   std::string columns;
-  wizard.Desktop.OnShowModal = [&](ui::Form& form) {
+  Desktop.OnShowModal = [&](ui::Form& form) {
     form.Load();
     auto& settings = dynamic_cast<settings::frmSettings&>(form);
     columns += settings.txtNumColumns.Text();
     settings.spnNumColumns.Spin(+1);
     settings.cmdOK.Click();
   };
-  wizard.Dialog.cmdSettings.Click();
-  wizard.Dialog.cmdSettings.Click();
-  wizard.Profile.Values["Menu"] = "maybe";
-  wizard.Dialog.cmdSettings.Click();
-  REQUIRE(wizard.Desktop.Messages.size() == 1);
-  CHECK(wizard.Desktop.Messages[0].Text == "Run-time error '13':\n\nType mismatch");
-  CHECK(wizard.Desktop.Messages[0].Title == "Ostrel Form Wizard - Step 1 of 6");
-  wizard.Profile.Values["Menu"] = "1";
-  wizard.Dialog.cmdSettings.Click();
+  for (const char* menu : {"1", "1", "maybe", "1"}) {
+    Profile.Values["Menu"] = menu;
+    Dialog.cmdSettings.Click();
+  }
+  CHECK(Desktop.Shown() == "Ostrel Form Wizard - Step 1 of 6[48]: Run-time error '13':\n\nType mismatch\n");
   CHECK(columns == "123");
-  wizard.Next(2);
-  CHECK(wizard.Step() == "3");
-  CHECK(wizard.State.Settings.Columns == Int16(4));
+  Next(2);
+  CHECK(State.Settings.Columns == Int16(4));
 }

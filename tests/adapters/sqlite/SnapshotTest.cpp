@@ -2,7 +2,6 @@
 #include "adapters/sqlite/Snapshot.h"
 #include "support/Failures.h"
 #include "tests/support/FakeServer.h"
-#include "tests/support/Golden.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>

@@ -7,29 +7,30 @@
 using formwizard::adapters::vb6files::CodePage;
 using formwizard::support::InputError;
 
+namespace {
+
+struct Case {
+  int Number;
+  std::string Text, Bytes;
+};
+
+}  // namespace
+
 TEST_CASE("Texts turn into the code page's bytes and back") {
-  CHECK(CodePage(1252).Encode("Größe €") ==
-        "Gr\xF6\xDF"
-        "e \x80");
-  CHECK(CodePage(1252).Decode("Gr\xF6\xDF"
-                              "e \x80") == "Größe €");
-  CHECK(CodePage(1251).Encode("меню") == "\xEC\xE5\xED\xFE");
-  CHECK(CodePage(932).Decode(CodePage(932).Encode("入力")) == "入力");
-  CHECK(CodePage(932).Encode("入力").size() == 4);
-  CHECK(CodePage(1255).Decode("\xF9\xEC\xE5\xED") == "שלום");  // whose letters may be followed by marks
-  CHECK(CodePage(1252).Decode("a\x81"
-                              "b") == "a\uFFFDb");  // an undefined byte
-  CHECK(CodePage(932).Decode("\x82") == "\uFFFD");  // half a character
-  CHECK(CodePage(932).Decode("\x82"
-                             "\x01"
-                             "b") ==
-        "\uFFFD\x01"
-        "b");
-  CHECK(CodePage(65001).Decode("ä\xE2\x82"
-                               "b") == "ä\uFFFD\uFFFDb");
-  CHECK(CodePage(65001).Encode("ä😀") == "ä😀");
   const std::string longText(1000, 'x');
-  CHECK(CodePage(1252).Encode(longText + "ä") == longText + "\xE4");
+  for (const Case& c : {Case{1252, "€ Größe", "\x80 Gr\xF6\xDF\x65"}, Case{1251, "меню", "\xEC\xE5\xED\xFE"},
+                        Case{932, "入力", "\x93\xFC\x97\xCD"}, Case{1255, "שלום", "\xF9\xEC\xE5\xED"},
+                        Case{65001, "ä😀", "ä😀"}, Case{1252, longText + "ä", longText + "\xE4"}}) {
+    CAPTURE(c.Text);
+    CHECK(CodePage(c.Number).Encode(c.Text) == c.Bytes);
+    CHECK(CodePage(c.Number).Decode(c.Bytes) == c.Text);
+  }
+  // Undefined bytes and halves of characters.
+  for (const Case& c : {Case{1252, "a\uFFFDz", "a\x81z"}, Case{932, "\uFFFD", "\x82"},
+                        Case{932, "\uFFFD\x01z", "\x82\x01z"}, Case{65001, "ä\uFFFD\uFFFDz", "ä\xE2\x82z"}}) {
+    CAPTURE(c.Text);
+    CHECK(CodePage(c.Number).Decode(c.Bytes) == c.Text);
+  }
 }
 
 TEST_CASE("A character that the code page lacks is named, and nothing takes its place") {

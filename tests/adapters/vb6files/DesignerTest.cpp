@@ -26,15 +26,13 @@ struct DesignerFixture {
     Form.AppendTo(out, frx);
     return out;
   }
-  // The lines of the text that hold one of the words, without blanks at their start.
-  std::string LinesWith(const std::string& word) {
+  // What stands behind each occurrence of a text, to the end of its line.
+  std::string Behind(const std::string& start) {
     std::string found;
     const std::string text = Text();
-    for (std::size_t at = 0; at < text.size();) {
-      const std::size_t end = text.find("\r\n", at);
-      const std::string line = text.substr(at, end - at);
-      if (line.find(word) != std::string::npos) found += line.substr(line.find_first_not_of(' ')) + "\n";
-      at = end + 2;
+    for (std::size_t at = text.find(start); at != std::string::npos; at = text.find(start, at)) {
+      at += start.size();
+      found += text.substr(at, text.find("\r\n", at) - at) + "|";
     }
     return found;
   }
@@ -74,7 +72,7 @@ TEST_CASE("What the environment refuses is refused with its error") {
   CHECK(ErrorNumberOf([&] { form.Form.Add("VB.Label", &combo); }) == runtime::InvalidPropertyValue);
 }
 
-TEST_CASE("Values are written as the environment writes them") {
+TEST_CASE("Properties stand in the order of their class, with what it always writes") {
   DesignerFixture form;
   form.Libraries.Add({"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0", "MSCOMCTL.OCX", "MSComctlLib"});
   Control& list = form.Add("mscomctllib.listview", "lvwA");
@@ -83,49 +81,36 @@ TEST_CASE("Values are written as the environment writes them") {
     list.SetProperty(name, std::string_view(value));
   }
   CHECK(form.Text() ==
-        "   Begin MSComctlLib.ListView lvwA \r\n"
-        "      Height          =   1035\r\n"
-        "      Left            =   0\r\n"
-        "      TabIndex        =   0\r\n"
-        "      Top             =   0\r\n"
-        "      Width           =   1215\r\n"
-        "      _ExtentX        =   2143\r\n"
-        "      _ExtentY        =   1826\r\n"
-        "      View            =   3\r\n"
-        "      LabelEdit       =   1\r\n"
-        "      LabelWrap       =   -1  'True\r\n"
-        "      HideSelection   =   -1  'True\r\n"
-        "      FullRowSelect   =   -1  'True\r\n"
-        "      _Version        =   393217\r\n"
-        "      ForeColor       =   -2147483640\r\n"
-        "      BackColor       =   -2147483643\r\n"
-        "      BorderStyle     =   1\r\n"
-        "      Appearance      =   1\r\n"
-        "      NumItems        =   0\r\n"
-        "   End\r\n");
+        "   Begin MSComctlLib.ListView lvwA \r\n      Height          =   1035\r\n      Left            =   0\r\n"
+        "      TabIndex        =   0\r\n      Top             =   0\r\n      Width           =   1215\r\n"
+        "      _ExtentX        =   2143\r\n      _ExtentY        =   1826\r\n      View            =   3\r\n"
+        "      LabelEdit       =   1\r\n      LabelWrap       =   -1  'True\r\n"
+        "      HideSelection   =   -1  'True\r\n      FullRowSelect   =   -1  'True\r\n"
+        "      _Version        =   393217\r\n      ForeColor       =   -2147483640\r\n"
+        "      BackColor       =   -2147483643\r\n      BorderStyle     =   1\r\n"
+        "      Appearance      =   1\r\n      NumItems        =   0\r\n   End\r\n");
 }
 
 TEST_CASE("Texts, colours, enumerations and sizes have their own forms") {
   DesignerFixture form;
   Control& label = form.Add("VB.Label", "lblA");
-  const auto written = [&](const char* name, const std::string& value) {
+  const auto written = [&](const std::string& name, const std::string& value) {
     label.SetProperty(name, std::string_view(value));
-    const std::string line = form.LinesWith(std::string(name) + " ");
-    return line.substr(std::min(line.find('=') + 4, line.size()));
+    return form.Behind(name + std::string(16 - name.size(), ' ') + "=   ");
   };
-  CHECK(written("Caption", "say \"hi\" ") == "\"say \"\"hi\"\" \"\n");
-  CHECK(written("Caption", std::string(130, 'x')) == "\"" + std::string(130, 'x') + "\"\n");
-  CHECK(written("Caption", std::string(131, 'x')) == "$\"frmX.frx\":0000\n");
-  CHECK(written("Caption", "two\r\nlines") == "$\"frmX.frx\":0000\n");
-  CHECK(written("Alignment", "1") == "1  'Right Justify\n");
+  CHECK(written("Caption", "say \"hi\" ") == "\"say \"\"hi\"\" \"|");
+  CHECK(written("Caption", std::string(130, 'x')) == "\"" + std::string(130, 'x') + "\"|");
+  CHECK(written("Caption", std::string(131, 'x')) == "$\"frmX.frx\":0000|");
+  CHECK(written("Caption", "two\r\nlines") == "$\"frmX.frx\":0000|");
+  CHECK(written("Alignment", "1") == "1  'Right Justify|");
   CHECK(written("Alignment", "0").empty());  // the default is not written
-  CHECK(written("Visible", "0") == "0   'False\n");
-  CHECK(written("BackColor", "255") == "&H000000FF&\n");
-  CHECK(written("Top", "-450") == "-450\n");
-  CHECK(written("Top", "0.25") == ".25\n");
-  CHECK(written("Top", "100000") == "1e5\n");
-  CHECK(written("Top", "999999") == "2.45745e5\n");  // the largest there is
-  CHECK(written("MousePointer", "99") == "99  '\n");
+  CHECK(written("Visible", "0") == "0   'False|");
+  CHECK(written("BackColor", "255") == "&H000000FF&|");
+  CHECK(written("Top", "-450") == "-450|");
+  CHECK(written("Top", "0.25") == ".25|");
+  CHECK(written("Top", "100000") == "1e5|");
+  CHECK(written("Top", "999999") == "2.45745e5|");  // the largest there is
+  CHECK(written("MousePointer", "99") == "99  '|");
 }
 
 TEST_CASE("Controls stand by layer, the youngest first, the tab order is a permutation") {
@@ -136,48 +121,42 @@ TEST_CASE("Controls stand by layer, the youngest first, the tab order is a permu
         std::pair{"VB.TextBox", "txt2"}, std::pair{"VB.Menu", "mnu1"}, std::pair{"VB.Menu", "mnu2"}}) {
     form.Add(progId, name);
   }
-  const auto indexes = [&] { return form.LinesWith("Begin") + form.LinesWith("TabIndex"); };
-  CHECK(indexes() ==
-        "Begin VB.TextBox txt2 \nBegin VB.TextBox txt1 \nBegin VB.Frame fraA \nBegin VB.Image img1 \nBegin VB.Label "
-        "lbl1 \nBegin VB.Menu mnu1 \nBegin VB.Menu mnu2 \n"
-        "TabIndex        =   3\nTabIndex        =   1\nTabIndex        =   0\nTabIndex        =   2\n");
+  CHECK(form.Behind("Begin VB.") ==
+        "TextBox txt2 |TextBox txt1 |Frame fraA |Image img1 |Label lbl1 |Menu mnu1 |Menu mnu2 |");
+  CHECK(form.Behind("TabIndex        =   ") == "3|1|0|2|");
 
-  Control& last = form.Add("VB.CommandButton", "cmdA");
-  last.SetProperty("TabIndex", std::string_view("1"));
+  form.Add("VB.CommandButton", "cmdA").SetProperty("TabIndex", std::string_view("1"));
   frame.SetProperty("TabIndex", std::string_view("99"));  // clamped to the last
-  CHECK(form.LinesWith("TabIndex") ==
-        "TabIndex        =   0\nTabIndex        =   3\nTabIndex        =   1\nTabIndex        =   4\n"
-        "TabIndex        =   2\n");
+  CHECK(form.Behind("TabIndex        =   ") == "0|3|1|4|2|");
 }
 
 TEST_CASE("A control moves into a container and not into itself or what it holds") {
   DesignerFixture form;
-  const auto owner = std::make_shared<int>(0);
-  const auto handle = [&](Control& control) { return std::shared_ptr<generator::ide::VBControl>(owner, &control); };
   Control& outer = form.Add("VB.Frame", "fraOuter");
   Control& inner = form.Add("VB.Frame", "fraInner");
   Control& box = form.Add("VB.TextBox", "txtA");
-  inner.SetContainer(handle(outer));
-  box.SetContainer(handle(inner));
-  CHECK(form.LinesWith("Begin") == "Begin VB.Frame fraOuter \nBegin VB.Frame fraInner \nBegin VB.TextBox txtA \n");
-  CHECK(ErrorNumberOf([&] { outer.SetContainer(handle(inner)); }) == runtime::InvalidPropertyValue);
-  CHECK(ErrorNumberOf([&] { outer.SetContainer(handle(outer)); }) == runtime::InvalidPropertyValue);
-  CHECK(ErrorNumberOf([&] { inner.SetContainer(handle(box)); }) == runtime::InvalidPropertyValue);
-  CHECK(ErrorNumberOf([&] { box.SetContainer(nullptr); }) == runtime::ObjectVariableNotSet);
+  const auto moveError = [owner = std::make_shared<int>(0)](Control& control, Control* into) {
+    return ErrorNumberOf([&] { control.SetContainer(std::shared_ptr<Control>(owner, into)); });
+  };
+  CHECK(moveError(inner, &outer) == 0);
+  CHECK(moveError(box, &inner) == 0);
+  CHECK(form.Behind("Begin VB.") == "Frame fraOuter |Frame fraInner |TextBox txtA |");
+  CHECK(moveError(outer, &inner) == runtime::InvalidPropertyValue);
+  CHECK(moveError(outer, &outer) == runtime::InvalidPropertyValue);
+  CHECK(moveError(inner, &box) == runtime::InvalidPropertyValue);
+  CHECK(moveError(box, nullptr) == runtime::ObjectVariableNotSet);
 }
 
 TEST_CASE("Combo boxes, multi-line texts and picture boxes write what only they have") {
   DesignerFixture form;
   Control& combo = form.Add("VB.ComboBox", "cmbA");
-  CHECK(form.LinesWith("Text ") == "Text            =   \"Combo1\"\n");  // its name when it was new
+  CHECK(form.Behind(" Text            =   ") == "\"Combo1\"|");  // its name when it was new
   combo.SetProperty("Style", std::string_view("2"));
-  CHECK(form.LinesWith("Text ").empty());
-  Control& box = form.Add("VB.TextBox", "txtA");
-  box.SetProperty("Text", std::string_view("txtA"));
-  box.SetProperty("MultiLine", std::string_view("-1"));
-  CHECK(form.LinesWith("Text ") == "Text            =   \"frmX.frx\":0000\n");
+  CHECK(form.Behind(" Text            =   ").empty());
+  form.Add("VB.TextBox", "txtA").SetProperty("MultiLine", std::string_view("-1"));
+  CHECK(form.Behind(" Text            =   ") == "\"frmX.frx\":0000|");
   Control& picture = form.Add("VB.PictureBox", "picA");
-  CHECK(form.LinesWith("ScaleHeight") == "ScaleHeight     =   435\n");
+  CHECK(form.Behind("ScaleHeight     =   ") == "435|");
   picture.SetProperty("BorderStyle", std::string_view("0"));
-  CHECK(form.LinesWith("ScaleHeight") == "ScaleHeight     =   495\n");
+  CHECK(form.Behind("ScaleHeight     =   ") == "495|");
 }

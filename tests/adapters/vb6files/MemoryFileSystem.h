@@ -1,15 +1,18 @@
 // A file system in memory that can fail, stop or tear at any of its changing operations.
 #pragma once
 
+#include "adapters/vb6files/FilePath.h"
 #include "adapters/vb6files/FileSystem.h"
 #include "support/Failures.h"
 
+#include <array>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace formwizard::tests {
@@ -19,39 +22,27 @@ class MemoryFileSystem : public adapters::vb6files::FileSystem {
   enum class Trouble { None, Fails, TearsAndFails, Stops };
   using Contents = std::map<std::string, std::string>;
 
-  MemoryFileSystem() = default;
-  explicit MemoryFileSystem(Contents files) : Files(std::move(files)), durable_(Files) {}
+  // Trouble strikes once, at the changing operation of this number, counted from 1. Once the machine has stopped,
+  // nothing that is called does anything.
+  explicit MemoryFileSystem(Contents files = {}, Trouble kind = Trouble::None, int troubleAt = 0)
+      : Files(std::move(files)), durable_(Files), kind_(kind), troubleAt_(troubleAt) {}
 
   Contents Files;
   std::set<std::string> Folders;  // only those that were created here
-  bool IsLocked = false;
+  bool IsLocked = false, IsStopped = false;
   int Operations = 0;  // changing ones so far
   mutable int FilesRead = 0, FoldersRead = 0;
-  // Trouble strikes once, at the operation of this number, counted from 1. Once the machine has stopped, nothing that
-  // is called does anything.
-  int TroubleAt = 0;
-  Trouble Kind = Trouble::None;
-  bool IsStopped = false;
 
   // What a machine that stopped now may find afterwards: of every folder either all changes or only the flushed ones.
   std::vector<Contents> AfterCrash() const {
-    std::set<std::string> folders;
-    for (const Contents* contents : {&Files, &durable_}) {
-      for (const auto& [path, bytes] : *contents) folders.insert(FolderOf(path));
-    }
+    std::map<std::string, std::array<Contents, 2>> folders;
+    for (const auto& file : Files) folders[FolderOf(file.first)][0].insert(file);
+    for (const auto& file : durable_) folders[FolderOf(file.first)][1].insert(file);
     std::vector<Contents> found{{}};
-    for (const std::string& folder : folders) {
-      std::vector<Contents> next;
-      for (const Contents& before : found) {
-        for (const Contents* state : {&Files, &durable_}) {
-          Contents merged = before;
-          for (const auto& [path, bytes] : *state) {
-            if (FolderOf(path) == folder) merged[path] = bytes;
-          }
-          next.push_back(std::move(merged));
-        }
+    for (const auto& [folder, states] : folders) {
+      for (const Contents& before : std::exchange(found, {})) {
+        for (const Contents& state : states) found.emplace_back(before).insert(state.begin(), state.end());
       }
-      found = std::move(next);
     }
     return found;
   }
@@ -75,29 +66,25 @@ class MemoryFileSystem : public adapters::vb6files::FileSystem {
   }
 
   std::unique_ptr<adapters::vb6files::FileLock> LockFolder(const std::string&) override {
-    if (IsLocked) return nullptr;
     struct Lock : adapters::vb6files::FileLock {};
-    return std::make_unique<Lock>();
+    return IsLocked ? nullptr : std::make_unique<Lock>();
   }
   void CreateFolder(const std::string& folder) override {
     if (Begin(folder)) Folders.insert(folder);
   }
   void WriteNew(const std::string& path, std::string_view bytes, const std::string&) override {
-    const bool tears = Kind == Trouble::TearsAndFails && Operations + 1 == TroubleAt;
+    const bool tears = kind_ == Trouble::TearsAndFails && Operations + 1 == troubleAt_;
     if (tears) Files[path] = bytes.substr(0, bytes.size() / 2);
-    if (Begin(path)) Files[path] = bytes;
+    if (Begin(path) && !Files.emplace(path, bytes).second) throw support::SaveError(path + ": it exists already");
   }
   bool MoveNew(const std::string& from, const std::string& to) override {
     if (!Begin(to)) return true;
     if (Files.contains(to)) return false;
-    Files[to] = Files.at(from);
-    Files.erase(from);
+    Move(from, to);
     return true;
   }
   void Replace(const std::string& from, const std::string& to) override {
-    if (!Begin(to)) return;
-    Files[to] = Files.at(from);
-    Files.erase(from);
+    if (Begin(to)) Move(from, to);
   }
   void FlushFolder(const std::string& folder) override {
     if (!Begin(folder)) return;
@@ -117,20 +104,26 @@ class MemoryFileSystem : public adapters::vb6files::FileSystem {
   }
 
  private:
-  static std::string FolderOf(const std::string& path) { return path.substr(0, path.find_last_of('/')); }
+  static std::string FolderOf(const std::string& path) { return adapters::vb6files::FolderOf(path); }
 
   // False once the machine has stopped.
   bool Begin(const std::string& path) {
     if (IsStopped) return false;
-    if (++Operations != TroubleAt || Kind == Trouble::None) return true;
-    if (Kind == Trouble::Stops) {
+    if (++Operations != troubleAt_ || kind_ == Trouble::None) return true;
+    if (kind_ == Trouble::Stops) {
       IsStopped = true;
       return false;
     }
     throw support::SaveError(path + ": no space left");
   }
+  void Move(const std::string& from, const std::string& to) {
+    Files[to] = Files.at(from);
+    Files.erase(from);
+  }
 
   Contents durable_;
+  Trouble kind_;
+  int troubleAt_;
 };
 
 }  // namespace formwizard::tests

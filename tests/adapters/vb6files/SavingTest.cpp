@@ -4,6 +4,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -17,58 +18,56 @@ using Trouble = MemoryFileSystem::Trouble;
 using Contents = MemoryFileSystem::Contents;
 
 const std::string ProjectPath = "P/Lending.vbp";
-
-std::string EmptyForm(const std::string& name) {
-  return "VERSION 5.00\r\nBegin VB.Form " + name +
-         " \r\n   ClientHeight    =   3195\r\n   ClientWidth     =   4680\r\nEnd\r\n" + "Attribute VB_Name = \"" +
-         name + "\"\r\nAttribute VB_Exposed = False\r\n";
-}
+const std::string EmptyForm =
+    "VERSION 5.00\r\nBegin VB.Form Form1 \r\n   ClientHeight    =   3195\r\nEnd\r\nAttribute VB_Name = \"Form1\"\r\n";
 
 // A project whose empty Form1 stands in a folder below.
 Contents OldProject() {
   return {{ProjectPath, "Type=Exe\r\nForm=Forms\\Form1.frm\r\nModule=modA; modA.bas\r\nStartup=\"Form1\"\r\n"},
-          {"P/Forms/Form1.frm", EmptyForm("Form1")},
+          {"P/Forms/Form1.frm", EmptyForm},
           {"P/modA.bas", "Attribute VB_Name = \"modA\"\r\n"}};
 }
 
 // Reuses Form1 and adds a form that needs a companion file.
-void Generate(ProjectOnDisk& project) {
+void Change(ProjectOnDisk& project, bool finishesForms) {
   VBComponents& components = project.ActiveVBProject().Components();
   const auto reused = components.Find("Form1");
   reused->SetName("frmPerson");
   reused->DesignerControls()->Add("VB.Label", nullptr);
-  project.FinishForms();
+  if (finishesForms) project.FinishForms();
   const auto added = components.Add(ComponentType::Form);
   added->SetName("frmHome");
   const auto notes = added->DesignerControls()->Add("VB.TextBox", nullptr);
   notes->SetProperty("MultiLine", std::string_view("-1"));
   notes->SetProperty("Text", std::string_view("txtNotes"));
+}
+
+void Generate(FileSystem& files) {
+  ProjectOnDisk project(files, ProjectPath, {});
+  Change(project, true);
   project.Save();
 }
 
 Contents NewProject() {
   MemoryFileSystem files(OldProject());
-  ProjectOnDisk project(files, ProjectPath, {});
-  Generate(project);
+  Generate(files);
   return files.Files;
 }
 
 // Files of the new project that the old one already refers to by nothing may lie beside it.
-bool IsOldOrNew(const Contents& found, const Contents& before, const Contents& after) {
-  const Contents& expected = found.at(ProjectPath) == before.at(ProjectPath) ? before : after;
-  for (const auto& [path, bytes] : expected) {
-    const auto file = found.find(path);
-    if (file == found.end() || file->second != bytes) return false;
-  }
-  return true;
+bool Holds(const Contents& found, const Contents& expected) {
+  return std::ranges::all_of(expected, [&](const auto& file) {
+    const auto at = found.find(file.first);
+    return at != found.end() && at->second == file.second;
+  });
 }
 
 TEST_CASE("A saved project lists the new files, and the old form stays beside them") {
-  const Contents after = NewProject();
+  Contents after = NewProject();
   CHECK(after.at(ProjectPath) ==
         "Type=Exe\r\nForm=Forms\\frmPerson.frm\r\nModule=modA; "
         "modA.bas\r\nForm=frmHome.frm\r\nStartup=\"frmPerson\"\r\n");
-  CHECK(after.at("P/Forms/Form1.frm") == EmptyForm("Form1"));
+  CHECK(after.at("P/Forms/Form1.frm") == EmptyForm);
   CHECK(after.at("P/Forms/frmPerson.frm").find("Begin VB.Label Label1 \r\n") != std::string::npos);
   CHECK(after.at("P/frmHome.frm").find("\"frmHome.frx\":0000") != std::string::npos);
   CHECK(after.at("P/frmHome.frx") == "\x08txtNotes");
@@ -77,141 +76,55 @@ TEST_CASE("A saved project lists the new files, and the old form stays beside th
 
 TEST_CASE("A crash at any operation leaves the old or the new project, and the next save completes it") {
   const Contents before = OldProject(), after = NewProject();
-  for (int operation = 1;; ++operation) {
+  bool stopped = true;
+  for (int operation = 1; stopped; ++operation) {
     CAPTURE(operation);
-    MemoryFileSystem files(before);
-    files.TroubleAt = operation;
-    files.Kind = Trouble::Stops;
-    {
-      ProjectOnDisk project(files, ProjectPath, {});
-      Generate(project);
-    }
+    REQUIRE(operation < 100);
+    MemoryFileSystem files(before, Trouble::Stops, operation);
+    Generate(files);
     for (const Contents& found : files.AfterCrash()) {
-      REQUIRE(IsOldOrNew(found, before, after));
+      const bool isOld = found.at(ProjectPath) == before.at(ProjectPath);
+      REQUIRE(Holds(found, isOld ? before : after));
+      if (!isOld) continue;
       MemoryFileSystem again(found);
       again.Folders = files.Folders;
-      ProjectOnDisk project(again, ProjectPath, {});
-      if (found.at(ProjectPath) != before.at(ProjectPath)) continue;
-      Generate(project);
+      Generate(again);
       CHECK(again.Files == after);
       CHECK(again.Folders.empty());
     }
-    if (!files.IsStopped) break;
-    REQUIRE(operation < 100);
+    stopped = files.IsStopped;
   }
 }
 
 TEST_CASE("A failing operation or a full disk leaves every file as it was, or saves everything") {
   const Contents before = OldProject(), after = NewProject();
   for (const Trouble kind : {Trouble::Fails, Trouble::TearsAndFails}) {
-    for (int operation = 1;; ++operation) {
+    bool failed = true;
+    for (int operation = 1; failed; ++operation) {
       CAPTURE(operation);
-      MemoryFileSystem files(before);
-      files.TroubleAt = operation;
-      files.Kind = kind;
-      bool refused = false;
+      REQUIRE(operation < 100);
+      MemoryFileSystem files(before, kind, operation);
       try {
-        ProjectOnDisk project(files, ProjectPath, {});
-        Generate(project);
+        Generate(files);
+        // Only cleaning up afterwards may leave something behind, for the next save to remove.
+        CHECK(Holds(files.Files, after));
       } catch (const support::SaveError&) {
-        refused = true;
-      }
-      // Only cleaning up afterwards may leave something behind, for the next save to remove.
-      if (refused) {
         CHECK(files.Files == before);
         CHECK(files.Folders.empty());
-      } else {
-        CHECK(IsOldOrNew(files.Files, after, after));
       }
-      if (files.Operations < operation) break;
-      REQUIRE(operation < 100);
+      failed = files.Operations >= operation;
     }
   }
-}
-
-TEST_CASE("Saving refuses what would destroy somebody's work, and changes nothing") {
-  const Contents before = OldProject(), after = NewProject();
-  struct Case {
-    std::string Path, Bytes;
-    bool IsLocked;
-    std::string Reason;
-  };
-  for (const Case& c : {Case{"P/frmHome.frm", "another form", false, "P/frmHome.frm"},
-                        Case{"P/frmHome.frx", "another record", false, "P/frmHome.frx"},
-                        Case{"P/Forms/frmPerson.frm", "", false, "P/Forms/frmPerson.frm"},
-                        Case{ProjectPath, "Type=Exe\r\nForm=Forms\\Form1.frm\r\n", false, "changed"},
-                        Case{ProjectPath, before.at(ProjectPath), true, "another program is saving"}}) {
-    CAPTURE(c.Path);
-    MemoryFileSystem files(before);
-    std::string message;
-    Contents disturbed;
-    {
-      ProjectOnDisk project(files, ProjectPath, {});
-      files.Files[c.Path] = c.Bytes;
-      files.IsLocked = c.IsLocked;
-      disturbed = files.Files;
-      try {
-        Generate(project);
-      } catch (const support::SaveError& error) {
-        message = error.what();
-      }
-    }
-    CHECK(message.find(c.Reason) != std::string::npos);
-    CHECK(files.Files == disturbed);
-  }
-
-  // The same file left by an interrupted save is no obstacle.
-  MemoryFileSystem files(before);
-  files.Files["P/frmHome.frm"] = after.at("P/frmHome.frm");
-  ProjectOnDisk project(files, ProjectPath, {});
-  Generate(project);
-  CHECK(files.Files == after);
-}
-
-TEST_CASE("Nothing is written for an unchanged project or in a dry run, which announces what saving would write") {
-  MemoryFileSystem files(OldProject());
-  {
-    ProjectOnDisk project(files, ProjectPath, {});
-    project.ActiveVBProject().Components().Find("Form1")->DesignerControls();
-    project.Save();
-  }
-  CHECK(files.Operations == 0);
-
-  Contents announced = OldProject();
-  bool oldBytesAreTrue = true;
-  ProjectOnDisk project(files, ProjectPath, {});
-  project.OnChange(
-      [&](const FileChange& change) {
-        const auto old = announced.find(change.Path);
-        oldBytesAreTrue &= change.Old == (old == announced.end() ? std::nullopt : std::optional(old->second));
-        announced[change.Path] = change.New;
-      },
-      true);
-  Generate(project);
-  CHECK(files.Operations == 0);
-  CHECK(announced == NewProject());
-  CHECK(oldBytesAreTrue);
 }
 
 TEST_CASE("A project that could not be saved is still open, and is saved when it is tried again") {
-  const Contents after = NewProject();
-  for (int trouble = 1; trouble < 12; ++trouble) {
-    CAPTURE(trouble);
-    MemoryFileSystem files(OldProject());
+  for (int operation = 1; operation < 12; ++operation) {
+    CAPTURE(operation);
+    MemoryFileSystem files(OldProject(), Trouble::Fails, operation);
     ProjectOnDisk project(files, ProjectPath, {});
-    VBComponents& components = project.ActiveVBProject().Components();
-    const auto reused = components.Find("Form1");
-    reused->SetName("frmPerson");
-    reused->DesignerControls()->Add("VB.Label", nullptr);
-    const auto added = components.Add(ComponentType::Form);
-    added->SetName("frmHome");
-    const auto notes = added->DesignerControls()->Add("VB.TextBox", nullptr);
-    notes->SetProperty("MultiLine", std::string_view("-1"));
-    notes->SetProperty("Text", std::string_view("txtNotes"));
+    Change(project, false);
     CHECK(project.IsChanged());
     const std::string shown = project.TextsOf("frmHome").Frm;
-    files.TroubleAt = trouble;
-    files.Kind = Trouble::Fails;
     try {
       project.Save();
     } catch (const support::SaveError&) {
@@ -220,11 +133,63 @@ TEST_CASE("A project that could not be saved is still open, and is saved when it
       CHECK(project.TextsOf("frmHome").Frm == shown);
       project.Save();
     }
-    CHECK(files.Files == after);
+    CHECK(files.Files == NewProject());
     CHECK_FALSE(project.IsChanged());
     CHECK(project.TextsOf("frmHome").Frm == shown);
     CHECK(project.Summaries().back().File == "P/frmHome.frm");
   }
+}
+
+TEST_CASE("Saving refuses what would destroy somebody's work, and changes nothing") {
+  const Contents before = OldProject(), after = NewProject();
+  struct Case {
+    std::string Path, Bytes;
+    bool IsLocked;
+    const char* Reason;
+  };
+  for (const Case& c : {Case{"P/frmHome.frm", "another form", false, "P/frmHome.frm"},
+                        Case{"P/frmHome.frx", "another record", false, "P/frmHome.frx"},
+                        Case{"P/Forms/frmPerson.frm", "", false, "P/Forms/frmPerson.frm"},
+                        Case{ProjectPath, "Type=Exe\r\nForm=Forms\\Form1.frm\r\n", false, "changed"},
+                        Case{ProjectPath, before.at(ProjectPath), true, "another program is saving"}}) {
+    CAPTURE(c.Path);
+    MemoryFileSystem files(before);
+    Contents disturbed;
+    {
+      ProjectOnDisk project(files, ProjectPath, {});
+      files.Files[c.Path] = c.Bytes;
+      files.IsLocked = c.IsLocked;
+      disturbed = files.Files;
+      Change(project, false);
+      CHECK_THROWS_WITH_AS(project.Save(), doctest::Contains(c.Reason), support::SaveError);
+    }
+    CHECK(files.Files == disturbed);
+  }
+
+  // The same file left by an interrupted save is no obstacle.
+  MemoryFileSystem files(before);
+  files.Files["P/frmHome.frm"] = after.at("P/frmHome.frm");
+  Generate(files);
+  CHECK(files.Files == after);
+}
+
+TEST_CASE("Nothing is written for an unchanged project or in a dry run, which announces what saving would write") {
+  MemoryFileSystem files(OldProject());
+  ProjectOnDisk project(files, ProjectPath, {});
+  project.ActiveVBProject().Components().Find("Form1")->DesignerControls();
+  project.Save();
+  Contents announced = OldProject();
+  project.OnChange(
+      [&](const FileChange& change) {
+        CHECK(change.Old.has_value() == announced.contains(change.Path));
+        CHECK(change.Old.value_or("") == announced[change.Path]);
+        announced[change.Path] = change.New;
+      },
+      true);
+  Change(project, true);
+  project.Save();
+  CHECK(files.Operations == 0);
+  CHECK(announced == NewProject());
 }
 
 TEST_CASE("The file system of this machine keeps what saving relies on") {
@@ -249,7 +214,6 @@ TEST_CASE("The file system of this machine keeps what saving relies on") {
   CHECK_FALSE(files.Read(Utf8(folder)));
 
   auto lock = files.LockFolder(Utf8(folder));
-  CHECK(lock);
   CHECK_FALSE(files.LockFolder(Utf8(folder)));
   lock.reset();
   CHECK(files.LockFolder(Utf8(folder)));

@@ -13,8 +13,6 @@ using namespace formwizard::adapters::vb6files;
 using formwizard::tests::MemoryFileSystem;
 
 constexpr const char* Query = "OSTRELQUERY.OstrelQueryCtrl.1";
-constexpr const char* Dialog = "MSCOMDLG.CommonDialog";
-constexpr const char* List = "MSComctlLib.ListViewCtrl";
 
 TEST_CASE("A project keeps its own line of a library, a missing one comes from the built-in rows or the toolbox file") {
   const std::string toolbox =
@@ -25,60 +23,54 @@ TEST_CASE("A project keeps its own line of a library, a missing one comes from t
   const std::string list = "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX\r\n";
   const std::string ownQuery = "Object={00000000-0000-0000-0000-000000000001}#3.0#0; ostrelquery.ocx\r\n";
   const std::string ownList = "Object={831fdd16-0C5C-11D2-A9FC-0000F8754DA1}#2.2#0; renamed.ocx\r\n";
-  struct Case {
-    std::string Before, After;
-  };
-  for (const Case& c :
-       {Case{"", query + dialog + list}, Case{ownQuery, ownQuery + dialog + list},
-        Case{ownList + ownQuery, ownList + ownQuery + dialog},
-        Case{"Object=*\\AOther.vbp\r\n" + dialog, "Object=*\\AOther.vbp\r\n" + dialog + query + list}}) {
-    CAPTURE(c.Before);
-    MemoryFileSystem files({{"P/P.vbp", "Type=Exe\r\n" + c.Before}, {"toolbox.ini", toolbox}});
+  const std::string foreign = "Object=*\\AOther.vbp\r\nObject={00000000-0000-0000-0000-000000000002}#1.0#0; o.ocx\r\n";
+  for (const auto& [before, added] :
+       {std::pair{std::string(), query + dialog + list}, std::pair{ownQuery, dialog + list},
+        std::pair{ownList + ownQuery, dialog}, std::pair{foreign + dialog, query + list}}) {
+    CAPTURE(before);
+    MemoryFileSystem files({{"P/P.vbp", "Type=Exe\r\n" + before}, {"toolbox.ini", toolbox}});
     ProjectOnDisk project(files, "P/P.vbp", {1252, "toolbox.ini"});
-    for (int twice = 0; twice < 2; ++twice) {
-      for (const char* progId : {Query, Dialog, List}) project.ActiveVBProject().AddToolboxProgID(progId);
+    for (const char* progId : {Query, "MSCOMDLG.CommonDialog", "MSComctlLib.ListViewCtrl.2", Query}) {
+      project.ActiveVBProject().AddToolboxProgID(progId);
     }
     project.Save();
-    CHECK(files.Files.at("P/P.vbp") == "Type=Exe\r\n" + c.After);
+    CHECK(files.Files.at("P/P.vbp") == "Type=Exe\r\n" + before + added);
   }
 }
 
 TEST_CASE("A class that nothing knows is refused with what to supply and where") {
   const MemoryFileSystem files(MemoryFileSystem::Contents{{"empty.ini", "[Toolbox]\r\n"}});
-  for (const char* file : {"", "empty.ini"}) {
-    const Toolbox toolbox(files, file);
-    for (const char* progId : {Query, "Other.Control"}) {
+  for (const auto& [file, where] :
+       {std::pair{"", "none was given"}, std::pair{"empty.ini", "empty.ini has no such line"}}) {
+    for (const std::string progId : {Query, "Other.Control"}) {
       CAPTURE(progId);
       try {
-        toolbox.Find(progId);
+        Toolbox(files, file).Find(progId);
         FAIL("found");
       } catch (const runtime::RuntimeError& error) {
         CHECK(error.Number() == runtime::ControlNotFound);
-        for (const std::string& part :
-             {"ActiveX control '" + std::string(progId) + "' not found", std::string("Object="), std::string(file)}) {
-          CHECK(error.Description().find(part) != std::string::npos);
-        }
+        CHECK(error.Description() == "ActiveX control '" + progId +
+                                         "' not found: copy what stands behind \"Object=\" in a project that uses it "
+                                         "into the section [Toolbox] of a toolbox file, as \"" +
+                                         progId + "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" +
+                                         where + ")");
       }
     }
   }
 }
 
 TEST_CASE("A damaged toolbox file is refused with the line") {
-  constexpr const char* Guid = "{5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B648}";
-  for (const std::string& line : {std::string("Query"), std::string("Query="), "Query=" + std::string(Guid),
-                                  "Query=" + std::string(Guid) + "; A.OCX", "Query=" + std::string(Guid) + "#1.0#0",
-                                  "Query=" + std::string(Guid) + "#1.0#0; ", "=" + std::string(Guid) + "#1.0#0; A.OCX",
-                                  std::string("Query={5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B64Z}#1.0#0; A.OCX"),
-                                  "Query=Object=" + std::string(Guid) + "#1.0#0; A.OCX"}) {
+  const std::string guid = "{5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B648}";
+  for (const std::string& line :
+       {std::string("Query"), std::string("Query="), "Query=" + guid, "Query=" + guid + "; A.OCX",
+        "Query=" + guid + "#1.0#0", "Query=" + guid + "#1.0#0; ", "Query=" + guid + "#1.0; A.OCX",
+        "=" + guid + "#1.0#0; A.OCX", std::string("Query={5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B64Z}#1.0#0; A.OCX"),
+        "Query=Object=" + guid + "#1.0#0; A.OCX"}) {
     CAPTURE(line);
     const MemoryFileSystem files(MemoryFileSystem::Contents{{"t.ini", "[Toolbox]\r\n\r\n" + line + "\r\n"}});
-    std::string message;
-    try {
-      Toolbox(files, "t.ini");
-    } catch (const support::InputError& error) {
-      message = error.what();
-    }
-    CHECK(message.find("t.ini:3:") == 0);
+    CHECK_THROWS_WITH_AS(Toolbox(files, "t.ini"),
+                         doctest::Contains("t.ini:3: expected \"ProgID={GUID}#version#0; FILE.OCX\", found \""),
+                         support::InputError);
   }
   CHECK_THROWS_AS(Toolbox(MemoryFileSystem(), "none.ini"), support::InputError);
 }

@@ -1,0 +1,92 @@
+#include "tests/support/FakeTreeView.h"
+#include "tests/support/WizardFixture.h"
+
+#include <doctest/doctest.h>
+
+using namespace formwizard;
+using namespace formwizard::tests;
+
+TEST_CASE_FIXTURE(WizardFixture, "Persistent classes stand below their packages and the first one is chosen") {
+  Next(2);
+  CHECK(Tree(Dialog.tvwClasses) ==
+        "Billing[Billing,,8]\n Core.Invoice[,Billing.Core.Invoice,1]\n"
+        "Sample[Sample,,8]\n Company[,Sample.Company,1]\n Person[,Sample.Person,1]\n");
+  CHECK(Dialog.tvwClasses.SelectedItem->Tag == "Billing.Core.Invoice");
+  CHECK(Where() == "3 BN-C");
+  FakeTreeView view(Dialog.tvwClasses);
+  view.DoubleClickRow(2);  // a package
+  CHECK(Where() == "3 B--C");
+  view.DoubleClickRow(9);  // beside all nodes
+  CHECK(Where() == "3 B--C");
+  view.DoubleClickRow(4);
+  CHECK(Where() == "4 B--C");
+}
+
+TEST_CASE("A class list that goes wrong is reported and keeps what it has") {
+  struct Case {
+    std::vector<std::string> names;
+    int failingRow;
+    std::string message;
+  };
+  for (const Case& c : {Case{{"A.B", "NoPackage"}, 0, "Invalid procedure call or argument"},
+                        Case{{"A.B", "C.D", "A.E"}, 0, "Key is not unique in collection"},
+                        Case{{".B"}, 0, "Element not found"}, Case{{"A.B", "A.C"}, 2, "the server failed"}}) {
+    CAPTURE(c.message);
+    WizardFixture wizard;
+    wizard.Server.Data.Queries["%ClassDefinition/ClassInfo/"].clear();
+    for (const std::string& name : c.names) wizard.Server.Data.AddClass(name);
+    wizard.Server.Data.FailAtRow = c.failingRow;
+    wizard.Next(2);
+    CHECK(wizard.Desktop.Texts() == "Error occurred in procedure PopulateClassList : " + c.message + "\n");
+    CHECK(WizardFixture::Tree(wizard.Dialog.tvwClasses).starts_with(c.names[0] == ".B" ? "" : "A[A,,8]\n B[,A.B,1]\n"));
+    CHECK(wizard.Status() == "Ready");
+    CHECK(wizard.Dialog.Enabled);
+  }
+}
+
+TEST_CASE_FIXTURE(WizardFixture,
+                  "Without a class, on a package or with a class that offers nothing there is no way on") {
+  Server.Data.Queries["%ClassDefinition/ClassInfo/"].clear();
+  Server.Data.AddClass("Sample.Hidden", 0);
+  Next(2);
+  CHECK(Where() == "3 B--C");
+  auto& classes = Dialog.tvwClasses;
+  CHECK(classes.Nodes.Count() == 0);
+
+  Server.Data.AddClass("Sample.Empty");
+  Server.Data.AddProperty("Sample.Empty", "Raw", {{"type", "%Library.List"}});
+  Back();
+  Next();  // nothing was chosen since the connection: the list is read again
+  CHECK(Where() == "3 BN-C");
+  classes.CollapseNode(classes.Nodes.Item(1));  // takes the choice to the package
+  CHECK(Where() == "3 B--C");
+  classes.ClickNode(classes.Nodes.Item(2));
+  Next();
+  CHECK(Where() == "4 B--C");
+  CHECK(Desktop.Texts().empty());
+}
+
+TEST_CASE_FIXTURE(WizardFixture, "Going back to the class step and forward with the same class keeps the selection") {
+  GoToProperties({"Age"});
+  Back();
+  Next();
+  CHECK(Entries(Dialog.lstSelected) == "*Age ");
+  CHECK(std::ranges::count(Server.Data.Calls, "ResultSet %ClassDefinition") == 1);
+}
+
+TEST_CASE_FIXTURE(
+    WizardFixture,
+    "A class list that cannot be read again takes the chosen class with it, and leaves the dialog usable") {
+  GoToProperties();
+  Back(2);
+  Dialog.tvwConnection.ClickNode(Dialog.tvwConnection.Nodes.Item(2));
+  Server.Data.FailingCall = "ResultSet";
+  Next(2);
+  CHECK(Desktop.Texts() ==
+        "Error occurred in procedure PopulateClassList : the server failed\n"
+        "Run-time error '91':\n\nObject variable or With block variable not set\n");
+  Server.Data.FailingCall = "";
+  Back(3);
+  GoToProperties({"Age"});
+  CHECK(Where() == "4 BNFC");
+}

@@ -1,0 +1,152 @@
+#include "tests/support/WizardFixture.h"
+
+#include <doctest/doctest.h>
+
+#include <functional>
+
+using namespace formwizard;
+using namespace formwizard::tests;
+
+namespace {
+
+std::string ConnectionCalls(const WizardFixture& wizard) {
+  std::string all;
+  for (const std::string& call : wizard.Server.Data.Calls) {
+    if (call.starts_with("Connect") || call == "Disconnect") all += call + ", ";
+  }
+  return all;
+}
+
+// Names, connect strings and pictures; the one that is selected has a star.
+std::string Systems(WizardFixture& wizard) {
+  auto& tree = wizard.Dialog.tvwConnection;
+  std::string all;
+  for (ui::Node& node : tree.Nodes.All()) {
+    all += (tree.SelectedItem == &node ? "*" : "") + node.Text.Get() + ":" + node.Tag + Text(node.Image.Get()) + " ";
+  }
+  return all;
+}
+
+}  // namespace
+
+TEST_CASE("A list of systems ends at its first empty entry, and the remembered system is selected") {
+  struct Case {
+    std::string list, remembered, shown;
+  };
+  for (const Case& c : {Case{"", "", ""}, Case{"A,x;;B,y", "B", "*A:x4 "}, Case{"Alone", "", "*Alone:4 "},
+                        Case{"A,x;B,y;B,z;C,w", "B", "A:x4 B:y4 *B:z4 C:w4 "},  // the last of equal names
+                        Case{"A,x;B,y,z;", "b", "*A:x4 B:y4 "}}) {
+    CAPTURE(c.list);
+    WizardFixture wizard;
+    wizard.Server.Data.Systems = c.list;
+    wizard.Profile.Values["LastConnect"] = c.remembered;
+    wizard.Next();
+    CHECK(Systems(wizard) == c.shown);
+  }
+}
+
+TEST_CASE_FIXTURE(WizardFixture, "Systems are connected once, and remembered") {
+  auto& systems = Dialog.tvwConnection;
+  CHECK(Server.Data.Calls.empty());  // before the step is entered
+  Profile.Values["LastConnect"] = "Archive";
+  Next();
+  systems.ClickNode(systems.Nodes.Item(1));
+  CHECK(Status() == "conn");
+  Next();
+  CHECK(Systems(*this) == "*Samples:conn5 Archive:other4 ");
+  CHECK(Connected() == "Samples");
+  CHECK(Profile.Values["LastConnect"] == "Samples");
+  Back();
+  Next();  // still connected to it: no new attempt
+  Back();
+  DoubleClick(systems, systems.Nodes.Item(2));
+  CHECK(Connected() == "Archive");
+  CHECK(ConnectionCalls(*this) == "Connect conn, Disconnect, Connect other, ");
+}
+
+TEST_CASE("Another system means another connection, class list and selection") {
+  for (const std::string answer : {"at once", "refuses to disconnect", "fails first"}) {
+    CAPTURE(answer);
+    WizardFixture wizard;
+    wizard.Server.Data.RefusesDisconnect = answer == "refuses to disconnect";
+    wizard.GoToProperties({"Age"});
+    wizard.Back(2);
+    wizard.Dialog.tvwConnection.ClickNode(wizard.Dialog.tvwConnection.Nodes.Item(2));
+    if (answer == "fails first") {
+      wizard.Server.Data.FailingCall = "Create";
+      wizard.Next(2);
+      CHECK(wizard.Connected().empty());
+      wizard.Server.Data.FailingCall = "";
+    }
+    wizard.Next();
+    CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, Connect other, ");
+    CHECK(Systems(wizard) == "Samples:conn4 *Archive:other5 ");
+    CHECK(std::ranges::count(wizard.Server.Data.Calls, "ResultSet %ClassDefinition") == 2);
+    wizard.ChooseClass("Sample.Person");  // of the same name as before
+    wizard.Next();
+    CHECK(wizard.Dialog.lstSelected.ListCount() == 0);
+    CHECK(wizard.Where() == "4 B--C");
+  }
+}
+
+TEST_CASE("Every ending closes the connection, whatever the server answers") {
+  const std::map<std::string, std::function<void(WizardFixture&)>> endings{
+      {"Escape", [](WizardFixture& wizard) { wizard.Dialog.PressEscape(); }},
+      {"Close", [](WizardFixture& wizard) { wizard.Dialog.Close(); }},
+      {"Finish", [](WizardFixture& wizard) { wizard.Dialog.cmdFinish.Click(); }},
+      {"Failure", [](WizardFixture& wizard) {
+         wizard.Ide.Transcript.Refuse["Add component"] = runtime::AutomationError;
+         wizard.Dialog.cmdFinish.Click();
+         CHECK(wizard.Where() == "4 ---C");
+         CHECK(ConnectionCalls(wizard) == "Connect conn, ");
+         wizard.Dialog.cmdCancel.Click();
+       }}};
+  for (const auto& [how, end] : endings) {
+    for (const std::string answer : {"yes", "no", "error"}) {
+      CAPTURE(how);
+      CAPTURE(answer);
+      WizardFixture wizard;
+      wizard.Server.Data.RefusesDisconnect = answer == "no";
+      wizard.Server.Data.FailingCall = answer == "error" ? "Disconnect" : "";
+      wizard.GoToProperties({"Age"});
+      end(wizard);
+      CHECK(wizard.Dialog.IsUnloaded());
+      CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, ");
+    }
+  }
+}
+
+TEST_CASE("A server that fails keeps the dialog where it is, and usable") {
+  struct Case {
+    std::string failingCall, systems, message, status;
+    bool refuses = false;
+  };
+  const std::string populating = "Error occurred in procedure PopulateConnection : ";
+  for (const Case& c :
+       {Case{"SystemList", "A,x", populating + "the server failed\n", "Ready"},
+        Case{"Create", "A,x", populating + "ActiveX component can't create object\n", "Ready"},
+        Case{"Connect", "A,x", "Run-time error '440':\n\nthe server failed\n", "Connecting to Ostrel system ..."},
+        Case{"", "A;B,y", "", "Unable to connect.A: "},  // nothing to connect with
+        Case{"", "A,x", "", "Unable to connect.A: ", true}, Case{"", "", "", "Ready"}}) {
+    CAPTURE(c.failingCall);
+    CAPTURE(c.systems);
+    WizardFixture wizard;
+    wizard.Server.Data.Systems = c.systems;
+    wizard.Server.Data.FailingCall = c.failingCall;
+    wizard.Server.Data.RefusesConnection = c.refuses;
+    wizard.Next(2);
+    CHECK(wizard.Desktop.Texts() == c.message);
+    CHECK(wizard.Status() == c.status);
+    CHECK(wizard.Where() == "2 BN-C");
+    CHECK(wizard.Connected().empty());
+    CHECK_FALSE(wizard.Profile.Values.contains("LastConnect"));
+    CHECK(wizard.Desktop.Pointers.back() == ui::MousePointer::Default);
+    wizard.Server.Data = WizardFixture().Server.Data;
+    wizard.Back();
+    wizard.Next();
+    auto& systems = wizard.Dialog.tvwConnection;
+    systems.ClickNode(systems.Nodes.Item(systems.Nodes.Count()));
+    wizard.Next();
+    CHECK(wizard.Where() == "3 BN-C");
+  }
+}
