@@ -3,6 +3,7 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace formwizard::adapters::vb6files {
@@ -10,8 +11,8 @@ namespace {
 
 using generator::ide::PropertyValue;
 
-constexpr double LargestSize = 245745;  // 16383 pixels of 15 twips: larger sizes are clamped to it
-constexpr std::size_t LongestName = 255;
+constexpr double LargestSize = 245745;      // 16383 pixels of 15 twips: larger sizes are clamped to it
+constexpr std::ptrdiff_t LongestName = 40;  // characters
 
 std::string AsText(const PropertyValue& value) {
   return std::visit(
@@ -66,8 +67,12 @@ bool IsLetterBeyondAscii(std::string_view text) {
   return !(byte(0) == 0xE2 && byte(1) <= 0x81);
 }
 
+std::ptrdiff_t CharactersIn(std::string_view text) {
+  return std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
+}
+
 bool IsLegalName(std::string_view name) {
-  if (name.empty() || name.size() > LongestName) return false;
+  if (name.empty() || CharactersIn(name) > LongestName) return false;
   for (std::size_t i = 0; i < name.size(); ++i) {
     const char c = name[i];
     const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
