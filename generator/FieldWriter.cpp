@@ -92,7 +92,7 @@ void WriteLabel(Generation& run, Int16 column, const FieldRecord& field, auto& s
   step([&] { run.SetProperty("Caption", field.Caption); });  // without the required mark
   step([&] { run.SetProperty("Height", Text(run.Settings.ControlHeight)); });
   step([&] { run.SetProperty("Left", Text(form.ColumnLefts[column] + run.Settings.Spacing)); });
-  step([&] { run.SetProperty("TabIndex", Text(run.NextTabIndex())); });
+  step([&] { run.SetTabIndex(); });
   step([&] { run.SetProperty("Top", Text(field.ControlTop)); });
   step([&] { run.SetProperty("Width", Text(form.LabelWidths[column])); });
   step([&] { run.MoveIntoMainFrame(); });

@@ -42,9 +42,9 @@ void WriteMainFrame(Generation& run) {
                       {"Height", Text(run.Form.FrameHeight)},
                       {"Width", Text(run.Form.FrameWidth)},
                       {"Visible", "1"},
-                      {"BorderStyle", "0"},
-                      {"TabIndex", Text(run.NextTabIndex())},
-                      {"Caption", "fra_Main"}});
+                      {"BorderStyle", "0"}});
+  run.SetTabIndex();
+  run.SetProperty("Caption", "fra_Main");
 }
 
 void WriteFields(Generation& run) {
@@ -55,12 +55,10 @@ void WriteFields(Generation& run) {
 
 void WriteConButton(Generation& run, std::string_view name, std::string_view caption, std::string_view top) {
   run.AddControl("VB.CommandButton", name);
-  SetProperties(run, {{"Caption", caption},
-                      {"Height", "385"},
-                      {"Left", Text(run.Settings.Spacing + run.Form.ColumnsWidth)},
-                      {"TabIndex", Text(run.NextTabIndex())},
-                      {"Top", top},
-                      {"Width", "1095"}});
+  SetProperties(
+      run, {{"Caption", caption}, {"Height", "385"}, {"Left", Text(run.Settings.Spacing + run.Form.ColumnsWidth)}});
+  run.SetTabIndex();
+  SetProperties(run, {{"Top", top}, {"Width", "1095"}});
   run.MoveIntoMainFrame();
 }
 
@@ -99,7 +97,7 @@ void WriteConHelper(Generation& run) {
   if (!HasReferenceCombo(run.Form)) return;
   step([&] { run.AddControl("VB.ListBox", "lst__Hidden"); });  // keeps the object ids of all combo boxes
   step([&] { run.SetProperty("Height", "450"); });
-  step([&] { run.SetProperty("TabIndex", Text(run.NextTabIndex())); });
+  step([&] { run.SetTabIndex(); });
   step([&] { run.SetProperty("Top", "-450"); });
   step([&] { run.SetProperty("Visible", "0"); });
 }

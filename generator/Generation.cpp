@@ -1,5 +1,9 @@
 #include "generator/Generation.h"
 
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+
 namespace formwizard::generator {
 
 void Generation::AddControl(std::string_view progId, std::string_view name) {
@@ -10,6 +14,8 @@ void Generation::AddControl(std::string_view progId, std::string_view name) {
 void Generation::SetProperty(std::string_view name, std::string_view text) {
   Required(CurrentControl).SetProperty(name, text);
 }
+
+void Generation::SetTabIndex() { SetProperty("TabIndex", runtime::Text(NextTabIndex())); }
 
 void Generation::MoveIntoMainFrame() { Required(CurrentControl).SetContainer(MainFrame); }
 
@@ -26,6 +32,11 @@ const std::vector<Int16>& Generation::FieldsShowing(std::string_view propertyNam
   return fieldsByProperty_[propertyName];
 }
 
-bool Generation::HasContextMenu(Int16 field) { return FieldsShowing(Form.Fields[field].PropertyName).front() == field; }
+bool Generation::HasContextMenu(Int16 field) {
+  const std::vector<Int16>& fields = FieldsShowing(Form.Fields[field].PropertyName);
+  const auto first = std::ranges::find_if(
+      fields, [this](Int16 shown) { return Form.Fields[shown].FieldKind == model::kind::ReferenceLabel; });
+  return first != fields.end() && *first == field;
+}
 
 }  // namespace formwizard::generator

@@ -51,15 +51,17 @@ class Generation {
   void AddControl(std::string_view progId, std::string_view name);
   // Sets a property of CurrentControl; every value is given as text. Error 91 without a current control.
   void SetProperty(std::string_view name, std::string_view text);
+  // Gives CurrentControl the next tab index.
+  void SetTabIndex();
   // Moves CurrentControl into MainFrame.
   void MoveIntoMainFrame();
   // The counter's value, which then grows by one; error 6 past 32767.
   Int16 NextTabIndex();
 
-  // The selected fields that show the same property as `field`, in selection order.
+  // The selected fields that show this property, in selection order. The text must outlive the generation.
   const std::vector<Int16>& FieldsShowing(std::string_view propertyName);
-  // A reference label has a context menu when its field is the first of the selection with its PropertyName, so that a
-  // reference shown twice gets one menu and one pair of handlers.
+  // A reference label has a context menu when its field is the first reference label of the selection with its
+  // PropertyName, so that a reference shown twice gets one menu and one pair of handlers.
   bool HasContextMenu(Int16 field);
 
  private:

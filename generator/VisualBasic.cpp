@@ -1,5 +1,6 @@
 #include "generator/VisualBasic.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace formwizard::generator {

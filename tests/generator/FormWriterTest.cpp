@@ -130,4 +130,5 @@ TEST_CASE_FIXTURE(GenerationFixture, "Tab indexes go on counting over generation
   State.TabIndexCounter = Int16(32767);
   WriteForm();
   CHECK(Desktop.Texts() == "Error occurred in procedure WriteConFrame : Overflow\n");
+  CHECK(std::ranges::count(Ide.Transcript.Calls, "fra_Main.BorderStyle = \"0\"") == 3);  // what comes before is written
 }

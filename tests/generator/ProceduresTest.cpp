@@ -115,6 +115,18 @@ TEST_CASE_FIXTURE(GenerationFixture, "A reference shown twice has one pair of ha
   CHECK(std::ranges::count(Ide.Transcript.Calls, "CreateEventProc mnuSpouseChange_Click") == 1);
 }
 
+TEST_CASE_FIXTURE(GenerationFixture, "A reference label has its menu also behind a combo box of the same reference") {
+  for (const auto& [kind, path] :
+       {std::pair{kind::ReferenceCombo, "Spouse.Name"}, {kind::ReferenceLabel, "Spouse.Age"}}) {
+    AddField(kind, path).PropertyName = "Spouse";
+  }
+  Generate();
+  CHECK(Desktop.Texts().empty());
+  CHECK(Writes("If Button = 2 then PopupMenu mnuSpouse"));
+  CHECK(Ide.Transcript.Has("mnuSpouse.Visible = 0%"));
+  CHECK(std::ranges::count(Ide.Transcript.Calls, "CreateEventProc mnuSpouseChange_Click") == 1);
+}
+
 TEST_CASE_FIXTURE(GenerationFixture,
                   "A field of unknown kind and a read-only field that follows no other write nothing of their own") {
   AddField(kind::ReadOnlyLabel, "Age");
