@@ -26,6 +26,14 @@ bool StartsGroup(ide::CommandBarControls& controls) {
   return BeginsGroup(controls, last) && !BeginsGroup(controls, last - Int32(1));
 }
 
+void Remove(const std::shared_ptr<ide::CommandBarControl>& command) {
+  try {
+    if (command) command->Delete();
+  } catch (const RuntimeError&) {
+    return;  // it may be gone with its menu
+  }
+}
+
 // Says for as long as it lives that the wizard is shown.
 class Shown {
  public:
@@ -61,11 +69,12 @@ void Wizard::IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode
 
 std::shared_ptr<ide::CommandBarControl> Wizard::AddMenuCommand(ide::Application& VBInst, std::string_view caption,
                                                                std::span<const std::byte> picture) {
+  std::shared_ptr<ide::CommandBarControl> command;
   try {
     const auto addInsMenu = generator::Required(VBInst.CommandBar(Int32(1))).Item(AddInsMenuIndex(VBInst));
     if (!addInsMenu) return nullptr;
     const auto controls = addInsMenu->Controls();
-    auto command = generator::Required(controls).Add(ide::CommandBarControlType::Button);
+    command = generator::Required(controls).Add(ide::CommandBarControlType::Button);
     if (StartsGroup(*controls)) command->SetBeginGroup(true);
     command->SetCaption(caption);
     command->SetOnAction("hello");
@@ -73,6 +82,7 @@ std::shared_ptr<ide::CommandBarControl> Wizard::AddMenuCommand(ide::Application&
     command->PasteFace();
     return command;
   } catch (const RuntimeError&) {
+    Remove(command);  // a half-made one would stay on the menu for good
     return nullptr;
   }
 }
@@ -94,12 +104,7 @@ void Wizard::ShowWizard() {
 
 void Wizard::IDTExtensibility_OnDisconnection() {
   menuHandler_.reset();
-  const auto command = std::exchange(menuCommand_, nullptr);
-  try {
-    if (command) command->Delete();
-  } catch (const RuntimeError&) {
-    return;  // the command may be gone with its menu
-  }
+  Remove(std::exchange(menuCommand_, nullptr));
 }
 
 }  // namespace formwizard::addin

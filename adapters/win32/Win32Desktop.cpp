@@ -21,11 +21,10 @@ constexpr int CannotOpenClipboard = 521;
 class OpenedClipboard {
  public:
   OpenedClipboard()
-      : window_(
-            Made(CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, ThisModule(), nullptr))) {
+      : window_(CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, ThisModule(), nullptr)) {
     constexpr int attempts = 20;
     constexpr DWORD milliseconds = 10;
-    for (int i = 0; i < attempts && !isOpen_; ++i) {
+    for (int i = 0; window_ && i < attempts && !isOpen_; ++i) {
       isOpen_ = OpenClipboard(window_) != FALSE;
       if (!isOpen_) Sleep(milliseconds);
     }

@@ -115,12 +115,14 @@ HRESULT AddIn::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* 
   return DISP_E_UNKNOWNNAME;
 }
 
-HRESULT AddIn::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*, UINT*) {
+HRESULT AddIn::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* info,
+                      UINT*) {
   if (!parameters) return E_POINTER;
   if ((flags & DISPATCH_METHOD) == 0 || id < 1 || id > static_cast<DISPID>(Members.size())) {
     return DISP_E_MEMBERNOTFOUND;
   }
   if (result) VariantInit(result);
+  if (info) *info = EXCEPINFO{};
   HRESULT outcome = S_OK;
   const HRESULT arguments = Contained([&] {
     const auto number = [&](UINT place) {
@@ -151,7 +153,12 @@ HRESULT AddIn::OnConnection(IDispatch* VBInst, LONG ConnectMode, IDispatch*, SAF
     if (session_) return;
     const auto session = std::make_shared<Session>(VBInst);
     session_ = session;
-    session->Connect(static_cast<core::ConnectMode>(ConnectMode));
+    try {
+      session->Connect(static_cast<core::ConnectMode>(ConnectMode));
+    } catch (...) {
+      session_ = nullptr;
+      throw;
+    }
   });
 }
 

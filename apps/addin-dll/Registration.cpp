@@ -27,8 +27,8 @@ std::wstring ClassKey() { return L"Software\\Classes\\CLSID\\" + ClassIdText(); 
 std::wstring AddInKey() { return std::wstring(L"Software\\Microsoft\\Visual Basic\\6.0\\Addins\\") + ProgId; }
 
 bool SetText(HKEY hive, const std::wstring& key, const wchar_t* name, const std::wstring& text) {
-  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  return RegSetKeyValueW(hive, key.c_str(), name, REG_SZ, text.c_str(), bytes) == ERROR_SUCCESS;
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+  return RegSetKeyValueW(hive, key.c_str(), name, REG_SZ, text.c_str(), static_cast<DWORD>(bytes)) == ERROR_SUCCESS;
 }
 
 bool SetNumber(HKEY hive, const std::wstring& key, const wchar_t* name, DWORD number) {

@@ -130,9 +130,9 @@ TEST_CASE("What the environment refuses is passed over in silence") {
     std::string refused, last;  // the last call that was tried
     bool listens;
   };
-  for (const Case& c : {Case{"Add 1", "Add 1 to menu 11", false}, Case{"OnAction", "OnAction = hello", false},
-                        Case{"Clipboard", "Clipboard", false}, Case{"ConnectEvents", "Delete", false},
-                        Case{"Delete", "Delete", true}}) {
+  for (const Case& c :
+       {Case{"Add 1", "Add 1 to menu 11", false}, Case{"OnAction", "Delete", false}, Case{"Clipboard", "Delete", false},
+        Case{"ConnectEvents", "Delete", false}, Case{"Delete", "Delete", true}}) {
     CAPTURE(c.refused);
     AddInFixture fixture;
     fixture.Transcript().Refuse[c.refused] = runtime::AutomationError;
@@ -140,6 +140,7 @@ TEST_CASE("What the environment refuses is passed over in silence") {
     CHECK(fixture.Click() == c.listens);
     fixture.Disconnect();
     CHECK(fixture.Transcript().Calls.back() == c.last);
+    CHECK(fixture.Environment.Menu(11).Items.empty() == (c.refused != "Delete"));
     CHECK_FALSE(fixture.Click());
     CHECK(fixture.Desktop.Texts().empty());
   }
