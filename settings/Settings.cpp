@@ -29,6 +29,7 @@ constexpr std::array Keys{
     SettingKey{"MultilineRows", "5", &Settings::MultilineRows},
 };
 
+// Any number will do, because the settings dialog stores the grey state of a check box as 2.
 void Convert(std::string_view text, bool& setting) { setting = runtime::ToBoolean(text); }
 void Convert(std::string_view text, Int16& setting) { setting = runtime::ToInt16(text); }
 

@@ -50,7 +50,8 @@ struct SettingKey {
 // In the order in which LoadSettings reads them.
 std::span<const SettingKey> SettingKeys();
 
-// Raises error 13 for a stored text that does not convert; the settings before it in the table are then loaded.
+// Raises error 13 for a stored text that does not convert and 6 for a number outside 16 bits; the settings before it in
+// the table are then loaded.
 void LoadSettings(Settings& settings, const ProfileStore& store, const std::string& file);
 
 }  // namespace formwizard::settings

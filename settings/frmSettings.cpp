@@ -5,6 +5,7 @@
 #include "settings/Settings.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace formwizard::settings {
@@ -30,8 +31,8 @@ frmSettings::frmSettings(ui::Desktop& desktop, ProfileStore& profiles, std::stri
                NumberBox{"CollectionRows", txtCollectionRows, spnCollectionRows, {}},
                NumberBox{"ImageRows", txtImageRows, spnImageRows, {}},
                NumberBox{"MultilineRows", txtMutilineRows, spnMultilineRows, {}}},
-      choices_{Choice{"Menu", chkMenu}, Choice{"Button", chkButton}, Choice{"Toolbar", chkToolbar},
-               Choice{"Statusbar", chkStatusbar}, Choice{"FormSizable", chkFormSizable}} {
+      choices_{Choice{"FormSizable", chkFormSizable}, Choice{"Menu", chkMenu}, Choice{"Button", chkButton},
+               Choice{"Toolbar", chkToolbar}, Choice{"Statusbar", chkStatusbar}} {
   Design();
   ConnectEvents();
 }
@@ -94,15 +95,20 @@ void frmSettings::Write(std::string_view key, std::string value) {
   WriteProfile(profiles_, desktop_, ProfileSection, key, value, profileFile_);
 }
 
+void frmSettings::LoadChoice(const Choice& choice) const {
+  choice.Box.SetValue(runtime::ToInt16(Read(choice.Key)).Value());
+}
+
 void frmSettings::Form_Load() {
   localization_.Localize(*this);
   loading_ = true;  // a stored number is shown as it is, whether it is in range or not
   for (NumberBox& number : numbers_) number.Box.SetText(Read(number.Key));
   loading_ = false;
+  LoadChoice(choices_.front());
   const bool left = runtime::ToBoolean(Read(AlignmentKey));
   optLabelAlignmentLeft.SetValue(left);
   optLabelAlignmentRight.SetValue(!left);
-  for (const Choice& choice : choices_) choice.Box.SetValue(runtime::ToInt16(Read(choice.Key)).Value());
+  for (const Choice& choice : std::span(choices_).subspan(1)) LoadChoice(choice);
   for (NumberBox& number : numbers_) {
     number.LastAccepted = runtime::ToInt16(number.Box.Text());
     number.Spinner.Value = number.LastAccepted;

@@ -30,7 +30,8 @@ class frmSettings : public ui::Form {
   ui::CheckBox chkMenu, chkButton, chkToolbar, chkStatusbar, chkFormSizable;
   ui::CommandButton cmdOK, cmdCancel;
 
-  // Error 13 for a stored value that does not convert.
+  // Error 13 for a stored value that does not convert, 6 for a number outside 16 bits, 380 for what is no state of a
+  // check box.
   void Form_Load();
 
  protected:
@@ -52,6 +53,7 @@ class frmSettings : public ui::Form {
   void Design();
   void ConnectEvents();
   std::string Read(std::string_view key) const;
+  void LoadChoice(const Choice& choice) const;
   void Write(std::string_view key, std::string value);
   void NumberBox_Change(NumberBox& number);
   void ValidateRange(const ui::TextBox& box, const ui::UpDown& spinner, bool& ok);

@@ -28,8 +28,8 @@ class Form : public Observed {
   // In tab order.
   const std::vector<Control*>& Controls() const { return controls_; }
 
-  // Runs the dialog's loading work; called once by the desktop before it shows the dialog. An error that escapes it
-  // is the caller's, and the dialog is not shown.
+  // Runs the dialog's loading work; called by the desktop each time before it shows the dialog. An error that escapes
+  // it is the caller's, and the dialog is not shown.
   void Load();
   bool IsUnloaded() const { return unloaded_; }
   // Runs the closing work once.
