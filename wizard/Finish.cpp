@@ -19,11 +19,25 @@ class CancelIsLeft {
   frmWizard& dialog_;
 };
 
+// However a generation ends, what it has made so far is known afterwards.
+class ComponentIsKept {
+ public:
+  ComponentIsKept(AddInState& state, const generator::Generation& run) : state_(state), run_(run) {}
+  ~ComponentIsKept() { state_.NewComponent = run_.NewComponent; }
+  ComponentIsKept(const ComponentIsKept&) = delete;
+  ComponentIsKept& operator=(const ComponentIsKept&) = delete;
+
+ private:
+  AddInState& state_;
+  const generator::Generation& run_;
+};
+
 }  // namespace
 
 void frmWizard::cmdFinish_Click() {
   const CancelIsLeft afterwards(*this);
-  const bool done = support::LeaveOnError(
+  services_.State.NewComponent = nullptr;
+  support::LeaveOnError(
       report_, "cmdFinish_Click",
       [&] {
         SetBusy(true);
@@ -31,12 +45,15 @@ void frmWizard::cmdFinish_Click() {
         FreezeButtons();
         LoadSettings();
         TakeSelection();
+        FreezeButtons();  // the first field may have freed them when it was shown
         Generate();
+        SetBusy(false);
+        Unload();
       },
-      [&] { SetBusy(false); });
-  if (!done) return;
-  SetBusy(false);
-  Unload();
+      [&] {
+        SetBusy(false);
+        FreezeButtons();
+      });
 }
 
 void frmWizard::FreezeButtons() {
@@ -67,9 +84,9 @@ void frmWizard::Generate() {
 
   state.Form.ClassName = selectedClass_->Tag;
   generator::Generation run(state.Form, state.Settings, services_.Strings, report_, environment_, state.Generator);
+  const ComponentIsKept afterwards(state, run);
   StatusMessage(Text(411));
   generator::WriteForm(run);
-  state.NewComponent = run.NewComponent;
   StatusMessage(Text(412));
   generator::WriteProcedures(run);
   generator::Required(run.NewComponent).Activate();

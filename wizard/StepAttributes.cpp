@@ -43,6 +43,7 @@ model::FieldRecord* frmWizard::CurrentField() {
 void frmWizard::lstFields_Click() {
   model::FieldRecord& field = *CurrentField();
   const std::size_t panel = PanelOf(field.FieldKind);
+  ui::ShowOnly(frmProperty, panel);  // first, because what follows may put the focus there
   if (field.FieldKind == kind::TextBox || field.FieldKind == kind::ReadOnlyLabel) {
     ShowChoice(chkReadOnly, field.FieldKind == kind::ReadOnlyLabel);
   } else if (field.FieldKind == kind::ReferenceLabel || field.FieldKind == kind::ReferenceCombo) {
@@ -51,7 +52,6 @@ void frmWizard::lstFields_Click() {
     txtRowHeight[panel].SetText(runtime::Text(field.RowCount));
   }
   txtCaption[panel].SetText(field.Caption);
-  ui::ShowOnly(frmProperty, panel);
 }
 
 void frmWizard::ShowChoice(ui::CheckBox& box, bool checked) {
@@ -129,6 +129,12 @@ void frmWizard::chkRefCombo_Click() {
 void frmWizard::PopulateQueryList() {
   SetBusy(true);
   lstQueryName.Clear();
+  support::LeaveOnError(
+      report_, "PopulateQueryList", [&] { ReadQueries(); }, [&] { SetBusy(false); });
+  SetBusy(false);
+}
+
+void frmWizard::ReadQueries() {
   const auto rows = Factory().ResultSet("%CompiledQuery", "QueryInfo");
   rows->Execute({comboClass_});
   while (rows->Next()) {
@@ -138,7 +144,6 @@ void frmWizard::PopulateQueryList() {
                          runtime::RoundToInt32(runtime::ToNumber(containId)).Value());
   }
   rows->Close();
-  SetBusy(false);
 }
 
 bool frmWizard::AskForQueryAndColumn(bool needsColumn) {
@@ -153,12 +158,21 @@ bool frmWizard::AskForQueryAndColumn(bool needsColumn) {
 void frmWizard::lstQueryName_Click() {
   if (AskForQueryAndColumn(false)) return;
   SetBusy(true);
+  support::LeaveOnError(
+      report_, "lstQueryName_Click", [&] { ReadColumns(); },
+      [&] {
+        SetBusy(false);
+        lstQueryColumn.Clear();  // no column of another query can be chosen for this one
+      });
+  SetBusy(false);
+}
+
+void frmWizard::ReadColumns() {
   const auto query = Factory().ResultSet(comboClass_, lstQueryName.Text());
   lstQueryColumn.Clear();
   const Int16 count = query->GetColumnCount();
   for (Int16 column(1); column <= count; column += Int16(1)) lstQueryColumn.AddItem(query->GetColumnName(column), 0);
   comboParamCount_ = query->GetParamCount();
-  SetBusy(false);
 }
 
 void frmWizard::lstQueryColumn_Click() {

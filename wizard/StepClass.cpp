@@ -2,18 +2,25 @@
 #include "wizard/frmWizard.h"
 
 namespace formwizard::wizard {
+
+// Only packages have a key.
+bool frmWizard::IsClass(const ui::Node& node) { return node.Key().empty(); }
+
+void frmWizard::ClearClassList() {
+  tvwClasses.Nodes.Clear();
+  selectedClass_ = nullptr;
+  cmdNext.Enabled = false;  // until a class is chosen
+}
+
 void frmWizard::PopulateClassList() {
   support::LeaveOnError(report_, "PopulateClassList", [&] {
     StatusMessage(Text(401));
     SetBusy(true);
-    tvwClasses.Nodes.Clear();
-    selectedClass_ = nullptr;
+    ClearClassList();
     AddClassNodes();
     if (tvwClasses.Nodes.Count() >= 2) {
       tvwClasses.SelectedItem = &tvwClasses.Nodes.Item(2);  // the first class of the first package
       tvwClasses_NodeClick(*tvwClasses.SelectedItem.Get());
-    } else {
-      cmdNext.Enabled = false;
     }
   });
   SetBusy(false);
@@ -40,8 +47,8 @@ void frmWizard::AddClassNodes() {
       packageNode->SelectedImage = picture::OpenPackage;
       packageNode->Expanded = true;
     }
-    // A name that begins with "." has the empty package that no node stands for.
-    if (!packageNode) runtime::Raise(runtime::ElementNotFound);
+    // A name that begins with "." has the empty package, which no key stands for.
+    if (package.empty()) runtime::Raise(runtime::ElementNotFound);
     ui::Node& node = tvwClasses.Nodes.Add(packageNode, "", std::string_view(name).substr(dot + 1));
     node.Image = picture::Class;
     node.Tag = name;
@@ -51,13 +58,13 @@ void frmWizard::AddClassNodes() {
 
 void frmWizard::tvwClasses_NodeClick(ui::Node& node) {
   selectedClass_ = &node;
-  cmdNext.Enabled = node.Key().empty();  // only packages have a key
+  cmdNext.Enabled = IsClass(node);
 }
 
 // On a package or beside all nodes the double click is the tree's own.
 void frmWizard::tvwClasses_DblClick() {
   const ui::Node* node = tvwClasses.HitTest(classesX_, classesY_);
-  if (node && node->Key().empty()) cmdNext.Click();
+  if (node && IsClass(*node)) cmdNext.Click();
 }
 
 }  // namespace formwizard::wizard

@@ -46,11 +46,11 @@ void frmWizard::FillConnectionTree(std::string_view remembered) {
 
 void frmWizard::ConnectToSystem() {
   SetBusy(true);
-  CloseConnection();
   barStatus.Panels[1] = "";  // also when the attempt ends in an error
+  populatedClass_.clear();   // the class list is read again
+  CloseConnection();
   for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = picture::NotConnected;
   factory_ = services_.Factories.Create();
-  populatedClass_.clear();  // the class list is read again
   StatusMessage(Text(403));
   ui::Node& node = *tvwConnection.SelectedItem.Get();
   if (OpenConnection(node.Tag)) {
@@ -77,7 +77,12 @@ factory::ObjectFactory& frmWizard::Factory() const {
 }
 
 void frmWizard::CloseConnection() {
-  if (factory_ && factory_->IsConnected() && factory_->Disconnect()) factory_.reset();
+  try {
+    if (factory_ && factory_->IsConnected() && factory_->Disconnect()) factory_.reset();
+  } catch (const runtime::RuntimeError&) {
+    factory_.reset();  // of no use any more; the next attempt begins with a new one
+    throw;
+  }
 }
 
 }  // namespace formwizard::wizard

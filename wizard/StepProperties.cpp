@@ -28,11 +28,13 @@ bool IsNumber(factory::ResultSet& row, std::string_view column, int number) {
   return runtime::EqualsNumber(row.GetDataByName(column), Int32(number));
 }
 
-// Empty for a property that is none, which a server may say by Null.
-std::string CollectionOf(factory::ResultSet& row) {
-  const runtime::Variant value = row.GetDataByName("Collection");
+// For what may be missing, which a server may say by Null.
+std::string TextOrEmpty(factory::ResultSet& row, std::string_view column) {
+  const runtime::Variant value = row.GetDataByName(column);
   return std::holds_alternative<runtime::Null>(value) ? "" : ToText(value);
 }
+
+std::string CollectionOf(factory::ResultSet& row) { return TextOrEmpty(row, "Collection"); }
 
 bool IsOffered(factory::ResultSet& row, bool dataTypesOnly) {
   const bool isCollection = !CollectionOf(row).empty();
@@ -63,7 +65,7 @@ void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const setti
 void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, factory::ResultSet& row) {
   const std::string name = ToText(row.GetDataByName("Name"));
   field.DisplayName = parent.DisplayName + "." + name;
-  field.Caption = parent.Caption + " " + ToText(row.GetDataByName("caption"));  // lower case, as it is asked for
+  field.Caption = parent.Caption + " " + TextOrEmpty(row, "caption");  // lower case, as it is asked for
   if (parent.FieldKind == kind::ReferenceLabel) {
     field.FieldKind = kind::ReferenceLabel;
     field.PropertyName = parent.PropertyName;
@@ -77,7 +79,7 @@ void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, 
 
 }  // namespace
 
-std::string ConvertKeyNameToIntName(std::string_view name) {
+std::string frmWizard::ConvertKeyNameToIntName(std::string_view name) {
   return runtime::ReplaceAll(runtime::ReplaceAll(name, ".", ""), "%", "sys_");
 }
 

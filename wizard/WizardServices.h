@@ -22,7 +22,7 @@ struct AddInState {
   model::FormModel Form;
   settings::Settings Settings;
   generator::GeneratorState Generator;
-  std::shared_ptr<generator::ide::VBComponent> NewComponent;  // of the last generation; null before
+  std::shared_ptr<generator::ide::VBComponent> NewComponent;  // of the last generation, complete or not; may be null
 };
 
 // Everything referred to must outlive the dialog.

@@ -31,7 +31,7 @@ void frmWizard::ConnectEvents() {
   cmdBack.OnClick = Guarded([this] { cmdBack_Click(); });
   cmdNext.OnClick = Guarded([this] { cmdNext_Click(); });
   cmdFinish.OnClick = Guarded([this] { cmdFinish_Click(); });
-  cmdCancel.OnClick = Guarded([this] { Unload(); });
+  cmdCancel.OnClick = Guarded([this] { cmdCancel_Click(); });
   cmdSettings.OnClick = Guarded([this] { cmdSettings_Click(); });
 
   tvwConnection.NodeClick = Guarded([this](ui::Node& node) { StatusMessage(node.Tag); });
@@ -182,7 +182,11 @@ void frmWizard::InitStep() {
 }
 
 void frmWizard::EnterClassStep() {
-  if (!populatedClass_.empty()) return;
+  if (!populatedClass_.empty()) {
+    cmdNext.Enabled = selectedClass_ && IsClass(*selectedClass_);
+    return;
+  }
+  ClearClassList();  // it may be another system's
   LoadSettings();
   PopulateClassList();
 }

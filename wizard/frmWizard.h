@@ -30,9 +30,6 @@ inline constexpr Int16 Finish(6);
 }  // namespace step
 inline constexpr std::size_t LastStep = 6;
 
-// The name of a property as the base of a control name: "." removed, "%" replaced by "sys_".
-std::string ConvertKeyNameToIntName(std::string_view name);
-
 // The record index at the start of a node's key: "12key" gives 12.
 Int16 RecordIndexOf(const ui::Node& node);
 
@@ -77,11 +74,14 @@ class frmWizard : public ui::Form {
 
   // Each of these is one rule of the wizard; the events of the controls call them.
   void Form_Load();
+  void Form_Unload() { CloseConnection(); }
   void SetStep(Int16 step);
   void MoveStep(Int16 delta);  // shows another step; does not run its entry work
   void InitStep();             // entry work of the current step
   void LeaveStep();            // exit work of the current step
   void PopulateFields();
+  // The name of a property as the base of a control name: "." removed, "%" replaced by "sys_".
+  static std::string ConvertKeyNameToIntName(std::string_view name);
   void StatusMessage(std::string_view text) { barStatus.Panels[0] = std::string(text); }
   Int16 CurrentStep() const { return currentStep_; }
   bool IsConnected() const { return !barStatus.Panels[1].Get().empty(); }
@@ -93,7 +93,7 @@ class frmWizard : public ui::Form {
 
  protected:
   void OnLoad() override { Form_Load(); }
-  void OnUnload() override { CloseConnection(); }
+  void OnUnload() override { Form_Unload(); }
 
  private:
   void Design();
@@ -113,6 +113,7 @@ class frmWizard : public ui::Form {
   void cmdBack_Click();
   void cmdNext_Click();
   void cmdFinish_Click();
+  void cmdCancel_Click() { Unload(); }
   void cmdSettings_Click();
   void EnterClassStep();
   void EnterPropertiesStep();
@@ -130,7 +131,9 @@ class frmWizard : public ui::Form {
 
   // Class
   void PopulateClassList();
+  void ClearClassList();
   void AddClassNodes();
+  static bool IsClass(const ui::Node& node);
   void tvwClasses_NodeClick(ui::Node& node);
   void tvwClasses_DblClick();
 
@@ -158,6 +161,8 @@ class frmWizard : public ui::Form {
   void lstQueryColumn_Click();
   void txtRowHeight_Change(std::size_t panel);
   void PopulateQueryList();
+  void ReadQueries();
+  void ReadColumns();
   void ShowComboSpecification(bool visible);
   void LetLeaveField(bool allowed);
   bool AskForQueryAndColumn(bool needsColumn);

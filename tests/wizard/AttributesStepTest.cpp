@@ -209,7 +209,7 @@ TEST_CASE_FIXTURE(WizardFixture, "A combo box that is half specified holds the u
   CHECK(field.QueryName == "Extent");  // kept for the next time
 }
 
-TEST_CASE("Queries that the server does not give leave the reference a label, and the dialog usable") {
+TEST_CASE("Queries that the server does not give are reported, and the combo box can only be given up") {
   for (const std::string failing : {"row", "call"}) {
     CAPTURE(failing);
     WizardFixture wizard;
@@ -220,11 +220,44 @@ TEST_CASE("Queries that the server does not give leave the reference a label, an
     wizard.Server.Data.FailAtRow = failing == "row" ? 1 : 0;
     wizard.Server.Data.FailingCall = failing == "call" ? "ResultSet" : "";
     wizard.Dialog.chkRefCombo.Click();
-    CHECK(wizard.Desktop.Texts() == "Run-time error '440':\n\nthe server failed\n");
+    CHECK(wizard.Desktop.Texts() == "Error occurred in procedure PopulateQueryList : the server failed\n");
     CHECK(wizard.Dialog.Enabled);
+    CHECK(wizard.Where() == "5 ---C");
     CHECK(wizard.Field(7).FieldKind == kind::ReferenceLabel);
     wizard.Dialog.chkRefCombo.Click();
     wizard.Dialog.lstFields.ClickItem(1);
     CHECK(wizard.Dialog.FrontPanel() == 0);
+    CHECK(wizard.Where() == "5 BNFC");
   }
+}
+
+TEST_CASE_FIXTURE(WizardFixture, "A query whose columns the server does not give has none of another query's") {
+  GoToProperties();
+  Select(Inside("Spouse"));
+  Next();
+  Dialog.chkRefCombo.Click();
+  Dialog.lstQueryName.ClickItem(0);
+  Server.Data.FailingCall = "ResultSet";
+  Dialog.lstQueryName.ClickItem(1);
+  CHECK(Desktop.Texts() == "Error occurred in procedure lstQueryName_Click : the server failed\n");
+  CHECK(Specification(Dialog) == "ByName *Extent | ");
+  CHECK(Where() == "5 ---C");
+}
+
+TEST_CASE_FIXTURE(WizardFixture, "A stored query that is gone is asked for in the panel that is shown") {
+  Server.Data.AddProperty("Sample.Person", "Boss", {{"datatype", "0"}, {"type", "Sample.Person"}});
+  GoToProperties({"Age"});
+  for (const char* reference : {"Spouse", "Boss"}) Select(Inside(reference));
+  Next();
+  for (const int reference : {1, 2}) {
+    Dialog.lstFields.ClickItem(reference);
+    Dialog.chkRefCombo.Click();
+    Dialog.lstQueryName.ClickItem(0);
+    Dialog.lstQueryColumn.ClickItem(1);
+  }
+  Dialog.lstFields.ClickItem(0);
+  Server.Data.Queries["%CompiledQuery/QueryInfo/Sample.Person"].clear();
+  Dialog.lstFields.ClickItem(1);
+  CHECK(Desktop.Texts().find("Run-time error") == std::string::npos);
+  CHECK(Where() == "5 ---C");
 }

@@ -65,16 +65,16 @@ TEST_CASE_FIXTURE(WizardFixture, "Systems are connected once, and remembered") {
 }
 
 TEST_CASE("Another system means another connection, class list and selection") {
-  for (const std::string answer : {"at once", "refuses to disconnect", "fails first"}) {
+  for (const std::string answer : {"at once", "refuses", "Create", "Disconnect"}) {  // the last two: a call that fails
     CAPTURE(answer);
     WizardFixture wizard;
-    wizard.Server.Data.RefusesDisconnect = answer == "refuses to disconnect";
+    wizard.Server.Data.RefusesDisconnect = answer == "refuses";
     wizard.GoToProperties({"Age"});
     wizard.Back(2);
     wizard.Dialog.tvwConnection.ClickNode(wizard.Dialog.tvwConnection.Nodes.Item(2));
-    if (answer == "fails first") {
-      wizard.Server.Data.FailingCall = "Create";
-      wizard.Next(2);
+    if (answer == "Create" || answer == "Disconnect") {
+      wizard.Server.Data.FailingCall = answer;
+      wizard.Next();
       CHECK(wizard.Connected().empty());
       wizard.Server.Data.FailingCall = "";
     }
@@ -112,6 +112,9 @@ TEST_CASE("Every ending closes the connection, whatever the server answers") {
       end(wizard);
       CHECK(wizard.Dialog.IsUnloaded());
       CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, ");
+      if (how == "Finish" && answer == "error") {
+        CHECK(wizard.Desktop.Texts() == "Error occurred in procedure cmdFinish_Click : the server failed\n");
+      }
     }
   }
 }

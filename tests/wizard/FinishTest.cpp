@@ -35,12 +35,15 @@ TEST_CASE_FIXTURE(WizardFixture, "Finish takes the list as the Attributes step l
 }
 
 TEST_CASE("An error in a stage is reported under the driver's name and leaves only Cancel") {
-  for (const auto& [key, value, status, error] :
-       {std::tuple{"Columns", "0", "Computing layout ...", "Division by zero"},
-        std::tuple{"Menu", "maybe", "Begin creating new form ...", "Type mismatch"}}) {
+  for (const auto& [key, value, status, error, first] :
+       {std::tuple{"Columns", "0", "Computing layout ...", "Division by zero", "Age"},
+        std::tuple{"Columns", "0", "Computing layout ...", "Division by zero", "Spouse"},
+        std::tuple{"Menu", "maybe", "Begin creating new form ...", "Type mismatch", "Age"}}) {
     CAPTURE(std::string(key));
+    CAPTURE(std::string(first));
     WizardFixture wizard;
-    wizard.GoToProperties({"Age"});
+    wizard.GoToProperties();
+    wizard.Select(first == std::string("Spouse") ? wizard.Inside(first) : wizard.Property(first));
     wizard.Profile.Values[key] = value;
     wizard.Dialog.cmdFinish.Click();
     CHECK(wizard.Desktop.Texts() == std::string("Error occurred in procedure cmdFinish_Click : ") + error + "\n");

@@ -45,7 +45,7 @@ TEST_CASE_FIXTURE(WizardFixture, "Inside an object only its simple properties ar
   data.AddProperty("Sample.Address", "Country", {{"datatype", "0"}, {"serial", "1"}});
   data.AddProperty("Sample.Address", "Lines", {{"collection", "list"}});
   data.AddProperty("Sample.Address", "Raw", {{"type", "%Library.List"}});
-  data.AddProperty("Sample.Address", "Zip", {{"required", "1"}, {"editable", "0"}});
+  data.AddProperty("Sample.Address", "Zip", {{"required", "1"}, {"editable", "0"}, {"caption", runtime::Null()}});
   data.Queries["%CompiledProperty/PropertyInfo/Sample.Person"][2]["editable"] = "0";  // of the object itself
   GoToProperties();
   Dialog.tvwAttributes.ExpandNode(Property("Home"));
@@ -56,6 +56,7 @@ TEST_CASE_FIXTURE(WizardFixture, "Inside an object only its simple properties ar
   CHECK(Entries(Dialog.lstSelected) == "*Home.Zip ");  // without the star
   CHECK(Field(7).FieldKind == kind::TextBox);
   CHECK(Field(8).FieldKind == kind::ReadOnlyLabel);
+  CHECK(Field(8).Caption == "Home ");
   Next();
   CHECK(Field(8).IntName == "HomeZip");
 }

@@ -116,4 +116,5 @@ TEST_CASE("A name that the project's code page cannot hold ends the generation, 
   });
   CHECK(said.find("名") != std::string::npos);
   CHECK_FALSE(QApplication::activeModalWidget());
+  CHECK(Components(desktop).currentItem()->text() == "frmPerson");  // half written, and shown
 }
