@@ -56,7 +56,7 @@ void Form::SetFocus(Control& control) {
 
 Control* Form::NextFocus() const {
   const auto found = std::ranges::find_if(controls_, [](Control* control) {
-    return control->TakesFocus() && control->TakesInput() && !dynamic_cast<CommandButton*>(control);
+    return control->IsTabStop() && control->TakesInput() && !dynamic_cast<CommandButton*>(control);
   });
   return found == controls_.end() ? DefaultButton() : *found;
 }

@@ -1,21 +1,28 @@
-// Automation objects for tests: members are lambdas by name, every call is written down, every object is counted.
+// Automation objects for tests: members by name under ids that no real object has for them, counted while they live,
+// and made to fail where a test wants it.
 #pragma once
 
 #include "adapters/com/ComPtr.h"
+#include "adapters/com/Failures.h"
 #include "adapters/com/Text.h"
 #include "adapters/com/Value.h"
 
 #include <windows.h>
 
 #include <doctest/doctest.h>
+#include <objbase.h>
 #include <ocidl.h>
 #include <oleauto.h>
 
 #include <algorithm>
+#include <array>
+#include <concepts>
+#include <cstring>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace formwizard::tests {
@@ -53,102 +60,95 @@ class FakeObject : public First, public Others... {
   ULONG references_ = 0;
 };
 
-// What the members of fake objects were called with, such as `put Label1.Caption "Name"`.
-inline std::vector<std::string> CallLog;
-
-// Stands in every test case: nothing may be left over when it ends.
-struct AutomationTest {
-  AutomationTest() { CallLog.clear(); }
-  AutomationTest(const AutomationTest&) = delete;
-  AutomationTest& operator=(const AutomationTest&) = delete;
-  ~AutomationTest() { CHECK(Living == 0); }
-};
-
 // A type description that says nothing but who it is.
-class FakeType : public FakeObject<ITypeInfo> {
- public:
-  explicit FakeType(const GUID& id) { attributes_.guid = id; }
+inline com::ComPtr<ITypeInfo> NewType(const GUID& id) {
+  std::wstring name = L"FakeType";
+  com::ComPtr<ICreateTypeLib2> library;
+  com::ComPtr<ICreateTypeInfo> type;
+  com::ComPtr<ITypeInfo> info;
+  com::Check(::CreateTypeLib2(SYS_WIN32, name.c_str(), library.Receive()));
+  com::Check(library->CreateTypeInfo(name.data(), TKIND_DISPATCH, type.Receive()));
+  com::Check(type->SetGuid(id));
+  com::Check(type->QueryInterface(IID_ITypeInfo, info.ReceiveVoid()));
+  return info;
+}
 
-  HRESULT STDMETHODCALLTYPE GetTypeAttr(TYPEATTR** attributes) override {
-    *attributes = &attributes_;
-    AddRef();  // until it is released
-    return S_OK;
+// What can be wrong with a member.
+enum class Failure {
+  MissingName,  // the object does not have it
+  Hresult,      // E_ACCESSDENIED
+  Exception,    // 0x800A0000 + 1234, "The host refuses"
+  WrongType,    // an error value instead of its result
+  Null,         // Nothing or Null instead of its result
+};
+inline constexpr std::array AllFailures{Failure::MissingName, Failure::Hresult, Failure::Exception, Failure::WrongType,
+                                        Failure::Null};
+
+// Once, at a call of a member after `Skip` calls that succeed.
+struct PlannedFailure {
+  Failure How;
+  int Skip = 0;
+};
+// By "Kind.Member". What has happened is taken out.
+inline std::map<std::string, PlannedFailure> PlannedFailures;
+
+// Stands in every test case: nothing may be left when it ends, and everything that was to fail must have failed.
+struct NothingIsLeft {
+  NothingIsLeft() {
+    PlannedFailures.clear();
+    com::Check(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));  // as the environment's own thread
   }
-  void STDMETHODCALLTYPE ReleaseTypeAttr(TYPEATTR*) override { Release(); }
-
-  HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetFuncDesc(UINT, FUNCDESC**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetVarDesc(UINT, VARDESC**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetNames(MEMBERID, BSTR*, UINT, UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT, HREFTYPE*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT, INT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(LPOLESTR*, UINT, MEMBERID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Invoke(PVOID, MEMBERID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return E_NOTIMPL;
+  NothingIsLeft(const NothingIsLeft&) = delete;
+  NothingIsLeft& operator=(const NothingIsLeft&) = delete;
+  ~NothingIsLeft() {
+    CHECK(Living == 0);
+    for (const auto& [member, plan] : PlannedFailures) FAIL_CHECK("did not fail: ", member);
+    ::CoUninitialize();
   }
-  HRESULT STDMETHODCALLTYPE GetDocumentation(MEMBERID, BSTR*, BSTR*, DWORD*, BSTR*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetDllEntry(MEMBERID, INVOKEKIND, BSTR*, BSTR*, WORD*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID, INVOKEKIND, PVOID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, PVOID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetMops(MEMBERID, BSTR*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib**, UINT*) override { return E_NOTIMPL; }
-  void STDMETHODCALLTYPE ReleaseFuncDesc(FUNCDESC*) override {}
-  void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC*) override {}
-
- private:
-  TYPEATTR attributes_{};
 };
 
-// One call of a member, as it arrives.
-struct Invocation {
+// The call of a member. A missing argument is an error.
+struct Call {
   WORD Flags;
-  std::vector<VARIANT*> Arguments;  // the first one first; the assigned value last
-  VARIANT* Result;
-  EXCEPINFO* Exception;
+  std::vector<const VARIANT*> Arguments;  // the first one first; an assigned value last
 
-  std::string Text(std::size_t index) const { return com::Utf8(com::View(Arguments.at(index)->bstrVal)); }
-  HRESULT Return(const com::Value& value) const {
-    VARIANT raw = value.Raw();
-    return Result ? ::VariantCopy(Result, &raw) : S_OK;
+  std::size_t Count() const { return Arguments.size(); }
+  com::Value Value(std::size_t index) const {
+    com::Value value;
+    if (index >= Arguments.size()) com::Check(DISP_E_PARAMNOTOPTIONAL);
+    com::Check(::VariantCopyInd(value.Receive(), const_cast<VARIANT*>(Arguments[index])));  // reads it only
+    return value;
   }
-  HRESULT Raise(WORD code, SCODE scode, std::string_view description = "") const {
-    Exception->wCode = code;
-    Exception->scode = scode;
-    if (!description.empty()) Exception->bstrDescription = com::Bstr(description).Release();
-    Exception->bstrSource = com::Bstr("the fake").Release();
-    return DISP_E_EXCEPTION;
-  }
+  std::string Text(std::size_t index) const { return Value(index).ToText(); }
+  runtime::Int32 Number(std::size_t index) const { return Value(index).ToInt32(); }
+  bool IsPut() const { return (Flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
 };
-
-// What a method without a result returns.
-inline const runtime::Variant NoValue;
 
 class FakeDispatch : public FakeObject<IDispatch> {
  public:
-  using Handler = std::function<HRESULT(const Invocation&)>;
+  using Handler = std::function<com::Value(const Call&)>;
 
-  explicit FakeDispatch(std::string label) : Label(std::move(label)) {}
-
-  // Without an id the member gets one that no real object has for it.
-  FakeDispatch& On(const std::wstring& name, Handler handler, std::optional<DISPID> id = {}) {
-    members_.push_back({name, id.value_or(static_cast<DISPID>(500 + members_.size())), std::move(handler)});
-    return *this;
-  }
-  // Answers every call with the value and takes every assignment.
-  FakeDispatch& With(const std::wstring& name, const runtime::Variant& value, std::optional<DISPID> id = {}) {
-    return On(
-        name, [value](const Invocation& call) { return call.Return(com::Value::Of(value)); }, id);
-  }
-  FakeDispatch& With(const std::wstring& name, const com::ComPtr<FakeDispatch>& child, std::optional<DISPID> id = {}) {
-    return On(
-        name, [child](const Invocation& call) { return call.Return(com::Value(com::ComPtr<IDispatch>(child.Get()))); },
-        id);
+  // Objects of one kind are of one type.
+  explicit FakeDispatch(std::string kind) : Type(GUID{0x5B1F0000, 0, 0x4000, {}}), kind_(std::move(kind)) {
+    const std::size_t hash = std::hash<std::string>()(kind_);
+    std::memcpy(Type->Data4, &hash, sizeof(hash));
   }
 
-  std::string Label;
+  // A member does what `work` does, which takes the call or nothing, and yields its result if it has one. A run-time
+  // error becomes an exception of automation.
+  template <typename Work>
+  FakeDispatch& On(const std::string& name, Work work) {
+    return Add(static_cast<DISPID>(1000 + 10 * members_.size() + kind_.size()), name, true, HandlerOf(std::move(work)));
+  }
+  // One that is only called by its id. The name is that of its failures.
+  template <typename Work>
+  FakeDispatch& OnId(DISPID id, const std::string& name, Work work) {
+    return Add(id, name, false, HandlerOf(std::move(work)));
+  }
+
   std::optional<GUID> Type;
   bool RefusesEnglish = false;
+  std::function<HRESULT(EXCEPINFO&)> Outcome;  // of every call, instead of what the members do
   int NameQueries = 0;
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
@@ -156,101 +156,124 @@ class FakeDispatch : public FakeObject<IDispatch> {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
-    *info = nullptr;
-    if (!Type) return DISP_E_BADINDEX;
-    *info = new FakeType(*Type);
-    (*info)->AddRef();
-    return S_OK;
+    *info = Type ? NewType(*Type).Detach() : nullptr;
+    return Type ? S_OK : DISP_E_BADINDEX;
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID locale, DISPID* id) override {
     ++NameQueries;
     if (RefusesEnglish && PRIMARYLANGID(locale) == LANG_ENGLISH) return DISP_E_UNKNOWNLCID;
-    const auto found = std::ranges::find_if(
-        members_, [&](const Member& member) { return ::lstrcmpiW(member.Name.c_str(), names[0]) == 0; });
-    *id = found == members_.end() ? DISPID_UNKNOWN : found->Id;
-    return found == members_.end() ? DISP_E_UNKNOWNNAME : S_OK;
+    const auto found = std::ranges::find_if(members_, [&](const Member& member) {
+      return member.HasName && ::lstrcmpiW(com::Wide(member.Name).c_str(), names[0]) == 0;
+    });
+    *id = DISPID_UNKNOWN;
+    if (found == members_.end() || TakeMissing(found->Name)) return DISP_E_UNKNOWNNAME;
+    *id = found->Id;
+    return S_OK;
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                    EXCEPINFO* exception, UINT*) override {
     if (RefusesEnglish && PRIMARYLANGID(locale) == LANG_ENGLISH) return DISP_E_UNKNOWNLCID;
+    if (Outcome) return Outcome(*exception);
+    const com::ComPtr<FakeDispatch> kept(this);
     const auto found = std::ranges::find(members_, id, &Member::Id);
     if (found == members_.end()) return DISP_E_MEMBERNOTFOUND;
-    const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    if (isPut != (parameters->cNamedArgs == 1 && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT)) {
+    Call call{flags, {}};
+    for (UINT i = parameters->cArgs; i > 0; --i) call.Arguments.push_back(&parameters->rgvarg[i - 1]);
+    if (call.IsPut() != (parameters->cNamedArgs == 1 && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT)) {
       return DISP_E_PARAMNOTFOUND;
     }
-    Invocation call{flags, {}, result, exception};
-    for (UINT i = parameters->cArgs; i > 0; --i) call.Arguments.push_back(&parameters->rgvarg[i - 1]);
-    CallLog.push_back(Shown(found->Name, call));
-    const Handler handler = found->Handle;
-    return handler(call);
+    const Member member = *found;
+    return com::WithoutExceptions(exception, [&] { return Answer(member, call, result); });
   }
 
  private:
   struct Member {
-    std::wstring Name;
     DISPID Id;
+    std::string Name;
+    bool HasName;
     Handler Handle;
   };
 
-  static std::string Shown(const VARIANT& value) {
-    if ((value.vt & VT_BYREF) != 0) {
-      VARIANT direct{};
-      direct.vt = static_cast<VARTYPE>(value.vt & ~VT_BYREF);
-      direct.bstrVal = *value.pbstrVal;
-      return "ByRef " + Shown(direct);
-    }
-    switch (value.vt) {
-      case VT_BSTR:
-        return "\"" + com::Utf8(com::View(value.bstrVal)) + "\"";
-      case VT_BOOL:
-        return value.boolVal == VARIANT_TRUE ? "True" : value.boolVal == VARIANT_FALSE ? "False" : "neither";
-      case VT_I2:
-        return std::to_string(value.iVal) + "%";
-      case VT_I4:
-        return std::to_string(value.lVal) + "&";
-      case VT_DISPATCH: {
-        const auto* object = dynamic_cast<FakeDispatch*>(value.pdispVal);
-        return object ? object->Label : "Nothing";
-      }
-      default:
-        return "type " + std::to_string(value.vt);
-    }
+  static com::Value ValueOf(com::Value value) { return value; }
+  static com::Value ValueOf(const runtime::Variant& value) { return com::Value::Of(value); }
+  template <std::derived_from<IDispatch> Class>
+  static com::Value ValueOf(const com::ComPtr<Class>& object) {
+    return com::Value(com::ComPtr<IDispatch>(object.Get()));
   }
-  std::string Shown(const std::wstring& name, const Invocation& call) const {
-    std::string line = (call.Flags & DISPATCH_PROPERTYPUTREF) != 0 ? "putref "
-                       : (call.Flags & DISPATCH_PROPERTYPUT) != 0  ? "put "
-                       : (call.Flags & DISPATCH_PROPERTYGET) != 0  ? "get "
-                                                                   : "call ";
-    line += Label + "." + com::Utf8(name);
-    for (const VARIANT* argument : call.Arguments) line += " " + Shown(*argument);
-    return line;
+  template <typename Work>
+  static Handler HandlerOf(Work work) {
+    return [work = std::move(work)](const Call& call) {
+      const auto run = [&] {
+        if constexpr (std::invocable<const Work&, const Call&>) {
+          return work(call);
+        } else {
+          return work();
+        }
+      };
+      if constexpr (std::same_as<decltype(run()), void>) {
+        run();
+        return com::Value();
+      } else {
+        return ValueOf(run());
+      }
+    };
+  }
+  FakeDispatch& Add(DISPID id, const std::string& name, bool hasName, Handler handler) {
+    members_.push_back({id, name, hasName, std::move(handler)});
+    return *this;
   }
 
+  // The failure that is due at this call, if there is one.
+  std::optional<Failure> TakeFailure(const std::string& name) const {
+    const auto found = PlannedFailures.find(kind_ + "." + name);
+    if (found == PlannedFailures.end() || found->second.Skip-- > 0) return {};
+    const Failure failure = found->second.How;
+    PlannedFailures.erase(found);
+    return failure;
+  }
+  bool TakeMissing(const std::string& name) const {
+    const auto found = PlannedFailures.find(kind_ + "." + name);
+    const bool isDue =
+        found != PlannedFailures.end() && found->second.How == Failure::MissingName && found->second.Skip <= 0;
+    if (isDue) PlannedFailures.erase(found);
+    return isDue;
+  }
+
+  HRESULT Answer(const Member& member, const Call& call, VARIANT* result) const {
+    const auto failure = TakeFailure(member.Name);
+    if (failure == Failure::MissingName) return DISP_E_MEMBERNOTFOUND;
+    if (failure == Failure::Hresult) return E_ACCESSDENIED;
+    if (failure == Failure::Exception) runtime::Raise(1234, "The host refuses");
+    com::Value answer = failure == Failure::WrongType ? com::Value() : member.Handle(call);
+    if (failure) {
+      const VARTYPE type = answer.Raw().vt;
+      const bool isObject = type == VT_DISPATCH || type == VT_UNKNOWN;
+      VARIANT& without = *answer.Receive();
+      without = {};
+      without.vt = failure == Failure::WrongType ? VARTYPE{VT_ERROR} : isObject ? type : VARTYPE{VT_NULL};
+    }
+    VARIANT value = answer.Raw();
+    return result ? ::VariantCopy(result, &value) : S_OK;
+  }
+
+  std::string kind_;
   std::vector<Member> members_;
 };
 
-inline com::ComPtr<FakeDispatch> NewFake(std::string label) {
-  return com::ComPtr<FakeDispatch>(new FakeDispatch(std::move(label)));
-}
+using FakePtr = com::ComPtr<FakeDispatch>;
 
-// "[first] [second]" in order, by index or name, as the default member.
-inline com::ComPtr<FakeDispatch> NewCollection(const std::string& label,
-                                               const std::vector<com::ComPtr<FakeDispatch>>& items) {
-  auto collection = NewFake(label);
-  collection->With(L"Count", runtime::Int32(items.size()));
-  collection->On(
-      L"Item",
-      [items](const Invocation& call) {
-        for (std::size_t i = 0; i < items.size(); ++i) {
-          const VARIANT& index = *call.Arguments.at(0);
-          const bool wanted = index.vt == VT_BSTR ? call.Text(0) == items[i]->Label
-                                                  : index.vt == VT_I4 && index.lVal == static_cast<LONG>(i + 1);
-          if (wanted) return call.Return(com::Value(com::ComPtr<IDispatch>(items[i].Get())));
-        }
-        return call.Raise(0, static_cast<SCODE>(0x800A0009U), "");
-      },
-      DISPID_VALUE);
+inline FakePtr NewFake(std::string kind) { return FakePtr(new FakeDispatch(std::move(kind))); }
+
+// `item` gets what is between the brackets; null is a member that is missing.
+inline FakePtr NewCollection(const std::string& kind, std::function<runtime::Int32()> count,
+                             std::function<FakePtr(const Call&)> item) {
+  auto collection = NewFake(kind);
+  collection->On("Count", std::move(count));
+  collection->OnId(DISPID_VALUE, "Item", [item = std::move(item)](const Call& call) {
+    const FakePtr found = item(call);
+    if (!found) runtime::Raise(runtime::SubscriptOutOfRange);
+    return found;
+  });
   return collection;
 }
 

@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include <functional>
 #include <new>
 #include <stdexcept>
 
@@ -15,20 +16,18 @@ using com::Object;
 using com::Value;
 using runtime::Int16;
 using runtime::Int32;
+using tests::Call;
 using tests::ErrorNumberOf;
-using tests::Invocation;
+using tests::FakePtr;
 using tests::NewFake;
 
 namespace {
 
-constexpr GUID TypeA{1, 2, 3, {4}};
-constexpr GUID TypeB{1, 2, 3, {5}};
+Object Wrapped(const FakePtr& fake) { return Object(ComPtr<IDispatch>(fake.Get())); }
 
-Object Wrapped(const ComPtr<tests::FakeDispatch>& fake) { return Object(ComPtr<IDispatch>(fake.Get())); }
-
-std::pair<int, std::string> ErrorOf(const tests::FakeDispatch::Handler& handler) {
+std::pair<int, std::string> ErrorOf(std::function<HRESULT(EXCEPINFO&)> outcome) {
   const auto fake = NewFake("fake");
-  fake->On(L"Fail", handler);
+  fake->On("Fail", [] {}).Outcome = std::move(outcome);
   try {
     Wrapped(fake).Call(L"Fail");
   } catch (const runtime::RuntimeError& error) {
@@ -46,28 +45,24 @@ HRESULT STDAPICALLTYPE FillInLater(EXCEPINFO* info) {
 }  // namespace
 
 TEST_CASE("A name is looked up once per type, and anew for another type or an object without one") {
-  const tests::AutomationTest test;
-  const auto first = NewFake("first");
-  const auto second = NewFake("second");
-  const auto other = NewFake("other");
-  const auto root = NewFake("root");
-  root->With(L"First", first).With(L"Second", second).With(L"Other", other);
-  first->With(L"Name", "1st");
-  second->With(L"Name", "2nd");
-  other->With(L"Before", "wrong").With(L"Name", "3rd");
-  const auto names = [&](const Object& from) {
+  const tests::NothingIsLeft test;
+  const auto root = NewFake("root"), first = NewFake("a"), second = NewFake("a"), other = NewFake("other");
+  const std::pair<const char*, FakePtr> children[] = {{"First", first}, {"Second", second}, {"Other", other}};
+  for (const auto& [name, child] : children) {
+    root->On(name, [child = child] { return child; });
+    child->On("Name", [name = name] { return std::string(name); });
+  }
+  const auto check = [](const Object& from) {
     std::string all;
     for (const wchar_t* child : {L"First", L"Second", L"Other", L"First", L"Second", L"Other"}) {
       const Object object = from.Child(child);
       all += object.Get(L"Name").ToText() + object.Get(L"Name").ToText() + " ";
     }
-    return all;
+    CHECK(all == "FirstFirst SecondSecond OtherOther FirstFirst SecondSecond OtherOther ");
   };
 
   SUBCASE("types") {
-    first->Type = second->Type = TypeA;
-    other->Type = TypeB;
-    CHECK(names(Wrapped(root)) == "1st1st 2nd2nd 3rd3rd 1st1st 2nd2nd 3rd3rd ");
+    check(Wrapped(root));
     CHECK(first->NameQueries == 1);
     CHECK(second->NameQueries == 0);
     CHECK(other->NameQueries == 1);
@@ -75,52 +70,53 @@ TEST_CASE("A name is looked up once per type, and anew for another type or an ob
   }
   SUBCASE("no types, or a type without an identifier") {
     first->Type = GUID_NULL;
-    CHECK(names(Wrapped(root)) == "1st1st 2nd2nd 3rd3rd 1st1st 2nd2nd 3rd3rd ");
+    other->Type.reset();
+    check(Wrapped(root));
     CHECK(first->NameQueries == 2);
     CHECK(other->NameQueries == 2);
   }
   SUBCASE("objects of different kinds that claim the same type") {
-    first->Type = second->Type = other->Type = TypeA;
-    CHECK(names(Wrapped(root).WithOwnIds()) == "1st1st 2nd2nd 3rd3rd 1st1st 2nd2nd 3rd3rd ");
+    other->Type = first->Type;
+    check(Wrapped(root).WithOwnIds());
   }
 }
 
 TEST_CASE("Calls arrive with their kind, their arguments in order and with the types they were given") {
-  const tests::AutomationTest test;
+  const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");
-  const auto child = NewFake("child");
-  fake->With(L"Member", Int16(7), DISPID(26)).With(L"Child", child, DISPID_VALUE);
-  const Object object = Wrapped(fake);
-
-  CHECK(object.Get(L"mEMBER", "text", true, Int16(1), Int32(-2)).ToInt16() == Int16(7));
-  object.Call(L"Member", std::string("own"), object.Item("name").Dispatch());
-  object.Put(L"Member", false);
-  object.PutRef(L"Member", object.ChildId(DISPID_VALUE, Int32(1)));
-  object.CallId(26, Value());
-  CHECK(object.GetId(26).ToText() == "7");
-
-  const std::vector<std::string> expected{
-      R"(get fake.Member "text" True 1% -2&)",
-      R"(get fake.Child "name")",
-      R"(call fake.Member "own" child)",
-      "put fake.Member False",
-      "get fake.Child 1&",
-      "putref fake.Member child",
-      "call fake.Member type 0",
-      "get fake.Member",
+  std::string arrived;
+  const auto member = [&](const Call& call) {
+    arrived = std::to_string(call.Flags);
+    for (std::size_t i = 0; i < call.Count(); ++i) {
+      const VARTYPE type = call.Arguments[i]->vt;
+      arrived += " " + std::to_string(type) + ":";
+      if (type != VT_DISPATCH) arrived += call.Text(i);
+    }
+    return Int16(7);
   };
-  CHECK(tests::CallLog == expected);
+  fake->On("Member", member).OnId(26, "", member);
+  const Object object = Wrapped(fake), child = Wrapped(fake);
+  const auto after = [&](const Value&) { return arrived; };
+
+  CHECK(object.Get(L"mEMBER").ToInt16() == Int16(7));
+  CHECK(after(object.Get(L"Member", "text", true, Int16(1), Int32(-2))) == "3 8:text 11:True 2:1 3:-2");
+  CHECK(after(object.Call(L"Member", std::string("own"), child.Dispatch())) == "1 8:own 9:");
+  CHECK(after(object.CallId(26, Value())) == "1 0:");
+  CHECK(after(object.GetId(26)) == "3");
+  object.Put(L"Member", false);
+  CHECK(arrived == "4 11:False");
+  object.PutRef(L"Member", child);
+  CHECK(arrived == "8 9:");
 }
 
 TEST_CASE("An argument by reference comes back changed") {
-  const tests::AutomationTest test;
+  const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");
-  fake->On(L"Complete", [](const Invocation& call) {
+  fake->On("Complete", [](const Call& call) {
     const VARIANT& text = *call.Arguments.at(0);
-    if (text.vt != (VT_BYREF | VT_BSTR)) return DISP_E_TYPEMISMATCH;
+    if (text.vt != (VT_BYREF | VT_BSTR)) runtime::Raise(runtime::TypeMismatch);
     ::SysFreeString(*text.pbstrVal);
     *text.pbstrVal = com::Bstr("completed").Release();
-    return S_OK;
   });
   Value text("begun");
   Wrapped(fake).Call(L"Complete", Value::ReferenceTo(text));
@@ -128,51 +124,67 @@ TEST_CASE("An argument by reference comes back changed") {
 }
 
 TEST_CASE("A failed call has the number and the description that the language shows") {
-  const tests::AutomationTest test;
-  const auto fails = [](HRESULT failure) { return ErrorOf([=](const Invocation&) { return failure; }); };
-  const auto raises = [](WORD code, SCODE scode, const char* description) {
-    return ErrorOf([=](const Invocation& call) { return call.Raise(code, scode, description); });
+  const tests::NothingIsLeft test;
+  struct Case {
+    WORD Code;
+    unsigned Scode;
+    std::string Said;
+    int Number;
+    std::string Description;
   };
-  using Error = std::pair<int, std::string>;
-  const auto scode = [](unsigned value) { return static_cast<SCODE>(value); };
+  for (const Case& c : {Case{0, 0x800A0009U, "no such form\r\n", 9, "no such form"},
+                        Case{0, 0x800A017CU, "", 380, "Invalid property value"},
+                        Case{0, 0x800A01B6U, "", 438, "Object doesn't support this property or method"},
+                        Case{1004, 0, "", 1004, "Application-defined or object-defined error"},
+                        Case{0, 0x80020005U, "a number is needed", 13, "a number is needed"},
+                        Case{0, 0x80040201U, "the server's own", -2147220991, "the server's own"},
+                        Case{0, 0, "", 440, "Automation error"}}) {
+    CAPTURE(c.Number);
+    const auto error = ErrorOf([&](EXCEPINFO& exception) {
+      exception.wCode = c.Code;
+      exception.scode = static_cast<SCODE>(c.Scode);
+      if (!c.Said.empty()) exception.bstrDescription = com::Bstr(c.Said).Release();
+      exception.bstrSource = com::Bstr("the fake").Release();
+      return DISP_E_EXCEPTION;
+    });
+    CHECK(error.first == c.Number);
+    CHECK(error.second == c.Description);
+  }
+  const auto later = ErrorOf([](EXCEPINFO& exception) {
+    exception.pfnDeferredFillIn = FillInLater;
+    return DISP_E_EXCEPTION;
+  });
+  CHECK(later == std::pair(9, std::string("said later")));
 
-  CHECK(raises(0, scode(0x800A0009U), "no such form\r\n") == Error(9, "no such form"));
-  CHECK(raises(0, scode(0x800A017CU), "") == Error(380, "Invalid property value"));
-  CHECK(raises(0, scode(0x800A01B6U), "") == Error(438, "Object doesn't support this property or method"));
-  CHECK(raises(1004, 0, "") == Error(1004, "Application-defined or object-defined error"));
-  CHECK(raises(0, DISP_E_TYPEMISMATCH, "a number is needed") == Error(13, "a number is needed"));
-  CHECK(raises(0, scode(0x80040201U), "the server's own") == Error(-2147220991, "the server's own"));
-  CHECK(raises(0, 0, "") == Error(440, "Automation error"));
-  CHECK(ErrorOf([](const Invocation& call) {
-          call.Exception->pfnDeferredFillIn = FillInLater;
-          return DISP_E_EXCEPTION;
-        }) == Error(9, "said later"));
-
-  CHECK(fails(DISP_E_TYPEMISMATCH) == Error(13, "Type mismatch"));
-  CHECK(fails(DISP_E_BADINDEX).first == 9);
-  CHECK(fails(DISP_E_MEMBERNOTFOUND).first == 438);
-  CHECK(fails(DISP_E_BADPARAMCOUNT).first == 450);
-  CHECK(fails(E_NOTIMPL).first == 445);
-  CHECK(fails(scode(0x800A000DU)) == Error(13, "Type mismatch"));
-  const Error unknown = fails(E_FAIL);
-  CHECK(unknown.first == -2147467259);
-  CHECK_FALSE(unknown.second.empty());
-  CHECK(unknown.second.find_first_of("\r\n") == std::string::npos);
-  CHECK(fails(scode(0x80040999U)) == Error(-2147219047, "Automation error"));  // the system has no text for it
+  const auto fails = [](HRESULT failure) { return ErrorOf([=](EXCEPINFO&) { return failure; }); };
+  const std::pair<HRESULT, int> numbers[] = {{DISP_E_TYPEMISMATCH, 13},
+                                             {DISP_E_BADINDEX, 9},
+                                             {DISP_E_MEMBERNOTFOUND, 438},
+                                             {DISP_E_BADPARAMCOUNT, 450},
+                                             {E_NOTIMPL, 445},
+                                             {static_cast<HRESULT>(0x800A000DU), 13},
+                                             {E_FAIL, -2147467259},
+                                             {static_cast<HRESULT>(0x80040999U), -2147219047}};
+  for (const auto& [failure, number] : numbers) CHECK(fails(failure).first == number);
+  CHECK(fails(static_cast<HRESULT>(0x800A000DU)).second == "Type mismatch");
+  CHECK(fails(static_cast<HRESULT>(0x80040999U)).second == "Automation error");  // the system has no text for it
+  const std::string systemText = fails(E_FAIL).second;
+  CHECK_FALSE(systemText.empty());
+  CHECK(systemText.find_first_of("\r\n") == std::string::npos);
 }
 
 TEST_CASE("Nothing, a missing member and a value that is no object are errors of their own") {
-  const tests::AutomationTest test;
+  const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");
-  fake->With(L"Nothing", ComPtr<tests::FakeDispatch>()).With(L"Text", "Form1");
-  fake->On(L"Unscriptable", [](const Invocation& call) {
-    call.Result->vt = VT_UNKNOWN;
-    call.Result->punkVal = new tests::FakeObject<IUnknown>;
-    call.Result->punkVal->AddRef();
-    return S_OK;
+  fake->On("Nothing", [] { return FakePtr(); }).On("Text", [] { return std::string("Form1"); });
+  fake->On("Unscriptable", [] {
+    Value object;
+    VARIANT& raw = *object.Receive();
+    raw.vt = VT_UNKNOWN;
+    raw.punkVal = ComPtr<IUnknown>(new tests::FakeObject<IUnknown>).Detach();
+    return object;
   });
   const Object object = Wrapped(fake);
-
   CHECK_FALSE(object.Child(L"Nothing"));
   for (const Object& nothing : {Object(), object.Child(L"Nothing")}) {
     CHECK(ErrorNumberOf([&] { nothing.Call(L"Close"); }) == runtime::ObjectVariableNotSet);
@@ -185,10 +197,9 @@ TEST_CASE("Nothing, a missing member and a value that is no object are errors of
 }
 
 TEST_CASE("An object that knows no English is asked in the user's language") {
-  const tests::AutomationTest test;
+  const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");
-  fake->RefusesEnglish = true;
-  fake->With(L"Version", "6.00");
+  fake->On("Version", [] { return std::string("6.00"); }).RefusesEnglish = true;
   CHECK(Wrapped(fake).Get(L"Version").ToText() == "6.00");
   CHECK(fake->NameQueries == 2);
 }

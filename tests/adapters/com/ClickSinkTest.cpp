@@ -1,7 +1,8 @@
+// The connection to a command's clicks, which the menus of the played environment tell.
 #include "adapters/com/ComCommandBars.h"
 #include "adapters/com/ComEnvironment.h"
+#include "tests/apps/addin-dll/HostMenus.h"
 #include "tests/support/ErrorNumber.h"
-#include "tests/support/FakeDispatch.h"
 
 #include <doctest/doctest.h>
 #include <olectl.h>
@@ -9,88 +10,37 @@
 #include <stdexcept>
 
 using namespace formwizard;
-namespace com = adapters::com;
+using namespace formwizard::tests;
 namespace ide = generator::ide;
-using com::ComPtr;
-using tests::ErrorNumberOf;
-using tests::FakeDispatch;
-using tests::Invocation;
-using tests::NewFake;
 
 namespace {
 
-// What the environment hands out for a control: tells one listener of clicks.
-class ClickSource : public tests::FakeObject<IConnectionPointContainer, IConnectionPoint> {
- public:
-  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** point) override {
-    *point = nullptr;
-    if (id != com::CommandBarControlEvents) return CONNECT_E_NOCONNECTION;
-    *point = this;
-    AddRef();
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
-    if (Full) return CONNECT_E_ADVISELIMIT;
-    *cookie = 77;
-    return sink->QueryInterface(com::CommandBarControlEvents, Listener.ReceiveVoid());
-  }
-  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
-    if (cookie != 77) return CONNECT_E_NOCONNECTION;
-    Listener = {};
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
-
-  ComPtr<IDispatch> Listener;
-  bool Full = false;
-};
-
-// A click as the environment tells of it, with the answers in `handled` and `cancelDefault`.
-HRESULT Fire(IDispatch& listener, IDispatch* control, VARIANT_BOOL& handled, VARIANT_BOOL& cancelDefault,
-             EXCEPINFO* info = nullptr, DISPID event = com::ClickEvent) {
-  VARIANTARG arguments[3]{};
-  arguments[2].vt = VT_DISPATCH;
-  arguments[2].pdispVal = control;
-  arguments[1].vt = arguments[0].vt = VT_BYREF | VT_BOOL;
-  arguments[1].pboolVal = &handled;
-  arguments[0].pboolVal = &cancelDefault;
-  DISPPARAMS parameters{arguments, nullptr, 3, 0};
-  return listener.Invoke(event, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, info, nullptr);
-}
-
 struct Clicks {
   Clicks() {
-    Events->On(L"CommandBarEvents", [this](const Invocation& call) {
-      call.Result->vt = VT_UNKNOWN;
-      ComPtr<IUnknown> source(static_cast<IConnectionPointContainer*>(Source.Get()));
-      call.Result->punkVal = source.Detach();
-      return S_OK;
-    });
-    Root->With(L"Events", Events);
-    Control->With(L"Caption", tests::NoValue);
+    Root->On("CommandBars", [this] { return Menus.CommandBars(); });
+    Root->On("Events", host::HostMenus::Events);
+    Control = Vbe.CommandBar(ide::Int32(1))->Item(ide::Int32(11))->Controls()->Item(ide::Int32(1));
   }
 
   std::unique_ptr<ide::CommandBarEvents> Connect(ide::CommandBarEvents::Click onClick) {
-    com::ComEnvironment vbe(Root.Get());
-    const auto control = std::make_shared<com::ComCommandBarControl>(com::Object(ComPtr<IDispatch>(Control.Get())));
-    return vbe.ConnectEvents(control, std::move(onClick));
+    return Vbe.ConnectEvents(Control, std::move(onClick));
   }
-  HRESULT Click(EXCEPINFO* info = nullptr) {
-    return Fire(*Source->Listener, Control.Get(), Handled, CancelDefault, info);
+  HRESULT Click(EXCEPINFO* info = nullptr, DISPID event = com::ClickEvent) {
+    return host::Fire(*host::ListenerOf(Command), Command, Answers, info, event);
   }
 
-  ComPtr<ClickSource> Source{new ClickSource};
-  ComPtr<FakeDispatch> Root = NewFake("VBE"), Events = NewFake("Events"), Control = NewFake("Button");
-  VARIANT_BOOL Handled = VARIANT_FALSE, CancelDefault = VARIANT_TRUE;
+  NothingIsLeft AtTheEnd;
+  host::HostMenus Menus;
+  FakePtr Root = NewFake("VBE");
+  com::ComEnvironment Vbe{Root.Get()};
+  std::shared_ptr<ide::CommandBarControl> Control;
+  const std::shared_ptr<host::Command> Command = Menus.At(host::HostMenus::AddIns).front();
+  host::Answers Answers;
 };
 
 }  // namespace
 
 TEST_CASE("A click reaches the listener with its control, and the answers go back") {
-  const tests::AutomationTest test;
   Clicks clicks;
   int count = 0;
   const auto events = clicks.Connect([&](ide::CommandBarControl& control, bool& handled, bool& cancelDefault) {
@@ -101,38 +51,29 @@ TEST_CASE("A click reaches the listener with its control, and the answers go bac
     handled = true;
     cancelDefault = false;
   });
-  CHECK(tests::CallLog.back() == "get Events.CommandBarEvents Button");
-
-  clicks.CancelDefault = 1;  // true for some: left as it was
+  clicks.Answers.CancelDefault = 1;  // true for some: left as it was
   CHECK(clicks.Click() == S_OK);
-  CHECK(tests::CallLog.back() == R"(put Button.Caption "clicked")");
-  CHECK(clicks.Handled == VARIANT_FALSE);
-  CHECK(clicks.CancelDefault == 1);
+  CHECK(clicks.Command->Caption == "clicked");
+  CHECK(clicks.Answers.Handled == VARIANT_FALSE);
+  CHECK(clicks.Answers.CancelDefault == 1);
   CHECK(clicks.Click() == S_OK);
-  CHECK(clicks.Handled == VARIANT_TRUE);
-  CHECK(clicks.CancelDefault == VARIANT_FALSE);
-
-  CHECK(Fire(*clicks.Source->Listener, nullptr, clicks.Handled, clicks.CancelDefault, nullptr, 2) ==
-        DISP_E_MEMBERNOTFOUND);
+  CHECK(clicks.Answers.Handled == VARIANT_TRUE);
+  CHECK(clicks.Answers.CancelDefault == VARIANT_FALSE);
+  CHECK(clicks.Click(nullptr, 2) == DISP_E_MEMBERNOTFOUND);
   CHECK(count == 2);
 }
 
 TEST_CASE("An event without arguments is a click all the same") {
-  const tests::AutomationTest test;
   Clicks clicks;
-  int count = 0;
-  const auto events = clicks.Connect([&](ide::CommandBarControl&, bool& handled, bool&) {
-    handled = true;
-    ++count;
-  });
+  bool isHeard = false;
+  const auto events = clicks.Connect([&](ide::CommandBarControl&, bool& handled, bool&) { isHeard = handled = true; });
   DISPPARAMS none{};
-  CHECK(clicks.Source->Listener->Invoke(com::ClickEvent, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr,
-                                        nullptr) == S_OK);
-  CHECK(count == 1);
+  CHECK(host::ListenerOf(clicks.Command)
+            ->Invoke(com::ClickEvent, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr) == S_OK);
+  CHECK(isHeard);
 }
 
 TEST_CASE("The connection ends with its object, also during a click, and for a source that holds on to the sink") {
-  const tests::AutomationTest test;
   Clicks clicks;
   int count = 0;
   std::unique_ptr<ide::CommandBarEvents> events;
@@ -145,23 +86,22 @@ TEST_CASE("The connection ends with its object, also during a click, and for a s
     listenerIsAlive = !watched.expired();
     handled = true;
   });
-  const ComPtr<IDispatch> held = clicks.Source->Listener;
-  CHECK(Fire(*held, clicks.Control.Get(), clicks.Handled, clicks.CancelDefault) == S_OK);
-  CHECK_FALSE(clicks.Source->Listener);
+  const com::ComPtr<IDispatch> held = host::ListenerOf(clicks.Command);
+  CHECK(clicks.Click() == S_OK);
+  CHECK(clicks.Command->Sources.empty());
   CHECK(listenerIsAlive);
   CHECK(watched.expired());
-  CHECK(clicks.Handled == VARIANT_TRUE);
-  CHECK(Fire(*held, clicks.Control.Get(), clicks.Handled, clicks.CancelDefault) == S_OK);
+  CHECK(clicks.Answers.Handled == VARIANT_TRUE);
+  CHECK(host::Fire(*held, clicks.Command, clicks.Answers) == S_OK);
   CHECK(count == 1);
 }
 
 TEST_CASE("A listener's failure comes back as an automation failure") {
-  const tests::AutomationTest test;
   Clicks clicks;
   bool asMistake = false;
-  const auto events = clicks.Connect([&](ide::CommandBarControl& control, bool&, bool&) {
+  const auto events = clicks.Connect([&](ide::CommandBarControl&, bool&, bool&) {
     if (asMistake) throw std::logic_error("a mistake");
-    control.SetOnAction("absent");
+    runtime::Raise(com::MemberNotSupported);
   });
   EXCEPINFO info{};
   CHECK(clicks.Click(&info) == DISP_E_EXCEPTION);
@@ -172,11 +112,10 @@ TEST_CASE("A listener's failure comes back as an automation failure") {
 }
 
 TEST_CASE("A source that cannot be listened to leaves nothing behind") {
-  const tests::AutomationTest test;
   Clicks clicks;
   const auto onClick = [](ide::CommandBarControl&, bool&, bool&) {};
-  clicks.Source->Full = true;
+  clicks.Command->IsHeardByAll = true;
   CHECK(ErrorNumberOf([&] { clicks.Connect(onClick); }) == CONNECT_E_ADVISELIMIT);
-  CHECK(ErrorNumberOf([&] { com::ListenToClicks(ComPtr<IUnknown>(clicks.Events.Get()), onClick); }) == 430);
-  CHECK(ErrorNumberOf([&] { com::ListenToClicks(ComPtr<IUnknown>(), onClick); }) == runtime::ObjectVariableNotSet);
+  CHECK(ErrorNumberOf([&] { com::ListenToClicks(com::ComPtr<IUnknown>(clicks.Root.Get()), onClick); }) == 430);
+  CHECK(ErrorNumberOf([&] { com::ListenToClicks(com::ComPtr<IUnknown>(), onClick); }) == runtime::ObjectVariableNotSet);
 }

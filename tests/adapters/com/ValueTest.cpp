@@ -90,7 +90,7 @@ TEST_CASE("Values of the core have the types of the language") {
 }
 
 TEST_CASE("What cannot be converted raises the error of the language") {
-  const tests::AutomationTest test;
+  const tests::NothingIsLeft test;
   const auto number = [](VARTYPE type, double value) { return Made(type, [=](VARIANT& v) { v.dblVal = value; }); };
   const Value missing = Made(VT_ERROR, [](VARIANT& v) { v.scode = DISP_E_PARAMNOTFOUND; });
   const Value object(com::ComPtr<IDispatch>(tests::NewFake("object").Get()));

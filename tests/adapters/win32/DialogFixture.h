@@ -1,38 +1,39 @@
 // The wizard in real windows, over a fake server and a fake environment, above the environment's main window.
 #pragma once
 
+#include "adapters/satellite/Satellites.h"
 #include "adapters/win32/Win32Desktop.h"
 #include "adapters/win32/Win32TextMeasure.h"
 #include "tests/adapters/win32/User.h"
-#include "tests/support/FakeLibraries.h"
 #include "tests/support/WizardFixture.h"
 
 #include <string>
+#include <utility>
 
 namespace formwizard::tests {
 
-class MainWindow {
+// The satellites that were built, for a user of one language.
+class Language : public adapters::satellite::Satellites {
  public:
-  MainWindow()
-      : handle_(CreateWindowExW(0, WC_STATICW, L"Environment", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 600,
-                                nullptr, nullptr, nullptr, nullptr)) {}
-  ~MainWindow() { DestroyWindow(handle_); }
-  MainWindow(const MainWindow&) = delete;
-  MainWindow& operator=(const MainWindow&) = delete;
-  operator HWND() const { return handle_; }  // NOLINT(google-explicit-constructor)
+  Language(std::string name, int localeId) : name_(std::move(name)), localeId_(localeId) {}
+  std::string UserLanguage() const override { return name_; }
+  int UserLocaleId() const override { return localeId_; }
 
  private:
-  HWND handle_;
+  std::string name_;
+  int localeId_;
 };
 
 struct DialogFixture {
+  explicit DialogFixture(const std::string& language = "ENU", int localeId = 1033) : Texts(language, localeId) {}
+
   MainWindow Main;
-  adapters::win32::Win32Desktop Desktop{Main};
+  adapters::win32::Win32Desktop Desktop{Main.Handle()};
   adapters::win32::Win32TextMeasure Measure;
   WizardFixture Fakes;
-  FakeLibraries Libraries;
-  support::Strings Strings{Libraries, ""};
-  support::Localization Localization{Strings, Libraries};
+  Language Texts;
+  support::Strings Strings{Texts, FORMWIZARD_SATELLITE_FOLDER};
+  support::Localization Localization{Strings, Texts};
   wizard::AddInState State;
   wizard::frmWizard Dialog{
       {Desktop, Measure, Fakes.Profile, "outility.ini", Fakes.Server, Strings, Localization, "", State}, Fakes.Ide};

@@ -1,6 +1,7 @@
 #include "tests/adapters/win32/User.h"
 
 #include "adapters/win32/Screen.h"
+#include "adapters/win32/Text.h"
 #include "ui/Form.h"
 
 #include <doctest/doctest.h>
@@ -14,25 +15,52 @@
 #include <vector>
 
 namespace formwizard::tests {
+
+using adapters::win32::Utf8;
+
 namespace {
 
 constexpr int Attempts = 1500;  // of ten milliseconds
 constexpr DWORD Pause = 10;
+constexpr wchar_t MainWindowClass[] = L"MainWindowOfTests";
+constexpr UINT RunMessage = WM_APP;
+constexpr int TextOfMessage = 0xFFFF;  // the id of the text in a message box
 
 const DWORD WindowThread = GetCurrentThreadId();  // windows are opened by the thread that runs the tests
-std::atomic<int> idleTicks = 0;
+std::atomic<int> idleTimes = 0;
+std::atomic<bool> isAsked = false;
 std::atomic<bool> isShown = false;
+HWND activeBefore = nullptr;  // when there was nothing to use yet
 
-void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) { ++idleTicks; }
+LRESULT CALLBACK MainProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != RunMessage) return DefWindowProcW(window, message, wParam, lParam);
+  (*reinterpret_cast<const std::function<void()>*>(lParam))();
+  return 0;
+}
 
-// Timers come after everything else that waits for a thread.
+// The windows have nothing more to do when they take input. Timers come after everything else that waits for a thread,
+// so at each tick a key that nobody has is put among the input; a dialog that works leaves it there until it has
+// finished.
+void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
+  if (!isAsked.exchange(true)) PostThreadMessageW(WindowThread, WM_KEYUP, VK_NONAME, 0);
+}
+
+LRESULT CALLBACK Hear(int code, WPARAM removed, LPARAM heard) {
+  const auto& message = *reinterpret_cast<const MSG*>(heard);
+  if ((removed & PM_REMOVE) != 0 && message.message == WM_KEYUP && message.wParam == VK_NONAME && isAsked) {
+    ++idleTimes;
+    isAsked = false;
+  }
+  return CallNextHookEx(nullptr, code, removed, heard);
+}
+
 void Settle() {
-  const int before = idleTicks;
-  for (int i = 0; i < Attempts && idleTicks < before + 3; ++i) {
+  const int before = idleTimes;
+  for (int i = 0; i < Attempts && idleTimes < before + 3; ++i) {
     if (!isShown) return;
     Sleep(Pause);
   }
-  if (isShown && idleTicks < before + 3) throw std::runtime_error("the windows do not answer");
+  if (isShown && idleTimes < before + 3) throw std::runtime_error("the windows do not answer");
 }
 
 void Send(std::vector<INPUT> inputs) {
@@ -113,6 +141,7 @@ void CloseAll() {
 
 DWORD WINAPI RunWork(void* work) {
   try {
+    for (int i = 0; i < Attempts && isShown && ActiveWindow() == activeBefore; ++i) Sleep(Pause);
     Settle();
     (*static_cast<const std::function<void()>*>(work))();
     Settle();
@@ -122,6 +151,26 @@ DWORD WINAPI RunWork(void* work) {
   }
   CloseAll();
   return 0;
+}
+
+HWND ShownChild(HWND window, int id) {
+  struct Search {
+    int Id;
+    HWND Found = nullptr;
+    static BOOL CALLBACK Compare(HWND child, LPARAM self) {
+      auto& search = *reinterpret_cast<Search*>(self);
+      if (GetDlgCtrlID(child) == search.Id && IsWindowVisible(child)) search.Found = child;
+      return search.Found ? FALSE : TRUE;
+    }
+  } search{id};
+  EnumChildWindows(window, Search::Compare, reinterpret_cast<LPARAM>(&search));
+  return search.Found;
+}
+
+// Presses a key until the text is reached, which must be so before long.
+void PressUntil(std::wstring_view wanted, WORD key, std::wstring (*text)(HWND)) {
+  for (int i = 0; i < 60 && text(Focus()) != wanted; ++i) Press(key);
+  if (text(Focus()) != wanted) throw std::runtime_error("there is no " + Utf8(wanted));
 }
 
 HTREEITEM Next(HWND tree, HTREEITEM item, WPARAM relation) {
@@ -139,6 +188,12 @@ std::wstring TextOf(HWND tree, HTREEITEM item) {
   return asked.pszText;
 }
 
+POINT PlaceOfRow(HWND list, int row) {
+  RECT place{};
+  SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+  return {place.left + 6, (place.top + place.bottom) / 2};
+}
+
 }  // namespace
 
 bool HasDialogFont() {
@@ -149,13 +204,40 @@ bool HasDialogFont() {
   return face.data() == std::wstring(L"MS Sans Serif");
 }
 
+MainWindow::MainWindow() {
+  WNDCLASSW description{};
+  description.lpfnWndProc = MainProcedure;
+  description.lpszClassName = MainWindowClass;
+  description.hbrBackground = GetSysColorBrush(COLOR_APPWORKSPACE);
+  RegisterClassW(&description);
+  handle_ = CreateWindowExW(0, MainWindowClass, L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 640, nullptr,
+                            nullptr, nullptr, nullptr);
+}
+
+MainWindow::~MainWindow() {
+  DestroyWindow(handle_);
+  UnregisterClassW(MainWindowClass, nullptr);
+}
+
+void MainWindow::Run(const std::function<void()>& work) const {
+  SendMessageW(handle_, RunMessage, 0, reinterpret_cast<LPARAM>(&work));
+}
+
 void UseWindows(const std::function<void()>& show, const std::function<void()>& work) {
   isShown = true;
+  activeBefore = GetActiveWindow();
+  isAsked = false;
+  const HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, Hear, nullptr, WindowThread);
   const UINT_PTR timer = SetTimer(nullptr, 0, Pause, Tick);
   const HANDLE user = CreateThread(nullptr, 0, RunWork, const_cast<std::function<void()>*>(&work), 0, nullptr);
-  show();
+  try {
+    show();
+  } catch (const std::exception& failure) {
+    FAIL_CHECK(std::string(failure.what()));
+  }
   isShown = false;
   KillTimer(nullptr, timer);
+  UnhookWindowsHookEx(hook);
   MSG message{};
   do {  // it may ask a window
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
@@ -174,6 +256,12 @@ void Press(WORD key, WORD modifier) {
   Send(inputs);
 }
 
+void PressTimes(WORD key, int times) {
+  for (int i = 0; i < times; ++i) Press(key);
+}
+
+void PressAccessKey(char key) { Press(static_cast<WORD>(key), VK_MENU); }
+
 void Type(std::wstring_view text) {
   for (const wchar_t character : text) {
     INPUT down{};
@@ -189,52 +277,72 @@ void Type(std::wstring_view text) {
 void Click(HWND window, POINT at) { PressMouse(window, at, 1); }
 void DoubleClick(HWND window, POINT at) { PressMouse(window, at, 2); }
 
-std::wstring CaptionOf(HWND window) {
-  std::array<wchar_t, 500> text{};
-  SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-  return text.data();
-}
-
-HWND Await(std::wstring_view title) {
-  for (int i = 0; i < Attempts; ++i) {
-    for (const HWND window : TopWindows()) {
-      if (IsWindowVisible(window) && CaptionOf(window) == title) {
-        Settle();
-        return window;
-      }
-    }
-    Sleep(Pause);
-  }
-  throw std::runtime_error("no window " + std::string(title.begin(), title.end()));
-}
-
-std::wstring ActiveTitle() { return CaptionOf(ThreadInfo().hwndActive); }
+HWND ActiveWindow() { return ThreadInfo().hwndActive; }
+std::wstring ActiveTitle() { return CaptionOf(ActiveWindow()); }
 HWND Focus() { return ThreadInfo().hwndFocus; }
 int CountWindows() { return static_cast<int>(TopWindows().size()); }
-
-HWND ChildWithId(HWND window, int id) {
-  struct Search {
-    int Id;
-    HWND Found = nullptr;
-    static BOOL CALLBACK Compare(HWND child, LPARAM self) {
-      auto& search = *reinterpret_cast<Search*>(self);
-      if (GetDlgCtrlID(child) == search.Id) search.Found = child;
-      return search.Found ? FALSE : TRUE;
-    }
-  } search{id};
-  EnumChildWindows(window, Search::Compare, reinterpret_cast<LPARAM>(&search));
-  return search.Found;
-}
 
 HWND WindowOf(const ui::Control& control) {
   const auto& controls = control.Parent->Controls();
   const int id = static_cast<int>(std::ranges::find(controls, &control) - controls.begin()) + 1;
-  const std::string& caption = control.Parent->Caption;
-  for (const HWND window : TopWindows()) {
-    if (CaptionOf(window) != std::wstring(caption.begin(), caption.end())) continue;
-    if (const HWND child = ChildWithId(window, id)) return child;
-  }
-  throw std::runtime_error("no window of " + control.Name);
+  if (const HWND child = ShownChild(ActiveWindow(), id)) return child;
+  throw std::runtime_error("nothing shows " + control.Name);
+}
+
+std::wstring CaptionOf(HWND window) { return adapters::win32::TextOf(window); }
+
+void GoTo(const ui::Control& control) {
+  const HWND window = WindowOf(control);
+  for (int i = 0; i < 40 && Focus() != window; ++i) Press(VK_TAB);
+  if (Focus() != window) throw std::runtime_error("the tab key does not reach " + control.Name);
+}
+
+void PressIn(const ui::Control& control, WORD key) {
+  GoTo(control);
+  Press(key);
+}
+
+void ChooseNode(const ui::Control& tree, std::wstring_view text) {
+  PressIn(tree, VK_HOME);
+  PressUntil(text, VK_DOWN, SelectedText);
+}
+
+void ChooseRow(const ui::Control& list, int row) {
+  PressIn(list, VK_HOME);
+  PressTimes(VK_DOWN, row);
+}
+
+void ChooseInCombo(const ui::Control& combo, std::wstring_view text) {
+  GoTo(combo);
+  PressUntil(text, VK_DOWN, CaptionOf);
+}
+
+void TypeOver(const ui::Control& box, std::wstring_view text) {
+  PressIn(box, VK_HOME);
+  Press(VK_END, VK_SHIFT);
+  Type(text);
+}
+
+void Click(const ui::Control& control, POINT at) { Click(WindowOf(control), at); }
+
+void DoubleClickNode(const ui::Control& tree, std::wstring_view text) {
+  const HWND window = WindowOf(tree);
+  DoubleClick(window, PlaceOf(window, ItemOf(window, text)));
+}
+
+void ClickRow(const ui::Control& list, int row) {
+  const HWND window = WindowOf(list);
+  Click(window, PlaceOfRow(window, row));
+}
+
+void ClickInCombo(const ui::Control& combo, const std::wstring& text) {
+  const HWND window = WindowOf(combo);
+  Click(window);
+  COMBOBOXINFO info{};
+  info.cbSize = sizeof(info);
+  SendMessageW(window, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+  const LRESULT row = SendMessageW(window, CB_FINDSTRINGEXACT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  Click(info.hwndList, PlaceOfRow(info.hwndList, static_cast<int>(row)));
 }
 
 HTREEITEM ItemOf(HWND tree, std::wstring_view text, HTREEITEM below) {
@@ -262,10 +370,15 @@ POINT PlaceOf(HWND tree, HTREEITEM item) {
   return {rectangle.Place.left + 6, (rectangle.Place.top + rectangle.Place.bottom) / 2};
 }
 
-POINT PlaceOfRow(HWND list, int row) {
-  RECT place{};
-  SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-  return {place.left + 6, (place.top + place.bottom) / 2};
+bool IsAtMessage() { return GetDlgItem(ActiveWindow(), TextOfMessage) != nullptr; }
+
+std::string DismissMessage() {
+  for (int i = 0; i < Attempts && !IsAtMessage(); ++i) Sleep(Pause);
+  if (!IsAtMessage()) throw std::runtime_error("no message");
+  const HWND box = ActiveWindow();
+  const std::wstring shown = CaptionOf(box) + L": " + CaptionOf(GetDlgItem(box, TextOfMessage));
+  Press(VK_RETURN);
+  return Utf8(shown);
 }
 
 }  // namespace formwizard::tests

@@ -16,35 +16,67 @@ namespace formwizard::tests {
 // Whether the system has the font that the dialogs are designed for. Without it texts have other widths.
 bool HasDialogFont();
 
+// The visible window that owns the dialogs. It runs what other threads want done on its own.
+class MainWindow {
+ public:
+  MainWindow();
+  ~MainWindow();
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
+
+  HWND Handle() const { return handle_; }
+  void Run(const std::function<void()>& work) const;
+
+ private:
+  HWND handle_;
+};
+
 // Runs `show`, which opens a window and returns when it is closed, while somebody works with that window. Who fails, by
 // an exception, or leaves a window open finds them closed, and the test failed.
 void UseWindows(const std::function<void()>& show, const std::function<void()>& work);
 
 // All that follows is for `work`. Each action returns when the windows have nothing more to do.
 void Press(WORD key, WORD modifier = 0);
+void PressTimes(WORD key, int times);
+void PressAccessKey(char key);
 void Type(std::wstring_view text);
-void Click(HWND window, POINT at);
-void DoubleClick(HWND window, POINT at);
-inline void Click(HWND window) { Click(window, {8, 8}); }
+void Click(HWND window, POINT at = {8, 8});
+void DoubleClick(HWND window, POINT at = {8, 8});
 
-// The windows that are shown, by title: dialogs and message boxes. An error when there is none before long.
-HWND Await(std::wstring_view title);
-// The title of the window that has the user's input.
+// The window that has the user's input, and its title.
+HWND ActiveWindow();
 std::wstring ActiveTitle();
 HWND Focus();
-// The window that shows a control of an open dialog.
+// The shown window of a control in the active dialog; an error when there is none. It bears the number of the control's
+// place in the tab order, so the control of another dialog with the same design will do.
 HWND WindowOf(const ui::Control& control);
+std::wstring CaptionOf(HWND window);
 
-// The same by the control's place in the tab order, from 1; null without one.
-HWND ChildWithId(HWND window, int id);
+// With the keyboard alone: goes to a control, and there chooses a node of a tree, from the first one downwards, a row
+// of a list, from 0, or an entry of a combo box, or writes a text instead of the one that is there.
+void GoTo(const ui::Control& control);
+void PressIn(const ui::Control& control, WORD key);
+void ChooseNode(const ui::Control& tree, std::wstring_view text);
+void ChooseRow(const ui::Control& list, int row);
+void ChooseInCombo(const ui::Control& combo, std::wstring_view text);
+void TypeOver(const ui::Control& box, std::wstring_view text);
 
-// What is drawn in trees and lists.
+// With the mouse alone.
+void Click(const ui::Control& control, POINT at = {8, 8});
+void DoubleClickNode(const ui::Control& tree, std::wstring_view text);
+void ClickRow(const ui::Control& list, int row);
+void ClickInCombo(const ui::Control& combo, const std::wstring& text);
+
+// What is drawn in trees.
 HTREEITEM ItemOf(HWND tree, std::wstring_view text, HTREEITEM below = TVI_ROOT);
 std::wstring SelectedText(HWND tree);
 POINT PlaceOf(HWND tree, HTREEITEM item);
-POINT PlaceOfRow(HWND list, int row);
 
-std::wstring CaptionOf(HWND window);
+// Whether a message box has the user's input.
+bool IsAtMessage();
+// Closes the message box that is there or comes before long, and gives "TITLE: TEXT".
+std::string DismissMessage();
+
 // Top-level windows of this program's first thread, visible or not.
 int CountWindows();
 

@@ -1,6 +1,5 @@
 // What the windows do whatever dialog they show.
 #include "adapters/win32/Text.h"
-#include "resources/Bitmaps.h"
 #include "tests/adapters/win32/DialogFixture.h"
 #include "ui/OptionButton.h"
 
@@ -32,6 +31,7 @@ class SampleForm : public ui::Form {
     Add(check, {"check", nullptr, 100, 1800, 1500, 255, ""});
     Add(button, {"button", nullptr, 100, 2200, 1200, 375, ""});
     Add(other, {"other", nullptr, 1500, 2200, 1200, 375, ""});
+    Add(combo, {"combo", nullptr, 1700, 100, 1200, 300, ""});
     Add(list, {"list", nullptr, 3000, 100, 2500, 1500, ""});
     Add(tree, {"tree", nullptr, 3000, 1700, 2500, 1500, ""});
     other.Cancel = true;
@@ -48,6 +48,7 @@ class SampleForm : public ui::Form {
   std::array<ui::OptionButton, 3> options;
   ui::CheckBox check;
   ui::CommandButton button, other;
+  ui::ComboBox combo;
   ui::ListBox list;
   ui::TreeView tree;
   std::function<void()> Work;
@@ -56,7 +57,7 @@ class SampleForm : public ui::Form {
 
 struct SampleFixture {
   MainWindow Main;
-  adapters::win32::Win32Desktop Desktop{Main};
+  adapters::win32::Win32Desktop Desktop{Main.Handle()};
   SampleForm Form{Desktop};
 
   void Use(const std::function<void()>& work) {
@@ -74,43 +75,39 @@ TEST_CASE("A modal dialog keeps the user out of the windows behind it, and gives
   DialogFixture desktop;
   wizard::frmWizard& dialog = desktop.Dialog;
   desktop.UseWizard([&] {
-    const HWND window = Await(L"Ostrel Form Wizard - Step 1 of 6");
-    CHECK_FALSE(IsWindowEnabled(desktop.Main));
-    Click(WindowOf(dialog.cmdSettings));
-    const HWND settings = Await(L"Ostrel Form Wizard Settings");
+    const HWND window = ActiveWindow();
+    CHECK(ActiveTitle() == L"Ostrel Form Wizard - Step 1 of 6");
+    CHECK_FALSE(IsWindowEnabled(desktop.Main.Handle()));
+    Click(dialog.cmdSettings);
+    const HWND settings = ActiveWindow();
     CHECK(GetWindow(settings, GW_OWNER) == window);
     CHECK_FALSE(IsWindowEnabled(window));
     Press(VK_F4, VK_MENU);
     CHECK_FALSE(IsWindow(settings));
     CHECK(IsWindowEnabled(window));
-    CHECK_FALSE(IsWindowEnabled(desktop.Main));
-    CHECK(ActiveTitle() == L"Ostrel Form Wizard - Step 1 of 6");
+    CHECK_FALSE(IsWindowEnabled(desktop.Main.Handle()));
+    CHECK(ActiveWindow() == window);
     CHECK(Focus() == WindowOf(dialog.cmdSettings));
+    desktop.Fakes.Profile.Values["Columns"] = "many";  // now the settings dialog refuses to load
+    Press(VK_SPACE);
+    CHECK(IsAtMessage());
+    CHECK_FALSE(IsWindowEnabled(window));
+    DismissMessage();
+    CHECK(IsWindowEnabled(window));
     Press(VK_ESCAPE);
   });
-  CHECK(IsWindowEnabled(desktop.Main));
-  CHECK(GetActiveWindow() == desktop.Main);
-
-  desktop.Fakes.Profile.Values["Columns"] = "many";  // the settings dialog refuses to load
-  desktop.UseWizard([&] {
-    Click(WindowOf(dialog.cmdSettings));
-    Await(L"Ostrel Form Wizard - Step 1 of 6");
-    CHECK(CountWindows() > 0);
-    Press(VK_RETURN);  // the message about it
-    CHECK(IsWindowEnabled(GetParent(WindowOf(dialog.picMain))));
-    Press(VK_ESCAPE);
-  });
-  CHECK(IsWindowEnabled(desktop.Main));
+  CHECK(IsWindowEnabled(desktop.Main.Handle()));
+  CHECK(GetActiveWindow() == desktop.Main.Handle());
 }
 
 TEST_CASE("Buttons and the focus show what the keys will do") {
   DialogFixture desktop;
   wizard::frmWizard& dialog = desktop.Dialog;
   desktop.UseWizard([&] {
-    CHECK(IsDefault(dialog.cmdNext));
     CHECK_FALSE(IsWindowEnabled(WindowOf(dialog.cmdBack)));
     CHECK_FALSE(IsWindowEnabled(WindowOf(dialog.cmdFinish)));
     for (const ui::Control* control : {&dialog.cmdNext, &dialog.cmdCancel, &dialog.cmdSettings, &dialog.cmdNext}) {
+      CAPTURE(control->Name);
       CHECK(Focus() == WindowOf(*control));
       CHECK(IsDefault(*control));
       Press(VK_TAB);
@@ -119,7 +116,7 @@ TEST_CASE("Buttons and the focus show what the keys will do") {
     Press(VK_RETURN);
     CHECK(IsWindowEnabled(WindowOf(dialog.cmdBack)));
     Press(VK_RETURN);
-    HWND tree = WindowOf(dialog.tvwClasses);
+    const HWND tree = WindowOf(dialog.tvwClasses);
     const POINT at = PlaceOf(tree, ItemOf(tree, L"Person"));
     const ui::Node* hit = dialog.tvwClasses.HitTest(static_cast<float>(at.x), static_cast<float>(at.y));
     CHECK((hit && hit->Text == "Person"));
@@ -135,15 +132,13 @@ TEST_CASE("Buttons and the focus show what the keys will do") {
 TEST_CASE("A refused text is put back after the message about it was answered") {
   DialogFixture desktop;
   desktop.UseWizard([&] {
-    Click(WindowOf(desktop.Dialog.cmdSettings));
-    const HWND settings = Await(L"Ostrel Form Wizard Settings");
-    const HWND box = ChildWithId(settings, 3);
+    Click(desktop.Dialog.cmdSettings);
+    const HWND settings = ActiveWindow(), box = Focus();
     Press(VK_TAB);
     Press(VK_TAB, VK_SHIFT);
     Type(L"9");
-    CHECK_FALSE(IsWindowEnabled(settings));  // the message box is there
-    CHECK(ActiveTitle() == L"Ostrel Form Wizard Settings");
-    Press(VK_SPACE);
+    CHECK_FALSE(IsWindowEnabled(settings));
+    CHECK(DismissMessage().starts_with("Ostrel Form Wizard Settings: "));
     CHECK(IsWindowEnabled(settings));
     CHECK(CaptionOf(box) == L"1");
     CHECK(Focus() == box);
@@ -152,27 +147,38 @@ TEST_CASE("A refused text is put back after the message about it was answered") 
   });
 }
 
-TEST_CASE("Keys move the choice among options, and values of a check box are shown") {
+TEST_CASE("Keys move the choice among options and entries, and values of a check box are shown") {
   SampleFixture sample;
   SampleForm& form = sample.Form;
-  form.options[0].SetValue(true);
   form.check.SetValue(2);
+  for (const char* entry : {"a", "b", "c"}) form.combo.AddItem(entry, 0);
+  const auto shown = [](const ui::Control& control) { return SendMessageW(WindowOf(control), BM_GETCHECK, 0, 0); };
   sample.Use([&] {
-    CHECK(SendMessageW(WindowOf(form.check), BM_GETCHECK, 0, 0) == BST_INDETERMINATE);
+    CHECK(shown(form.check) == BST_INDETERMINATE);
     Press(VK_TAB);
-    Press(VK_TAB);
-    CHECK(form.options[0].Value());  // the focus alone chooses nothing
-    Press(VK_DOWN);
-    CHECK(form.options[2].Value());
-    Press(VK_RIGHT);
-    CHECK(form.options[0].Value());
     CHECK(Focus() == WindowOf(form.options[0]));
-    Press('1', VK_MENU);
-    CHECK(SendMessageW(WindowOf(form.options[1]), BM_GETCHECK, 0, 0) == BST_CHECKED);
-    CHECK(SendMessageW(WindowOf(form.options[0]), BM_GETCHECK, 0, 0) == BST_UNCHECKED);
-    Click(WindowOf(form.check));
+    CHECK_FALSE(form.options[0].Value());  // the focus alone chooses nothing
+    Press(VK_TAB);
+    CHECK(Focus() == WindowOf(form.check));  // the tab key stops once in a group
+    Press(VK_TAB, VK_SHIFT);
+    for (const auto& [key, chosen] :
+         {std::pair{VK_DOWN, 1}, {VK_RIGHT, 2}, {VK_DOWN, 0}, {VK_UP, 2}, {VK_LEFT, 1}, {VK_UP, 0}}) {
+      Press(static_cast<WORD>(key));
+      CHECK(form.options.at(static_cast<std::size_t>(chosen)).Value());
+      CHECK(Focus() == WindowOf(form.options.at(static_cast<std::size_t>(chosen))));
+    }
+    PressAccessKey('1');
+    CHECK(shown(form.options[1]) == BST_CHECKED);
+    CHECK(shown(form.options[0]) == BST_UNCHECKED);
+    Click(form.check);
     CHECK(form.check.Value() == 0);
-    CHECK(SendMessageW(WindowOf(form.check), BM_GETCHECK, 0, 0) == BST_UNCHECKED);
+    CHECK(shown(form.check) == BST_UNCHECKED);
+    GoTo(form.combo);
+    Press(VK_DOWN, VK_MENU);  // drops the list down, where passing an entry does not choose it yet
+    PressTimes(VK_DOWN, 2);
+    CHECK(form.combo.ListIndex() == -1);
+    Press(VK_RETURN);
+    CHECK(form.combo.Text() == "b");
     Press(VK_ESCAPE);
   });
 }
@@ -199,7 +205,7 @@ TEST_CASE("While a dialog works, input waits") {
     MSG message{};
     quitWaits = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.wParam == 7;
   };
-  sample.Use([&] { Press('W', VK_MENU); });
+  sample.Use([] { PressAccessKey('W'); });
   CHECK(clicksMeanwhile == 0);
   CHECK(form.OtherClicks == 1);
   CHECK(form.box.Text() == "xshown");
@@ -215,19 +221,19 @@ TEST_CASE("A failure is shown and leaves the dialog usable; a mistake of this pr
     throw std::runtime_error("cannot be used");
   };
   sample.Use([&] {
-    const HWND window = Await(L"Sample");
-    Press('W', VK_MENU);
+    const HWND window = ActiveWindow();
+    PressAccessKey('W');
     CHECK_FALSE(IsWindowEnabled(window));
-    Press(VK_RETURN);
+    CHECK(DismissMessage() == "Sample: cannot be used");
     CHECK(IsWindowEnabled(window));
     CHECK(form.Enabled);
     form.Work = [] { throw std::logic_error("a mistake"); };
-    Press('W', VK_MENU);
-    Press(VK_RETURN);
+    PressAccessKey('W');
+    CHECK(DismissMessage() == "Sample: a mistake");
   });
   CHECK(form.IsUnloaded());
   CHECK(form.OtherClicks == 0);
-  CHECK(IsWindowEnabled(sample.Main));
+  CHECK(IsWindowEnabled(sample.Main.Handle()));
 }
 
 TEST_CASE("Long lists and trees appear at once") {
@@ -254,7 +260,7 @@ TEST_CASE("Long lists and trees appear at once") {
     many = milliseconds(20000);
   };
   sample.Use([&] {
-    Press('W', VK_MENU);
+    PressAccessKey('W');
     const HWND tree = WindowOf(form.tree);
     for (int i = 0; i < 100 && TreeView_GetCount(tree) < 20200; ++i) Press(VK_SHIFT);
     CHECK(TreeView_GetCount(tree) == 20200);
@@ -263,37 +269,4 @@ TEST_CASE("Long lists and trees appear at once") {
   });
   MESSAGE("2000 nodes: ", few, " ms, 20000 nodes: ", many, " ms");
   CHECK(many < 40 * few + 500);
-}
-
-TEST_CASE("Closed dialogs leave nothing behind") {
-  DialogFixture desktop;
-  const auto counts = [] {
-    const HANDLE process = GetCurrentProcess();
-    return std::pair{CountWindows(),
-                     GetGuiResources(process, GR_GDIOBJECTS) + GetGuiResources(process, GR_USEROBJECTS)};
-  };
-  const auto round = [&] {
-    desktop.UseWizard([&] {
-      Press('S', VK_MENU);
-      Press(VK_ESCAPE);
-      Press(VK_ESCAPE);
-    });
-  };
-  round();  // what the system keeps for later
-  const auto before = counts();
-  for (int i = 0; i < 20; ++i) round();
-  CHECK(counts() == before);
-}
-
-TEST_CASE("A picture on the clipboard is the bitmap without its file header") {
-  SampleFixture sample;
-  const auto bitmap = resources::Bitmap(9999);
-  sample.Desktop.SetPicture(bitmap);
-  REQUIRE(OpenClipboard(nullptr));
-  const HANDLE memory = GetClipboardData(CF_DIB);
-  REQUIRE(memory);
-  const auto* bytes = static_cast<const std::byte*>(GlobalLock(memory));
-  CHECK(std::equal(bitmap.begin() + sizeof(BITMAPFILEHEADER), bitmap.end(), bytes));
-  GlobalUnlock(memory);
-  CloseClipboard();
 }

@@ -22,7 +22,7 @@ class HostEnvironment {
   HostMenus Menus;
 
   // What the add-in is connected to. It and what it hands out must not outlive this object.
-  com::ComPtr<HostObject> Root();
+  FakePtr Root();
 
  private:
   adapters::vb6files::ProjectOnDisk& project_;

@@ -3,36 +3,12 @@
 #include <sstream>
 
 namespace formwizard::tests::host {
-namespace {
+bool IsAtStep(int step) { return ActiveTitle() == L"Ostrel Form Wizard - Step " + std::to_wstring(step) + L" of 6"; }
 
-constexpr wchar_t WindowClassName[] = L"HostOfAddIns";
-constexpr UINT RunMessage = WM_APP;
-
-LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != RunMessage) return ::DefWindowProcW(window, message, wParam, lParam);
-  (*reinterpret_cast<const std::function<void()>*>(lParam))();
-  return 0;
-}
-
-}  // namespace
-
-HostWindow::HostWindow() {
-  WNDCLASSW description{};
-  description.lpfnWndProc = WindowProcedure;
-  description.lpszClassName = WindowClassName;
-  description.hbrBackground = ::GetSysColorBrush(COLOR_APPWORKSPACE);
-  ::RegisterClassW(&description);
-  handle_ = ::CreateWindowExW(0, WindowClassName, L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 640, nullptr,
-                              nullptr, nullptr, nullptr);
-}
-
-HostWindow::~HostWindow() {
-  ::DestroyWindow(handle_);
-  ::UnregisterClassW(WindowClassName, nullptr);
-}
-
-void HostWindow::Run(const std::function<void()>& work) const {
-  ::SendMessageW(handle_, RunMessage, 0, reinterpret_cast<LPARAM>(&work));
+void Finish() {
+  const HWND wizard = ActiveWindow();
+  PressAccessKey('F');
+  for (int i = 0; i < 3000 && ::IsWindow(wizard) && !IsAtMessage(); ++i) ::Sleep(10);
 }
 
 HostFixture::HostFixture(const std::string& dictionary, const std::function<void(const std::string&)>& prepare) {

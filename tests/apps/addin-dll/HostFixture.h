@@ -2,10 +2,11 @@
 #pragma once
 
 #include "adapters/sqlite/Dictionary.h"
+#include "tests/adapters/win32/User.h"
 #include "tests/apps/addin-dll/AddInLibrary.h"
+#include "tests/apps/addin-dll/Designs.h"
 #include "tests/apps/addin-dll/HostEnvironment.h"
 #include "tests/apps/addin-dll/HostServer.h"
-#include "tests/apps/addin-dll/KeyboardUser.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -18,35 +19,14 @@
 
 namespace formwizard::tests::host {
 
-// Nothing of the host may be left when a test ends, and everything that was to fail must have failed.
-struct NothingIsLeft {
-  NothingIsLeft() { PlannedFailures.clear(); }
-  NothingIsLeft(const NothingIsLeft&) = delete;
-  NothingIsLeft& operator=(const NothingIsLeft&) = delete;
-  ~NothingIsLeft() {
-    CHECK(Living == 0);
-    for (const auto& [member, plan] : PlannedFailures) FAIL_CHECK("did not fail: ", member);
-  }
-};
-
-// A visible window that runs what other threads want done on its own.
-class HostWindow {
- public:
-  HostWindow();
-  ~HostWindow();
-  HostWindow(const HostWindow&) = delete;
-  HostWindow& operator=(const HostWindow&) = delete;
-
-  HWND Handle() const { return handle_; }
-  void Run(const std::function<void()>& work) const;
-
- private:
-  HWND handle_;
-};
+// Whether the wizard has the user's input and shows a step.
+bool IsAtStep(int step);
+// Presses the button that makes the form, and waits until the wizard is closed or tells something.
+void Finish();
 
 struct HostFixture {
   NothingIsLeft AtTheEnd;
-  HostWindow Window;
+  MainWindow Window;
   TemporaryFolder Folder;
   std::string Home = Folder / "project";
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> Project;

@@ -1,7 +1,7 @@
 // The menu bar of the played environment, and the clicks on its commands.
 #pragma once
 
-#include "tests/apps/addin-dll/HostObject.h"
+#include "tests/support/FakeDispatch.h"
 
 #include <cstddef>
 #include <memory>
@@ -18,6 +18,7 @@ struct Command {
   std::string Face;                   // the bitmap that was on the clipboard when it was pasted
   std::vector<ClickSource*> Sources;  // of those who want to hear of clicks
   bool IsDeleted = false;
+  bool IsHeardByAll = false;  // nobody else can listen
 };
 using Menu = std::vector<std::shared_ptr<Command>>;
 
@@ -29,8 +30,8 @@ class HostMenus {
   HostMenus();
 
   Menu& At(std::size_t index) { return *menus_.at(index - 1); }
-  com::ComPtr<HostObject> CommandBars();
-  static com::ComPtr<HostObject> Events();
+  FakePtr CommandBars();
+  static FakePtr Events();
 
  private:
   std::vector<std::shared_ptr<Menu>> menus_;
@@ -38,6 +39,13 @@ class HostMenus {
 
 // What the environment tells those who listen, in their order. True when somebody was listening and changed no answer.
 bool Click(const std::shared_ptr<Command>& command);
+// The answers of a click, as the environment begins with them.
+struct Answers {
+  VARIANT_BOOL Handled = VARIANT_FALSE, CancelDefault = VARIANT_TRUE;
+};
+// Tells one listener of one event, by default the click.
+HRESULT Fire(IDispatch& listener, const std::shared_ptr<Command>& command, Answers& answers, EXCEPINFO* info = nullptr,
+             DISPID event = 1);
 // Who listens to the command; null when nobody does.
 com::ComPtr<IDispatch> ListenerOf(const std::shared_ptr<Command>& command);
 

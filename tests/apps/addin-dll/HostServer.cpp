@@ -12,46 +12,38 @@ namespace {
 
 namespace factory = wizard::factory;
 using com::ComPtr;
-using com::Value;
 
 constexpr GUID ServerId{0x3A9C8D10, 0x6E42, 0x4B7F, {0x90, 0x11, 0x5C, 0x0D, 0x7E, 0x24, 0xAF, 0x66}};
 constexpr wchar_t ProgIdKey[] = L"OstrelObject.Factory";
 
-ComPtr<HostObject> NewRows(std::shared_ptr<factory::ResultSet> rows) {
-  auto object = NewObject("ResultSet");
+FakePtr NewRows(std::shared_ptr<factory::ResultSet> rows) {
+  auto object = NewFake("ResultSet");
   object->On("Execute", [rows](const Call& call) {
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < call.Count(); ++i) texts.push_back(call.Text(i));
     const std::vector<std::string_view> parameters(texts.begin(), texts.end());
     rows->Execute(std::span<const std::string_view>(parameters));
-    return Value();
   });
-  object->On("Next", [rows](const Call&) { return Value(rows->Next()); });
-  object->On("GetDataByName", [rows](const Call& call) { return Value::Of(rows->GetDataByName(call.Text(0))); });
-  object->On("GetColumnCount", [rows](const Call&) { return Value(rows->GetColumnCount()); });
-  object->On("GetColumnName", [rows](const Call& call) {
-    return Value(std::string_view(rows->GetColumnName(call.Value(0).ToInt16())));
-  });
-  object->On("GetParamCount", [rows](const Call&) { return Value(rows->GetParamCount()); });
-  object->On("Close", [rows](const Call&) {
-    rows->Close();
-    return Value();
-  });
+  object->On("Next", [rows] { return rows->Next(); });
+  object->On("GetDataByName", [rows](const Call& call) { return rows->GetDataByName(call.Text(0)); });
+  object->On("GetColumnCount", [rows] { return rows->GetColumnCount(); });
+  object->On("GetColumnName", [rows](const Call& call) { return rows->GetColumnName(call.Value(0).ToInt16()); });
+  object->On("GetParamCount", [rows] { return rows->GetParamCount(); });
+  object->On("Close", [rows] { rows->Close(); });
   return object;
 }
 
-ComPtr<HostObject> NewFactory(std::shared_ptr<factory::ObjectFactory> server) {
-  auto object = NewObject("Factory");
+FakePtr NewFactory(std::shared_ptr<factory::ObjectFactory> server) {
+  auto object = NewFake("Factory");
   object->OnId(1, "Connect", [server](const Call& call) {
     if (call.Arguments.at(0)->vt != (VT_BSTR | VT_BYREF)) runtime::Raise(runtime::TypeMismatch);
     server->Connect(call.Text(0));
-    return Value();
   });
-  object->OnId(2, "Disconnect", [server](const Call&) { return Value(server->Disconnect()); });
-  object->OnId(10, "IsConnected", [server](const Call&) { return Value(server->IsConnected()); });
+  object->OnId(2, "Disconnect", [server] { return server->Disconnect(); });
+  object->OnId(10, "IsConnected", [server] { return server->IsConnected(); });
   object->OnId(11, "ResultSet",
-               [server](const Call& call) { return ValueOf(NewRows(server->ResultSet(call.Text(0), call.Text(1)))); });
-  object->OnId(26, "SystemList", [server](const Call&) { return Value(std::string_view(server->SystemList())); });
+               [server](const Call& call) { return NewRows(server->ResultSet(call.Text(0), call.Text(1))); });
+  object->OnId(26, "SystemList", [server] { return server->SystemList(); });
   return object;
 }
 

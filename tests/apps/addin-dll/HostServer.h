@@ -1,7 +1,7 @@
 // Plays the server for an add-in: its registered factory, late-bound, over a class dictionary.
 #pragma once
 
-#include "tests/apps/addin-dll/HostObject.h"
+#include "tests/support/FakeDispatch.h"
 #include "wizard/factory/Factory.h"
 
 #include <memory>

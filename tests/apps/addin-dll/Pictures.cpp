@@ -12,7 +12,7 @@ void TakePicture(const std::string& name) {
   const char* folder = std::getenv("FORMWIZARD_PICTURES");
   if (!folder) return;
   RECT place{};
-  ::GetWindowRect(Await(ActiveTitle()), &place);
+  ::GetWindowRect(ActiveWindow(), &place);
   BITMAPINFO description{};
   description.bmiHeader = {
       sizeof(BITMAPINFOHEADER), place.right - place.left, place.bottom - place.top, 1, 24, BI_RGB, 0, 0, 0, 0, 0};

@@ -1,7 +1,9 @@
 // The command line that asks the installed server.
+#include "adapters/com/ComFactory.h"
 #include "apps/cli/Options.h"
 #include "support/Failures.h"
 #include "tests/apps/addin-dll/HostFixture.h"
+#include "tests/support/ErrorNumber.h"
 
 #include <iostream>
 #include <sstream>
@@ -45,6 +47,9 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
     CHECK(OutputOf(apps::cli::ListProperties, browse).starts_with("P\tThe P\t"));
     CHECK(OutputOf(apps::cli::ListQueries, browse).starts_with("By\t2\t"));
     CHECK(apps::cli::Export({"", folder / "taken.json", "", true}) == apps::cli::Done);
+    PlannedFailures["Factory.Disconnect"] = {Failure::Null};
+    const auto factory = com::ComFactoryCreator("OstrelObject.Factory").Create();
+    CHECK(ErrorNumberOf([&] { factory->Disconnect(); }) == runtime::InvalidUseOfNull);
   }
   std::istringstream taken(ReadFile(folder / "taken.json"));
   adapters::sqlite::ImportDictionary(taken, "taken.json", folder / "second");
