@@ -232,10 +232,13 @@ TEST_CASE("An environment in which a member fails goes on without the command, a
       CAPTURE(c.Member);
       CAPTURE(static_cast<int>(failure));
       HostFixture host;
+      const std::size_t commands = host.AddInsMenu().size();
       PlannedFailures[c.Member] = {failure};
       host.Connect();
       for (const auto& command : host.AddInsMenu()) CHECK(command->Sources.empty());
       host.Disconnect();
+      const bool isUnreachable = c.Member == "CommandBarControls.Add" && failure == Failure::Null;
+      CHECK(host.AddInsMenu().size() == commands + (isUnreachable ? 1 : 0));
       host.Connect();  // now nothing fails
       CHECK(host.WizardCommand()->Sources.size() == 1);
     }
@@ -251,7 +254,7 @@ TEST_CASE("The library needs nothing but what the system has") {
   const auto* image = reinterpret_cast<const BYTE*>(library.Handle());
   const auto* headers =
       reinterpret_cast<const IMAGE_NT_HEADERS*>(image + reinterpret_cast<const IMAGE_DOS_HEADER*>(image)->e_lfanew);
-  CHECK(headers->FileHeader.Machine == IMAGE_FILE_MACHINE_I386);
+  CHECK(headers->FileHeader.Machine == (sizeof(void*) == 4 ? IMAGE_FILE_MACHINE_I386 : IMAGE_FILE_MACHINE_AMD64));
   const IMAGE_DATA_DIRECTORY& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
   REQUIRE(table.Size > 0);
   const std::vector<std::string> system{"advapi32.dll", "comctl32.dll", "gdi32.dll",    "kernel32.dll",
