@@ -41,7 +41,7 @@ frmSettings::frmSettings(ui::Desktop& desktop, ProfileStore& profiles, std::stri
 void frmSettings::Design() {
   Tag = "500";
   Width = Int32(7200);
-  Height = Int32(4800);
+  Height = Int32(5040);
   Add(fraScreenLayout, {"fraScreenLayout", nullptr, 120, 60, 6840, 1755, "501"});
   Add(lblNumColumns, {"lblNumColumns", &fraScreenLayout, 240, 300, 5100, 195, "502"});
   Add(txtNumColumns, {"txtNumColumns", &fraScreenLayout, 5520, 240, 720, 300, ""});
@@ -55,17 +55,17 @@ void frmSettings::Design() {
   Add(lblMultilineRows, {"lblMultilineRows", &fraScreenLayout, 240, 1380, 5100, 195, "514"});
   Add(txtMutilineRows, {"txtMutilineRows", &fraScreenLayout, 5520, 1320, 720, 300, ""});
   Add(spnMultilineRows, {"spnMultilineRows", &fraScreenLayout, 6240, 1320, 240, 300, ""});
-  Add(fraLabelAlignment, {"fraLabelAlignment", nullptr, 120, 1875, 3360, 1935, "505"});
+  Add(fraLabelAlignment, {"fraLabelAlignment", nullptr, 120, 1875, 3360, 2175, "505"});
   Add(optLabelAlignmentLeft, {"optLabelAlignmentLeft", &fraLabelAlignment, 240, 300, 3000, 255, "506"});
   Add(optLabelAlignmentRight, {"optLabelAlignmentRight", &fraLabelAlignment, 240, 615, 3000, 255, "507"});
-  Add(fraFormLayout, {"fraFormLayout", nullptr, 3600, 1875, 3360, 1935, "508"});
+  Add(fraFormLayout, {"fraFormLayout", nullptr, 3600, 1875, 3360, 2175, "508"});
   Add(chkMenu, {"chkMenu", &fraFormLayout, 240, 300, 3000, 255, "509"});
   Add(chkButton, {"chkButton", &fraFormLayout, 240, 615, 3000, 255, "510"});
   Add(chkToolbar, {"chkToolbar", &fraFormLayout, 240, 930, 3000, 255, "511"});
   Add(chkStatusbar, {"chkStatusbar", &fraFormLayout, 240, 1245, 3000, 255, "512"});
   Add(chkFormSizable, {"chkFormSizable", &fraFormLayout, 240, 1560, 3000, 255, "513"});
-  Add(cmdOK, {"cmdOK", nullptr, 4320, 3930, 1260, 375, "550"});
-  Add(cmdCancel, {"cmdCancel", nullptr, 5700, 3930, 1260, 375, "551"});
+  Add(cmdOK, {"cmdOK", nullptr, 4320, 4170, 1260, 375, "550"});
+  Add(cmdCancel, {"cmdCancel", nullptr, 5700, 4170, 1260, 375, "551"});
 
   cmdOK.Default = true;
   cmdCancel.Cancel = true;

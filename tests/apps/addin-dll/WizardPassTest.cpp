@@ -123,7 +123,7 @@ void CheckSame(const std::map<std::string, std::string>& made, const std::map<st
 }  // namespace
 
 // tests/golden/addin-project is what the command line makes, on any system, of the same choices.
-TEST_CASE("A form made in the environment, by keyboard or by mouse alone, is the one that the command line makes") {
+TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the one that the command line makes") {
   for (const auto choose : {ChooseByKeyboard, ChooseByMouse}) {
     const bool byKeyboard = choose == ChooseByKeyboard;
     CAPTURE(byKeyboard);
