@@ -111,15 +111,6 @@ void ChooseByMouse() {
   Click(dialog.cmdFinish);
 }
 
-void CheckSame(const std::map<std::string, std::string>& made, const std::map<std::string, std::string>& expected) {
-  for (const auto& [name, text] : expected) {
-    CAPTURE(name);
-    CHECK(made.contains(name));
-    if (made.contains(name)) CHECK(made.at(name) == text);
-  }
-  CHECK(made.size() == expected.size());
-}
-
 }  // namespace
 
 // tests/golden/addin-project is what the command line makes, on any system, of the same choices.
@@ -132,7 +123,7 @@ TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the
     host.UseWizard(choose);
     CHECK(host.Project->IsChanged());
     host.Project->Save();
-    CheckSame(FilesIn(NativePath(host.Home)), FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/addin-project"));
+    CheckSameFiles(FilesIn(NativePath(host.Home)), FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/addin-project"));
     CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
   }
 }

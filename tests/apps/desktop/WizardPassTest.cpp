@@ -1,5 +1,6 @@
 // The wizard in real windows, used by keyboard alone and by mouse alone.
 #include "tests/apps/desktop/DesktopFixture.h"
+#include "tests/support/Golden.h"
 
 #include <QWindow>
 
@@ -120,15 +121,6 @@ std::string Caption() {
   return window ? window->windowTitle().toStdString() : "no window";
 }
 
-void CheckSame(const std::map<std::string, std::string>& made, const std::map<std::string, std::string>& expected) {
-  for (const auto& [name, text] : expected) {
-    CAPTURE(name);
-    CHECK(made.contains(name));
-    if (made.contains(name)) CHECK(made.at(name) == text);
-  }
-  CHECK(made.size() == expected.size());
-}
-
 }  // namespace
 
 TEST_CASE("A form made by keyboard alone is the one that the command line makes") {
@@ -179,7 +171,7 @@ TEST_CASE("A form made by keyboard alone is the one that the command line makes"
   });
   CHECK_FALSE(QApplication::activeModalWidget());
   desktop.Save();
-  CheckSame(FilesIn(desktop.Home), desktop.FilesByCommandLine(SameChoices));
+  CheckSameFiles(FilesIn(desktop.Home), desktop.FilesByCommandLine(SameChoices));
 }
 
 TEST_CASE("A form made by mouse alone is the one that the command line makes") {
@@ -224,5 +216,5 @@ TEST_CASE("A form made by mouse alone is the one that the command line makes") {
   });
   CHECK_FALSE(QApplication::activeModalWidget());
   desktop.Save();
-  CheckSame(FilesIn(desktop.Home), desktop.FilesByCommandLine(SameChoicesByMouse));
+  CheckSameFiles(FilesIn(desktop.Home), desktop.FilesByCommandLine(SameChoicesByMouse));
 }
