@@ -124,7 +124,7 @@ constexpr std::array Kinds{
 constexpr KindBinding NoBinding{};
 
 const KindBinding& BindingOf(const FieldRecord& field) {
-  const auto* kind = std::ranges::find(Kinds, field.FieldKind, &KindBinding::FieldKind);
+  const auto kind = std::ranges::find(Kinds, field.FieldKind, &KindBinding::FieldKind);
   return kind == Kinds.end() ? NoBinding : *kind;
 }
 

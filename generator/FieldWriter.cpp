@@ -99,7 +99,7 @@ void WriteLabel(Generation& run, Int16 column, const FieldRecord& field, auto& s
 }
 
 void WriteDataControl(Generation& run, FieldRecord& field, auto& step) {
-  const auto* kind = std::ranges::find(Kinds, field.FieldKind, &KindControl::FieldKind);
+  const auto kind = std::ranges::find(Kinds, field.FieldKind, &KindControl::FieldKind);
   if (kind == Kinds.end()) return;
   step([&] { field.ControlName = std::string(kind->Prefix) + field.IntName; });
   step([&] { run.AddControl(kind->ProgId, field.ControlName); });

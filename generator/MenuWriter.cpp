@@ -58,7 +58,7 @@ void WriteObjectMenu(Generation& run) {
 
 void WritePopupMenu(Generation& run, Int16 fieldIndex) {
   const FieldRecord& field = run.Form.Fields[fieldIndex];
-  const auto* popup = std::ranges::find(Popups, field.FieldKind, &KindPopup::FieldKind);
+  const auto popup = std::ranges::find(Popups, field.FieldKind, &KindPopup::FieldKind);
   if (popup == Popups.end()) return;
   if (field.FieldKind == model::kind::ReferenceLabel && !run.HasContextMenu(fieldIndex)) return;
 

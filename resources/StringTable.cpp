@@ -156,7 +156,7 @@ static_assert(std::ranges::is_sorted(Table, {}, &Entry::Id));
 }  // namespace
 
 std::optional<std::string_view> StringTableText(int id) {
-  const auto* found = std::ranges::lower_bound(Table, id, {}, &Entry::Id);
+  const auto found = std::ranges::lower_bound(Table, id, {}, &Entry::Id);
   if (found == Table.end() || found->Id != id) return std::nullopt;
   return found->Text;
 }

@@ -39,7 +39,7 @@ constexpr std::array Descriptions{
 }  // namespace
 
 std::string DescriptionOf(int number) {
-  const auto* found = std::ranges::find(Descriptions, number, &Description::Number);
+  const auto found = std::ranges::find(Descriptions, number, &Description::Number);
   return std::string(found != Descriptions.end() ? found->Text : "Application-defined or object-defined error");
 }
 

@@ -49,7 +49,7 @@ void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const setti
   field.DisplayName = name;
   field.PropertyName = name;
   field.Caption = ToText(row.GetDataByName("Caption"));
-  const auto* found = std::ranges::find(Collections, CollectionOf(row), &CollectionKind::Collection);
+  const auto found = std::ranges::find(Collections, CollectionOf(row), &CollectionKind::Collection);
   if (found != Collections.end()) {
     field.FieldKind = found->FieldKind;
     field.RowCount = settings.*found->Rows;

@@ -62,7 +62,7 @@ std::string SystemText(HRESULT failure) {
 bool CarriesNumber(HRESULT failure) { return (failure & ~0xFFFF) == LanguageFailure; }
 
 Meaning MeaningOf(HRESULT failure) {
-  const auto* found = std::ranges::find(Meanings, failure, &Meaning::Failure);
+  const auto found = std::ranges::find(Meanings, failure, &Meaning::Failure);
   if (found != Meanings.end()) return *found;
   return {failure, CarriesNumber(failure) ? failure & 0xFFFF : failure};
 }
@@ -70,7 +70,7 @@ Meaning MeaningOf(HRESULT failure) {
 std::string DescriptionOf(const Meaning& meaning) {
   if (!meaning.Description.empty()) return std::string(meaning.Description);
   // Other objects raise numbers of which this program knows no text.
-  const auto* known = std::ranges::find(Meanings, meaning.Number, &Meaning::Number);
+  const auto known = std::ranges::find(Meanings, meaning.Number, &Meaning::Number);
   if (known != Meanings.end() && !known->Description.empty()) return std::string(known->Description);
   return meaning.Number < 0 ? SystemText(meaning.Failure) : runtime::DescriptionOf(meaning.Number);
 }

@@ -401,8 +401,8 @@ constexpr Locale Locales[] = {
 static_assert(std::ranges::adjacent_find(Locales, std::ranges::greater_equal{}, &Locale::Name) == std::end(Locales));
 
 constexpr const Locale* Find(std::string_view name) {
-  const auto* found = std::ranges::lower_bound(Locales, name, {}, &Locale::Name);
-  return found != std::end(Locales) && found->Name == name ? found : nullptr;
+  const auto found = std::ranges::lower_bound(Locales, name, {}, &Locale::Name);
+  return found != std::end(Locales) && found->Name == name ? &*found : nullptr;
 }
 
 constexpr const Locale* Default = Find("en_US");

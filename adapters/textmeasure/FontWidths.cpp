@@ -87,7 +87,7 @@ constexpr bool IsFullWidth(char32_t c) {
 int PixelsOf(char32_t character) {
   if (character < 0x20) return DefaultWidth;
   if (character < 0x100) return LatinWidths[character - 0x20] != 0 ? LatinWidths[character - 0x20] : DefaultWidth;
-  const auto* found = std::ranges::lower_bound(OtherWidths, character, {}, &Width::Character);
+  const auto found = std::ranges::lower_bound(OtherWidths, character, {}, &Width::Character);
   if (found != std::end(OtherWidths) && found->Character == character) return found->Pixels;
   return IsFullWidth(character) ? EastAsianWidth : DefaultWidth;
 }

@@ -12,8 +12,8 @@ namespace {
 // Takes the next word off the line.
 std::string_view TakeWord(std::string_view& line) {
   const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  const auto* start = std::ranges::find_if_not(line, isBlank);
-  const auto* end = std::find_if(start, line.end(), [&](char c) { return isBlank(c) || c == '(' || c == '\r'; });
+  const auto start = std::ranges::find_if_not(line, isBlank);
+  const auto end = std::find_if(start, line.end(), [&](char c) { return isBlank(c) || c == '(' || c == '\r'; });
   const std::string_view word(start, end);
   line = std::string_view(end, line.end());
   return word;
@@ -50,7 +50,7 @@ void CodeText::NoteProcedures(std::string_view text) {
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find('\n'));
     // A quick look at the first letter spares most lines the rest.
-    const auto* first = std::ranges::find_if_not(line, [](char c) { return c == ' ' || c == '\t'; });
+    const auto first = std::ranges::find_if_not(line, [](char c) { return c == ' ' || c == '\t'; });
     const char letter = first == line.end() ? ' ' : *first;
     if (letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's') {
       const std::string_view name = ProcedureBegunBy(line);

@@ -340,11 +340,11 @@ const PropertyRow* FindProperty(ClassBits classBit, std::string_view name) {
 const EventRow* FindEvent(ClassBits classBit, std::string_view name) { return Find<EventRow>(Events, classBit, name); }
 
 const ControlClass* FindControlClass(std::string_view progId) {
-  const auto* found = std::ranges::find_if(Classes, [&](const ControlClass& known) {
+  const auto found = std::ranges::find_if(Classes, [&](const ControlClass& known) {
     return runtime::EqualIgnoringCase(known.Name, progId) ||
            (!known.ProgId.empty() && runtime::EqualIgnoringCase(known.ProgId, progId));
   });
-  return found == Classes.end() ? nullptr : found;
+  return found == Classes.end() ? nullptr : &*found;
 }
 
 }  // namespace formwizard::adapters::vb6files

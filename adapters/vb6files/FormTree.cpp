@@ -90,7 +90,7 @@ class Companion {
     const std::string_view digits = value.substr(at + mark.size());
     const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), offset, 16).ptr;
     if (digits.empty() || end != digits.data() + digits.size() || offset < read_ || offset > frx_.size()) return {};
-    const auto* shape = std::ranges::find_if(
+    const auto shape = std::ranges::find_if(
         Shapes, [&](const RecordShape& s) { return runtime::EqualIgnoringCase(s.Property, property); });
     if (!isString && shape == Shapes.end()) return std::nullopt;
     RecordReader record(frx_.substr(offset));

@@ -30,9 +30,9 @@ constexpr std::array ItemKeys{
 };
 
 const ItemKey* FindItemKey(std::string_view key) {
-  const auto* found =
+  const auto found =
       std::ranges::find_if(ItemKeys, [&](const ItemKey& k) { return runtime::EqualIgnoringCase(k.Key, key); });
-  return found == ItemKeys.end() ? nullptr : found;
+  return found == ItemKeys.end() ? nullptr : &*found;
 }
 
 std::string_view KeyOf(std::string_view line) {

@@ -33,9 +33,9 @@ bool StartsIgnoringCase(std::string_view text, std::string_view start) {
 
 // With or without the version number behind it.
 const KnownLibrary* FindLibrary(std::string_view progId) {
-  const auto* found = std::ranges::find_if(
+  const auto found = std::ranges::find_if(
       Libraries, [&](const KnownLibrary& known) { return StartsIgnoringCase(progId, known.ProgId); });
-  return found == Libraries.end() ? nullptr : found;
+  return found == Libraries.end() ? nullptr : &*found;
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -242,7 +242,7 @@ constexpr std::array Looks{
 constexpr Look AnyOther{"", DrawNamedBox, true};
 
 const Look& LookOf(const FormNode& control) {
-  const auto* found = std::ranges::find_if(
+  const auto found = std::ranges::find_if(
       Looks, [&](const Look& look) { return runtime::EqualIgnoringCase(look.Class, control.Class); });
   return found == Looks.end() ? AnyOther : *found;
 }
