@@ -48,8 +48,8 @@ class Shown {
 
 }  // namespace
 
-Wizard::Wizard(wizard::WizardServices services, ui::Clipboard& clipboard)
-    : services_(std::move(services)), clipboard_(clipboard) {}
+Wizard::Wizard(wizard::WizardPorts ports, ui::Clipboard& clipboard)
+    : services_(std::move(ports)), clipboard_(clipboard) {}
 
 void Wizard::IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode mode) {
   try {

@@ -22,8 +22,8 @@ enum class ConnectMode : int {
 
 class Wizard {
  public:
-  // Everything that `services` refers to, and the clipboard, must outlive this object.
-  Wizard(wizard::WizardServices services, ui::Clipboard& clipboard);
+  // Everything that `ports` refers to, and the clipboard, must outlive this object.
+  Wizard(wizard::WizardPorts ports, ui::Clipboard& clipboard);
   // While the add-in is connected nothing may take its place.
   Wizard(const Wizard&) = delete;
   Wizard& operator=(const Wizard&) = delete;
@@ -37,6 +37,10 @@ class Wizard {
   void IDTExtensibility_OnDisconnection();
   void IDTExtensibility_OnStartupComplete() {}
   void IDTExtensibility_OnAddInsUpdate() {}
+
+  // What the dialogs leave behind.
+  wizard::AddInState& State() { return services_.State; }
+  const wizard::AddInState& State() const { return services_.State; }
 
   // A click on the menu command. Shows the wizard and returns when it is closed.
   void MenuHandler_Click();

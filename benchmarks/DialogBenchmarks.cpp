@@ -97,15 +97,16 @@ struct Wizard {
   adapters::textmeasure::BuiltInTextMeasure measure;
   adapters::profile::ProfileFiles profiles;
   English libraries;
-  support::Strings strings{libraries, ""};
-  support::Localization localization{strings, libraries};
   std::unique_ptr<wizard::factory::FactoryCreator> server;
-  wizard::AddInState state;
   adapters::vb6files::ProjectOnDisk project{
       adapters::vb6files::RealFileSystem(), FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp", {}};
-  wizard::frmWizard dialog{{desktop, measure, profiles, (fs::temp_directory_path() / "formwizard-bench.ini").string(),
-                            *server, strings, localization, "", state},
-                           project};
+  wizard::WizardServices services{{.Desktop = desktop,
+                                   .Measure = measure,
+                                   .Profiles = profiles,
+                                   .Factories = *server,
+                                   .Libraries = libraries,
+                                   .ProfileFile = (fs::temp_directory_path() / "formwizard-bench.ini").string()}};
+  wizard::frmWizard dialog{services, project};
   std::unique_ptr<adapters::qt::WizardWindow> window;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/ProfileStore.h"
+#include "support/Strings.h"
 #include "ui/Desktop.h"
 
 #include <string>
@@ -9,7 +10,8 @@
 
 namespace formwizard::settings {
 
-constexpr std::string_view ProfileSection = "OstrelFormWizard";
+inline constexpr std::string_view ProfileName = "outility.ini";
+inline constexpr std::string_view ProfileSection = support::ApplicationName;
 
 // An empty default becomes "~blank~" and a size of 0 becomes 2048, both in the caller's variables; a result of
 // "~blank~" is returned as the empty text. `size` counts bytes.

@@ -10,6 +10,9 @@
 
 namespace formwizard::support {
 
+// Begins the file names of the satellites and is the profile's section.
+inline constexpr std::string_view ApplicationName = "OstrelFormWizard";
+
 class Strings {
  public:
   // `libraries` must outlive this object; `directory` is the program's own, with its trailing separator.

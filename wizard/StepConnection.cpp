@@ -1,7 +1,7 @@
 #include "runtime/Conversions.h"
 #include "settings/Profile.h"
-#include "support/Pieces.h"
 #include "wizard/TreePictures.h"
+#include "wizard/factory/SystemList.h"
 #include "wizard/frmWizard.h"
 
 namespace formwizard::wizard {
@@ -27,17 +27,11 @@ void frmWizard::PopulateConnection() {
 }
 
 void frmWizard::FillConnectionTree(std::string_view remembered) {
-  const std::string list = factory_->SystemList();
-  std::string_view rest = list;
-  while (true) {
-    const std::string_view entry = support::GetPiece(rest, ";", 1);
-    if (entry.empty()) break;  // an empty entry ends the list, also between two others
-    const std::string_view name = support::GetPiece(entry, ",", 1);
-    ui::Node& node = tvwConnection.Nodes.Add(nullptr, "", name);
+  for (const factory::System& system : factory::SystemsIn(factory_->SystemList())) {
+    ui::Node& node = tvwConnection.Nodes.Add(nullptr, "", system.Name);
     node.Image = picture::NotConnected;
-    node.Tag = support::GetPiece(entry, ",", 2);
-    if (name == remembered) tvwConnection.SelectedItem = &node;
-    rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+    node.Tag = system.Connect;
+    if (system.Name == remembered) tvwConnection.SelectedItem = &node;
   }
   if (!tvwConnection.SelectedItem.Get() && tvwConnection.Nodes.Count() > 0) {
     tvwConnection.SelectedItem = &tvwConnection.Nodes.Item(1);

@@ -8,8 +8,6 @@
 namespace formwizard::wizard {
 namespace {
 
-constexpr std::string_view ApplicationName = "OstrelFormWizard";
-
 // The last step leaves the picture as it is.
 Int16 PictureOf(Int16 step, Int16 current) {
   if (step == step::Finish) return current;
@@ -18,9 +16,9 @@ Int16 PictureOf(Int16 step, Int16 current) {
 
 }  // namespace
 
-frmWizard::frmWizard(WizardServices services, generator::ide::Vbe& environment)
+frmWizard::frmWizard(WizardServices& services, generator::ide::Vbe& environment)
     : ui::Form(services.Desktop),
-      services_(std::move(services)),
+      services_(services),
       environment_(environment),
       report_(services_.Desktop, services_.Strings) {
   Design();
@@ -83,7 +81,8 @@ void frmWizard::Form_Load() {
   Model().CharWidth = runtime::RoundToInt16(services_.Measure.WidthOf(lblLabelWidth.Caption));
   Model().SixCharWidth = Int16(6) * Model().CharWidth;
   PlaceFrames();
-  services_.Strings.LoadResourceLibrary(ApplicationName, services_.Language);
+  std::string language = services_.Language;
+  services_.Strings.LoadResourceLibrary(support::ApplicationName, language);
   services_.Localization.Localize(*this);
   SetToolTips();
   ShowComboSpecification(false);

@@ -35,8 +35,8 @@ Int16 RecordIndexOf(const ui::Node& node);
 
 class frmWizard : public ui::Form {
  public:
-  // `environment` must outlive the dialog.
-  frmWizard(WizardServices services, generator::ide::Vbe& environment);
+  // Both must outlive the dialog.
+  frmWizard(WizardServices& services, generator::ide::Vbe& environment);
 
   // Frame
   ui::PictureBox picMain;                   // shows one of two pictures
@@ -172,7 +172,7 @@ class frmWizard : public ui::Form {
   void TakeSelection();
   void Generate();
 
-  WizardServices services_;
+  WizardServices& services_;
   generator::ide::Vbe& environment_;
   support::ErrorReport report_;
   std::unique_ptr<factory::ObjectFactory> factory_;

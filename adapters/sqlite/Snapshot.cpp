@@ -4,7 +4,7 @@
 #include "adapters/sqlite/JsonText.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
-#include "support/Pieces.h"
+#include "wizard/factory/SystemList.h"
 
 #include <ostream>
 #include <string_view>
@@ -141,14 +141,11 @@ void WriteSnapshot(wizard::factory::FactoryCreator& server, const std::string& s
   out << "{ \"systems\": [";
   JsonList list(out, "  ");
   bool isKnown = system.empty();
-  for (std::string_view rest = systems; !rest.empty();) {
-    const std::string_view entry = support::GetPiece(rest, ";", 1);
-    const std::string name(support::GetPiece(entry, ",", 1));
-    rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+  for (const auto& [name, connect] : wizard::factory::SystemsIn(systems)) {
     if (!system.empty() && name != system) continue;
     isKnown = true;
     list.Next();
-    WriteSystem(server, name, std::string(support::GetPiece(entry, ",", 2)), out);
+    WriteSystem(server, name, connect, out);
   }
   list.End("] }\n");
   if (!isKnown) throw support::InputError("the server has no system \"" + system + "\"; it has " + systems);

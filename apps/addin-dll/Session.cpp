@@ -12,14 +12,14 @@ using namespace generator::ide;
 Session::Session(IDispatch* root)
     : environment_(root, *this),
       desktop_(root),
-      strings_(libraries_, adapters::native::Utf8(ModuleFolder())),
-      localization_(strings_, libraries_),
-      wizard_(Services(), desktop_) {}
-
-wizard::WizardServices Session::Services() {
-  const std::string profile = adapters::native::Utf8(ModuleFolder() + L"outility.ini");
-  return {desktop_, measure_, profiles_, profile, factories_, strings_, localization_, "", state_};
-}
+      wizard_({.Desktop = desktop_,
+               .Measure = measure_,
+               .Profiles = profiles_,
+               .Factories = factories_,
+               .Libraries = libraries_,
+               .ProfileFile = adapters::native::Utf8(ModuleFolder()).append(settings::ProfileName),
+               .ProgramFolder = adapters::native::Utf8(ModuleFolder())},
+              desktop_) {}
 
 void Session::Connect(core::ConnectMode mode) {
   const auto kept = shared_from_this();

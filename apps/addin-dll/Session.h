@@ -39,7 +39,6 @@ class Session : public std::enable_shared_from_this<Session> {
     Session& session_;
   };
 
-  wizard::WizardServices Services();
   void FinishDisconnecting();
 
   ModuleHold hold_;  // the wizard may be open when nobody holds the add-in any more
@@ -49,9 +48,6 @@ class Session : public std::enable_shared_from_this<Session> {
   adapters::native::NativeProfile profiles_;
   adapters::native::NativeLibraries libraries_;
   adapters::com::ComFactoryCreator factories_;
-  support::Strings strings_;
-  support::Localization localization_;
-  wizard::AddInState state_;
   core::Wizard wizard_;
   bool isDisconnected_ = false;
 };

@@ -3,7 +3,7 @@
 #include "apps/common/Platform.h"
 #include "runtime/Variant.h"
 #include "support/Failures.h"
-#include "support/Pieces.h"
+#include "wizard/factory/SystemList.h"
 
 #include <nlohmann/json.hpp>
 
@@ -17,21 +17,8 @@ using Json = nlohmann::ordered_json;
 using runtime::Variant;
 using wizard::factory::ObjectFactory;
 using wizard::factory::ResultSet;
-
-struct System {
-  std::string Name, Connect;
-};
-
-std::vector<System> SystemsOf(ObjectFactory& server) {
-  std::vector<System> systems;
-  const std::string list = server.SystemList();
-  for (std::string_view rest = list; !rest.empty();) {
-    const std::string_view entry = support::GetPiece(rest, ";", 1);
-    systems.push_back({std::string(support::GetPiece(entry, ",", 1)), std::string(support::GetPiece(entry, ",", 2))});
-    rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
-  }
-  return systems;
-}
+using wizard::factory::System;
+using wizard::factory::SystemsIn;
 
 // A factory that is connected to the system asked for, or to the first one.
 class Server {
@@ -43,7 +30,7 @@ class Server {
 
   void Connect(const BrowseOptions& options) {
     std::string known;
-    for (const System& system : SystemsOf(*Factory)) {
+    for (const System& system : SystemsIn(Factory->SystemList())) {
       if (options.System.empty() || system.Name == options.System) {
         Factory->Connect(system.Connect);
         if (Factory->IsConnected()) return;
@@ -122,7 +109,7 @@ Json RowOf(ResultSet& rows) {
 int ListSystems(const BrowseOptions& options) {
   const Server server(options);
   Table table(options.Json);
-  for (const System& system : SystemsOf(*server.Factory)) {
+  for (const System& system : SystemsIn(server.Factory->SystemList())) {
     table.Row(Json{{"name", system.Name}, {"connect", system.Connect}});
   }
   return Done;

@@ -97,7 +97,6 @@ class Run {
         settings_(SettingsFromOptions(options.Settings)),
         profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
         profile_(*profiles_, !writes_),
-        strings_(*satellites_, common::ProgramFolder()),
         server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
         project_(vb6files::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     project_.OnChange([this](const vb6files::FileChange& change) { files_(change); }, !writes_);
@@ -111,13 +110,18 @@ class Run {
     profile_.Override(settings);
     {
       // As by a freshly loaded add-in: a form comes out the same alone and in a batch.
-      wizard::AddInState state;
-      wizard::frmWizard dialog(
-          {desktop_, measure_, profile_, profileFile_, *server_, strings_, localization_, options_.Language, state},
-          Environment());
+      wizard::WizardServices services({.Desktop = desktop_,
+                                       .Measure = measure_,
+                                       .Profiles = profile_,
+                                       .Factories = *server_,
+                                       .Libraries = *satellites_,
+                                       .ProfileFile = profileFile_,
+                                       .ProgramFolder = common::ProgramFolder(),
+                                       .Language = options_.Language});
+      wizard::frmWizard dialog(services, Environment());
       WalkThrough(dialog, options_.System, form);
       dialog.Unload();
-      FinishForm(form, state);
+      FinishForm(form, services.State);
     }
     if (options_.Journal.empty()) return;
     if (!journal_.flush()) throw support::SaveError(options_.Journal + ": writing the journal failed");
@@ -184,8 +188,6 @@ class Run {
   std::unique_ptr<settings::ProfileStore> profiles_ = common::PlatformProfile();
   RunProfile profile_;
   std::unique_ptr<support::ResourceLibraries> satellites_ = common::PlatformLibraries();
-  support::Strings strings_;
-  support::Localization localization_{strings_, *satellites_};
   adapters::textmeasure::BuiltInTextMeasure measure_;
   ConsoleDesktop desktop_;
   std::unique_ptr<wizard::factory::FactoryCreator> server_;

@@ -1,13 +1,12 @@
 #include "apps/common/Paths.h"
 
 #include "apps/common/Platform.h"
+#include "settings/Profile.h"
 
 namespace formwizard::apps::common {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* ProfileName = "outility.ini";
 
 std::string Utf8(const fs::path& path) {
   const std::u8string text = path.u8string();
@@ -24,9 +23,9 @@ std::string ProgramFolder() {
 }
 
 std::string DefaultProfile() {
-  const fs::path beside = NativePath(ProgramFolder()) / ProfileName;
+  const fs::path beside = NativePath(ProgramFolder()) / settings::ProfileName;
   std::error_code error;
-  return Utf8(fs::exists(beside, error) ? beside : ConfigurationRoot() / "ostrel-form-wizard" / ProfileName);
+  return Utf8(fs::exists(beside, error) ? beside : ConfigurationRoot() / "ostrel-form-wizard" / settings::ProfileName);
 }
 
 std::string Resolved(const std::string& project) {

@@ -14,25 +14,26 @@ Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions 
     : addInsMenu_(addInsMenu),
       options_(std::move(options)),
       desktop_(&window),
-      strings_(satellites_, common::ProgramFolder()),
-      localization_(strings_, satellites_),
-      wizard_(Services(), desktop_) {
+      wizard_({.Desktop = desktop_,
+               .Measure = measure_,
+               .Profiles = profiles_,
+               .Factories = server_,
+               .Libraries = satellites_,
+               .ProfileFile = options_.Profile.empty() ? common::DefaultProfile() : options_.Profile,
+               .ProgramFolder = common::ProgramFolder(),
+               .Language = options_.Language},
+              desktop_) {
   wizard_.IDTExtensibility_OnConnection(*this, addin::ConnectMode::Startup);
 }
 
 Environment::~Environment() { wizard_.IDTExtensibility_OnDisconnection(); }
-
-wizard::WizardServices Environment::Services() {
-  if (options_.Profile.empty()) options_.Profile = common::DefaultProfile();
-  return {desktop_, measure_, profiles_, options_.Profile, server_, strings_, localization_, options_.Language, state_};
-}
 
 void Environment::OpenProject(const std::string& path) {
   auto project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
       adapters::vb6files::RealFileSystem(), common::Resolved(path),
       adapters::vb6files::ProjectOptions{options_.CodePage, options_.Toolbox});
   static_cast<void>(project->Summaries());  // a component that cannot be read is found now
-  state_.NewComponent.reset();              // belongs to the old project
+  wizard_.State().NewComponent.reset();     // belongs to the old project
   project_ = std::move(project);
 }
 
@@ -40,7 +41,10 @@ void Environment::OpenDictionary(const std::string& path) {
   server_.Dictionary = adapters::sqlite::OpenDictionary(path);
 }
 
-std::string Environment::NewComponentName() const { return state_.NewComponent ? state_.NewComponent->Name() : ""; }
+std::string Environment::NewComponentName() const {
+  const auto& component = wizard_.State().NewComponent;
+  return component ? component->Name() : "";
+}
 
 VBProject& Environment::ActiveVBProject() {
   if (!project_) {

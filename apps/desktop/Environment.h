@@ -55,19 +55,14 @@ class Environment : public generator::ide::Application {
     std::unique_ptr<wizard::factory::FactoryCreator> Dictionary;
   };
 
-  wizard::WizardServices Services();
-
   QMenu& addInsMenu_;
   EnvironmentOptions options_;
   adapters::qt::QtDesktop desktop_;
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::profile::ProfileFiles profiles_;
   adapters::satellite::Satellites satellites_;
-  support::Strings strings_;
-  support::Localization localization_;
   Server server_;
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
-  wizard::AddInState state_;
   addin::Wizard wizard_;
 };
 

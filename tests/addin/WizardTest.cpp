@@ -39,12 +39,15 @@ struct AddInFixture {
   FakeProfile Profile;
   FakeServer Server;
   FakeLibraries Libraries;
-  support::Strings Strings{Libraries, "/addin/"};
-  support::Localization Localization{Strings, Libraries};
-  wizard::AddInState State;
   FakeClipboard Clipboard{Environment.Project.Transcript};
   std::string Shown;  // the first step of each dialog, with the text of its button Next
-  addin::Wizard AddIn{{Desktop, Measure, Profile, "outility.ini", Server, Strings, Localization, "", State}, Clipboard};
+  addin::Wizard AddIn{{.Desktop = Desktop,
+                       .Measure = Measure,
+                       .Profiles = Profile,
+                       .Factories = Server,
+                       .Libraries = Libraries,
+                       .ProgramFolder = "/addin/"},
+                      Clipboard};
 
   void Connect(ConnectMode mode = ConnectMode::Startup) { AddIn.IDTExtensibility_OnConnection(Environment, mode); }
   void Disconnect() { AddIn.IDTExtensibility_OnDisconnection(); }

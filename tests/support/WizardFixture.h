@@ -16,10 +16,10 @@ struct WizardFixture {
   FakeServer Server;
   FakeIde Ide;
   FakeLibraries Libraries;
-  support::Strings Strings{Libraries, ""};
-  support::Localization Localization{Strings, Libraries};
-  wizard::AddInState State;
-  wizard::frmWizard Dialog{{Desktop, Measure, Profile, "outility.ini", Server, Strings, Localization, "", State}, Ide};
+  wizard::WizardServices Services{
+      {.Desktop = Desktop, .Measure = Measure, .Profiles = Profile, .Factories = Server, .Libraries = Libraries}};
+  wizard::AddInState& State = Services.State;
+  wizard::frmWizard Dialog{Services, Ide};
 
   WizardFixture() {
     ServerData& data = Server.Data;

@@ -32,11 +32,13 @@ struct DialogFixture {
   adapters::win32::Win32TextMeasure Measure;
   WizardFixture Fakes;
   Language Texts;
-  support::Strings Strings{Texts, FORMWIZARD_SATELLITE_FOLDER};
-  support::Localization Localization{Strings, Texts};
-  wizard::AddInState State;
-  wizard::frmWizard Dialog{
-      {Desktop, Measure, Fakes.Profile, "outility.ini", Fakes.Server, Strings, Localization, "", State}, Fakes.Ide};
+  wizard::WizardServices Services{{.Desktop = Desktop,
+                                   .Measure = Measure,
+                                   .Profiles = Fakes.Profile,
+                                   .Factories = Fakes.Server,
+                                   .Libraries = Texts,
+                                   .ProgramFolder = FORMWIZARD_SATELLITE_FOLDER}};
+  wizard::frmWizard Dialog{Services, Fakes.Ide};
 
   void UseWizard(const std::function<void()>& work) {
     UseWindows([this] { Desktop.ShowModal(Dialog, nullptr); }, work);

@@ -11,7 +11,7 @@ const wizard::frmWizard& WizardDesign() {
 
 const settings::frmSettings& SettingsDesign() {
   static WizardFixture fixture;
-  static const settings::frmSettings settings(fixture.Desktop, fixture.Profile, "outility.ini", fixture.Localization);
+  static const settings::frmSettings settings(fixture.Desktop, fixture.Profile, "outility.ini", fixture.Services.Localization);
   return settings;
 }
 
