@@ -34,8 +34,8 @@ void WriteFormProperties(Generation& run, auto& step) {
   put("BorderStyle", [&] { return run.Settings.FormSizable ? Int16(2) : Int16(1); });
   put("ScaleMode", [] { return Int16(1); });
   put("Height", [&] { return form.FrameHeight + Int16(300); });
-  put("Left", [&] { return Int32(run.Settings.Spacing); });
-  put("Top", [&] { return Int32(run.Settings.Spacing); });
+  put("Left", [&] { return run.Settings.Spacing; });
+  put("Top", [&] { return run.Settings.Spacing; });
   put("Width", [&] { return form.FrameWidth + run.Settings.Spacing; });
   put("ScaleHeight", [&] { return form.FrameHeight; });
   put("ScaleWidth", [&] { return form.FrameWidth; });
