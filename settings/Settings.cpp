@@ -29,13 +29,18 @@ constexpr std::array Keys{
     SettingKey{"MultilineRows", "5", &Settings::MultilineRows},
 };
 
-// Any number will do, because the settings dialog stores the grey state of a check box as 2.
-void Convert(std::string_view text, bool& setting) { setting = runtime::ToBoolean(text); }
+void Convert(std::string_view text, bool& setting) { setting = BooleanOf(text); }
 void Convert(std::string_view text, Int16& setting) { setting = runtime::ToInt16(text); }
 
 }  // namespace
 
 std::span<const SettingKey> SettingKeys() { return Keys; }
+
+bool BooleanOf(std::string_view text) {
+  const bool isTrue = text == "1" || runtime::EqualIgnoringCase(text, "True");
+  if (!isTrue && text != "0" && !runtime::EqualIgnoringCase(text, "False")) runtime::Raise(runtime::TypeMismatch);
+  return isTrue;
+}
 
 void LoadSettings(Settings& settings, const ProfileStore& store, const std::string& file) {
   settings.Spacing = Int16(120);

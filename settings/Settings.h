@@ -50,6 +50,9 @@ struct SettingKey {
 // In the order in which LoadSettings reads them.
 std::span<const SettingKey> SettingKeys();
 
+// A Boolean as a profile may hold it: "1", "0", "True" or "False" in any case; error 13 for any other text.
+bool BooleanOf(std::string_view text);
+
 // Raises error 13 for a stored text that does not convert and 6 for a number outside 16 bits; the settings before it in
 // the table are then loaded.
 void LoadSettings(Settings& settings, const ProfileStore& store, const std::string& file);

@@ -105,7 +105,7 @@ void frmSettings::Form_Load() {
   for (NumberBox& number : numbers_) number.Box.SetText(Read(number.Key));
   loading_ = false;
   LoadChoice(choices_.front());
-  const bool left = runtime::ToBoolean(Read(AlignmentKey));
+  const bool left = BooleanOf(Read(AlignmentKey));
   optLabelAlignmentLeft.SetValue(left);
   optLabelAlignmentRight.SetValue(!left);
   for (const Choice& choice : std::span(choices_).subspan(1)) LoadChoice(choice);

@@ -184,7 +184,7 @@ void CheckSetting(const std::string& where, const std::string& key, const std::s
   const std::string expected = isBoolean ? "1, 0, True or False" : "a whole number";
   try {
     if (isBoolean) {
-      runtime::ToBoolean(value);
+      settings::BooleanOf(value);
       return;
     }
     const runtime::Int16 number = runtime::ToInt16(value);

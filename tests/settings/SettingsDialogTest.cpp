@@ -142,7 +142,7 @@ TEST_CASE_FIXTURE(SettingsFixture, "A key that cannot be written is said, and th
 
 TEST_CASE_FIXTURE(SettingsFixture, "A stored value that does not convert is an error of the one who loads the dialog") {
   for (const auto& [key, value] : {std::pair{"Columns", "two"}, std::pair{"MultilineRows", " "},
-                                   std::pair{"LabelAlignLeft", "left"}, std::pair{"Menu", "True"}}) {
+                                   std::pair{"LabelAlignLeft", "-1"}, std::pair{"Menu", "True"}}) {
     CAPTURE(std::string(key));
     Profile.Values = {{key, value}};
     CHECK(ErrorNumberOf([&] { Dialog.Load(); }) == runtime::TypeMismatch);

@@ -47,13 +47,15 @@ TEST_CASE("Settings load with their defaults and refuse what does not convert") 
   settings.ButtonAreaWidth = Int16(0);
   LoadSettings(settings, profile, "f");
   CHECK(settings.ButtonAreaWidth == Int16(1335));
-  profile.Values = {{"Menu", "False"}, {"FormSizable", "1"}, {"Columns", " 4 "}};
+  profile.Values = {
+      {"Menu", "fAlse"}, {"Button", "0"}, {"FormSizable", "1"}, {"SearchNew", "TRUE"}, {"Columns", " 4 "}};
   LoadSettings(settings, profile, "f");
-  CHECK_FALSE(settings.Menu);
-  CHECK(settings.FormSizable);
+  CHECK_FALSE((settings.Menu || settings.Button));
+  CHECK((settings.FormSizable && settings.SearchNew));
   CHECK(settings.Columns == Int16(4));
   for (const auto& [key, value] :
-       {std::pair{"Menu", "yes"}, std::pair{"Columns", "two"}, std::pair{"Bold", "~blank~"}}) {
+       {std::pair{"Menu", "yes"}, std::pair{"Menu", "2"}, std::pair{"Menu", "-1"}, std::pair{"Menu", "0.0"},
+        std::pair{"Columns", "two"}, std::pair{"Bold", "~blank~"}}) {
     CAPTURE(std::string(key));
     profile.Values = {{key, value}};
     CHECK(ErrorNumberOf([&] { LoadSettings(settings, profile, "f"); }) == runtime::TypeMismatch);
