@@ -11,7 +11,8 @@ const wizard::frmWizard& WizardDesign() {
 
 const settings::frmSettings& SettingsDesign() {
   static WizardFixture fixture;
-  static const settings::frmSettings settings(fixture.Desktop, fixture.Profile, "outility.ini", fixture.Services.Localization);
+  static const settings::frmSettings settings(fixture.Desktop, fixture.Profile, "outility.ini",
+                                              fixture.Services.Localization);
   return settings;
 }
 
