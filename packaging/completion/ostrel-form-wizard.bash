@@ -27,6 +27,16 @@ _ostrel_form_wizard_list() {
   ostrel-form-wizard "$@" --dictionary "$dictionary" 2>/dev/null | cut -f 1
 }
 
+# English and the languages whose satellites stand beside the program.
+_ostrel_form_wizard_languages() {
+  local library
+  echo ENU
+  for library in "$(dirname "$(readlink -f "$(command -v "${words[0]}")")")"/OstrelFormWizard???.dll; do
+    library=${library##*/OstrelFormWizard}
+    [[ $library == "???.dll" ]] || echo "${library%.dll}"
+  done
+}
+
 # Completes the value of the option $prev; fails when that is no option with a value.
 _ostrel_form_wizard_value() {
   local IFS=$' \t\n'
@@ -34,7 +44,7 @@ _ostrel_form_wizard_value() {
     --project) _filedir vbp ;;
     --dictionary | --journal) _filedir ;;
     --toolbox | --profile) _filedir ini ;;
-    --language) _ostrel_form_wizard_words 'CHS CHT DEU ENU ESN FRA ITA JPN KOR PTB' ;;
+    --language) _ostrel_form_wizard_words "$(_ostrel_form_wizard_languages)" ;;
     --code-page) _ostrel_form_wizard_words '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001' ;;
     --system)
       IFS=$'\n'

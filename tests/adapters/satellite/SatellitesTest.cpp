@@ -36,7 +36,8 @@ constexpr std::size_t Resources = 0x200;  // where they begin in the file
 
 constexpr std::array<std::u16string_view, 16> Block{u"", u"Größe", u"日本", u"\xD83D\xDE00", u"\xD83Dx"};
 
-// A library whose only resource is block 26 of the string table: ids 400 to 415.
+// A library whose only resource is block 26 of the string table: ids 400 to 415, in two languages. The second one has
+// the same texts from the second on, each under the id before.
 std::string LibraryOfTexts(bool is64) {
   constexpr std::size_t header = 0x80, optional = header + 24, address = 0x1000;
   const std::size_t directories = optional + (is64 ? 112 : 96), section = directories + 128;
@@ -51,14 +52,17 @@ std::string LibraryOfTexts(bool is64) {
   };
   folder(0x00, 6, 0x80000018);
   folder(0x18, 26, 0x80000030);
-  folder(0x30, 0x407, 0x48);
-  std::size_t at = Resources + 0x60;
+  folder(0x30, 0x407, 0x50);
+  Put(file, {{Resources + 0x3E, 2, 2}, {Resources + 0x48, 0x409, 4}, {Resources + 0x4C, 0x60, 4}});
+  std::size_t at = Resources + 0x70;
   for (const std::u16string_view text : Block) {
     Put(file, {{at, text.size(), 2}});
     for (const char16_t unit : text) Put(file, {{at += 2, unit, 2}});
     at += 2;
   }
-  Put(file, {{Resources + 0x48, address + 0x60, 4}, {Resources + 0x4C, at - Resources - 0x60, 4}});
+  const std::size_t size = at - Resources - 0x70;
+  Put(file, {{Resources + 0x50, address + 0x70, 4}, {Resources + 0x54, size, 4}});
+  Put(file, {{Resources + 0x60, address + 0x72, 4}, {Resources + 0x64, size - 2, 4}});
   return file;
 }
 
@@ -76,7 +80,7 @@ std::string LibraryOfSharedBlocks(std::size_t count) {
 
 }  // namespace
 
-TEST_CASE("Texts are read out of 32- and 64-bit libraries") {
+TEST_CASE("Texts are read out of 32- and 64-bit libraries, in the first of their languages") {
   TemporaryFolder folder;
   for (const bool is64 : {false, true}) {
     WriteFile(folder / "x.dll", LibraryOfTexts(is64));
@@ -111,7 +115,7 @@ TEST_CASE("What is no library is none, and damaged ones are read without harm") 
     if (texts) CHECK(texts->size() <= 65536);
   }
   // A folder that names itself; a block number whose ids would begin at zero again.
-  for (const Number& hostile : {Number{0x230 + 20, 0x80000000, 4}, Number{0x218 + 16, 0x1000001A, 4}}) {
+  for (const Number& hostile : {Number{0x218 + 20, 0x80000018, 4}, Number{0x218 + 16, 0x1000001A, 4}}) {
     CAPTURE(hostile.Value);
     std::string bytes = whole;
     Put(bytes, {hostile});

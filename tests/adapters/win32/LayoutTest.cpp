@@ -1,6 +1,7 @@
 // Texts have the room that they need, in every language that is shipped.
 #include "adapters/win32/Text.h"
 #include "tests/adapters/win32/DialogFixture.h"
+#include "tests/support/Languages.h"
 
 #include <doctest/doctest.h>
 
@@ -129,25 +130,18 @@ TEST_CASE("Every text of the wizard and of the settings has room") {
     MESSAGE("skipped: the dialogs' font is not installed");
     return;
   }
-  struct Case {
-    std::string Language;
-    int LocaleId;
-    bool IsWestern;  // the dialogs' font has its characters
-  };
-  for (const Case& c :
-       {Case{"ENU", 1033, true}, Case{"DEU", 1031, true}, Case{"FRA", 1036, true}, Case{"ESN", 3082, true},
-        Case{"ITA", 1040, true}, Case{"PTB", 1046, true}, Case{"JPN", 1041, false}, Case{"KOR", 1042, false},
-        Case{"CHS", 2052, false}, Case{"CHT", 1028, false}}) {
-    DialogFixture desktop(c.Language, c.LocaleId);
-    Texts texts{c.IsWestern};
+  for (const auto& language : ShippedLanguages()) {
+    DialogFixture desktop(language.Abbreviation, language.LocaleId);
+    Texts texts{language.IsWestern()};
     desktop.UseWizard([&] {
-      CAPTURE(c.Language);
+      CAPTURE(language.Abbreviation);
       const bool isEnglish = CaptionOf(WindowOf(desktop.Dialog.cmdCancel)) == L"&Cancel";
-      CHECK(isEnglish == (c.LocaleId == 1033));
+      CHECK(isEnglish == (language.Abbreviation == "ENU"));
       CheckSteps(desktop.Dialog, texts);
-      if (!c.IsWestern) return;
+      if (!language.IsWestern()) return;
       CHECK(texts.Unknown == 0);
     });
-    if (texts.Unknown != 0) MESSAGE(c.Language, ": characters of ", texts.Unknown, " texts are not installed");
+    if (texts.Unknown != 0)
+      MESSAGE(language.Abbreviation, ": characters of ", texts.Unknown, " texts are not installed");
   }
 }

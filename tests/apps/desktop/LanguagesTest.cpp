@@ -1,5 +1,6 @@
 // Every window in every language that is shipped.
 #include "tests/apps/desktop/DesktopFixture.h"
+#include "tests/support/Languages.h"
 
 #include <QGroupBox>
 #include <QRegularExpression>
@@ -40,12 +41,12 @@ void Click(const char* name) { Find<QAbstractButton>(name)->click(); }
 }  // namespace
 
 TEST_CASE("In each language every step and every panel fits its window") {
-  for (const char* language : {"ENU", "DEU", "FRA", "ESN", "ITA", "PTB", "JPN", "KOR", "CHS", "CHT"}) {
-    CAPTURE(language);
-    DesktopFixture desktop(language);
-    desktop.UseWizard([language] {
+  for (const ShippedLanguage& language : ShippedLanguages()) {
+    CAPTURE(language.Abbreviation);
+    DesktopFixture desktop(language.Abbreviation);
+    desktop.UseWizard([&] {
       CheckFits("1");
-      const bool isEnglish = std::string(language) == "ENU";
+      const bool isEnglish = language.Abbreviation == "ENU";
       CHECK((Find<QAbstractButton>("cmdCancel")->text() == "&Cancel") == isEnglish);
       DesktopFixture::WhenShown([] {
         CheckFits("settings");
