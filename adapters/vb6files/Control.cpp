@@ -16,6 +16,7 @@ constexpr double DropDownListStyle = 2;
 double Himetric(double twips) { return std::round(twips * 2540 / 1440); }
 
 bool IsNamed(const PropertyRow& row, std::string_view name) { return row.Name == name; }
+bool IsScale(const PropertyRow& row) { return row.Name.starts_with("Scale"); }
 
 }  // namespace
 
@@ -80,10 +81,38 @@ void Control::SetProperty(std::string_view name, const generator::ide::PropertyV
   PropertyData data = Coerced(*row, value, designer_.CodePageOfForm);
   if (IsNamed(*row, "TabIndex")) {
     designer_.SetTabIndex(*this, static_cast<int>(data.Number));
+  } else if (IsScale(*row)) {
+    SetScale(*row, std::move(data));
+  } else if (row->Type == PropertyType::Single) {
+    SetPlace(*row, data.Number);
   } else {
     Set(*row, std::move(data));
   }
 }
+
+// Given in the units of the container, kept in twips: the number changes with the container, the place does not.
+void Control::SetPlace(const PropertyRow& row, double value) {
+  const Scale scale = parent_ ? parent_->ClientScale() : designer_.formScale_;
+  const Axis& axis = IsNamed(row, "Left") || IsNamed(row, "Width") ? scale.X : scale.Y;
+  const bool isOffset = IsNamed(row, "Left") || IsNamed(row, "Top");
+  Set(row, {WholeTwips(isOffset ? axis.TwipsTo(value) : axis.TwipsIn(value)), {}});
+}
+
+// Setting a part of a scale makes it the user's own, with the other parts as they are.
+void Control::SetScale(const PropertyRow& row, PropertyData data) {
+  if (IsNamed(row, "ScaleMode")) {
+    SetNumber("ScaleLeft", 0);
+    SetNumber("ScaleTop", 0);
+  } else if (NumberOf("ScaleMode") != UserScale) {
+    const double width = ScaleExtent("Width");
+    SetNumber("ScaleHeight", ScaleExtent("Height"));
+    SetNumber("ScaleWidth", width);
+    SetNumber("ScaleMode", UserScale);
+  }
+  Set(row, std::move(data));
+}
+
+void Control::SetNumber(std::string_view name, double value) { Set(*FindProperty(class_.Bit, name), {value, {}}); }
 
 void Control::SetContainer(const std::shared_ptr<generator::ide::VBControl>& container) {
   auto* own = dynamic_cast<Control*>(container.get());
@@ -97,9 +126,28 @@ bool Control::IsVisible() const {
   return !visible || visible->Number != 0;
 }
 
-double Control::PictureScale(double extent) const {
+// Of a picture box, in twips.
+double Control::ClientExtent(std::string_view dimension) const {
+  const double extent = NumberOf(dimension);
   if (NumberOf("BorderStyle") == 0) return extent;
   return extent - (NumberOf("Appearance") != 0 ? RaisedBorder : FlatBorder);
+}
+
+// The same in its own units.
+double Control::ScaleExtent(std::string_view dimension) const {
+  const double mode = NumberOf("ScaleMode");
+  if (mode == UserScale) return NumberOf("Scale" + std::string(dimension));
+  const Scale scale = FixedScale(mode);
+  return ClientExtent(dimension) / (dimension == "Width" ? scale.X : scale.Y).Twips;
+}
+
+// Of what stands on the control; a frame has twips always.
+Scale Control::ClientScale() const {
+  if (class_.Bit != classbit::PictureBox) return {};
+  const double mode = NumberOf("ScaleMode");
+  if (mode != UserScale) return FixedScale(mode);
+  return UsersScale(NumberOf("ScaleLeft"), NumberOf("ScaleTop"), NumberOf("ScaleWidth"), NumberOf("ScaleHeight"),
+                    ClientExtent("Width"), ClientExtent("Height"));
 }
 
 std::string Control::WrittenValue(const Value& value, FrxBuilder& frx) const {
@@ -108,10 +156,8 @@ std::string Control::WrittenValue(const Value& value, FrxBuilder& frx) const {
   if (IsNamed(row, "TabIndex")) return number(static_cast<double>(tabIndex_));
   if (class_.Bit == classbit::ListView && IsNamed(row, "_ExtentX")) return number(Himetric(NumberOf("Width")));
   if (class_.Bit == classbit::ListView && IsNamed(row, "_ExtentY")) return number(Himetric(NumberOf("Height")));
-  if (class_.Bit == classbit::PictureBox && IsNamed(row, "ScaleWidth")) return number(PictureScale(NumberOf("Width")));
-  if (class_.Bit == classbit::PictureBox && IsNamed(row, "ScaleHeight")) {
-    return number(PictureScale(NumberOf("Height")));
-  }
+  if (IsNamed(row, "ScaleWidth")) return number(ScaleExtent("Width"));
+  if (IsNamed(row, "ScaleHeight")) return number(ScaleExtent("Height"));
   if (class_.Bit == classbit::TextBox && IsNamed(row, "Text") && NumberOf("MultiLine") != 0) {
     return frx.AddMultiLineText(value.Data.Text);
   }

@@ -5,6 +5,7 @@
 #include "adapters/vb6files/ControlClasses.h"
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/PropertyText.h"
+#include "adapters/vb6files/Scale.h"
 #include "generator/ide/Ide.h"
 
 #include <deque>
@@ -44,7 +45,12 @@ class Control final : public generator::ide::VBControl {
   void AppendProperties(std::string& out, int level, FrxBuilder& frx) const;
   std::string WrittenValue(const Value& value, FrxBuilder& frx) const;
   bool IsWritten(const Value& value) const;
-  double PictureScale(double extent) const;
+  void SetPlace(const PropertyRow& row, double value);
+  void SetScale(const PropertyRow& row, PropertyData data);
+  void SetNumber(std::string_view name, double value);
+  double ClientExtent(std::string_view dimension) const;
+  double ScaleExtent(std::string_view dimension) const;
+  Scale ClientScale() const;
 
   Designer& designer_;
   const ControlClass& class_;
@@ -57,9 +63,9 @@ class Control final : public generator::ide::VBControl {
 
 class Designer {
  public:
-  // Both must outlive the designer.
-  Designer(const CodePage& codePage, const ControlLibraries& libraries)
-      : CodePageOfForm(codePage), libraries_(libraries) {}
+  // `formScale` is that of the form's client area. All must outlive the designer.
+  Designer(const CodePage& codePage, const ControlLibraries& libraries, const Scale& formScale)
+      : CodePageOfForm(codePage), libraries_(libraries), formScale_(formScale) {}
   Designer(const Designer&) = delete;
   Designer& operator=(const Designer&) = delete;
 
@@ -88,6 +94,7 @@ class Designer {
   static void AppendLayers(const std::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx);
 
   const ControlLibraries& libraries_;
+  const Scale& formScale_;
   std::deque<Control> controls_;
   std::unordered_map<std::string, Control*> byName_;  // in lower case
   std::vector<Control*> topLevel_;                    // oldest first

@@ -25,7 +25,10 @@ std::string ObjectLine(const ObjectReference& library) {
 }  // namespace
 
 FormDocument::FormDocument(FormHeader header, const CodePage& codePage, const ControlLibraries& libraries)
-    : codePage_(codePage), libraries_(libraries), header_(std::move(header)), designer_(codePage, libraries) {}
+    : codePage_(codePage),
+      libraries_(libraries),
+      header_(std::move(header)),
+      designer_(codePage, libraries, header_.ClientScale()) {}
 
 std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const CodePage& codePage,
                                                 const ControlLibraries& libraries) {

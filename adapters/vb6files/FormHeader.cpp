@@ -3,9 +3,9 @@
 #include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
+#include "ui/WindowFrame.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <map>
@@ -15,25 +15,9 @@ namespace {
 
 using generator::ide::PropertyValue;
 
-// Twips from the outer frame to the client area: the classic look of the system, one row a border style.
-struct FrameMetrics {
-  double Left, Top, Width, Height;  // offset of the client area; what the frame adds to its size
-};
-constexpr std::array Frames{
-    FrameMetrics{0, 0, 0, 0},       FrameMetrics{45, 330, 90, 375}, FrameMetrics{60, 345, 120, 405},
-    FrameMetrics{45, 330, 90, 375}, FrameMetrics{45, 285, 90, 330}, FrameMetrics{60, 300, 120, 360},
-};
-constexpr double MenuBarHeight = 285;
+constexpr double TwipsPerPixel = 15;
 constexpr double MenuBarShift = 105;  // on both axes, of a form with a menu bar that the system places
 constexpr double SystemPlaced = 3;    // StartUpPosition "Windows Default"
-constexpr double UserScale = 0;
-
-// Twips in a unit of each scale mode, across and down; nothing for the user's own scale.
-struct Unit {
-  double X, Y;
-};
-constexpr std::array Units{Unit{0, 0},     Unit{1, 1},       Unit{20, 20},     Unit{15, 15},
-                           Unit{120, 240}, Unit{1440, 1440}, Unit{56.7, 56.7}, Unit{567, 567}};
 
 constexpr std::string_view ReferenceMark = ".frx\":";
 
@@ -89,8 +73,9 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
     }
     properties_.push_back(std::move(kept));
   }
-  left_ = NumberOf("ClientLeft") - Frames[static_cast<std::size_t>(BorderStyle())].Left;
-  top_ = NumberOf("ClientTop") - Frames[static_cast<std::size_t>(BorderStyle())].Top;
+  left_ = NumberOf("ClientLeft") - Frame().Left();
+  top_ = NumberOf("ClientTop") - Frame().Top();
+  UpdateScale();
 }
 
 FormHeader::Property* FormHeader::Find(std::string_view name) {
@@ -109,7 +94,10 @@ double FormHeader::NumberOf(std::string_view name) const {
   return row ? DefaultOf(*row).Number : 0;
 }
 
-int FormHeader::BorderStyle() const { return std::clamp(static_cast<int>(NumberOf("BorderStyle")), 0, 5); }
+const ui::WindowFrame& FormHeader::Frame() const {
+  const double last = static_cast<double>(ui::WindowFrames.size()) - 1;
+  return ui::WindowFrames[static_cast<std::size_t>(std::clamp(NumberOf("BorderStyle"), 0.0, last))];
+}
 
 void FormHeader::Set(std::string_view name, PropertyData data) {
   if (Property* property = Find(name)) {
@@ -134,21 +122,38 @@ void FormHeader::SetBorderStyle(double style) {
   if (style >= 3) SetNumber("ShowInTaskbar", 0);
 }
 
-void FormHeader::SetScaleMode(double mode) {
-  SetNumber("ScaleMode", mode);
+// Setting a part of a scale makes it the user's own, whatever it is set to.
+void FormHeader::SetScale(std::string_view name, double value) {
+  if (name == "ScaleMode") {
+    for (const std::string_view corner : {"ScaleLeft", "ScaleTop"}) {
+      if (Find(corner)) SetNumber(corner, 0);
+    }
+  } else {
+    SetNumber("ScaleMode", UserScale);
+  }
+  SetNumber(name, value);
   RecomputeScale();
 }
 
+// The user's own scale keeps its numbers, those of any other follow the client area.
 void FormHeader::RecomputeScale() {
-  const double mode = NumberOf("ScaleMode");
-  if (mode == UserScale) return;  // keeps its own numbers
-  const Unit unit = Units[static_cast<std::size_t>(mode)];
-  SetNumber("ScaleHeight", NumberOf("ClientHeight") / unit.Y);
-  SetNumber("ScaleWidth", NumberOf("ClientWidth") / unit.X);
+  UpdateScale();
+  if (NumberOf("ScaleMode") == UserScale) return;
+  SetNumber("ScaleHeight", NumberOf("ClientHeight") / scale_.Y.Twips);
+  SetNumber("ScaleWidth", NumberOf("ClientWidth") / scale_.X.Twips);
 }
 
+void FormHeader::UpdateScale() {
+  const double mode = NumberOf("ScaleMode");
+  scale_ = mode != UserScale ? FixedScale(mode)
+                             : UsersScale(NumberOf("ScaleLeft"), NumberOf("ScaleTop"), NumberOf("ScaleWidth"),
+                                          NumberOf("ScaleHeight"), NumberOf("ClientWidth"), NumberOf("ClientHeight"));
+}
+
+// Whole pixels, as a window has them.
 void FormHeader::SetClientSize(std::string_view dimension, double outer, double frame) {
-  SetNumber(dimension, std::max(outer - frame, 0.0));
+  const double client = std::max(WholeTwips(outer) - frame, 0.0);
+  SetNumber(dimension, std::round(client / TwipsPerPixel) * TwipsPerPixel);
   RecomputeScale();
 }
 
@@ -158,22 +163,19 @@ void FormHeader::SetProperty(std::string_view name, const PropertyValue& value, 
   if (!row) runtime::Raise(runtime::PropertyNotFound, "Property '" + std::string(name) + "' not found in VB.Form");
   PropertyData data = Coerced(*row, value, codePage);
   const double number = data.Number;
-  const FrameMetrics& frame = Frames[static_cast<std::size_t>(BorderStyle())];
   const std::string_view property = row->Name;
   if (property == "Height") {
-    SetClientSize("ClientHeight", number, frame.Height + (hasMenuBar ? MenuBarHeight : 0));
+    SetClientSize("ClientHeight", number, Frame().Height() + (hasMenuBar ? ui::MenuBarHeight : 0));
   } else if (property == "Width") {
-    SetClientSize("ClientWidth", number, frame.Width);
+    SetClientSize("ClientWidth", number, Frame().Width());
   } else if (property == "Left" || property == "Top") {
     (property == "Left" ? left_ : top_) = number;
     placed_ = true;
   } else if (property == "BorderStyle") {
     SetBorderStyle(number);
-  } else if (property == "ScaleMode") {
-    SetScaleMode(number);
+  } else if (property.starts_with("Scale")) {
+    SetScale(property, number);
   } else {
-    // Setting a scale makes it the user's own, whatever it is set to.
-    if (property == "ScaleHeight" || property == "ScaleWidth") SetNumber("ScaleMode", UserScale);
     if (property == "StartUpPosition") placed_ = true;
     Set(property, std::move(data));
   }
@@ -182,11 +184,10 @@ void FormHeader::SetProperty(std::string_view name, const PropertyValue& value, 
 double FormHeader::WrittenNumber(const Property& property, bool hasMenuBar) const {
   const bool isLeft = property.Name == "ClientLeft";
   if (!(isLeft || property.Name == "ClientTop") || !(placed_ || hasMenuBar)) return property.Data.Number;
-  const FrameMetrics& frame = Frames[static_cast<std::size_t>(BorderStyle())];
   const bool systemPlaced = NumberOf("StartUpPosition") == SystemPlaced;
   const double shift = systemPlaced && hasMenuBar ? MenuBarShift : 0;
-  if (isLeft) return (systemPlaced ? 0 : left_) + frame.Left + shift;
-  return (systemPlaced ? 0 : top_) + frame.Top + shift + (hasMenuBar ? MenuBarHeight : 0);
+  if (isLeft) return (systemPlaced ? 0 : left_) + Frame().Left() + shift;
+  return (systemPlaced ? 0 : top_) + Frame().Top() + shift + (hasMenuBar ? ui::MenuBarHeight : 0);
 }
 
 void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const {

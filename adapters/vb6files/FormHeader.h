@@ -4,7 +4,9 @@
 #include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/FormReader.h"
 #include "adapters/vb6files/PropertyText.h"
+#include "adapters/vb6files/Scale.h"
 #include "generator/ide/Ide.h"
+#include "ui/WindowFrame.h"
 
 #include <string>
 #include <string_view>
@@ -22,6 +24,9 @@ class FormHeader {
   // Errors as Coerced raises them, 422 for a property that a form lacks. With a menu bar the outer height holds it too.
   void SetProperty(std::string_view name, const generator::ide::PropertyValue& value, const CodePage& codePage,
                    bool hasMenuBar);
+
+  // Of what stands on the form.
+  const Scale& ClientScale() const { return scale_; }
 
   // The property lines, by name.
   void AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const;
@@ -41,13 +46,15 @@ class FormHeader {
   void Set(std::string_view name, PropertyData data);
   void SetNumber(std::string_view name, double value) { Set(name, {value, {}}); }
   void SetBorderStyle(double style);
-  void SetScaleMode(double mode);
   void SetClientSize(std::string_view dimension, double outer, double frame);
+  void SetScale(std::string_view name, double value);
   void RecomputeScale();
-  int BorderStyle() const;
+  void UpdateScale();
+  const ui::WindowFrame& Frame() const;
   double WrittenNumber(const Property& property, bool hasMenuBar) const;
 
   std::vector<Property> properties_;  // in the order of the file
+  Scale scale_;                       // follows from them
   double left_ = 0, top_ = 0;         // of the outer frame, twips
   bool placed_ = false;               // the place is written anew
 };

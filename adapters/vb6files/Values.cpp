@@ -11,7 +11,6 @@ namespace {
 
 using generator::ide::PropertyValue;
 
-constexpr double LargestSize = 245745;      // 16383 pixels of 15 twips: larger sizes are clamped to it
 constexpr std::ptrdiff_t LongestName = 40;  // characters
 
 std::string AsText(const PropertyValue& value) {
@@ -56,8 +55,9 @@ double DefaultNumber(const PropertyRow& row) { return row.Default.empty() ? 0.0 
 bool IsExtent(std::string_view name) { return name == "Height" || name == "Width"; }
 
 double Placed(const PropertyRow& row, double value) {
-  if (IsExtent(row.Name) && value < 0) runtime::Raise(runtime::InvalidPropertyValue);
-  return std::clamp(value, -LargestSize, LargestSize);
+  const bool mustNotBe0 = row.Name == "ScaleHeight" || row.Name == "ScaleWidth";
+  if ((IsExtent(row.Name) && value < 0) || (mustNotBe0 && value == 0)) runtime::Raise(runtime::InvalidPropertyValue);
+  return value;
 }
 
 // General punctuation and the signs of Latin-1 are no letters; every other character beyond ASCII passes.

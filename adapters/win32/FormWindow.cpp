@@ -5,6 +5,7 @@
 #include "adapters/win32/Keyboard.h"
 #include "adapters/win32/MessageQueue.h"
 #include "adapters/win32/Text.h"
+#include "ui/WindowFrame.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -17,12 +18,12 @@ constexpr wchar_t FormClass[] = L"OstrelFormWizardForm";
 constexpr DWORD FormStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD FormExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
-// What the frame and the caption of the design take of a form's size, twips. The system's own may take more or less.
-constexpr int DesignedFrameWidth = 90, DesignedFrameHeight = 375;
+// What the frame and the caption of the design take of a form's size. The system's own may take more or less.
+constexpr const ui::WindowFrame& DesignedFrame = ui::WindowFrames[ui::FixedDialogFrame];
 
 SIZE WindowSizeOf(const ui::Form& form) {
-  RECT all{0, 0, PixelsOf(form.Width.Value() - DesignedFrameWidth),
-           PixelsOf(form.Height.Value() - DesignedFrameHeight)};
+  RECT all{0, 0, PixelsOf(form.Width.Value() - DesignedFrame.Width()),
+           PixelsOf(form.Height.Value() - DesignedFrame.Height())};
   AdjustWindowRectEx(&all, FormStyle, FALSE, FormExtendedStyle);
   return {all.right - all.left, all.bottom - all.top};
 }

@@ -4,6 +4,7 @@
 #include "apps/desktop/ControlPictures.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
+#include "ui/WindowFrame.h"
 
 #include <QFontMetrics>
 #include <QImageWriter>
@@ -11,7 +12,6 @@
 #include <QSaveFile>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -20,36 +20,32 @@ namespace {
 
 using adapters::vb6files::FormNode;
 
-constexpr double TwipsPerPixel = 15;
+constexpr int TwipsPerPixel = 15;
 constexpr int LargestSide = 16384;        // pixels
 constexpr double LargestArea = 48.0e6;    // pixels: some 190 MB
 constexpr double FarthestPlace = 100000;  // pixels: a control farther off is nowhere on a form
-constexpr int MenuBarHeight = 19;
+constexpr int MenuBarHeight = ui::MenuBarHeight / TwipsPerPixel;
 constexpr int MenuPadding = 6;  // on either side of a title
 constexpr int IconSize = 16;
 constexpr int DesignIconSize = 32;  // of a control that is invisible at run time
 
-// The window around the client area, one row a border style.
-struct FrameStyle {
-  int Border, Caption;
-  bool HasIcon, HasSizeButtons;
-};
-constexpr std::array Styles{
-    FrameStyle{0, 0, false, false},   // none
-    FrameStyle{3, 19, true, true},    // fixed single
-    FrameStyle{4, 19, true, true},    // sizable
-    FrameStyle{3, 19, false, false},  // fixed dialog
-    FrameStyle{3, 16, false, false},  // fixed tool window
-    FrameStyle{4, 16, false, false},  // sizable tool window
-};
+constexpr std::size_t NoBorder = 0, FixedSingle = 1, Sizable = 2;
 
 bool Is(const FormNode& node, std::string_view className) { return runtime::EqualIgnoringCase(node.Class, className); }
 bool IsVisible(const FormNode& node) { return node.Flag("Visible", true); }
 
-const FrameStyle& StyleOf(const FormNode& form) {
+std::size_t BorderStyleOf(const FormNode& form) {
   // A user control has no window of its own.
-  if (!Is(form, "VB.Form") && !Is(form, "VB.MDIForm")) return Styles[0];
-  return Styles[static_cast<std::size_t>(std::clamp(form.Number("BorderStyle", 2), 0.0, 5.0))];
+  if (!Is(form, "VB.Form") && !Is(form, "VB.MDIForm")) return NoBorder;
+  return static_cast<std::size_t>(
+      std::clamp(form.Number("BorderStyle", Sizable), 0.0, static_cast<double>(ui::WindowFrames.size() - 1)));
+}
+int BorderOf(const FormNode& form) { return ui::WindowFrames[BorderStyleOf(form)].Border / TwipsPerPixel; }
+
+// Dialogs and tool windows have neither an icon nor buttons for their size.
+bool IsFullWindow(const FormNode& form) {
+  const std::size_t style = BorderStyleOf(form);
+  return style == FixedSingle || style == Sizable;
 }
 
 std::vector<const FormNode*> MenuTitles(const FormNode& form) {
@@ -65,14 +61,15 @@ int Pixels(double value) { return static_cast<int>(std::lround(std::clamp(value,
 // The parts of the window, in pixels.
 struct Window {
   explicit Window(const FormNode& form) {
-    const FrameStyle& style = StyleOf(form);
+    const int border = BorderOf(form);
+    const int caption = ui::WindowFrames[BorderStyleOf(form)].Caption / TwipsPerPixel;
     const bool hasCaption = form.Flag("ControlBox", true) || !form.Text("Caption").empty();
     const int width = std::clamp(Pixels(form.Number("ClientWidth", 4680) / TwipsPerPixel), 1, LargestSide);
     const int height = std::clamp(Pixels(form.Number("ClientHeight", 3195) / TwipsPerPixel), 1, LargestSide);
-    Caption = QRect(style.Border, style.Border, width, hasCaption ? style.Caption : 0);
-    MenuBar = QRect(style.Border, Caption.bottom() + 1, width, MenuTitles(form).empty() ? 0 : MenuBarHeight);
-    Client = QRect(style.Border, MenuBar.bottom() + 1, width, height);
-    Outer = QRect(0, 0, width + 2 * style.Border, Client.bottom() + 1 + style.Border);
+    Caption = QRect(border, border, width, hasCaption ? caption : 0);
+    MenuBar = QRect(border, Caption.bottom() + 1, width, MenuTitles(form).empty() ? 0 : MenuBarHeight);
+    Client = QRect(border, MenuBar.bottom() + 1, width, height);
+    Outer = QRect(0, 0, width + 2 * border, Client.bottom() + 1 + border);
   }
   QRect Outer, Caption, MenuBar, Client;
 };
@@ -85,33 +82,13 @@ double FittedScale(const QSize& size, double wanted) {
   return std::min({scale, LargestSide / width, LargestSide / height, std::sqrt(LargestArea / (width * height))});
 }
 
-// The scale in which the places of a container's controls are given.
-class Space {
- public:
-  Space(const FormNode& container, const QRect& client) : client_(client) {
-    constexpr double twips = 1;
-    const double width = container.Number("ScaleWidth");
-    const double height = container.Number("ScaleHeight");
-    // Any other scale is told by what the client area measures in it.
-    if (container.Number("ScaleMode", twips) == twips || width == 0 || height == 0) return;
-    left_ = container.Number("ScaleLeft");
-    top_ = container.Number("ScaleTop");
-    unitX_ = client.width() / width;
-    unitY_ = client.height() / height;
-  }
-
-  QRect PlaceOf(const FormNode& control) const {
-    const int x = client_.left() + Pixels((control.Number("Left") - left_) * unitX_);
-    const int y = client_.top() + Pixels((control.Number("Top") - top_) * unitY_);
-    if (IsInvisibleAtRunTime(control)) return QRect(x, y, DesignIconSize, DesignIconSize);
-    return QRect(x, y, std::abs(Pixels(control.Number("Width") * unitX_)),
-                 std::abs(Pixels(control.Number("Height") * unitY_)));
-  }
-
- private:
-  QRect client_;
-  double left_ = 0, top_ = 0, unitX_ = 1 / TwipsPerPixel, unitY_ = 1 / TwipsPerPixel;
-};
+// In twips from the edge of the client area, whatever the scale of the container.
+QRect PlaceOf(const FormNode& control, const QRect& client) {
+  const auto pixels = [&](std::string_view name) { return Pixels(control.Number(name) / TwipsPerPixel); };
+  const QPoint corner = client.topLeft() + QPoint(pixels("Left"), pixels("Top"));
+  if (IsInvisibleAtRunTime(control)) return {corner, QSize(DesignIconSize, DesignIconSize)};
+  return {corner, QSize(std::abs(pixels("Width")), std::abs(pixels("Height")))};
+}
 
 enum class TitleButton { Minimize, Maximize, Close };
 
@@ -139,7 +116,7 @@ int DrawTitleButtons(QPainter& painter, const FormNode& form, const QRect& bar) 
   DrawTitleButton(painter, place, TitleButton::Close, true);
   const bool canMinimize = form.Flag("MinButton", true);
   const bool canMaximize = form.Flag("MaxButton", true);
-  if (!StyleOf(form).HasSizeButtons || (!canMinimize && !canMaximize)) return place.left();
+  if (!IsFullWindow(form) || (!canMinimize && !canMaximize)) return place.left();
   place.translate(-place.width() - 2, 0);
   DrawTitleButton(painter, place, TitleButton::Maximize, canMaximize);
   place.translate(-place.width(), 0);
@@ -164,7 +141,7 @@ void DrawTitleBar(QPainter& painter, const FormNode& form, const QRect& place) {
   QRect text = bar.adjusted(2, 0, -2, 0);
   if (form.Flag("ControlBox", true)) {
     text.setRight(DrawTitleButtons(painter, form, place) - 2);
-    if (StyleOf(form).HasIcon) {
+    if (IsFullWindow(form)) {
       DrawWindowIcon(painter, QRect(bar.left() + 2, bar.top() + 1, IconSize, IconSize));
       text.setLeft(bar.left() + 2 + IconSize + 2);
     }
@@ -195,11 +172,10 @@ class ControlPainter {
 
   // The front of the z-order stands first in the file, so the last one is drawn first.
   void DrawOn(const FormNode& container, const QRect& client) {
-    const Space space(container, client);
     painter_.save();
     painter_.setClipRect(client, Qt::IntersectClip);
     std::for_each(container.Children.rbegin(), container.Children.rend(),
-                  [&](const FormNode& child) { Draw(child, space.PlaceOf(child), client); });
+                  [&](const FormNode& child) { Draw(child, PlaceOf(child, client), client); });
     painter_.restore();
   }
 
@@ -254,7 +230,7 @@ void DrawForm(QPainter& painter, const FormNode& form, const PictureOptions& opt
   painter.save();
   painter.scale(scale, scale);
   painter.fillRect(window.Outer, ColorOf(color::Face));
-  if (StyleOf(form).Border > 0) DrawEdge(painter, window.Outer, Edge::Raised);
+  if (BorderOf(form) > 0) DrawEdge(painter, window.Outer, Edge::Raised);
   DrawTitleBar(painter, form, window.Caption);
   DrawMenuBar(painter, form, window.MenuBar);
   painter.fillRect(window.Client, ColorOf(form, "BackColor", color::Face));

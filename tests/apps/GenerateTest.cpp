@@ -1,6 +1,8 @@
 // The program itself, run as a user runs it.
 #include "adapters/satellite/StringResources.h"
 #include "adapters/vb6files/CodePage.h"
+#include "adapters/vb6files/FormTree.h"
+#include "tests/support/FormResize.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
@@ -65,6 +67,35 @@ TEST_CASE("The typical request gives exactly the expected project, whatever scri
   CHECK(work.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
   CHECK(ReadFile(journal) == Golden("typical-journal.jsonl"));
   CHECK(ReadFile(work.Folder / work.Profile) == "[OstrelFormWizard]\r\nLastConnect=Samples\r\n");
+}
+
+TEST_CASE("No fresh form shows a scroll bar: its frame fills the client area, whatever the settings") {
+  const Workplace work;
+  std::string arguments;
+  for (int i = 0; i < 32; ++i) {
+    const nlohmann::json settings{
+        {"Columns", i / 8 + 1}, {"Button", (i & 1) != 0}, {"Menu", (i & 2) != 0}, {"FormSizable", (i & 4) != 0}};
+    const auto fields =
+        i % 3 == 0 ? nlohmann::json{"Name"} : nlohmann::json{"Name", "Photo", "Notes", "Spouse.Name", "Phones"};
+    const std::string file = std::to_string(i) + ".json";
+    WriteFile(work.Folder / file,
+              nlohmann::json{{"class", "Sample.Person"}, {"settings", settings}, {"fields", fields}}.dump());
+    arguments += " " + file;
+  }
+  CheckDone(work.Generate(arguments));
+  int forms = 0;
+  for (const auto& [name, text] : work.Files()) {
+    if (!name.starts_with("frmPerson") || !name.ends_with(".frm")) continue;
+    CAPTURE(name);
+    ++forms;
+    const auto tree =
+        formwizard::adapters::vb6files::ReadFormTree(name, text, "", formwizard::adapters::vb6files::CodePage(1252));
+    FormResize resize(tree);
+    CHECK(resize.Run().empty());
+    resize.Of("Me.ScaleWidth") -= 1;  // the smallest user would see both: the bar below covers the foot of the frame
+    CHECK(resize.Run() == "HScroll VScroll picPatch ");
+  }
+  CHECK(forms == 32);
 }
 
 TEST_CASE("A form comes out the same alone and in a batch, and names go on counting") {

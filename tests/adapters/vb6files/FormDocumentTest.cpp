@@ -58,11 +58,11 @@ TEST_CASE("An empty form keeps what it has besides the changes, its pictures in 
   CHECK(files.Frm ==
         "VERSION 5.00\r\nBegin VB.Form frmPerson \r\n   BackColor       =   &H00FFFFFF&\r\n"
         "   Caption         =   \"Person\"\r\n   ClientHeight    =   3195\r\n"
-        "   ClientLeft      =   60\r\n   ClientTop       =   345\r\n   ClientWidth     =   4880\r\n"
+        "   ClientLeft      =   60\r\n   ClientTop       =   345\r\n   ClientWidth     =   4875\r\n"
         "   BeginProperty Font \r\n      Name            =   \"Arial\"\r\n   EndProperty\r\n"
         "   Icon            =   \"frmPerson.frx\":0000\r\n   LockControls    =   -1  'True\r\n"
         "   Picture         =   \"frmPerson.frx\":0004\r\n   ScaleHeight     =   3195\r\n"
-        "   ScaleWidth      =   4880\r\nEnd\r\nAttribute VB_Name = \"frmPerson\"\r\n"
+        "   ScaleWidth      =   4875\r\nEnd\r\nAttribute VB_Name = \"frmPerson\"\r\n"
         "Attribute VB_Exposed = False\r\nAttribute VB_Description = \"mine\"\r\n' a comment\r\n");
   CHECK(files.Frx == "ICONPICTURE");
 }
@@ -73,8 +73,9 @@ TEST_CASE("The outer size of a form turns into its client area, its scale follow
     bool HasMenu;
     std::string Placed, Height, MinButton;
   };
-  for (const Case& c : {Case{1, false, "45 330", "2900", "0   'False"}, Case{2, false, "60 345", "2870", ""},
-                        Case{1, true, "150 720", "2615", "0   'False"}, Case{2, true, "165 735", "2585", ""}}) {
+  // The client area is whole pixels of 15 twips.
+  for (const Case& c : {Case{1, false, "45 330", "2895", "0   'False"}, Case{2, false, "60 345", "2865", ""},
+                        Case{1, true, "150 720", "2610", "0   'False"}, Case{2, true, "165 735", "2580", ""}}) {
     CAPTURE(c.Placed);
     Environment environment;
     const auto form = environment.New();

@@ -52,14 +52,14 @@ constexpr QRgb YellowPixel = 0xFFFFFF00;
 TEST_CASE("A generated form is drawn with its frame, menu bar and fields where its file says") {
   const std::string golden = FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project/frmPerson.frm";
   FormNode form = ReadFormFile(RealFileSystem(), golden, CodePage(1252)).Form;
-  // 7225 x 2900 twips inside a fixed border of 3 pixels, below a title bar of 19 and a menu bar of 19.
+  // 7230 x 2895 twips inside a fixed border of 3 pixels, below a title bar of 19 and a menu bar of 19.
   CHECK(PictureSize(form, 1) == QSize(482 + 6, 193 + 19 + 19 + 6));
   CHECK(PictureSize(form, 2) == QSize(976, 474));
   const QImage image = PictureOf(form, 1, false);
   const QPoint client(3, 41);
-  // Both text boxes are 2000 x 325 twips: inside of their edges they are white.
-  for (const int left : {660, 3740}) {
-    const QRect box(client.x() + left / 15, client.y() + 240 / 15, 2000 / 15, 325 / 15 + 1);
+  // Both text boxes are 2010 x 316 twips: inside of their edges they are white.
+  for (const int left : {663, 3758}) {
+    const QRect box(client.x() + left / 15, client.y() + 234 / 15 + 1, 2010 / 15, 316 / 15);
     CAPTURE(left);
     CHECK(image.pixel(box.center() + QPoint(30, 4)) == White);
     CHECK(AreaOf(image.copy(box.adjusted(2, 2, -2, -2)), Face).isNull());
@@ -96,11 +96,11 @@ TEST_CASE("Controls stand where their container puts them, and no further than i
   CHECK(AreaOf(Picture(Control("VB.PictureBox", {50, 40, 100, 50}, box)), YellowPixel) == place.translated(52, 42));
   CHECK(AreaOf(Picture(Control("VB.Frame", {50, 40, 20, 15}, "BorderStyle = 0\n" + box)), YellowPixel) ==
         QRect(60, 45, 10, 10));
-  // The user's own scale: the form is 100 units wide from -50, 50 high from 10.
-  const std::string scale = "ScaleMode = 0\nScaleLeft = -50\nScaleTop = 10\nScaleWidth = 100\nScaleHeight = 50\n";
-  const std::string units = "Begin VB.PictureBox p\nLeft = -40\nTop = 15\nWidth = 20\nHeight = 10\n" + Yellow + "End\n";
-  CHECK(AreaOf(Picture(scale + units), YellowPixel) == QRect(20, 10, 40, 20));
-  CHECK(AreaOf(Picture("ScaleWidth = 1\nScaleHeight = 1\n" + box), YellowPixel) == place);  // twips nevertheless
+  // Places are twips whatever the scale is.
+  for (const char* scale : {"ScaleMode = 0\nScaleLeft = -50\nScaleTop = 10\nScaleWidth = 100\nScaleHeight = 50\n",
+                            "ScaleMode = 3\nScaleWidth = 200\nScaleHeight = 100\n", "ScaleWidth = 1\n"}) {
+    CHECK(AreaOf(Picture(scale + box), YellowPixel) == place);
+  }
 }
 
 TEST_CASE("What is not seen at run time is not drawn") {

@@ -7,7 +7,7 @@ Begin VB.Form frmPerson
    ClientHeight    =   3885
    ClientLeft      =   150
    ClientTop       =   720
-   ClientWidth     =   7510
+   ClientWidth     =   7515
    LinkTopic       =   "Form1"
    MaxButton       =   0   'False
    MinButton       =   0   'False
@@ -16,10 +16,10 @@ Begin VB.Form frmPerson
    ScaleWidth      =   7480
    StartUpPosition =   3  'Windows Default
    Begin VB.ListBox lst__Hidden 
-      Height          =   450
+      Height          =   441
       Left            =   0
       TabIndex        =   17
-      Top             =   -450
+      Top             =   -441
       Visible         =   0   'False
       Width           =   1215
    End
@@ -39,176 +39,176 @@ Begin VB.Form frmPerson
    Begin VB.Frame fra_Main 
       BorderStyle     =   0  'None
       Caption         =   "fra_Main"
-      Height          =   3960
+      Height          =   3885
       Left            =   0
       TabIndex        =   0
       Top             =   0
-      Width           =   7480
+      Width           =   7515
       Begin VB.CommandButton cmd__Exit 
          Caption         =   "E&xit"
-         Height          =   385
-         Left            =   6265
+         Height          =   378
+         Left            =   6294
          TabIndex        =   16
-         Top             =   2370
-         Width           =   1095
+         Top             =   2325
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Close 
          Caption         =   "&Close"
-         Height          =   385
-         Left            =   6265
+         Height          =   378
+         Left            =   6294
          TabIndex        =   15
-         Top             =   1980
-         Width           =   1095
+         Top             =   1942
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Delete 
          Caption         =   "&Delete"
-         Height          =   385
-         Left            =   6265
+         Height          =   378
+         Left            =   6294
          TabIndex        =   14
-         Top             =   1500
-         Width           =   1095
+         Top             =   1472
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Save 
          Caption         =   "&Save"
-         Height          =   385
-         Left            =   6265
+         Height          =   378
+         Left            =   6294
          TabIndex        =   13
-         Top             =   1110
-         Width           =   1095
+         Top             =   1089
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Find 
          Caption         =   "&Find..."
-         Height          =   385
-         Left            =   6265
+         Height          =   378
+         Left            =   6294
          TabIndex        =   12
-         Top             =   630
-         Width           =   1095
+         Top             =   618
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__New 
          Caption         =   "&New"
-         Height          =   385
-         Left            =   6265
+         Height          =   378
+         Left            =   6294
          TabIndex        =   11
-         Top             =   240
-         Width           =   1095
+         Top             =   235
+         Width           =   1100
       End
       Begin VB.ComboBox cmbSpouseName 
          Height          =   315
-         Left            =   4025
+         Left            =   4044
          Style           =   2  'Dropdown List
          TabIndex        =   10
-         Top             =   240
-         Width           =   2000
+         Top             =   235
+         Width           =   2009
       End
       Begin VB.TextBox txtNotes 
-         Height          =   2475
-         Left            =   660
+         Height          =   2428
+         Left            =   663
          MultiLine       =   -1  'True
          ScrollBars      =   3  'Both
          TabIndex        =   8
          Text            =   "frmPerson.frx":0000
-         Top             =   1320
-         Width           =   2000
+         Top             =   1295
+         Width           =   2009
       End
       Begin VB.TextBox txtHomeCity 
-         Height          =   325
-         Left            =   660
+         Height          =   319
+         Left            =   663
          TabIndex        =   4
          Text            =   "txtHomeCity"
-         Top             =   600
-         Width           =   2000
+         Top             =   589
+         Width           =   2009
       End
       Begin VB.TextBox txtName 
-         Height          =   325
-         Left            =   660
+         Height          =   319
+         Left            =   663
          TabIndex        =   2
          Text            =   "txtName"
-         Top             =   240
-         Width           =   2000
+         Top             =   235
+         Width           =   2009
       End
       Begin VB.Label lblSpouseName 
          Alignment       =   1  'Right Justify
          Caption         =   "Spouse Name"
-         Height          =   325
-         Left            =   2900
+         Height          =   319
+         Left            =   2914
          TabIndex        =   9
-         Top             =   240
-         Width           =   1005
+         Top             =   235
+         Width           =   1010
       End
       Begin VB.Label lblNotes 
          Alignment       =   1  'Right Justify
          Caption         =   "Notes"
-         Height          =   325
-         Left            =   120
+         Height          =   319
+         Left            =   121
          TabIndex        =   7
-         Top             =   1320
-         Width           =   420
+         Top             =   1295
+         Width           =   422
       End
       Begin VB.Label conAge 
          BorderStyle     =   1  'Fixed Single
          Caption         =   "conAge"
-         Height          =   325
-         Left            =   660
+         Height          =   319
+         Left            =   663
          TabIndex        =   6
-         Top             =   960
-         Width           =   810
+         Top             =   942
+         Width           =   814
       End
       Begin VB.Label lblAge 
          Alignment       =   1  'Right Justify
          Caption         =   "Age"
-         Height          =   325
-         Left            =   120
+         Height          =   319
+         Left            =   121
          TabIndex        =   5
-         Top             =   960
-         Width           =   420
+         Top             =   942
+         Width           =   422
       End
       Begin VB.Label lblHomeCity 
          Alignment       =   1  'Right Justify
          Caption         =   "Town"
-         Height          =   325
-         Left            =   120
+         Height          =   319
+         Left            =   121
          TabIndex        =   3
-         Top             =   600
-         Width           =   420
+         Top             =   589
+         Width           =   422
       End
       Begin VB.Label lblName 
          Alignment       =   1  'Right Justify
          Caption         =   "Name"
-         Height          =   325
-         Left            =   120
+         Height          =   319
+         Left            =   121
          TabIndex        =   1
-         Top             =   240
-         Width           =   420
+         Top             =   235
+         Width           =   422
       End
    End
    Begin VB.PictureBox picPatch 
       BorderStyle     =   0  'None
-      Height          =   255
+      Height          =   250
       Left            =   0
-      ScaleHeight     =   255
-      ScaleWidth      =   255
+      ScaleHeight     =   250
+      ScaleWidth      =   256
       TabIndex        =   20
       Top             =   0
       Visible         =   0   'False
-      Width           =   255
+      Width           =   256
    End
    Begin VB.VScrollBar VSCroll 
-      Height          =   1200
+      Height          =   1177
       LargeChange     =   24
-      Left            =   7480
+      Left            =   7515
       TabIndex        =   19
       Top             =   0
       Visible         =   0   'False
-      Width           =   255
+      Width           =   256
    End
    Begin VB.HScrollBar HSCroll 
-      Height          =   255
+      Height          =   250
       LargeChange     =   24
       Left            =   0
       TabIndex        =   18
-      Top             =   3960
+      Top             =   3885
       Visible         =   0   'False
-      Width           =   1200
+      Width           =   1206
    End
    Begin VB.Menu mnuObject 
       Caption         =   "&Object"

@@ -4,10 +4,10 @@ Object = "{F9043C88-F6F2-101A-A3C9-08002B2F49FB}#1.2#0"; "COMDLG32.OCX"
 Begin VB.Form frmPerson 
    BorderStyle     =   1  'Fixed Single
    Caption         =   "Person"
-   ClientHeight    =   2900
+   ClientHeight    =   2895
    ClientLeft      =   150
    ClientTop       =   720
-   ClientWidth     =   7225
+   ClientWidth     =   7230
    LinkTopic       =   "Form1"
    MaxButton       =   0   'False
    MinButton       =   0   'False
@@ -31,122 +31,122 @@ Begin VB.Form frmPerson
    Begin VB.Frame fra_Main 
       BorderStyle     =   0  'None
       Caption         =   "fra_Main"
-      Height          =   2975
+      Height          =   2895
       Left            =   0
       TabIndex        =   0
       Top             =   0
-      Width           =   7195
+      Width           =   7230
       Begin VB.CommandButton cmd__Exit 
          Caption         =   "E&xit"
-         Height          =   385
-         Left            =   5980
+         Height          =   375
+         Left            =   6009
          TabIndex        =   10
-         Top             =   2370
-         Width           =   1095
+         Top             =   2306
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Close 
          Caption         =   "&Close"
-         Height          =   385
-         Left            =   5980
+         Height          =   375
+         Left            =   6009
          TabIndex        =   9
-         Top             =   1980
-         Width           =   1095
+         Top             =   1927
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Delete 
          Caption         =   "&Delete"
-         Height          =   385
-         Left            =   5980
+         Height          =   375
+         Left            =   6009
          TabIndex        =   8
-         Top             =   1500
-         Width           =   1095
+         Top             =   1460
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Save 
          Caption         =   "&Save"
-         Height          =   385
-         Left            =   5980
+         Height          =   375
+         Left            =   6009
          TabIndex        =   7
-         Top             =   1110
-         Width           =   1095
+         Top             =   1080
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__Find 
          Caption         =   "&Find..."
-         Height          =   385
-         Left            =   5980
+         Height          =   375
+         Left            =   6009
          TabIndex        =   6
-         Top             =   630
-         Width           =   1095
+         Top             =   613
+         Width           =   1100
       End
       Begin VB.CommandButton cmd__New 
          Caption         =   "&New"
-         Height          =   385
-         Left            =   5980
+         Height          =   375
+         Left            =   6009
          TabIndex        =   5
-         Top             =   240
-         Width           =   1095
+         Top             =   234
+         Width           =   1100
       End
       Begin VB.TextBox txtHomeCity 
-         Height          =   325
-         Left            =   3740
+         Height          =   316
+         Left            =   3758
          TabIndex        =   4
          Text            =   "txtHomeCity"
-         Top             =   240
-         Width           =   2000
+         Top             =   234
+         Width           =   2010
       End
       Begin VB.TextBox txtName 
-         Height          =   325
-         Left            =   660
+         Height          =   316
+         Left            =   663
          TabIndex        =   2
          Text            =   "txtName"
-         Top             =   240
-         Width           =   2000
+         Top             =   234
+         Width           =   2010
       End
       Begin VB.Label lblHomeCity 
          Alignment       =   1  'Right Justify
          Caption         =   "Home City"
-         Height          =   325
-         Left            =   2900
+         Height          =   316
+         Left            =   2914
          TabIndex        =   3
-         Top             =   240
-         Width           =   720
+         Top             =   234
+         Width           =   724
       End
       Begin VB.Label lblName 
          Alignment       =   1  'Right Justify
          Caption         =   "Name"
-         Height          =   325
-         Left            =   120
+         Height          =   316
+         Left            =   121
          TabIndex        =   1
-         Top             =   240
-         Width           =   420
+         Top             =   234
+         Width           =   422
       End
    End
    Begin VB.PictureBox picPatch 
       BorderStyle     =   0  'None
-      Height          =   255
+      Height          =   248
       Left            =   0
-      ScaleHeight     =   255
-      ScaleWidth      =   255
+      ScaleHeight     =   248
+      ScaleWidth      =   256
       TabIndex        =   13
       Top             =   0
       Visible         =   0   'False
-      Width           =   255
+      Width           =   256
    End
    Begin VB.VScrollBar VSCroll 
-      Height          =   1200
+      Height          =   1168
       LargeChange     =   24
-      Left            =   7195
+      Left            =   7230
       TabIndex        =   12
       Top             =   0
       Visible         =   0   'False
-      Width           =   255
+      Width           =   256
    End
    Begin VB.HScrollBar HSCroll 
-      Height          =   255
+      Height          =   248
       LargeChange     =   24
       Left            =   0
       TabIndex        =   11
-      Top             =   2975
+      Top             =   2895
       Visible         =   0   'False
-      Width           =   1200
+      Width           =   1206
    End
    Begin VB.Menu mnuObject 
       Caption         =   "&Object"
