@@ -17,13 +17,16 @@ using runtime::Int32;
 
 class Writer {
  public:
-  explicit Writer(std::ostream& out) : out_(out) {}
+  using Before = std::function<void(const std::string& line)>;
+
+  Writer(std::ostream& out, Before before) : out_(out), before_(std::move(before)) {}
 
   // Carries the call out and writes its line afterwards, so that a result or an error can stand in it. `onResult` adds
   // what is only known then.
   template <std::invocable Call, typename OnResult>
   auto Note(Json line, Call&& call, OnResult&& onResult) {
     try {
+      if (before_) before_(TextOf(line));
       auto result = std::forward<Call>(call)();
       onResult(line, result);
       Write(line);
@@ -49,9 +52,11 @@ class Writer {
     line["error"] = Json{{"number", error.Number()}, {"description", error.Description()}};
     Write(line);
   }
-  void Write(const Json& line) { out_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n'; }
+  static std::string TextOf(const Json& line) { return line.dump(-1, ' ', false, Json::error_handler_t::replace); }
+  void Write(const Json& line) { out_ << TextOf(line) << '\n'; }
 
   std::ostream& out_;
+  Before before_;
 };
 
 Json ValueOf(const ide::PropertyValue& value) {
@@ -171,7 +176,8 @@ class Component : public ide::VBComponent {
 
 class Environment : public ide::Vbe, public ide::VBProject, public ide::VBComponents {
  public:
-  Environment(ide::Vbe& inner, std::ostream& out) : inner_(inner), writer_(out) {}
+  Environment(ide::Vbe& inner, std::ostream& out, Writer::Before before)
+      : inner_(inner), writer_(out, std::move(before)) {}
 
   ide::VBProject& ActiveVBProject() override {
     inner_.ActiveVBProject();  // fails here when no project is open
@@ -206,8 +212,9 @@ class Environment : public ide::Vbe, public ide::VBProject, public ide::VBCompon
 
 }  // namespace
 
-std::unique_ptr<generator::ide::Vbe> Journalled(generator::ide::Vbe& inner, std::ostream& out) {
-  return std::make_unique<Environment>(inner, out);
+std::unique_ptr<generator::ide::Vbe> Journalled(generator::ide::Vbe& inner, std::ostream& out,
+                                                std::function<void(const std::string& line)> before) {
+  return std::make_unique<Environment>(inner, out, std::move(before));
 }
 
 }  // namespace formwizard::adapters::journal

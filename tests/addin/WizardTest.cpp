@@ -39,7 +39,7 @@ struct AddInFixture {
   FakeProfile Profile;
   FakeServer Server;
   FakeLibraries Libraries;
-  FakeClipboard Clipboard{Environment.Project.Transcript};
+  FakeClipboard Clipboard{Environment.Transcript};
   std::string Shown;  // the first step of each dialog, with the text of its button Next
   addin::Wizard AddIn{{.Desktop = Desktop,
                        .Measure = Measure,
@@ -51,7 +51,7 @@ struct AddInFixture {
 
   void Connect(ConnectMode mode = ConnectMode::Startup) { AddIn.IDTExtensibility_OnConnection(Environment, mode); }
   void Disconnect() { AddIn.IDTExtensibility_OnDisconnection(); }
-  tests::Transcript& Transcript() { return Environment.Project.Transcript; }
+  tests::Transcript& Transcript() { return Environment.Transcript; }
   // A click on the last command of the Add-Ins menu. False when nobody listens to it.
   bool Click() {
     const auto& commands = Environment.Menu(11).Items;

@@ -1,9 +1,7 @@
-// The running environment of an add-in: the project of FakeIde, menus, and a clipboard. All of them write into the
-// transcript of the project, and refuse as it does.
+// The menus of a running environment, and a clipboard. Both write into a transcript, and refuse on request.
 #pragma once
 
 #include "generator/ide/CommandBars.h"
-#include "tests/support/FakeIde.h"
 #include "ui/Clipboard.h"
 
 #include <algorithm>
@@ -14,6 +12,29 @@
 #include <vector>
 
 namespace formwizard::tests {
+
+namespace ide = generator::ide;
+using runtime::Int32;
+
+// Every changing call becomes a line before it is carried out. A call whose line holds the text of `Refuse` raises that
+// error instead.
+struct Transcript {
+  std::vector<std::string> Calls;
+  std::map<std::string, int> Refuse;
+
+  void Note(const std::string& line) {
+    Calls.push_back(line);
+    for (const auto& [text, number] : Refuse) {
+      if (line.find(text) != std::string::npos) runtime::Raise(number, "refused");
+    }
+  }
+  bool Has(std::string_view line) const { return std::ranges::find(Calls, line) != Calls.end(); }
+  std::string Joined() const {
+    std::string all;
+    for (const std::string& line : Calls) all += line + "\n";
+    return all;
+  }
+};
 
 // A command, or a menu when it has a list of controls.
 class FakeCommand : public ide::CommandBarControl {
@@ -78,12 +99,12 @@ class FakeApplication : public ide::Application {
  public:
   explicit FakeApplication(std::string version = "6.00", int menus = 12) : version_(std::move(version)) {
     for (int i = 1; i <= menus; ++i) {
-      Menus.push_back(std::make_shared<FakeCommands>(Project.Transcript, "menu " + std::to_string(i)));
+      Menus.push_back(std::make_shared<FakeCommands>(Transcript, "menu " + std::to_string(i)));
       MenuBar->Append()->Menu = Menus.back();
     }
   }
 
-  ide::VBProject& ActiveVBProject() override { return Project; }
+  ide::VBProject& ActiveVBProject() override { runtime::Raise(runtime::ObjectVariableNotSet); }
   std::string Version() const override { return version_; }
   std::shared_ptr<ide::CommandBarControls> CommandBar(Int32 index) override {
     if (index != Int32(1)) runtime::Raise(runtime::InvalidProcedureCall);
@@ -91,7 +112,7 @@ class FakeApplication : public ide::Application {
   }
   std::unique_ptr<ide::CommandBarEvents> ConnectEvents(const std::shared_ptr<ide::CommandBarControl>& control,
                                                        ide::CommandBarEvents::Click onClick) override {
-    Project.Transcript.Note("ConnectEvents");
+    Transcript.Note("ConnectEvents");
     clicks_[control.get()] = std::move(onClick);
     class Events : public ide::CommandBarEvents {
      public:
@@ -117,9 +138,9 @@ class FakeApplication : public ide::Application {
     return true;
   }
 
-  FakeIde Project;
+  tests::Transcript Transcript;
   std::vector<std::shared_ptr<FakeCommands>> Menus;
-  std::shared_ptr<FakeCommands> MenuBar = std::make_shared<FakeCommands>(Project.Transcript, "menu bar");
+  std::shared_ptr<FakeCommands> MenuBar = std::make_shared<FakeCommands>(Transcript, "menu bar");
   bool Handled = false, CancelDefault = true;  // as the last click left them
 
  private:

@@ -1,11 +1,12 @@
-// A generation over a fake environment, with a form model built from the few values that matter to a case.
+// A generation into a project in memory, with a form model built from the few values that matter to a case.
 #pragma once
 
 #include "generator/Generation.h"
 #include "model/Layout.h"
+#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDesktop.h"
-#include "tests/support/FakeIde.h"
 #include "tests/support/FakeLibraries.h"
+#include "tests/support/MemoryProject.h"
 
 #include <string>
 #include <vector>
@@ -21,21 +22,21 @@ class TenTwipsACharacter : public ui::TextMeasure {
 };
 
 struct GenerationFixture {
-  FakeDesktop Desktop;
-  FakeLibraries Libraries;
-  support::Strings Strings{Libraries, ""};
-  support::ErrorReport Report{Desktop, Strings};
-  FakeIde Ide;
-  model::FormModel Form;
-  settings::Settings Settings;
-  generator::GeneratorState State;
-
-  GenerationFixture() {
+  explicit GenerationFixture(const MemoryProject::Forms& forms = {}) : Ide(forms) {
     Form.ResetFieldRecords();
     Form.ClassName = "Sample.Person";
     Form.ClassCaption = "Person";
     Form.SixCharWidth = Int16(720);
   }
+
+  FakeDesktop Desktop;
+  FakeLibraries Libraries;
+  support::Strings Strings{Libraries, ""};
+  support::ErrorReport Report{Desktop, Strings};
+  MemoryProject Ide;
+  model::FormModel Form;
+  settings::Settings Settings;
+  generator::GeneratorState State;
 
   // A field whose texts all derive from its path: "Home.City" gives IntName HomeCity and the caption "Home City".
   model::FieldRecord& AddField(Int16 kind, const std::string& path, int rows = 1) {
@@ -69,8 +70,7 @@ struct GenerationFixture {
     ComputeLayout(Form, Settings, Measure, Form.ClassCaption);
   }
 
-  std::string Code() const { return Ide.Forms.back()->Module->Text_(); }
-  bool Writes(std::string_view code) const { return Code().find(code) != std::string::npos; }
+  bool Writes(std::string_view code) { return Ide.Code().find(code) != std::string::npos; }
 
   TenTwipsACharacter Measure;
 

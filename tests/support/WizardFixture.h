@@ -1,4 +1,4 @@
-// The wizard over a fake server and a fake environment.
+// The wizard over a fake server and a project in memory.
 #pragma once
 
 #include "tests/support/FakeDesktop.h"
@@ -14,7 +14,7 @@ struct WizardFixture {
   TenTwipsACharacter Measure;
   FakeProfile Profile;
   FakeServer Server;
-  FakeIde Ide;
+  MemoryProject Ide;
   FakeLibraries Libraries;
   wizard::WizardServices Services{
       {.Desktop = Desktop, .Measure = Measure, .Profiles = Profile, .Factories = Server, .Libraries = Libraries}};

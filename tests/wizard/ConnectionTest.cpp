@@ -95,7 +95,7 @@ TEST_CASE("Every ending closes the connection, whatever the server answers") {
       {"Close", [](WizardFixture& wizard) { wizard.Dialog.Close(); }},
       {"Finish", [](WizardFixture& wizard) { wizard.Dialog.cmdFinish.Click(); }},
       {"Failure", [](WizardFixture& wizard) {
-         wizard.Ide.Transcript.Refuse["Add component"] = runtime::AutomationError;
+         wizard.Ide.Refuse["VBComponents.Add"] = runtime::AutomationError;
          wizard.Dialog.cmdFinish.Click();
          CHECK(wizard.Where() == "4 ---C");
          CHECK(ConnectionCalls(wizard) == "Connect conn, ");

@@ -15,8 +15,8 @@ TEST_CASE("Finish generates the form in the order of the list and closes the wiz
     CHECK(wizard.Dialog.IsUnloaded());
     CHECK(wizard.Desktop.Texts().empty());
     CHECK(wizard.Server.Data.Calls.back() == "Disconnect");
-    CHECK(wizard.Ide.Transcript.Calls.back() == "Activate");
-    CHECK(wizard.Ide.Transcript.Has("InsertLines 1: Const m_classname = \"Sample.Person\""));
+    CHECK(wizard.Ide.Calls().back() == "VBComponent.Activate ");
+    CHECK(wizard.Ide.Count("InsertLines 1 Const m_classname = \"Sample.Person\"") == 1);
     CHECK(wizard.State.Form.SelectedFields[Int16(1)] == Int16(2));
     CHECK(wizard.State.NewComponent->Name() == "frmPerson");
   }

@@ -1,4 +1,4 @@
-// The wizard in real windows, over a fake server and a fake environment, above the environment's main window.
+// The wizard in real windows, over a fake server and a project in memory, above the environment's main window.
 #pragma once
 
 #include "adapters/satellite/Satellites.h"
