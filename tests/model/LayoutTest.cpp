@@ -11,12 +11,12 @@ using runtime::SubscriptOutOfRange;
 
 namespace {
 
-GenerationFixture FormWithRows(int columns, const std::vector<int>& rowCounts) {
-  GenerationFixture run;
-  run.Settings.Columns = Int16(columns);
-  for (const int rows : rowCounts) run.AddField(kind::ListBox, "P", rows);
-  return run;
-}
+struct FormWithRows : GenerationFixture {
+  FormWithRows(int columns, const std::vector<int>& rowCounts) {
+    Settings.Columns = Int16(columns);
+    for (const int rows : rowCounts) AddField(kind::ListBox, "P", rows);
+  }
+};
 
 std::string GridText(const FormModel& form) {
   std::string text;
@@ -40,7 +40,7 @@ TEST_CASE("ComputePositions fills a column until it has its share of rows") {
                         Case{2, {0, 0, 0}, "| 1| 2 3"},  // a share of no rows is reached at once
                         Case{2, {}, "||"}}) {
     CAPTURE(c.grid);
-    GenerationFixture run = FormWithRows(c.columns, c.rowCounts);
+    FormWithRows run(c.columns, c.rowCounts);
     run.LayOut();
     CHECK(GridText(run.Form) == c.grid);
   }
@@ -57,7 +57,7 @@ TEST_CASE("ComputeLayout sizes columns by their widest caption and the frame by 
        {Case{1, 10, true, "4000, 0, 4370; 3960 x 5705; 3480"}, Case{1, 2, true, "4000, 0, 4370; 2975 x 5705; 600"},
         Case{2, 1, false, "2000, 2370, 4730; 2975 x 4730; 240"},  // the empty column counts
         Case{3, 5, true, "1333, 1703, 5109; 2975 x 6444; 240"}}) {
-    GenerationFixture run = FormWithRows(c.columns, std::vector<int>(static_cast<std::size_t>(c.fields), 1));
+    FormWithRows run(c.columns, std::vector<int>(static_cast<std::size_t>(c.fields), 1));
     run.Settings.Button = c.button;
     run.LayOut();
     const FormModel& form = run.Form;
