@@ -2,6 +2,7 @@
 
 #include "adapters/qt/Text.h"
 #include "runtime/Conversions.h"
+#include "support/Messages.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -11,7 +12,7 @@
 #include <QScreen>
 
 #include <algorithm>
-#include <stdexcept>
+#include <exception>
 #include <utility>
 
 namespace formwizard::adapters::qt {
@@ -100,10 +101,10 @@ void FormWindow::Act(const std::function<void()>& action) {
   ++depth_;
   try {
     action();
-  } catch (const std::runtime_error& failure) {  // an input that cannot be used; run-time errors do not come here
+  } catch (const std::exception& failure) {  // an input that cannot be used; run-time errors do not come here
     form_.Enabled = true;
     QGuiApplication::restoreOverrideCursor();
-    ShowFailure(Text(failure.what()));
+    ShowFailure(Text(support::Shortened(failure.what())));
   }
   if (--depth_ == 0) ShowChanges();
 }

@@ -3,6 +3,7 @@
 #include "adapters/qt/SettingsWindow.h"
 #include "adapters/qt/Text.h"
 #include "adapters/qt/WizardWindow.h"
+#include "support/Messages.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -35,7 +36,7 @@ void QtDesktop::SetMousePointer(ui::MousePointer pointer) {
 ui::MessageAnswer QtDesktop::ShowMessage(std::string_view text, int style, std::string_view title) {
   QMessageBox box(QApplication::activeModalWidget() ? QApplication::activeModalWidget() : mainWindow_);
   box.setWindowTitle(Text(title));
-  box.setText(Text(text));
+  box.setText(Text(support::Shortened(std::string(text))));
   box.setTextFormat(Qt::PlainText);
   box.setIcon((style & ui::Information) == ui::Information ? QMessageBox::Information : QMessageBox::Warning);
   if ((style & ui::AbortRetryIgnore) != 0) {

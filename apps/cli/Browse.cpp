@@ -3,6 +3,7 @@
 #include "apps/common/Platform.h"
 #include "runtime/Variant.h"
 #include "support/Failures.h"
+#include "support/Messages.h"
 #include "wizard/factory/SystemList.h"
 
 #include <nlohmann/json.hpp>
@@ -65,30 +66,32 @@ Json ValueOf(const Variant& value) {
   return ToText(value);
 }
 
+std::string Dumped(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
 // Writes rows as they come: an array of objects, or one line a row with tabs between the values.
 class Table {
  public:
   explicit Table(bool json) : json_(json) {
     if (json_) std::cout << "[";
   }
-  ~Table() {
-    if (json_) std::cout << (first_ ? "]\n" : "\n]\n");
-  }
-  Table(const Table&) = delete;
-  Table& operator=(const Table&) = delete;
-
   void Row(const Json& row) {
     if (json_) {
-      std::cout << (first_ ? "\n  " : ",\n  ") << row.dump();
+      std::cout << (first_ ? "\n  " : ",\n  ") << Dumped(row);
     } else {
       std::string line;
       for (const auto& [key, value] : row.items()) {
         if (!line.empty()) line += '\t';
-        line += value.is_string() ? value.get<std::string>() : value.dump();
+        line += support::Escaped(value.is_string() ? value.get<std::string>() : Dumped(value));
       }
       std::cout << line << '\n';
     }
     first_ = false;
+  }
+
+  // Only a whole table is valid JSON.
+  int End() {
+    if (json_) std::cout << (first_ ? "]\n" : "\n]\n");
+    return Done;
   }
 
  private:
@@ -112,7 +115,7 @@ int ListSystems(const BrowseOptions& options) {
   for (const System& system : SystemsIn(server.Factory->SystemList())) {
     table.Row(Json{{"name", system.Name}, {"connect", system.Connect}});
   }
-  return Done;
+  return table.End();
 }
 
 int ListClasses(const BrowseOptions& options) {
@@ -132,7 +135,7 @@ int ListClasses(const BrowseOptions& options) {
       table.Row(row);
     }
   }
-  return Done;
+  return table.End();
 }
 
 int ListProperties(const BrowseOptions& options) {
@@ -143,7 +146,7 @@ int ListProperties(const BrowseOptions& options) {
   const auto rows = server.Factory->ResultSet("%CompiledProperty", "PropertyInfo");
   rows->Execute({options.Class});
   while (rows->Next()) table.Row(RowOf(*rows));
-  return Done;
+  return table.End();
 }
 
 int ListQueries(const BrowseOptions& options) {
@@ -164,7 +167,7 @@ int ListQueries(const BrowseOptions& options) {
     row["params"] = query->GetParamCount().Value();
     table.Row(row);
   }
-  return Done;
+  return table.End();
 }
 
 }  // namespace formwizard::apps::cli

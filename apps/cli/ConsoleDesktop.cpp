@@ -1,5 +1,7 @@
 #include "apps/cli/ConsoleDesktop.h"
 
+#include "support/Messages.h"
+
 #include <iostream>
 #include <stdexcept>
 #include <utility>
@@ -7,7 +9,7 @@
 namespace formwizard::apps::cli {
 
 ui::MessageAnswer ConsoleDesktop::ShowMessage(std::string_view text, int style, std::string_view) {
-  std::cerr << "ostrel-form-wizard: " << text << '\n';
+  std::cerr << "ostrel-form-wizard: " << support::Shown(text) << '\n';
   messages_.emplace_back(text);
   return (style & ui::AbortRetryIgnore) != 0 ? ui::MessageAnswer::Ignore : ui::MessageAnswer::Ok;
 }

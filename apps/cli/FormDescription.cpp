@@ -8,16 +8,21 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <limits>
-#include <sstream>
+#include <system_error>
 
 namespace formwizard::apps::cli {
 namespace {
 
 using Json = nlohmann::json;
 using support::InputError;
+
+constexpr std::size_t LargestDescription = std::size_t{16} << 20U;  // bytes
+constexpr int DeepestDescription = 16;
 
 // A value of the description and the path that leads to it, for messages.
 class Value {
@@ -142,33 +147,86 @@ FormDescription ReadDescription(const Value& root, const std::string& file) {
   return form;
 }
 
+std::string ReadStream(std::istream& in, const std::string& name) {
+  std::string text;
+  std::array<char, 65536> part{};
+  while (in.read(part.data(), part.size()), in.gcount() > 0) {
+    text.append(part.data(), static_cast<std::size_t>(in.gcount()));
+    if (text.size() <= LargestDescription) continue;
+    throw InputError(name + ": a form description has at most " + std::to_string(LargestDescription) + " bytes");
+  }
+  if (in.bad()) throw InputError(name + ": reading the form description failed");
+  return text;
+}
+
+std::string NameOf(const std::string& file) { return file == "-" ? "standard input" : file; }
+
+// A pipe will do as well as a file, as a shell makes one of a command's output.
 std::string ReadAll(const std::string& file) {
-  std::ostringstream text;
-  if (file == "-") {
-    text << std::cin.rdbuf();
-    return text.str();
+  if (file == "-") return ReadStream(std::cin, NameOf(file));
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::file_type type = fs::status(common::NativePath(file), error).type();
+  if (type == fs::file_type::not_found) throw InputError(file + ": there is no such file; check the path");
+  if (type != fs::file_type::none && type != fs::file_type::regular && type != fs::file_type::fifo) {
+    throw InputError(file + ": this is a folder or a device; a form description is a file, or \"-\"");
   }
   std::ifstream in(common::NativePath(file), std::ios::binary);
-  if (!in || !(text << in.rdbuf())) {
-    throw InputError(file + ": the form description cannot be read; check the path and the permissions");
+  if (!in) throw InputError(file + ": the form description cannot be read; check the permissions");
+  return ReadStream(in, file);
+}
+
+// Finds where a text is no JSON, or is nested too deeply, before anything is made of it.
+class Check : public nlohmann::json_sax<Json> {
+ public:
+  bool null() override { return true; }
+  bool boolean(bool) override { return true; }
+  bool number_integer(number_integer_t) override { return true; }
+  bool number_unsigned(number_unsigned_t) override { return true; }
+  bool number_float(number_float_t, const string_t&) override { return true; }
+  bool string(string_t&) override { return true; }
+  bool binary(binary_t&) override { return true; }
+  bool key(string_t&) override { return true; }
+  bool start_object(std::size_t) override { return ++depth_ <= DeepestDescription; }
+  bool start_array(std::size_t) override { return ++depth_ <= DeepestDescription; }
+  bool end_object() override { return --depth_, true; }
+  bool end_array() override { return --depth_, true; }
+  bool parse_error(std::size_t at, const std::string&, const nlohmann::detail::exception& error) override {
+    At = at;
+    IsOutOfRange = dynamic_cast<const Json::out_of_range*>(&error) != nullptr;
+    return false;
   }
-  return text.str();
+
+  std::size_t At = 0;  // the byte that ends what is wrong, counted from 1; 0 when nothing is
+  bool IsOutOfRange = false;
+
+ private:
+  int depth_ = 0;
+};
+
+void CheckJson(const std::string& text, const std::string& file) {
+  Check check;
+  if (Json::sax_parse(text, &check)) return;
+  if (check.At == 0) {
+    throw InputError(file + ": nested more than " + std::to_string(DeepestDescription) +
+                     " deep; a form description is an object with \"class\" and \"fields\"");
+  }
+  const std::string_view before = std::string_view(text).substr(0, check.At - 1);
+  const auto line = 1 + std::ranges::count(before, '\n');
+  const auto column = 1 + before.size() - (before.rfind('\n') + 1);
+  const std::string place = file + ":" + std::to_string(line) + ":" + std::to_string(column);
+  if (check.IsOutOfRange) throw InputError(place + ": this number is out of range; write a smaller one");
+  throw InputError(place + ": this is no valid JSON; a form description is an object with \"class\" and \"fields\"");
 }
 
 }  // namespace
 
 FormDescription ReadFormDescription(const std::string& file) {
   const std::string text = ReadAll(file);
-  try {
-    const Json json = Json::parse(text);
-    return ReadDescription(Value(json, file + ": "), file);
-  } catch (const Json::parse_error& error) {
-    const std::string_view before = std::string_view(text).substr(0, error.byte == 0 ? 0 : error.byte - 1);
-    const auto line = 1 + std::ranges::count(before, '\n');
-    const auto column = 1 + before.size() - (before.rfind('\n') + 1);
-    throw InputError(file + ":" + std::to_string(line) + ":" + std::to_string(column) +
-                     ": this is no valid JSON; a form description is an object with \"class\" and \"fields\"");
-  }
+  const std::string name = NameOf(file);
+  CheckJson(text, name);
+  const Json json = Json::parse(text);
+  return ReadDescription(Value(json, name + ": "), name);
 }
 
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {

@@ -32,8 +32,9 @@ struct FormDescription {
   std::vector<FieldChoice> Fields;
 };
 
-// The description in a JSON file, "-" for standard input. support::InputError names the file, the line and column of a
-// syntax error or the path of a wrong value, and what was expected.
+// The description in a JSON file or a pipe, "-" for standard input, of at most 16 MiB and a depth of 16.
+// support::InputError names the file, the line and column of a syntax error or the path of a wrong value, and what was
+// expected.
 FormDescription ReadFormDescription(const std::string& file);
 
 // Checks a setting's name and value as the wizard's own settings dialog would; support::InputError otherwise. `where`

@@ -3,6 +3,7 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/ConsoleDesktop.h"
+#include "apps/cli/JournalFile.h"
 #include "apps/cli/Options.h"
 #include "apps/cli/RunProfile.h"
 #include "apps/cli/Summary.h"
@@ -12,13 +13,18 @@
 #include "apps/common/Platform.h"
 #include "settings/Profile.h"
 #include "support/Failures.h"
+#include "support/Messages.h"
 
 #include <nlohmann/json.hpp>
 
-#include <fstream>
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
+#include <string>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 namespace formwizard::apps::cli {
 namespace {
@@ -42,6 +48,17 @@ SettingTexts SettingsFromOptions(const std::vector<std::string>& settings) {
   return texts;
 }
 
+// Not even by --force: the run would read its own journal.
+void CheckJournal(const GenerateOptions& options) {
+  std::vector<std::string> inputs = options.Descriptions;
+  inputs.insert(inputs.end(), {options.Project, options.Dictionary, options.Toolbox, options.Profile});
+  for (const std::string& input : inputs) {
+    std::error_code error;
+    if (!std::filesystem::equivalent(common::NativePath(input), common::NativePath(options.Journal), error)) continue;
+    throw UsageError(options.Journal + ": the run reads this file, so it cannot be the journal");
+  }
+}
+
 void CheckUsage(const GenerateOptions& options) {
   const bool byOptions = !options.Class.empty() || !options.Fields.empty();
   if (byOptions && !options.Descriptions.empty()) {
@@ -53,6 +70,7 @@ void CheckUsage(const GenerateOptions& options) {
   if (byOptions && (options.Class.empty() || options.Fields.empty())) {
     throw UsageError("--class and --fields belong together");
   }
+  CheckJournal(options);
 }
 
 FormDescription DescriptionFromOptions(const GenerateOptions& options) {
@@ -63,44 +81,23 @@ FormDescription DescriptionFromOptions(const GenerateOptions& options) {
   return form;
 }
 
-// Says what becomes of each file, and keeps the names for the summary.
-class FileReport {
- public:
-  explicit FileReport(const GenerateOptions& options) : options_(options) {}
-
-  void operator()(const vb6files::FileChange& change) {
-    ++Count;
-    Files.push_back(change.Path);
-    if (options_.Diff) {
-      std::cout << UnifiedDiff(change.Old ? change.Path : "/dev/null", change.Old.value_or(""), change.Path,
-                               change.New);
-    } else if (!options_.Json) {
-      const bool writes = !options_.DryRun && !options_.Check;
-      std::cout << (writes ? "writing " : "would write ") << change.Path << '\n';
-    }
-  }
-
-  std::vector<std::string> Files;  // since the last form
-  int Count = 0;
-
- private:
-  const GenerateOptions& options_;
-};
-
-// One run: everything that the wizard is given, and the forms that it makes one after the other.
+// One run: everything that the wizard is given, and the forms that it makes one after the other. What a run that saves
+// has to report is printed when it has saved.
 class Run {
  public:
   explicit Run(const GenerateOptions& options)
       : options_(options),
-        files_(options),
         writes_(!options.DryRun && !options.Check),
         settings_(SettingsFromOptions(options.Settings)),
         profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
-        profile_(*profiles_, !writes_),
+        profile_(*profiles_, profileFile_),
         server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
         project_(vb6files::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
-    project_.OnChange([this](const vb6files::FileChange& change) { files_(change); }, !writes_);
-    if (!options.Journal.empty()) OpenJournal();
+    project_.OnChange([this](const vb6files::FileChange& change) { changes_.push_back(change); }, !writes_);
+    if (!options.Journal.empty()) {
+      journal_.emplace(options.Journal, options.Force);
+      journalled_ = adapters::journal::Journalled(project_, journal_->Out());
+    }
     CheckProfile();
   }
 
@@ -108,46 +105,40 @@ class Run {
     SettingTexts settings = form.Settings;
     for (const auto& [key, value] : settings_) settings[key] = value;  // the command line wins
     profile_.Override(settings);
-    {
-      // As by a freshly loaded add-in: a form comes out the same alone and in a batch.
-      wizard::WizardServices services({.Desktop = desktop_,
-                                       .Measure = measure_,
-                                       .Profiles = profile_,
-                                       .Factories = *server_,
-                                       .Libraries = *satellites_,
-                                       .ProfileFile = profileFile_,
-                                       .ProgramFolder = common::ProgramFolder(),
-                                       .Language = options_.Language});
-      wizard::frmWizard dialog(services, Environment());
-      WalkThrough(dialog, options_.System, form);
-      dialog.Unload();
-      FinishForm(form, services.State);
-    }
-    if (options_.Journal.empty()) return;
-    if (!journal_.flush()) throw support::SaveError(options_.Journal + ": writing the journal failed");
+    // As by a freshly loaded add-in: a form comes out the same alone and in a batch.
+    wizard::WizardServices services({.Desktop = desktop_,
+                                     .Measure = measure_,
+                                     .Profiles = profile_,
+                                     .Factories = *server_,
+                                     .Libraries = *satellites_,
+                                     .ProfileFile = profileFile_,
+                                     .ProgramFolder = common::ProgramFolder(),
+                                     .Language = options_.Language});
+    wizard::frmWizard dialog(services, Environment());
+    WalkThrough(dialog, options_.System, form);
+    dialog.Unload();
+    FinishForm(form, services.State);
+  }
+
+  // Also of a run that stops: it tells how far the run came.
+  void KeepJournal() {
+    if (journal_) journal_->Keep();
   }
 
   int Save() {
     project_.Save();
-    if (options_.Json) {
-      summary_["project"] = options_.Project;
-      allFiles_.insert(allFiles_.end(), files_.Files.begin(), files_.Files.end());
-      summary_["files"] = allFiles_;
-      std::cout << summary_.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    if (!writes_) return Finish();
+    try {
+      return Finish();
+    } catch (...) {
+      throw common::FailedAfterSaving(options_.Project + ": the project was saved; after that: " +
+                                      common::CurrentFailure(options_.Project).Message);
     }
-    if (incomplete_) return Incomplete;
-    return options_.Check && files_.Count > 0 ? Incomplete : Done;
   }
 
  private:
   generator::ide::Vbe& Environment() {
     return journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_);
-  }
-
-  void OpenJournal() {
-    journal_.open(common::NativePath(options_.Journal), std::ios::binary | std::ios::trunc);
-    if (!journal_) throw support::SaveError(options_.Journal + ": the journal cannot be created");
-    journalled_ = adapters::journal::Journalled(project_, journal_);
   }
 
   // A profile that the wizard would stumble over is an input like any other.
@@ -170,42 +161,94 @@ class Run {
     result.Component = state.NewComponent->Name();
     if (!result.Failures.empty()) incomplete_ = true;
     project_.FinishForms();
-    result.Files = std::exchange(files_.Files, {});
+    result.Files = ReportChanges();
     if (options_.Json) {
       summary_["forms"].push_back(Described(result, state.Form, state.Settings, measure_));
-      allFiles_.insert(allFiles_.end(), result.Files.begin(), result.Files.end());
     } else if (!options_.Diff) {
-      std::cout << result.Component << ": " << state.Form.SelectedFields.UpperBound().Value() << " fields of "
-                << form.Class << (result.Failures.empty() ? "" : ", incomplete") << '\n';
+      report_ += support::Escaped(result.Component) + ": " +
+                 std::to_string(state.Form.SelectedFields.UpperBound().Value()) + " fields of " +
+                 support::Escaped(form.Class) + (result.Failures.empty() ? "" : ", incomplete") + '\n';
     }
+    if (!writes_) PrintReport();
+  }
+
+  // What becomes of each file that changed since the last call; their names.
+  std::vector<std::string> ReportChanges() {
+    std::vector<std::string> files;
+    for (const vb6files::FileChange& change : std::exchange(changes_, {})) {
+      files.push_back(change.Path);
+      const std::string name = support::Escaped(change.Path);
+      if (options_.Diff) {
+        report_ += UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New);
+      } else if (!options_.Json) {
+        report_ += (writes_ ? "wrote " : "would write ") + name + '\n';
+      }
+    }
+    allFiles_.insert(allFiles_.end(), files.begin(), files.end());
+    return files;
+  }
+
+  void PrintReport() { std::cout << std::exchange(report_, ""); }
+
+  int Finish() {
+    ReportChanges();
+    if (writes_ && !profile_.Store()) {
+      Warn(profileFile_ +
+           ": the settings cannot be written, so that the system is not remembered; the project is saved");
+    }
+    PrintReport();
+    if (options_.Json) {
+      summary_["project"] = options_.Project;
+      summary_["files"] = allFiles_;
+      std::cout << summary_.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    }
+    common::FlushOutput();
+    if (incomplete_) return Incomplete;
+    return options_.Check && !allFiles_.empty() ? Incomplete : Done;
+  }
+
+  void Warn(const std::string& message) {
+    std::cerr << "ostrel-form-wizard: warning: " << support::Shown(message) << '\n';
+    summary_["warnings"].push_back(message);
   }
 
   const GenerateOptions& options_;
-  FileReport files_;
   bool writes_;
   SettingTexts settings_;
-  std::string profileFile_;
-  std::unique_ptr<settings::ProfileStore> profiles_ = common::PlatformProfile();
+  std::string profileFile_;  // empty for none
+  std::unique_ptr<settings::ProfileStore> profiles_ = common::PlatformProfile(profileFile_);
   RunProfile profile_;
   std::unique_ptr<support::ResourceLibraries> satellites_ = common::PlatformLibraries();
   adapters::textmeasure::BuiltInTextMeasure measure_;
   ConsoleDesktop desktop_;
   std::unique_ptr<wizard::factory::FactoryCreator> server_;
   vb6files::ProjectOnDisk project_;
-  std::ofstream journal_;
+  std::optional<JournalFile> journal_;
   std::unique_ptr<generator::ide::Vbe> journalled_;
-  Json summary_{{"forms", Json::array()}};
+  std::vector<vb6files::FileChange> changes_;  // that are not reported yet
+  std::string report_;                         // that is not printed yet
+  Json summary_{{"forms", Json::array()}, {"warnings", Json::array()}};
   std::vector<std::string> allFiles_;
   bool incomplete_ = false;
 };
+
+void MakeAll(Run& run, const GenerateOptions& options) {
+  if (options.Descriptions.empty()) run.Make(DescriptionFromOptions(options));
+  for (const std::string& file : options.Descriptions) run.Make(ReadFormDescription(file));
+}
 
 }  // namespace
 
 int Generate(const GenerateOptions& options) {
   CheckUsage(options);
   Run run(options);
-  if (options.Descriptions.empty()) run.Make(DescriptionFromOptions(options));
-  for (const std::string& file : options.Descriptions) run.Make(ReadFormDescription(file));
+  try {
+    MakeAll(run, options);
+  } catch (const support::InputError& error) {
+    run.KeepJournal();
+    throw support::InputError(std::string(error.what()) + "; nothing was written");
+  }
+  run.KeepJournal();
   return run.Save();
 }
 

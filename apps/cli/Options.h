@@ -2,34 +2,25 @@
 #pragma once
 
 #include "apps/cli/FormDescription.h"
+#include "apps/common/Endings.h"
 
-#include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace formwizard::apps::cli {
 
-// The documented exit statuses.
-enum ExitStatus : int {
-  Done = 0,
-  Incomplete = 1,  // failures were reported, or with --check something would be written
-  WrongUsage = 2,
-  InvalidInput = 3,
-  NotSaved = 4,
-};
-
-// A command line that makes no sense; its message says what is wrong.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+using common::Done;
+using common::Incomplete;
+using common::InvalidInput;
+using common::NotSaved;
+using common::UsageError;
+using common::WrongUsage;
 
 struct GenerateOptions {
   std::string Project, Dictionary, Class, System, Profile, Language, Journal, Toolbox;
   std::vector<std::string> Fields, Settings, Descriptions;
   int CodePage = 1252;
-  bool DryRun = false, Diff = false, Check = false, Json = false;
+  bool DryRun = false, Diff = false, Check = false, Json = false, Force = false;
 };
 
 struct BrowseOptions {
@@ -42,7 +33,7 @@ struct TransferOptions {
   bool Server = false;  // export from the installed server, of one system or all
 };
 
-// Each returns an ExitStatus and raises support::InputError, support::SaveError or UsageError.
+// Each returns an ExitStatus. Whatever exception one raises, nothing was changed, but for common::FailedAfterSaving.
 int Generate(const GenerateOptions& options);
 int ListSystems(const BrowseOptions& options);
 int ListClasses(const BrowseOptions& options);

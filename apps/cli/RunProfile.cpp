@@ -2,6 +2,9 @@
 
 #include "runtime/Conversions.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace formwizard::apps::cli {
 
 void RunProfile::Override(const SettingTexts& settings) {
@@ -16,16 +19,23 @@ std::string RunProfile::GetProfileString(std::string_view section, std::string_v
   if (own != overrides_.end()) return own->second.substr(0, size - 1);
   const auto known = read_.find(name);
   if (known != read_.end()) return known->second;
-  return read_[name] = file_.GetProfileString(section, key, defaultText, size, file);
+  return read_[name] = store_.GetProfileString(section, key, defaultText, size, file);
 }
 
 bool RunProfile::WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
-                                    const std::string& file) {
-  std::string& known = read_[runtime::LowerCase(key)];
+                                    const std::string&) {
+  const std::string name = runtime::LowerCase(key);
+  std::string& known = read_[name];
   if (known == value) return true;
-  if (!readOnly_ && !file_.WriteProfileString(section, key, value, file)) return false;
   known = value;
+  written_[name] = {std::string(section), std::string(key), known};
   return true;
+}
+
+bool RunProfile::Store() {
+  return std::ranges::all_of(std::exchange(written_, {}), [&](const auto& each) {
+    return store_.WriteProfileString(each.second.Section, each.second.Key, each.second.Value, file_);
+  });
 }
 
 }  // namespace formwizard::apps::cli

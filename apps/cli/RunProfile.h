@@ -11,25 +11,34 @@
 
 namespace formwizard::apps::cli {
 
-// Reads each key of the file once. With `readOnly` nothing is written to the file; what was written is read back all
-// the same.
+// Reads each key of the file once. What is written is read back, but kept until it is stored, since a run that stops
+// shall change nothing.
 class RunProfile : public settings::ProfileStore {
  public:
-  RunProfile(settings::ProfileStore& file, bool readOnly) : file_(file), readOnly_(readOnly) {}
+  RunProfile(settings::ProfileStore& store, const std::string& file) : store_(store), file_(file) {}
 
   // The settings that stand in front of the file's, until the next call.
   void Override(const SettingTexts& settings);
 
+  // Writes what was written into the file; false when that failed.
+  bool Store();
+
   std::string GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,
                                std::size_t size, const std::string& file) const override;
+  // Never fails.
   bool WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
                           const std::string& file) override;
 
  private:
-  settings::ProfileStore& file_;
-  bool readOnly_;
+  struct Entry {
+    std::string Section, Key, Value;
+  };
+
+  settings::ProfileStore& store_;
+  const std::string& file_;
   SettingTexts overrides_;                                        // keys in lower case
   mutable std::map<std::string, std::string, std::less<>> read_;  // keys in lower case
+  std::map<std::string, Entry, std::less<>> written_;             // keys in lower case
 };
 
 }  // namespace formwizard::apps::cli

@@ -1,7 +1,7 @@
 #include "apps/cli/Options.h"
+#include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
-#include "runtime/RuntimeError.h"
-#include "support/Failures.h"
+#include "support/Messages.h"
 
 #include <CLI/CLI.hpp>
 
@@ -9,18 +9,31 @@
 #include <functional>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 using namespace formwizard;
+using namespace formwizard::apps;
 using namespace formwizard::apps::cli;
 
 namespace {
 
+// What shall be done, and the file that it is about.
+struct Command {
+  std::function<int()> Do;
+  std::string Subject;
+  bool Saves = false;  // files, and not only to standard output
+};
+
+CLI::Option* AddFile(CLI::App& app, const char* name, std::string& file, const char* about) {
+  return app.add_option(name, file, about)->type_name("FILE")->check(common::PathProblem);
+}
+
 void AddGenerate(CLI::App& app, GenerateOptions& options) {
-  app.add_option("--project", options.Project, "the VB6 project file (.vbp)")->required()->type_name("FILE");
-  app.add_option("--dictionary", options.Dictionary, "the class dictionary")->required()->type_name("FILE");
+  AddFile(app, "--project", options.Project, "the VB6 project file (.vbp)")->required();
+  AddFile(app, "--dictionary", options.Dictionary, "the class dictionary")->required();
   app.add_option("--system", options.System, "the system (default: the remembered one, else the first)")
       ->type_name("NAME");
   app.add_option("--class", options.Class, "the persistent class of the form")->type_name("NAME");
@@ -34,26 +47,24 @@ void AddGenerate(CLI::App& app, GenerateOptions& options) {
   app.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
       ->capture_default_str()
       ->type_name("N");
-  app.add_option("--toolbox", options.Toolbox, "control libraries that the project does not refer to yet")
-      ->type_name("FILE");
-  app.add_option("--profile", options.Profile,
-                 "the settings file (default: outility.ini beside the program, else in "
-                 "the user's configuration folder)")
-      ->type_name("FILE");
+  AddFile(app, "--toolbox", options.Toolbox, "control libraries that the project does not refer to yet");
+  AddFile(app, "--profile", options.Profile,
+          "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
   app.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")->type_name("ABC");
   app.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
   app.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
   app.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");
-  app.add_option("--journal", options.Journal, "write every change to the project as a line of JSON")
-      ->type_name("FILE");
+  AddFile(app, "--journal", options.Journal, "write every change to the project as a line of JSON");
+  app.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
   app.add_flag("--json", options.Json, "show the summary as JSON");
   app.add_option("descriptions", options.Descriptions, "form descriptions in JSON, \"-\" for standard input")
-      ->type_name("FORM.json");
+      ->type_name("FORM.json")
+      ->check(common::PathProblem);
 }
 
 // Where a server can be installed it can take the place of the file.
 void AddSource(CLI::App& app, CLI::Option& file, bool& server) {
-  if (!apps::common::CanHaveServer()) {
+  if (!common::CanHaveServer()) {
     file.required();
     return;
   }
@@ -61,8 +72,7 @@ void AddSource(CLI::App& app, CLI::Option& file, bool& server) {
 }
 
 void AddBrowse(CLI::App& app, BrowseOptions& options, bool needsClass) {
-  CLI::Option* file = app.add_option("--dictionary", options.Dictionary, "the class dictionary");
-  AddSource(app, *file->type_name("FILE"), options.Server);
+  AddSource(app, *AddFile(app, "--dictionary", options.Dictionary, "the class dictionary"), options.Server);
   app.add_flag("--json", options.Json, "show the result as JSON");
   if (app.get_name() == "systems") return;
   app.add_option("--system", options.System, "the system (default: the first one)")->type_name("NAME");
@@ -80,56 +90,50 @@ void CheckExport(TransferOptions& options) {
   if (options.Server) options.To = std::exchange(options.From, "");
 }
 
-int Run(const std::function<int()>& command) {
-  const auto say = [](const std::exception& error, int status) {
-    std::cout.flush();
-    std::cerr << "ostrel-form-wizard: " << error.what() << '\n';
-    return status;
-  };
-  try {
-    const int status = command();
-    if (!std::cout.flush()) throw support::SaveError("standard output: writing failed");
-    return status;
-  } catch (const UsageError& error) {
-    return say(error, WrongUsage);
-  } catch (const support::InputError& error) {
-    return say(error, InvalidInput);
-  } catch (const runtime::RuntimeError& error) {
-    return say(error, InvalidInput);
-  } catch (const support::SaveError& error) {
-    return say(error, NotSaved);
-  }
+int Say(const common::Failure& failure) {
+  std::cout.flush();
+  std::cerr << "ostrel-form-wizard: " << support::Shown(failure.Message) << '\n';
+  return failure.Status;
 }
 
-}  // namespace
+// What the parser itself has to say: a help text, the version, or what is wrong.
+int EndOfParsing(const CLI::App& app, const CLI::ParseError& end) {
+  std::ostringstream out;
+  std::ostringstream wrong;
+  if (app.exit(end, out, wrong) != 0) {
+    return Say({WrongUsage, std::string(end.what()) + "; see \"ostrel-form-wizard --help\""});
+  }
+  std::cout << out.str();
+  common::FlushOutput();
+  return Done;
+}
 
-// A std::logic_error, a mistake of the program itself, ends it.
-int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
-  const std::shared_ptr<void> streams = apps::common::UseUtf8Streams();
-  std::ios::sync_with_stdio(false);
+int Run(int argc, char** argv, Command& command) {
   CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
                "ostrel-form-wizard");
   app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 a form is incomplete or --check found something to write, 2 wrong usage,\n"
-      "3 an input is missing or invalid, 4 saving failed and nothing was changed.");
+      "Exit status: 0 done, 1 a form is incomplete, --check found something to write or what came after saving\n"
+      "failed, 2 wrong usage, 3 an input is missing or invalid, 4 saving failed and nothing was changed.");
 
-  std::function<int()> command;
   GenerateOptions generate;
   BrowseOptions browse;
   TransferOptions transfer;
 
   CLI::App& generateApp = *app.add_subcommand("generate", "create forms in a project");
   AddGenerate(generateApp, generate);
-  generateApp.callback([&] { command = [&] { return Generate(generate); }; });
+  generateApp.callback([&] {
+    const bool saves = (!generate.DryRun && !generate.Check) || !generate.Journal.empty();
+    command = {[&] { return Generate(generate); }, generate.Project, saves};
+  });
 
   const auto addBrowse = [&](const char* name, const char* about, bool needsClass, auto list) -> CLI::App& {
     CLI::App& sub = *app.add_subcommand(name, about);
     AddBrowse(sub, browse, needsClass);
     sub.callback([&, list] {
       if (browse.Dictionary.empty() && !browse.Server) throw CLI::RequiredError("--dictionary or --server");
-      command = [&, list] { return list(browse); };
+      command = {[&, list] { return list(browse); }, browse.Dictionary};
     });
     return sub;
   };
@@ -144,22 +148,41 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   for (const bool isImport : {true, false}) {
     CLI::App& sub =
         *dictionary.add_subcommand(isImport ? "import" : "export", isImport ? "IN.json OUT" : "IN OUT.json");
-    sub.add_option("in", transfer.From, "what to read; \"-\" for standard input of an import")->required();
-    sub.add_option("out", transfer.To, "what to write; \"-\" for standard output of an export");
-    if (!isImport && apps::common::CanHaveServer()) AddServerToExport(sub, transfer);
+    AddFile(sub, "in", transfer.From, "what to read; \"-\" for standard input of an import")->required();
+    AddFile(sub, "out", transfer.To, "what to write; \"-\" for standard output of an export");
+    if (!isImport && common::CanHaveServer()) AddServerToExport(sub, transfer);
     sub.callback([&, isImport] {
       CheckExport(transfer);
       if (transfer.To.empty()) throw CLI::RequiredError("out");
-      command = [&, isImport] { return isImport ? Import(transfer) : Export(transfer); };
+      command = {[&, isImport] { return isImport ? Import(transfer) : Export(transfer); }, transfer.From,
+                 isImport || transfer.To != "-"};
     });
   }
 
   try {
-    std::vector<std::string> arguments = apps::common::Arguments(argc, argv);
+    std::vector<std::string> arguments = common::Arguments(argc, argv);
     std::ranges::reverse(arguments);  // as the parser wants them
     app.parse(std::move(arguments));
-  } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? Done : WrongUsage;
+  } catch (const CLI::ParseError& end) {
+    return EndOfParsing(app, end);
   }
-  return Run(command);
+  // A listing ends quietly with whoever reads it, as listings do; a command that saves says how it ended.
+  if (command.Saves) common::SurviveBrokenPipes();
+  const int status = command.Do();
+  common::FlushOutput();
+  return status;
+}
+
+}  // namespace
+
+// Without memory to say so, the program ends as the run-time library ends it.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  const std::shared_ptr<void> streams = common::UseStandardStreams();
+  std::ios::sync_with_stdio(false);
+  Command command;
+  try {
+    return Run(argc, argv, command);
+  } catch (...) {
+    return Say(common::CurrentFailure(command.Subject));
+  }
 }

@@ -8,6 +8,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::size_t LongestPath = 4096;
+
 std::string Utf8(const fs::path& path) {
   const std::u8string text = path.u8string();
   return std::string(text.begin(), text.end());
@@ -22,10 +24,18 @@ std::string ProgramFolder() {
   return program.empty() ? "./" : Utf8(program.parent_path() / "");
 }
 
+std::string PathProblem(const std::string& path) {
+  if (path.empty()) return "the name of a file must not be empty";
+  if (path.size() <= LongestPath) return "";
+  return "a path has at most " + std::to_string(LongestPath) + " bytes, found " + std::to_string(path.size());
+}
+
 std::string DefaultProfile() {
   const fs::path beside = NativePath(ProgramFolder()) / settings::ProfileName;
   std::error_code error;
-  return Utf8(fs::exists(beside, error) ? beside : ConfigurationRoot() / "ostrel-form-wizard" / settings::ProfileName);
+  if (fs::exists(beside, error)) return Utf8(beside);
+  const fs::path root = ConfigurationRoot();
+  return root.empty() ? "" : Utf8(root / "ostrel-form-wizard" / settings::ProfileName);
 }
 
 std::string Resolved(const std::string& project) {

@@ -14,14 +14,15 @@ namespace formwizard::apps::common {
 
 // Empty when it cannot be told.
 std::filesystem::path RunningProgram();
-// Where the user's programs keep their settings.
+// Where the user's programs keep their settings; empty when the user has no folder.
 std::filesystem::path ConfigurationRoot();
 
 // What `main` was given behind the program's name, as UTF-8.
 std::vector<std::string> Arguments(int argc, char** argv);
 
-// Windows' own profile calls and libraries there, files that are read by the same rules elsewhere.
-std::unique_ptr<settings::ProfileStore> PlatformProfile();
+// Windows' own profile calls and libraries there, files that are read by the same rules elsewhere. Without a `profile`
+// settings last as long as the program.
+std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile);
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries();
 
 // Whether a server of the database can be installed on this system, and its object factory, which is asked for when it
@@ -30,7 +31,10 @@ bool CanHaveServer();
 std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer();
 
 // As long as the result is kept, standard input and output are the very bytes that the program reads and writes, and a
-// console shows them as UTF-8.
-std::shared_ptr<void> UseUtf8Streams();
+// console shows them as UTF-8. A stream that the caller has closed fails, and no file that is opened takes its place.
+std::shared_ptr<void> UseStandardStreams();
+
+// From now on, writing to a pipe that nobody reads any more fails, instead of ending the program.
+void SurviveBrokenPipes();
 
 }  // namespace formwizard::apps::common

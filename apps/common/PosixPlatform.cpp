@@ -1,7 +1,14 @@
 #include "adapters/profile/ProfileFile.h"
 #include "adapters/satellite/Satellites.h"
+#include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
 
+#include <fcntl.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <system_error>
 
@@ -10,9 +17,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
+// An absolute path; empty for any other text.
+fs::path Folder(const char* text) {
+  fs::path folder(text ? text : "");
+  return folder.is_absolute() ? folder : fs::path();
+}
+
+fs::path HomeFolder() {
+  fs::path home = Folder(std::getenv("HOME"));
+  if (!home.empty()) return home;
+  const passwd* user = ::getpwuid(::getuid());
+  return user ? Folder(user->pw_dir) : home;
 }
 
 }  // namespace
@@ -23,13 +38,16 @@ fs::path RunningProgram() {
 }
 
 fs::path ConfigurationRoot() {
-  const fs::path configured = Environment("XDG_CONFIG_HOME");
-  return configured.is_absolute() ? configured : Environment("HOME") / ".config";
+  fs::path configured = Folder(std::getenv("XDG_CONFIG_HOME"));
+  if (!configured.empty()) return configured;
+  const fs::path home = HomeFolder();
+  return home.empty() ? home : home / ".config";
 }
 
 std::vector<std::string> Arguments(int argc, char** argv) { return {argv + (argc > 0 ? 1 : 0), argv + argc}; }
 
-std::unique_ptr<settings::ProfileStore> PlatformProfile() {
+std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile) {
+  if (profile.empty()) return std::make_unique<MemoryProfile>();
   return std::make_unique<adapters::profile::ProfileFiles>();
 }
 
@@ -40,6 +58,15 @@ std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
 bool CanHaveServer() { return false; }
 std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer() { runtime::Raise(runtime::CannotCreateObject); }
 
-std::shared_ptr<void> UseUtf8Streams() { return nullptr; }
+std::shared_ptr<void> UseStandardStreams() {
+  // What is opened gets the lowest free number; the other way round, so that reading or writing fails.
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(stream, F_GETFD) >= 0 || errno != EBADF) continue;
+    static_cast<void>(::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+  }
+  return nullptr;
+}
+
+void SurviveBrokenPipes() { static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); }
 
 }  // namespace formwizard::apps::common

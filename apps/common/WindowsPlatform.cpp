@@ -2,6 +2,7 @@
 #include "adapters/native/AnsiText.h"
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/native/NativeProfile.h"
+#include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
 
@@ -70,7 +71,8 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
-std::unique_ptr<settings::ProfileStore> PlatformProfile() {
+std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile) {
+  if (profile.empty()) return std::make_unique<MemoryProfile>();
   return std::make_unique<adapters::native::NativeProfile>();
 }
 
@@ -81,11 +83,13 @@ std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
 bool CanHaveServer() { return true; }
 std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer() { return std::make_unique<ComServer>(); }
 
-std::shared_ptr<void> UseUtf8Streams() {
+std::shared_ptr<void> UseStandardStreams() {
   for (FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
   const UINT before = ::GetConsoleOutputCP();
   if (before == 0 || !::SetConsoleOutputCP(CP_UTF8)) return nullptr;
   return {nullptr, [before](void*) { ::SetConsoleOutputCP(before); }};
 }
+
+void SurviveBrokenPipes() {}  // as it is on this system
 
 }  // namespace formwizard::apps::common

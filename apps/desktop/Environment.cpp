@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/Dictionary.h"
 #include "apps/common/Paths.h"
+#include "apps/common/Platform.h"
 #include "apps/desktop/MenuBars.h"
 
 #include <utility>
@@ -13,13 +14,15 @@ using namespace generator::ide;
 Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions options)
     : addInsMenu_(addInsMenu),
       options_(std::move(options)),
+      profile_(options_.Profile.empty() ? common::DefaultProfile() : options_.Profile),
+      profiles_(common::PlatformProfile(profile_)),
       desktop_(&window),
       wizard_({.Desktop = desktop_,
                .Measure = measure_,
-               .Profiles = profiles_,
+               .Profiles = *profiles_,
                .Factories = server_,
                .Libraries = satellites_,
-               .ProfileFile = options_.Profile.empty() ? common::DefaultProfile() : options_.Profile,
+               .ProfileFile = profile_,
                .ProgramFolder = common::ProgramFolder(),
                .Language = options_.Language},
               desktop_) {

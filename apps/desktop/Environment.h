@@ -1,12 +1,12 @@
 // Plays the development environment: the open project, its menus, the wizard as its add-in.
 #pragma once
 
-#include "adapters/profile/ProfileFile.h"
 #include "adapters/qt/QtDesktop.h"
 #include "adapters/satellite/Satellites.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "addin/Wizard.h"
+#include "settings/ProfileStore.h"
 
 #include <QMenu>
 #include <QWidget>
@@ -57,9 +57,10 @@ class Environment : public generator::ide::Application {
 
   QMenu& addInsMenu_;
   EnvironmentOptions options_;
+  std::string profile_;  // empty for none
+  std::unique_ptr<settings::ProfileStore> profiles_;
   adapters::qt::QtDesktop desktop_;
   adapters::textmeasure::BuiltInTextMeasure measure_;
-  adapters::profile::ProfileFiles profiles_;
   adapters::satellite::Satellites satellites_;
   Server server_;
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;

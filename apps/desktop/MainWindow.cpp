@@ -1,8 +1,9 @@
 #include "apps/desktop/MainWindow.h"
 
 #include "adapters/qt/Text.h"
+#include "apps/common/Endings.h"
 #include "apps/desktop/CodeHighlighter.h"
-#include "runtime/RuntimeError.h"
+#include "support/Messages.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -13,8 +14,6 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
-
-#include <stdexcept>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -92,16 +91,14 @@ void MainWindow::AddMenus() {
 }
 
 bool MainWindow::Try(const std::function<void()>& action) {
-  const auto show = [this](const char* text) { QMessageBox::critical(this, "Ostrel Form Wizard", Text(text)); };
   try {
     action();
     return true;
-  } catch (const std::runtime_error& failure) {
-    show(failure.what());
-  } catch (const runtime::RuntimeError& error) {
-    show(error.what());
+  } catch (...) {
+    const QString message = Text(support::Shortened(common::CurrentFailure("").Message));
+    QMessageBox::critical(this, "Ostrel Form Wizard", message);
+    return false;
   }
-  return false;
 }
 
 bool MainWindow::OpenProject(const QString& path) {

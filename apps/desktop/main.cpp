@@ -1,21 +1,25 @@
+#include "apps/common/Endings.h"
+#include "apps/common/Platform.h"
 #include "apps/desktop/FormPicture.h"
 #include "apps/desktop/MainWindow.h"
-#include "support/Failures.h"
+#include "support/Messages.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QMessageBox>
 
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <memory>
+#include <string>
 #include <string_view>
 
 using namespace formwizard;
+using namespace formwizard::apps;
 using namespace formwizard::apps::desktop;
 
 namespace {
-
-enum ExitStatus : int { Done = 0, WrongUsage = 2, InvalidInput = 3, NotWritten = 4 };
 
 // Drawing a form, and saying what the program can do, need no display.
 bool NeedsNoDisplay(int argc, char** argv) {
@@ -26,20 +30,47 @@ bool NeedsNoDisplay(int argc, char** argv) {
   });
 }
 
-int Complain(const QString& message, int status) {
-  std::cerr << "ostrel-form-wizard-desktop: " << message.toStdString() << '\n';
-  return status;
+// The toolkit ends the program when it finds none.
+bool HasDisplay(int argc, char** argv) {
+#ifdef Q_OS_LINUX
+  constexpr std::array<const char*, 3> variables{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+  const bool isNamed = std::any_of(argv + 1, argv + argc, [](const char* argument) {
+    return std::string_view(argument).find("-platform") != std::string_view::npos;
+  });
+  return isNamed || std::ranges::any_of(variables, [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+#else
+  static_cast<void>(argc), static_cast<void>(argv);
+  return true;
+#endif
 }
 
-int Render(const QString& form, const QString& picture, int codePage) {
-  try {
-    RenderToFile(form.toStdString(), picture.toStdString(), codePage);
-    return Done;
-  } catch (const support::InputError& error) {
-    return Complain(error.what(), InvalidInput);
-  } catch (const support::SaveError& error) {
-    return Complain(error.what(), NotWritten);
+// What no window has caught, such as that there is no memory, is shown, and the program goes on.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (...) {
+      const std::string message = common::CurrentFailure("").Message;
+      QMessageBox::critical(nullptr, "Ostrel Form Wizard", QString::fromStdString(support::Shortened(message)));
+      return true;
+    }
   }
+};
+
+int Complain(const common::Failure& failure) {
+  std::cerr << "ostrel-form-wizard-desktop: " << support::Shown(failure.Message) << '\n';
+  return failure.Status;
+}
+
+int Misused(const QString& message) { return Complain({common::WrongUsage, message.toStdString()}); }
+
+int Print(const QString& text) {
+  std::cout << text.toStdString();
+  common::FlushOutput();
+  return common::Done;
 }
 
 void AddOptions(QCommandLineParser& parser) {
@@ -61,30 +92,31 @@ void AddOptions(QCommandLineParser& parser) {
   parser.addPositionalArgument("file", "The project to open (.vbp); with --render, the picture to write.", "[FILE]");
 }
 
-}  // namespace
-
-// A std::logic_error, a mistake of the program itself, ends it.
-int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+int Run(int argc, char** argv) {
   if (NeedsNoDisplay(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  if (!HasDisplay(argc, argv)) {
+    return Complain({common::InvalidInput, "there is no display; set DISPLAY, or draw a form with --render"});
+  }
+  const Application application(argc, argv);
   QApplication::setApplicationName("ostrel-form-wizard-desktop");
   QApplication::setApplicationVersion(FORMWIZARD_VERSION);
   QApplication::setDesktopFileName("ostrel-form-wizard-desktop");
   QCommandLineParser parser;
   AddOptions(parser);
-  if (!parser.parse(QApplication::arguments())) return Complain(parser.errorText(), WrongUsage);
-  if (parser.isSet("help")) parser.showHelp(Done);
-  if (parser.isSet("version")) parser.showVersion();
+  if (!parser.parse(QApplication::arguments())) return Misused(parser.errorText());
+  if (parser.isSet("help")) return Print(parser.helpText());
+  if (parser.isSet("version")) return Print("ostrel-form-wizard-desktop " FORMWIZARD_VERSION "\n");
   bool isNumber = false;
   const int codePage = parser.value("code-page").toInt(&isNumber);
-  if (!isNumber) return Complain("--code-page takes a number such as 1252", WrongUsage);
+  if (!isNumber) return Misused("--code-page takes a number such as 1252");
 
   const QStringList files = parser.positionalArguments();
   if (parser.isSet("render")) {
-    if (files.size() != 1) return Complain("--render takes a form and a picture: FORM.frm PICTURE.png", WrongUsage);
-    return Render(parser.value("render"), files.front(), codePage);
+    if (files.size() != 1) return Misused("--render takes a form and a picture: FORM.frm PICTURE.png");
+    RenderToFile(parser.value("render").toStdString(), files.front().toStdString(), codePage);
+    return common::Done;
   }
-  if (files.size() > 1) return Complain("one project can be open at a time", WrongUsage);
+  if (files.size() > 1) return Misused("one project can be open at a time");
 
   MainWindow window({parser.value("profile").toStdString(), parser.value("language").toStdString(),
                      parser.value("toolbox").toStdString(), codePage});
@@ -92,4 +124,16 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   if (!files.isEmpty()) window.OpenProject(files.front());
   if (parser.isSet("dictionary")) window.OpenDictionary(parser.value("dictionary"));
   return QApplication::exec();
+}
+
+}  // namespace
+
+// Without memory to say so, the program ends as the run-time library ends it.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  const std::shared_ptr<void> streams = common::UseStandardStreams();
+  try {
+    return Run(argc, argv);
+  } catch (...) {
+    return Complain(common::CurrentFailure(""));
+  }
 }

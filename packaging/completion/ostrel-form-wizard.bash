@@ -110,7 +110,7 @@ _ostrel_form_wizard() {
     generate)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
-          --profile --language --dry-run --diff --check --journal --json'
+          --profile --language --dry-run --diff --check --journal --force --json'
       else
         _filedir json
       fi

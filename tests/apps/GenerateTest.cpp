@@ -63,7 +63,7 @@ TEST_CASE("The typical request gives exactly the expected project, whatever scri
       work.Describe(R"({"class":"Sample.Person","settings":{"Columns":3},"fields":["Name","Home.City"]})",
                     "--set Columns=2 --journal " + Quoted(journal));  // the command line wins
   CheckDone(made);
-  CHECK(made.Out.starts_with("writing " + work.Home + "/frmPerson.frm\n"));
+  CHECK(made.Out.starts_with("wrote " + work.Home + "/frmPerson.frm\n"));
   CHECK(work.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
   CHECK(ReadFile(journal) == Golden("typical-journal.jsonl"));
   CHECK(ReadFile(work.Folder / work.Profile) == "[OstrelFormWizard]\r\nLastConnect=Samples\r\n");
@@ -230,6 +230,11 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
   WriteFile(work.Folder / "rows.json", R"({"class":"Sample.Person","fields":["Name",{"property":"Notes","rows":0}]})");
   WriteFile(work.Folder / "query.json", R"({"class":"Sample.Person","fields":[
     {"property":"Spouse.Name","combo":{"query":"Statistics","column":"City"}}]})");
+  WriteFile(work.Folder / "1e400.json",
+            R"({"class":"Sample.Person","fields":["Name",{"property":"Notes","rows":1e400}]})");
+  WriteFile(work.Folder / "deep.json", std::string(100'000, '['));
+  WriteFile(work.Folder / "types.json", R"({"class":"Sample.Person","fields":[{"property":"Notes","rows":[")" +
+                                            std::string(100'000, 'x') + "\"]}]}");
   const auto before = work.Files();
   const std::string name = "--class Sample.Person --fields Name";
   struct Case {
@@ -243,7 +248,8 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{name + " --set Columns=0", 2, "Columns must be from 1 to 4, found 0"},
         Case{name + " --set Columns=5", 2, "Columns must be from 1 to 4, found 5"},
         Case{name + " --set Menu=maybe", 2, "Menu must be 1, 0, True or False"},
-        Case{name + " --set Colour=1", 2, "there is no setting \"Colour\""}, Case{"--nonsense", 2, "--nonsense"},
+        Case{name + " --set Colour=1", 2, "there is no setting \"Colour\""},
+        Case{"--nonsense", 2, "--nonsense"},
         Case{"--class Sample.Nobody --fields Name", 3, "no persistent class \"Sample.Nobody\"; there are Billing"},
         Case{name + ",Colour", 3, "offers no property \"Colour\"; there are Name, SSN, DOB"},
         Case{"--class Sample.Person --fields Home", 3,
@@ -252,15 +258,26 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{name + ",Name", 3, "the property Name is chosen twice"},
         Case{name + " --system Nowhere", 3, "there is no system \"Nowhere\"; there are Samples, Archive"},
         Case{name + " --code-page 4711", 3, "code page 4711 is not known"},
-        Case{"missing.json", 3, "missing.json: the form description cannot be read"},
+        Case{"missing.json", 3, "missing.json: there is no such file"},
         Case{"broken.json", 3, "broken.json:3:1: this is no valid JSON"},
         Case{"rows.json", 3, "rows.json: fields[1].rows: expected a whole number from 1"},
         Case{"query.json", 3, "no query that returns the object id \"Statistics\"; there are Extent, ByName, BySearch"},
+        Case{"1e400.json", 3, "1e400.json:1:74: this number is out of range"},
+        Case{"deep.json", 3, "deep.json: nested more than 16 deep"},
+        Case{"types.json", 3, "types.json: fields[0].rows: expected a whole number from 1 to 32767, found [\"x"},
+        Case{".", 3, ".: this is a folder or a device"},
+        Case{"rows.json query.json " + std::string(5000, 'x') + ".json", 2, "at most 4096 bytes, found 5005"},
+        Case{"--fields Name --class Sample.\x1b[31m" + std::string(5000, 'x'), 3, "--class Sample.\\x1B[31mxxx"},
+        Case{name + " --journal " + Quoted(work.Home + "/Form1.frm"), 3,
+             "Form1.frm: this file exists and is no journal"},
+        Case{name + " --dry-run --journal rows.json", 3, "rows.json: this file exists and is no journal"},
+        Case{name + " --force --journal " + Quoted(work.Project), 2, "the run reads this file"},
         Case{name + " --journal none/journal.jsonl", 4, "the journal cannot be created"}}) {
     CAPTURE(c.Arguments);
     const Outcome made = work.Generate(c.Arguments);
     CHECK(made.Status == c.Status);
     CHECK_MESSAGE(Has(made.Error, c.Message), made.Error);
+    CHECK(made.Error.size() < 2000);  // a screen
     CHECK(work.Files() == before);
   }
   for (const auto& [project, dictionary] :
@@ -282,6 +299,39 @@ TEST_CASE("A profile that the wizard would stumble over is an input like any oth
   CHECK(made.Status == 3);
   CHECK(Has(made.Error, work.Profile + ": [OstrelFormWizard]: Columns must be from 1 to 4, found 5"));
 }
+
+TEST_CASE("Settings that cannot be written leave a complete form complete") {
+  Workplace work;
+  work.Profile = work.Dictionary.substr(1, work.Dictionary.size() - 2) + "/outility.ini";  // below a file
+  const Outcome made = work.Generate(Typical);
+  CHECK(made.Status == 0);
+  CHECK(Has(made.Error, "warning: " + work.Profile + ": the settings cannot be written"));
+  CHECK(work.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
+}
+
+#ifndef _WIN32
+TEST_CASE("Output that does not arrive is a failure, but what was saved stays saved") {
+  const Workplace work;
+  for (const char* lost : {">/dev/full", ">&-"}) {
+    for (const std::string command :
+         {"--help", "--version", "systems --dictionary ", "classes --json --dictionary ", "dictionary export "}) {
+      CAPTURE(command);
+      const bool exports = command.starts_with("dictionary");
+      const std::string arguments = command + (command.ends_with(' ') ? work.Dictionary : "") + (exports ? " -" : "");
+      const Outcome listed = RunProgram(FORMWIZARD_PROGRAM, arguments, work.Folder, lost);
+      CHECK(listed.Status == 4);
+      CHECK(Has(listed.Error, "standard output: "));
+    }
+    const Workplace other;
+    const std::string arguments = "generate --project " + Quoted(other.Project) + " --dictionary " + other.Dictionary +
+                                  " --profile outility.ini" + other.Toolbox + " " + Typical;
+    const Outcome made = RunProgram(FORMWIZARD_PROGRAM, arguments, other.Folder, lost);
+    CHECK(made.Status == 1);
+    CHECK(Has(made.Error, "Project1.vbp: the project was saved; after that: standard output: "));
+    CHECK(other.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
+  }
+}
+#endif
 
 TEST_CASE("The dictionary can be looked at") {
   const Workplace work;
@@ -345,6 +395,7 @@ TEST_CASE("A character that the code page lacks stops the run before anything is
   const std::string cyrillic = R"({"class":"Sample.Person","fields":[{"property":"Name","caption":"Имя"}]})";
   const Outcome made = work.Describe(cyrillic, "good.json");
   CHECK(made.Status == 3);
+  CHECK(Has(made.Error, "nothing was written"));
   CHECK(Has(made.Error, "the text \"Имя\" cannot be written in code page 1252, which lacks its character U+0418"));
   const Outcome japanese = work.Generate(Typical + " --language JPN");
   CHECK(japanese.Status == 3);

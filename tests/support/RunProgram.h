@@ -48,9 +48,11 @@ inline Outcome RunProgram(const std::string& program, const std::string& argumen
   return {static_cast<int>(status), ReadFile(folder / "out.txt"), ReadFile(folder / "error.txt")};
 }
 #else
-inline Outcome RunProgram(const std::string& program, const std::string& arguments, const TemporaryFolder& folder) {
-  const std::string command = "cd '" + folder.Path().string() + "' && LANG=C LC_ALL=C '" + program + "' " + arguments +
-                              " >out.txt 2>error.txt </dev/null";
+// `redirection` comes after those of the output's files, as in ">/dev/full"; variables may stand before the program.
+inline Outcome RunProgram(const std::string& program, const std::string& arguments, const TemporaryFolder& folder,
+                          const std::string& redirection = "", const std::string& variables = "") {
+  const std::string command = "cd '" + folder.Path().string() + "' && LANG=C LC_ALL=C " + variables + " '" + program +
+                              "' " + arguments + " >out.txt 2>error.txt </dev/null " + redirection;
   const int status = std::system(command.c_str());
   return {WEXITSTATUS(status), ReadFile(folder / "out.txt"), ReadFile(folder / "error.txt")};
 }
