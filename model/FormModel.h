@@ -3,6 +3,7 @@
 
 #include "runtime/Integer.h"
 #include "runtime/OneBased.h"
+#include "settings/Settings.h"
 
 #include <array>
 #include <string>
@@ -61,9 +62,9 @@ struct FormModel {
 
   // Results of the layout, in twips.
   Int32 ControlWidth;
-  OneBased<Int32> ColumnLefts{Int16(4)};
-  OneBased<Int32> ColumnWidths{Int16(4)};
-  OneBased<Int32> LabelWidths{Int16(4)};
+  OneBased<Int32> ColumnLefts{settings::MostColumns};
+  OneBased<Int32> ColumnWidths{settings::MostColumns};
+  OneBased<Int32> LabelWidths{settings::MostColumns};
   Int32 ContentHeight;
   Int32 FrameHeight;
   Int32 ColumnsWidth;

@@ -16,7 +16,7 @@ inline constexpr Int16 RowPitch(360);  // twips from one layout row to the next
 void ComputePositions(FormModel& form, const settings::Settings& settings);
 
 // Needs the grid of ComputePositions; all results are in twips. Sets settings.ButtonAreaWidth to 0 for a form without
-// buttons. Errors 6 for sizes out of range, 9 for more than four columns, 11 for none.
+// buttons. Errors 6 for sizes out of range, 9 for more than MostColumns, 11 for none.
 void ComputeLayout(FormModel& form, settings::Settings& settings, const ui::TextMeasure& measure,
                    std::string_view classCaption);
 

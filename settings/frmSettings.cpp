@@ -2,23 +2,10 @@
 
 #include "runtime/Conversions.h"
 #include "settings/Profile.h"
-#include "settings/Settings.h"
 
-#include <algorithm>
-#include <span>
 #include <utility>
 
 namespace formwizard::settings {
-namespace {
-
-constexpr std::string_view AlignmentKey = "LabelAlignLeft";
-
-// In the order in which the dialog writes its keys.
-constexpr std::array<std::string_view, 10> SavedKeys{"Columns",    "CollectionRows", "ImageRows", "FormSizable",
-                                                     AlignmentKey, "Menu",           "Button",    "Toolbar",
-                                                     "Statusbar",  "MultilineRows"};
-
-}  // namespace
 
 frmSettings::frmSettings(ui::Desktop& desktop, ProfileStore& profiles, std::string profileFile,
                          support::Localization& localization)
@@ -27,12 +14,16 @@ frmSettings::frmSettings(ui::Desktop& desktop, ProfileStore& profiles, std::stri
       profiles_(profiles),
       profileFile_(std::move(profileFile)),
       localization_(localization),
-      numbers_{NumberBox{"Columns", txtNumColumns, spnNumColumns, {}},
-               NumberBox{"CollectionRows", txtCollectionRows, spnCollectionRows, {}},
-               NumberBox{"ImageRows", txtImageRows, spnImageRows, {}},
-               NumberBox{"MultilineRows", txtMutilineRows, spnMultilineRows, {}}},
-      choices_{Choice{"FormSizable", chkFormSizable}, Choice{"Menu", chkMenu}, Choice{"Button", chkButton},
-               Choice{"Toolbar", chkToolbar}, Choice{"Statusbar", chkStatusbar}} {
+      bindings_{Binding{KeyOf(&Settings::Columns), NumberBox{txtNumColumns, spnNumColumns, {}}},
+                Binding{KeyOf(&Settings::CollectionRows), NumberBox{txtCollectionRows, spnCollectionRows, {}}},
+                Binding{KeyOf(&Settings::ImageRows), NumberBox{txtImageRows, spnImageRows, {}}},
+                Binding{KeyOf(&Settings::FormSizable), &chkFormSizable},
+                Binding{KeyOf(&Settings::LabelAlignLeft), OptionPair{optLabelAlignmentLeft, optLabelAlignmentRight}},
+                Binding{KeyOf(&Settings::Menu), &chkMenu},
+                Binding{KeyOf(&Settings::Button), &chkButton},
+                Binding{KeyOf(&Settings::Toolbar), &chkToolbar},
+                Binding{KeyOf(&Settings::Statusbar), &chkStatusbar},
+                Binding{KeyOf(&Settings::MultilineRows), NumberBox{txtMutilineRows, spnMultilineRows, {}}}} {
   Design();
   ConnectEvents();
 }
@@ -69,50 +60,51 @@ void frmSettings::Design() {
 
   cmdOK.Default = true;
   cmdCancel.Cancel = true;
-  constexpr std::array<std::int16_t, 4> largest{4, 10, 20, 20};
-  for (std::size_t i = 0; i < numbers_.size(); ++i) {
-    numbers_[i].Spinner.Min = Int16(1);
-    numbers_[i].Spinner.Max = Int16(largest[i]);
-    numbers_[i].Spinner.Buddy = &numbers_[i].Box;
-  }
+  ForEachNumber([](const SettingKey& key, NumberBox& number) {
+    number.Spinner.Min = Int16(1);
+    number.Spinner.Max = key.LargestInDialog;
+    number.Spinner.Buddy = &number.Box;
+  });
 }
 
 void frmSettings::ConnectEvents() {
-  for (NumberBox& number : numbers_) {
+  ForEachNumber([this](const SettingKey&, NumberBox& number) {
     number.Box.Change = Guarded([this, &number] { NumberBox_Change(number); });
-  }
+  });
   cmdOK.OnClick = Guarded([this] { cmdOK_Click(); });
   cmdCancel.OnClick = Guarded([this] { Unload(); });
 }
 
-std::string frmSettings::Read(std::string_view key) const {
-  std::string standard(std::ranges::find(SettingKeys(), key, &SettingKey::Key)->Default);
+void frmSettings::ForEachNumber(const std::function<void(const SettingKey& key, NumberBox& number)>& action) {
+  for (Binding& binding : bindings_) {
+    if (auto* number = std::get_if<NumberBox>(&binding.Editor)) action(binding.Key, *number);
+  }
+}
+
+std::string frmSettings::Read(const SettingKey& key) const {
+  std::string standard = DefaultOf(key);
   std::size_t size = 0;
-  return ReadProfile(profiles_, ProfileSection, key, standard, profileFile_, size);
+  return ReadProfile(profiles_, ProfileSection, key.Key, standard, profileFile_, size);
 }
 
-void frmSettings::Write(std::string_view key, std::string value) {
-  WriteProfile(profiles_, desktop_, ProfileSection, key, value, profileFile_);
-}
-
-void frmSettings::LoadChoice(const Choice& choice) const {
-  choice.Box.SetValue(runtime::ToInt16(Read(choice.Key)).Value());
-}
-
+// The numbers come first, and count as accepted when everything is shown.
 void frmSettings::Form_Load() {
   localization_.Localize(*this);
   loading_ = true;  // a stored number is shown as it is, whether it is in range or not
-  for (NumberBox& number : numbers_) number.Box.SetText(Read(number.Key));
+  ForEachNumber([this](const SettingKey& key, NumberBox& number) { number.Box.SetText(Read(key)); });
   loading_ = false;
-  LoadChoice(choices_.front());
-  const bool left = BooleanOf(Read(AlignmentKey));
-  optLabelAlignmentLeft.SetValue(left);
-  optLabelAlignmentRight.SetValue(!left);
-  for (const Choice& choice : std::span(choices_).subspan(1)) LoadChoice(choice);
-  for (NumberBox& number : numbers_) {
+  for (const Binding& binding : bindings_) {
+    if (const auto* pair = std::get_if<OptionPair>(&binding.Editor)) {
+      pair->Yes.SetValue(BooleanOf(Read(binding.Key)));
+      pair->No.SetValue(!pair->Yes.Value());
+    } else if (const auto* box = std::get_if<ui::CheckBox*>(&binding.Editor)) {
+      (*box)->SetValue(runtime::ToInt16(Read(binding.Key)).Value());
+    }
+  }
+  ForEachNumber([](const SettingKey&, NumberBox& number) {
     number.LastAccepted = runtime::ToInt16(number.Box.Text());
     number.Spinner.Value = number.LastAccepted;
-  }
+  });
 }
 
 // A valid entry does not become the last accepted one: a refused entry falls back to what was loaded.
@@ -141,16 +133,9 @@ void frmSettings::ValidateRange(const ui::TextBox& box, const ui::UpDown& spinne
 }
 
 void frmSettings::cmdOK_Click() {
-  for (const std::string_view key : SavedKeys) {
-    const auto number = std::ranges::find(numbers_, key, &NumberBox::Key);
-    const auto choice = std::ranges::find(choices_, key, &Choice::Key);
-    if (number != numbers_.end()) {
-      Write(key, number->Box.Text());
-    } else if (choice != choices_.end()) {
-      Write(key, std::to_string(choice->Box.Value()));
-    } else {
-      Write(key, runtime::Text(optLabelAlignmentLeft.Value()));
-    }
+  for (const Binding& binding : bindings_) {
+    std::string text = std::visit([](const auto& editor) { return TextOf(editor); }, binding.Editor);
+    WriteProfile(profiles_, desktop_, ProfileSection, binding.Key.Key, text, profileFile_);
   }
   Unload();
 }

@@ -1,19 +1,21 @@
 // The dialog that edits the generator's settings in the profile file.
 #pragma once
 
+#include "runtime/Conversions.h"
 #include "settings/ProfileStore.h"
+#include "settings/Settings.h"
 #include "support/Localization.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
 #include "ui/OptionButton.h"
 
 #include <array>
+#include <functional>
 #include <string>
-#include <string_view>
+#include <variant>
 
 namespace formwizard::settings {
 
-using runtime::Int16;
 using runtime::Int32;
 
 class frmSettings : public ui::Form {
@@ -38,23 +40,28 @@ class frmSettings : public ui::Form {
   void OnLoad() override { Form_Load(); }
 
  private:
-  // A box, its spinner and the value that a refused entry falls back to: the one of the last loading.
+  // What a setting is edited with. A refused entry of a box falls back to the number of the last loading.
   struct NumberBox {
-    std::string_view Key;
     ui::TextBox& Box;
     ui::UpDown& Spinner;
     Int16 LastAccepted;
   };
-  struct Choice {
-    std::string_view Key;
-    ui::CheckBox& Box;
+  struct OptionPair {
+    ui::OptionButton& Yes;
+    ui::OptionButton& No;
+  };
+  struct Binding {
+    const SettingKey& Key;
+    std::variant<NumberBox, OptionPair, ui::CheckBox*> Editor;
   };
 
   void Design();
   void ConnectEvents();
-  std::string Read(std::string_view key) const;
-  void LoadChoice(const Choice& choice) const;
-  void Write(std::string_view key, std::string value);
+  static std::string TextOf(const NumberBox& number) { return number.Box.Text(); }
+  static std::string TextOf(const OptionPair& pair) { return runtime::Text(pair.Yes.Value()); }
+  static std::string TextOf(const ui::CheckBox* box) { return std::to_string(box->Value()); }
+  std::string Read(const SettingKey& key) const;
+  void ForEachNumber(const std::function<void(const SettingKey& key, NumberBox& number)>& action);
   void NumberBox_Change(NumberBox& number);
   void ValidateRange(const ui::TextBox& box, const ui::UpDown& spinner, bool& ok);
   void cmdOK_Click();
@@ -63,8 +70,7 @@ class frmSettings : public ui::Form {
   ProfileStore& profiles_;
   std::string profileFile_;
   support::Localization& localization_;
-  std::array<NumberBox, 4> numbers_;
-  std::array<Choice, 5> choices_;
+  std::array<Binding, 10> bindings_;  // in the order in which they are written
   bool loading_ = false;
 };
 

@@ -230,30 +230,17 @@ FormDescription ReadFormDescription(const std::string& file) {
 }
 
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {
-  const auto keys = settings::SettingKeys();
-  const auto found =
-      std::ranges::find_if(keys, [&](const auto& known) { return runtime::EqualIgnoringCase(known.Key, key); });
-  if (found == keys.end()) {
+  const settings::SettingKey* found = settings::KeyNamed(key);
+  if (!found) {
     std::string known;
-    for (const settings::SettingKey& each : keys) known += (known.empty() ? "" : ", ") + std::string(each.Key);
+    for (const settings::SettingKey& each : settings::SettingKeys()) {
+      known += (known.empty() ? "" : ", ") + std::string(each.Key);
+    }
     throw InputError(where + ": there is no setting \"" + key + "\"; known are " + known);
   }
-  const bool isBoolean = std::holds_alternative<bool settings::Settings::*>(found->Member);
-  const std::string expected = isBoolean ? "1, 0, True or False" : "a whole number";
-  try {
-    if (isBoolean) {
-      settings::BooleanOf(value);
-      return;
-    }
-    const runtime::Int16 number = runtime::ToInt16(value);
-    const bool isColumns = found->Key == "Columns";
-    if (number < runtime::Int16(1) || (isColumns && number > runtime::Int16(4))) {
-      throw InputError(where + ": " + std::string(found->Key) + " must be " +
-                       (isColumns ? "from 1 to 4" : "at least 1") + ", found " + value);
-    }
-  } catch (const runtime::RuntimeError&) {
-    throw InputError(where + ": " + std::string(found->Key) + " must be " + expected + ", found \"" + value + "\"");
-  }
+  if (settings::IsAllowed(*found, value)) return;
+  throw InputError(where + ": " + std::string(found->Key) + " must be " + settings::AllowedFor(*found) + ", found \"" +
+                   value + "\"");
 }
 
 }  // namespace formwizard::apps::cli

@@ -144,7 +144,7 @@ class Run {
   // A profile that the wizard would stumble over is an input like any other.
   void CheckProfile() {
     for (const settings::SettingKey& key : settings::SettingKeys()) {
-      std::string standard(key.Default);
+      std::string standard = settings::DefaultOf(key);
       std::size_t size = 0;
       const std::string value =
           settings::ReadProfile(profile_, settings::ProfileSection, key.Key, standard, profileFile_, size);

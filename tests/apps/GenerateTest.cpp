@@ -245,8 +245,8 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
   for (const Case& c :
        {Case{"", 2, "give --class and --fields, or one or more form descriptions"},
         Case{"--class Sample.Person", 2, "--class and --fields belong together"},
-        Case{name + " --set Columns=0", 2, "Columns must be from 1 to 4, found 0"},
-        Case{name + " --set Columns=5", 2, "Columns must be from 1 to 4, found 5"},
+        Case{name + " --set Columns=0", 2, "Columns must be a whole number from 1 to 4, found \"0\""},
+        Case{name + " --set Columns=5", 2, "Columns must be a whole number from 1 to 4, found \"5\""},
         Case{name + " --set Menu=maybe", 2, "Menu must be 1, 0, True or False"},
         Case{name + " --set Colour=1", 2, "there is no setting \"Colour\""},
         Case{"--nonsense", 2, "--nonsense"},
@@ -297,7 +297,7 @@ TEST_CASE("A profile that the wizard would stumble over is an input like any oth
   WriteFile(work.Folder / work.Profile, "[OstrelFormWizard]\r\nColumns=5\r\n");
   const Outcome made = work.Generate("--class Sample.Person --fields Name");
   CHECK(made.Status == 3);
-  CHECK(Has(made.Error, work.Profile + ": [OstrelFormWizard]: Columns must be from 1 to 4, found 5"));
+  CHECK(Has(made.Error, work.Profile + ": [OstrelFormWizard]: Columns must be a whole number from 1 to 4, found \"5\""));
 }
 
 TEST_CASE("Settings that cannot be written leave a complete form complete") {

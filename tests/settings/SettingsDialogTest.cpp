@@ -16,14 +16,14 @@ namespace {
 struct Number {
   ui::TextBox frmSettings::*Box;
   ui::UpDown frmSettings::*Spinner;
-  std::string Largest, Above;
+  int Largest;
 };
 
 const std::vector<Number> Numbers{
-    {&frmSettings::txtNumColumns, &frmSettings::spnNumColumns, "4", "5"},
-    {&frmSettings::txtCollectionRows, &frmSettings::spnCollectionRows, "10", "11"},
-    {&frmSettings::txtImageRows, &frmSettings::spnImageRows, "20", "21"},
-    {&frmSettings::txtMutilineRows, &frmSettings::spnMultilineRows, "20", "21"},
+    {&frmSettings::txtNumColumns, &frmSettings::spnNumColumns, 4},
+    {&frmSettings::txtCollectionRows, &frmSettings::spnCollectionRows, 10},
+    {&frmSettings::txtImageRows, &frmSettings::spnImageRows, 20},
+    {&frmSettings::txtMutilineRows, &frmSettings::spnMultilineRows, 20},
 };
 
 struct SettingsFixture {
@@ -76,16 +76,17 @@ TEST_CASE("A number outside the bounds is refused and falls back to the loaded o
     fixture.Dialog.Load();
     ui::TextBox& box = fixture.Dialog.*number.Box;
     const std::string loaded = box.Text();
-    for (const std::string& refused : {number.Above, std::string("0"), std::string("many"), std::string("-1")}) {
+    for (const std::string& refused :
+         {std::to_string(number.Largest + 1), std::string("0"), std::string("many"), std::string("-1")}) {
       CAPTURE(box.Name);
       CAPTURE(refused);
       fixture.Dialog.SetFocus(fixture.Dialog.cmdOK);
       fixture.Desktop.Messages.clear();
-      box.Type(number.Largest);  // a valid change in between does not count
+      box.Type(std::to_string(number.Largest));  // a valid change in between does not count
       CHECK(fixture.Desktop.Texts().empty());
       box.Type(refused);
-      CHECK(fixture.Desktop.Shown() ==
-            "Ostrel Form Wizard Settings[64]: Please enter a number between 1 and " + number.Largest + ".\n");
+      CHECK(fixture.Desktop.Shown() == "Ostrel Form Wizard Settings[64]: Please enter a number between 1 and " +
+                                           std::to_string(number.Largest) + ".\n");
       CHECK(box.Text() == loaded);
       CHECK(fixture.Spinner(number) == loaded);
       CHECK(fixture.Dialog.ActiveControl() == &box);

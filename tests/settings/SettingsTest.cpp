@@ -4,8 +4,11 @@
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeProfile.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
+
+#include <regex>
 
 using namespace formwizard;
 using namespace formwizard::settings;
@@ -59,5 +62,22 @@ TEST_CASE("Settings load with their defaults and refuse what does not convert") 
     CAPTURE(std::string(key));
     profile.Values = {{key, value}};
     CHECK(ErrorNumberOf([&] { LoadSettings(settings, profile, "f"); }) == runtime::TypeMismatch);
+  }
+}
+
+TEST_CASE("Documents and completions name every setting, the documents with its default") {
+  for (const std::string file :
+       {"README.md", "docs/man/ostrel-form-wizard.1", "packaging/completion/_ostrel-form-wizard",
+        "packaging/completion/ostrel-form-wizard.bash"}) {
+    CAPTURE(file);
+    const std::string text = ReadFile(FORMWIZARD_SOURCE_DIR "/" + file);
+    const auto has = [&](const std::string& pattern) { return std::regex_search(text, std::regex(pattern)); };
+    for (const SettingKey& key : SettingKeys()) {
+      const std::string name(key.Key);
+      CAPTURE(name);
+      CHECK(has("\\b" + name + "\\b"));
+      const std::string row = "\n(?:\\| " + name + " \\|[^|]+\\| |\\.BR " + name + " \" \\()";
+      CHECK(has(row) == has(row + DefaultOf(key) + "\\b"));
+    }
   }
 }
