@@ -251,23 +251,20 @@ constexpr std::array Events{
 };
 
 constexpr std::array Classes{
-    ControlClass{"VB.Label", "", "", "Label", L, Layer::Lightweight, 1215, 495},
-    ControlClass{"VB.TextBox", "", "", "Text", T, Layer::Windowed, 1215, 495},
-    ControlClass{"VB.ComboBox", "", "", "Combo", C, Layer::Windowed, 1215, 315},
-    ControlClass{"VB.ListBox", "", "", "List", B, Layer::Windowed, 1215, 450},
-    ControlClass{"VB.CommandButton", "", "", "Command", K, Layer::Windowed, 1215, 495},
-    ControlClass{"VB.Frame", "", "", "Frame", R, Layer::Windowed, 1215, 495},
-    ControlClass{"VB.PictureBox", "", "", "Picture", P, Layer::Windowed, 1215, 495},
-    ControlClass{"VB.Image", "", "", "Image", I, Layer::Lightweight, 1215, 495},
-    ControlClass{"VB.HScrollBar", "", "", "HScroll", H, Layer::Windowed, 1215, 255},
-    ControlClass{"VB.VScrollBar", "", "", "VScroll", H, Layer::Windowed, 255, 1215},
-    ControlClass{"VB.Menu", "", "", "Menu", M, Layer::Menu, 0, 0},
-    ControlClass{"MSComctlLib.ListView", "MSComctlLib.ListViewCtrl.2", "MSComctlLib", "ListView", V, Layer::Windowed,
-                 1215, 495},
-    ControlClass{"MSComDlg.CommonDialog", "MSComDlg.CommonDialog.1", "MSComDlg", "CommonDialog", D, Layer::Windowed, 0,
-                 0},
-    ControlClass{"OSTRELQUERYLib.OstrelQuery", "OSTRELQUERY.OstrelQueryCtrl.1", "OSTRELQUERYLib", "OstrelQuery", Q,
-                 Layer::Windowed, 0, 0},
+    ControlClass{"VB.Label", "", "Label", L, Layer::Lightweight, 1215, 495},
+    ControlClass{"VB.TextBox", "", "Text", T, Layer::Windowed, 1215, 495},
+    ControlClass{"VB.ComboBox", "", "Combo", C, Layer::Windowed, 1215, 315},
+    ControlClass{"VB.ListBox", "", "List", B, Layer::Windowed, 1215, 450},
+    ControlClass{"VB.CommandButton", "", "Command", K, Layer::Windowed, 1215, 495},
+    ControlClass{"VB.Frame", "", "Frame", R, Layer::Windowed, 1215, 495},
+    ControlClass{"VB.PictureBox", "", "Picture", P, Layer::Windowed, 1215, 495},
+    ControlClass{"VB.Image", "", "Image", I, Layer::Lightweight, 1215, 495},
+    ControlClass{"VB.HScrollBar", "", "HScroll", H, Layer::Windowed, 1215, 255},
+    ControlClass{"VB.VScrollBar", "", "VScroll", H, Layer::Windowed, 255, 1215},
+    ControlClass{"VB.Menu", "", "Menu", M, Layer::Menu, 0, 0},
+    ControlClass{"MSComctlLib.ListView", "MSComctlLib.ListViewCtrl", "ListView", V, Layer::Windowed, 1215, 495},
+    ControlClass{"MSComDlg.CommonDialog", "MSComDlg.CommonDialog", "CommonDialog", D, Layer::Windowed, 0, 0},
+    ControlClass{"OSTRELQUERYLib.OstrelQuery", "OSTRELQUERY.OstrelQueryCtrl", "OstrelQuery", Q, Layer::Windowed, 0, 0},
 };
 
 // Rows of the first part of the table stand by their first letter, so a search looks at the rows of one letter.
@@ -339,10 +336,18 @@ const PropertyRow* FindProperty(ClassBits classBit, std::string_view name) {
 
 const EventRow* FindEvent(ClassBits classBit, std::string_view name) { return Find<EventRow>(Events, classBit, name); }
 
+std::string_view ControlClass::Library() const {
+  const std::string_view library = Name.substr(0, Name.find('.'));
+  return library == "VB" ? std::string_view() : library;
+}
+
 const ControlClass* FindControlClass(std::string_view progId) {
+  const std::size_t dot = progId.rfind('.');
+  const bool hasVersion = dot + 1 < progId.size() && progId.find_first_not_of("0123456789", dot + 1) == progId.npos;
+  const std::string_view unversioned = progId.substr(0, hasVersion ? dot : progId.size());
   const auto found = std::ranges::find_if(Classes, [&](const ControlClass& known) {
     return runtime::EqualIgnoringCase(known.Name, progId) ||
-           (!known.ProgId.empty() && runtime::EqualIgnoringCase(known.ProgId, progId));
+           (!known.ProgId.empty() && runtime::EqualIgnoringCase(known.ProgId, unversioned));
   });
   return found == Classes.end() ? nullptr : &*found;
 }

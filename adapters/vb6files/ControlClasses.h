@@ -61,15 +61,18 @@ enum class Layer : std::uint8_t { Windowed, Lightweight, Menu };
 
 struct ControlClass {
   std::string_view Name;      // as files spell it: "VB.Label"
-  std::string_view ProgId;    // another name under which it is asked for; empty: none
-  std::string_view Library;   // the control library it comes from; empty for the environment's own
+  std::string_view ProgId;    // another name under which it is asked for, without a version; empty: none
   std::string_view NameStem;  // "Label" of "Label1"
   ClassBits Bit;
   Layer FileLayer;
   int Width, Height;  // of a new control, in twips; 0: it has none
+
+  // The control library it comes from, "MSComctlLib"; empty for the environment's own.
+  std::string_view Library() const;
 };
 
-// Without regard to case; null for an unknown class.
+// By its name or its ProgID, which may have a version behind it (".2"), without regard to case; null for an unknown
+// class.
 const ControlClass* FindControlClass(std::string_view progId);
 
 }  // namespace formwizard::adapters::vb6files

@@ -18,7 +18,7 @@ bool TakesChildren(const Control& container, const ControlClass& child) {
 
 Control& Designer::Add(std::string_view progId, Control* container) {
   const ControlClass* known = FindControlClass(progId);
-  if (!known || (!known->Library.empty() && !libraries_.Find(known->Library))) {
+  if (!known || (!known->Library().empty() && !libraries_.Find(known->Library()))) {
     runtime::Raise(runtime::ControlNotFound, "ActiveX control '" + std::string(progId) +
                                                  "' not found: the project does not refer to its library");
   }
@@ -86,7 +86,7 @@ void Designer::SetTabIndex(Control& control, int index) {
 }
 
 bool Designer::UsesLibrary(std::string_view library) const {
-  return std::ranges::any_of(controls_, [&](const Control& c) { return c.class_.Library == library; });
+  return std::ranges::any_of(controls_, [&](const Control& c) { return c.class_.Library() == library; });
 }
 
 bool Designer::HasMenuBar() const {

@@ -91,7 +91,7 @@ ProjectOnDisk::ProjectOnDisk(FileSystem& files, const std::string& path, const P
       spelling_(files),
       toolbox_(files, options.ToolboxFile),
       project_(path, original_) {
-  for (const std::string_view value : project_.Objects()) libraries_.Add(Toolbox::Parse(value));
+  for (const std::string_view value : project_.Objects()) libraries_.Add(toolbox_.Parse(value));
   for (const ProjectFile::Item& item : project_.Items()) {
     entries_.push_back({item.Name, item.Path, item.Kind == ProjectFile::ItemKind::Form, nullptr});
     listedPaths_.insert(runtime::LowerCase(item.Path));

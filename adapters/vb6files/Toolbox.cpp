@@ -1,5 +1,6 @@
 #include "adapters/vb6files/Toolbox.h"
 
+#include "adapters/vb6files/ControlClasses.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
 #include "support/Failures.h"
@@ -12,31 +13,18 @@ namespace formwizard::adapters::vb6files {
 namespace {
 
 struct KnownLibrary {
-  std::string_view ProgId;
   std::string_view Library;
   std::string_view File;
   std::string_view Id;  // empty: the type library belongs to the database product and must be supplied
 };
 
 constexpr std::array Libraries{
-    KnownLibrary{"OSTRELQUERY.OstrelQueryCtrl", "OSTRELQUERYLib", "OSTRELQUERY.OCX", ""},
-    KnownLibrary{"MSComDlg.CommonDialog", "MSComDlg", "COMDLG32.OCX", "{F9043C88-F6F2-101A-A3C9-08002B2F49FB}#1.2#0"},
-    KnownLibrary{"MSComctlLib.ListViewCtrl", "MSComctlLib", "MSCOMCTL.OCX",
-                 "{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0"},
+    KnownLibrary{"OSTRELQUERYLib", "OSTRELQUERY.OCX", ""},
+    KnownLibrary{"MSComDlg", "COMDLG32.OCX", "{F9043C88-F6F2-101A-A3C9-08002B2F49FB}#1.2#0"},
+    KnownLibrary{"MSComctlLib", "MSCOMCTL.OCX", "{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0"},
 };
 
 constexpr std::string_view Section = "[Toolbox]";
-
-bool StartsIgnoringCase(std::string_view text, std::string_view start) {
-  return runtime::EqualIgnoringCase(text.substr(0, start.size()), start);
-}
-
-// With or without the version number behind it.
-const KnownLibrary* FindLibrary(std::string_view progId) {
-  const auto found = std::ranges::find_if(
-      Libraries, [&](const KnownLibrary& known) { return StartsIgnoringCase(progId, known.ProgId); });
-  return found == Libraries.end() ? nullptr : &*found;
-}
 
 std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r");
@@ -98,8 +86,8 @@ ObjectReference Toolbox::Find(std::string_view progId) const {
   for (const Entry& entry : entries_) {
     if (runtime::EqualIgnoringCase(entry.ProgId, progId)) return entry.Reference;
   }
-  const KnownLibrary* known = FindLibrary(progId);
-  if (known && !known->Id.empty()) {
+  const auto known = std::ranges::find(Libraries, LibraryOf(progId), &KnownLibrary::Library);
+  if (known != Libraries.end() && !known->Id.empty()) {
     return {std::string(known->Id), std::string(known->File), std::string(known->Library)};
   }
   runtime::Raise(runtime::ControlNotFound,
@@ -110,21 +98,27 @@ ObjectReference Toolbox::Find(std::string_view progId) const {
                      (file_.empty() ? "none was given" : file_ + " has no such line") + ")");
 }
 
-ObjectReference Toolbox::Parse(std::string_view value) {
+// A library is known by its GUID, whatever its file is called; by its file only where the GUID is not known.
+ObjectReference Toolbox::Parse(std::string_view value) const {
   const std::size_t semicolon = value.find(';');
   ObjectReference reference{std::string(value.substr(0, semicolon)), "", ""};
   if (semicolon != std::string_view::npos) reference.File = Trimmed(value.substr(semicolon + 1));
+  const auto hasGuidOf = [&](std::string_view id) {
+    return runtime::EqualIgnoringCase(GuidOf(reference.Id), GuidOf(id));
+  };
   for (const KnownLibrary& known : Libraries) {
-    const bool sameFile = runtime::EqualIgnoringCase(reference.File, known.File);
-    const bool sameGuid = !known.Id.empty() && runtime::EqualIgnoringCase(GuidOf(reference.Id), GuidOf(known.Id));
-    if (sameFile || sameGuid) reference.Library = known.Library;
+    const bool same = known.Id.empty() ? runtime::EqualIgnoringCase(reference.File, known.File) : hasGuidOf(known.Id);
+    if (same) reference.Library = known.Library;
+  }
+  for (const Entry& entry : entries_) {
+    if (hasGuidOf(entry.Reference.Id)) reference.Library = entry.Reference.Library;
   }
   return reference;
 }
 
 std::string_view Toolbox::LibraryOf(std::string_view progId) {
-  const KnownLibrary* known = FindLibrary(progId);
-  return known ? known->Library : std::string_view();
+  const ControlClass* known = FindControlClass(progId);
+  return known ? known->Library() : std::string_view();
 }
 
 }  // namespace formwizard::adapters::vb6files

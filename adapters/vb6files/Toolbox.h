@@ -21,7 +21,7 @@ class Toolbox {
   ObjectReference Find(std::string_view progId) const;
 
   // An "Object=" value, with the library that it is known to be.
-  static ObjectReference Parse(std::string_view value);
+  ObjectReference Parse(std::string_view value) const;
   // The library of a ProgID or class; empty for an unknown one.
   static std::string_view LibraryOf(std::string_view progId);
 

@@ -23,10 +23,14 @@ TEST_CASE("A project keeps its own line of a library, a missing one comes from t
   const std::string list = "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX\r\n";
   const std::string ownQuery = "Object={00000000-0000-0000-0000-000000000001}#3.0#0; ostrelquery.ocx\r\n";
   const std::string ownList = "Object={831fdd16-0C5C-11D2-A9FC-0000F8754DA1}#2.2#0; renamed.ocx\r\n";
+  // Of the same family and with the same file, but another library; the query control's under another name.
+  const std::string sibling = "Object={6B7E6392-850A-101B-AFC0-4210102A8DA7}#1.3#0; MSCOMCTL.OCX\r\n";
+  const std::string renamedQuery = "Object={5e1f0c3a-7b42-4d96-8a0e-2c91d7f3b648}#1.0#0; OldQuery.ocx\r\n";
   const std::string foreign = "Object=*\\AOther.vbp\r\nObject={00000000-0000-0000-0000-000000000002}#1.0#0; o.ocx\r\n";
   for (const auto& [before, added] :
        {std::pair{std::string(), query + dialog + list}, std::pair{ownQuery, dialog + list},
-        std::pair{ownList + ownQuery, dialog}, std::pair{foreign + dialog, query + list}}) {
+        std::pair{ownList + ownQuery, dialog}, std::pair{sibling + renamedQuery, dialog + list},
+        std::pair{foreign + dialog, query + list}}) {
     CAPTURE(before);
     MemoryFileSystem files({{"P/P.vbp", "Type=Exe\r\n" + before}, {"toolbox.ini", toolbox}});
     ProjectOnDisk project(files, "P/P.vbp", {1252, "toolbox.ini"});
