@@ -45,18 +45,15 @@ void frmWizard::cmdFinish_Click() {
         FreezeButtons();
         LoadSettings();
         TakeSelection();
-        FreezeButtons();  // the first field may have freed them when it was shown
         Generate();
         SetBusy(false);
         Unload();
       },
-      [&] {
-        SetBusy(false);
-        FreezeButtons();
-      });
+      [&] { SetBusy(false); });
 }
 
 void frmWizard::FreezeButtons() {
+  isGenerating_ = true;
   cmdCancel.Enabled = false;
   cmdBack.Enabled = false;
   cmdNext.Enabled = false;

@@ -54,12 +54,12 @@ void frmWizard::lstFields_Click() {
   txtCaption[panel].SetText(field.Caption);
 }
 
-void frmWizard::ShowChoice(ui::CheckBox& box, bool checked) {
-  const int value = checked ? 1 : 0;
-  if (box.Value() == value) {
+// The lists of a choice that is made are filled from the record, also when the box shows it already.
+void frmWizard::ShowChoice(ui::CheckBox& box, bool made) {
+  if (made && box.Value() == 1) {
     box.OnClick();
   } else {
-    box.SetValue(value);
+    box.SetValue(made ? 1 : 0);
   }
 }
 
@@ -94,9 +94,9 @@ void frmWizard::lstUpdateAfter_Click() {
 // While a combo box is half specified the user can neither leave the field nor the step.
 void frmWizard::LetLeaveField(bool allowed) {
   lstFields.Enabled = allowed;
-  cmdNext.Enabled = allowed;
-  cmdBack.Enabled = allowed;
-  cmdFinish.Enabled = allowed;
+  Allow(cmdNext, allowed);
+  Allow(cmdBack, allowed);
+  Allow(cmdFinish, allowed);
 }
 
 void frmWizard::ShowComboSpecification(bool visible) {
@@ -120,6 +120,7 @@ void frmWizard::chkRefCombo_Click() {
   comboClass_ = field->ReferenceClass;
   comboQuery_ = field->QueryName;
   comboColumn_ = field->QueryColumn;
+  lstQueryColumn.Clear();  // they may be those of another field
   PopulateQueryList();
   lstQueryName.SelectText(comboQuery_);  // loads the columns
   lstQueryColumn.SelectText(comboColumn_);

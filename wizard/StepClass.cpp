@@ -9,7 +9,7 @@ bool frmWizard::IsClass(const ui::Node& node) { return node.Key().empty(); }
 void frmWizard::ClearClassList() {
   tvwClasses.Nodes.Clear();
   selectedClass_ = nullptr;
-  cmdNext.Enabled = false;  // until a class is chosen
+  Allow(cmdNext, false);  // until a class is chosen
 }
 
 void frmWizard::PopulateClassList() {
@@ -58,7 +58,7 @@ void frmWizard::AddClassNodes() {
 
 void frmWizard::tvwClasses_NodeClick(ui::Node& node) {
   selectedClass_ = &node;
-  cmdNext.Enabled = IsClass(node);
+  Allow(cmdNext, IsClass(node));
 }
 
 // On a package or beside all nodes the double click is the tree's own.

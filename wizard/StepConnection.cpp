@@ -38,26 +38,35 @@ void frmWizard::FillConnectionTree(std::string_view remembered) {
   }
 }
 
+// An attempt that raises an error has failed like one that the server refuses, and the error is its reason.
 void frmWizard::ConnectToSystem() {
   SetBusy(true);
-  barStatus.Panels[1] = "";  // also when the attempt ends in an error
-  populatedClass_.clear();   // the class list is read again
-  CloseConnection();
-  for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = picture::NotConnected;
-  factory_ = services_.Factories.Create();
-  StatusMessage(Text(403));
-  ui::Node& node = *tvwConnection.SelectedItem.Get();
-  if (OpenConnection(node.Tag)) {
-    StatusMessage(runtime::ReplaceAll(Text(414), "%S1", node.Text));
-    barStatus.Panels[1] = node.Text;
-    node.Image = picture::Connected;
-    std::string name = node.Text.Get();
-    settings::WriteProfile(services_.Profiles, services_.Desktop, settings::ProfileSection, RememberedSystemKey, name,
-                           services_.ProfileFile);
-  } else {
-    StatusMessage(Text(404) + node.Text.Get() + ": " + node.Key());
+  ui::Node& system = *tvwConnection.SelectedItem.Get();
+  const std::string failed = Text(404) + system.Text.Get() + ": " + system.Key();
+  try {
+    if (!Connect(system)) StatusMessage(failed);
+  } catch (const runtime::RuntimeError& error) {
+    StatusMessage(failed + error.Description());
+    report_("ConnectToSystem", error);
   }
   SetBusy(false);
+}
+
+bool frmWizard::Connect(ui::Node& system) {
+  barStatus.Panels[1] = "";
+  populatedClass_.clear();  // the class list is read again
+  for (ui::Node& node : tvwConnection.Nodes.All()) node.Image = picture::NotConnected;
+  CloseConnection();
+  factory_ = services_.Factories.Create();
+  StatusMessage(Text(403));
+  if (!OpenConnection(system.Tag)) return false;
+  StatusMessage(runtime::ReplaceAll(Text(414), "%S1", system.Text));
+  barStatus.Panels[1] = system.Text;
+  system.Image = picture::Connected;
+  std::string name = system.Text.Get();
+  settings::WriteProfile(services_.Profiles, services_.Desktop, settings::ProfileSection, RememberedSystemKey, name,
+                         services_.ProfileFile);
+  return true;
 }
 
 bool frmWizard::OpenConnection(const std::string& connectString) {

@@ -154,8 +154,8 @@ void frmWizard::SelectProperty(ui::Node& node) {
   lstSelected.AddItem(Model().Fields[index].DisplayName, index.Value());
   node.Image = picture::SelectedProperty;
   lstSelected.SetListIndex(lstSelected.ListCount() - 1);
-  cmdNext.Enabled = true;
-  cmdFinish.Enabled = true;
+  Allow(cmdNext, true);
+  Allow(cmdFinish, true);
 }
 
 // Visible nodes only, and of the ancestors only the parent is looked at.
@@ -172,8 +172,8 @@ void frmWizard::cmdDeSelectOne_Click() {
   lstSelected.RemoveItem(current);
   lstSelected.SetListIndex(std::min(current, lstSelected.ListCount() - 1));
   tvwAttributes.Nodes.Item(std::to_string(record) + "key").Image = picture::Property;
-  cmdNext.Enabled = lstSelected.ListCount() > 0;
-  cmdFinish.Enabled = cmdNext.Enabled;
+  Allow(cmdNext, lstSelected.ListCount() > 0);
+  Allow(cmdFinish, cmdNext.Enabled);
 }
 
 void frmWizard::cmdDeSelectAll_Click() {

@@ -75,6 +75,8 @@ void frmWizard::ConnectEvents() {
 
 void frmWizard::Form_Load() {
   populatedClass_.clear();
+  isGenerating_ = false;
+  cmdCancel.Enabled = true;
   Width = Int32(9210);
   Height = Int32(6000);
   lblLabelWidth.Caption = "M";
@@ -132,11 +134,11 @@ void frmWizard::MoveStep(Int16 delta) {
   ui::ShowOnly(frmStep, static_cast<std::size_t>(currentStep_.Value()) - 1);
   services_.Desktop.ProcessMessages();  // the new panel paints before any slow entry work
   picMain.Picture = PictureOf(currentStep_, picMain.Picture);
-  cmdFinish.Enabled = currentStep_ >= step::Attributes;
+  Allow(cmdFinish, currentStep_ >= step::Attributes);
   cmdFinish.Default = currentStep_ == step::Finish;
-  cmdNext.Enabled = currentStep_ != step::Finish;
+  Allow(cmdNext, currentStep_ != step::Finish);
   cmdNext.Default = currentStep_ != step::Finish;
-  cmdBack.Enabled = currentStep_ != step::Welcome;
+  Allow(cmdBack, currentStep_ != step::Welcome);
   Caption = Text(54) + runtime::Text(currentStep_) + Text(55) + "6";
 }
 
@@ -149,7 +151,7 @@ void frmWizard::cmdNext_Click() {
 
 void frmWizard::cmdBack_Click() {
   MoveStep(Int16(-1));  // the entry work of the step is deliberately not run again
-  cmdFinish.Enabled = lstSelected.ListCount() > 0;
+  Allow(cmdFinish, lstSelected.ListCount() > 0);
 }
 
 void frmWizard::cmdSettings_Click() {
@@ -182,7 +184,7 @@ void frmWizard::InitStep() {
 
 void frmWizard::EnterClassStep() {
   if (!populatedClass_.empty()) {
-    cmdNext.Enabled = selectedClass_ && IsClass(*selectedClass_);
+    Allow(cmdNext, selectedClass_ && IsClass(*selectedClass_));
     return;
   }
   ClearClassList();  // it may be another system's
@@ -201,7 +203,7 @@ void frmWizard::EnterPropertiesStep() {
     PopulateAttributeList(nullptr, selectedClass_->Tag, false);
     populatedClass_ = selectedClass_->Tag;
   }
-  if (lstSelected.ListCount() == 0) cmdNext.Enabled = false;
+  if (lstSelected.ListCount() == 0) Allow(cmdNext, false);
 }
 
 void frmWizard::EnterAttributesStep() {

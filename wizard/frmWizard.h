@@ -108,6 +108,8 @@ class frmWizard : public ui::Form {
   std::string Text(int id) const { return services_.Strings.LoadResStringLocal(id); }
   void SetBusy(bool busy);
   void LoadSettings();
+  // Whether Back, Next or Finish can be pressed; once a generation has begun none of them ever can.
+  void Allow(ui::CommandButton& button, bool allowed) { button.Enabled = allowed && !isGenerating_; }
 
   // Frame
   void cmdBack_Click();
@@ -124,6 +126,7 @@ class frmWizard : public ui::Form {
   void PopulateConnection();
   void FillConnectionTree(std::string_view remembered);
   void ConnectToSystem();
+  bool Connect(ui::Node& system);
   bool OpenConnection(const std::string& connectString);
   // Error 91 without one.
   factory::ObjectFactory& Factory() const;
@@ -152,8 +155,7 @@ class frmWizard : public ui::Form {
   // Attributes
   model::FieldRecord* CurrentField();
   void lstFields_Click();
-  // Shows the record's choice; the lists that hang on it follow also when the box has that value already.
-  void ShowChoice(ui::CheckBox& box, bool checked);
+  void ShowChoice(ui::CheckBox& box, bool made);
   void chkReadOnly_Click();
   void chkRefCombo_Click();
   void lstUpdateAfter_Click();
@@ -177,6 +179,7 @@ class frmWizard : public ui::Form {
   support::ErrorReport report_;
   std::unique_ptr<factory::ObjectFactory> factory_;
   Int16 currentStep_;
+  bool isGenerating_ = false;  // or it has failed
   std::string readyText_;
   std::string populatedClass_;  // the class whose properties are loaded; empty after a connection attempt
   ui::Node* selectedClass_ = nullptr;

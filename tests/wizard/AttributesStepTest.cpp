@@ -118,6 +118,9 @@ TEST_CASE_FIXTURE(WizardFixture, "A combo box needs a query and a column before 
   Select(Inside("Spouse"));
   Next();
   const model::FieldRecord& field = Field(7);
+  Dialog.cmdNext.Enabled = false;
+  Dialog.lstFields.ClickItem(0);
+  CHECK(Where() == "5 B-FC");  // a plain reference only shows that it is one
   Dialog.chkRefCombo.Click();
   CHECK(Specification(Dialog) == "ByName Extent | ");  // only those that return the object id
   CHECK(Where() == "5 ---C");
@@ -136,11 +139,15 @@ TEST_CASE_FIXTURE(WizardFixture, "A combo box needs a query and a column before 
   Dialog.chkRefCombo.Click();  // the old choice comes back
   CHECK(field.FieldKind == kind::ReferenceCombo);
   CHECK(Specification(Dialog) == "*ByName Extent | ID *Name ");
+  Server.Data.Columns["Sample.Person/ByName"] = {"ID"};  // the column is gone, so the query alone is shown
+  for (int i = 0; i < 2; ++i) Dialog.chkRefCombo.Click();
+  CHECK(Specification(Dialog) == "*ByName Extent | ID ");
+  CHECK(Where() == "5 ---C");
 }
 
 TEST_CASE_FIXTURE(WizardFixture, "Two references in a row show their own queries") {
   Server.Data.AddProperty("Sample.Person", "Boss", {{"datatype", "0"}, {"type", "Sample.Company"}});
-  Server.Data.AddQuery("Sample.Company", "ByTax", 1, {"ID", "TaxID"});
+  Server.Data.AddQuery("Sample.Company", "ByName", 1, {"ID", "TaxID"});
   GoToProperties();
   for (const char* reference : {"Spouse", "Boss"}) Select(Inside(reference));
   Next();
@@ -150,10 +157,18 @@ TEST_CASE_FIXTURE(WizardFixture, "Two references in a row show their own queries
     Dialog.lstQueryName.ClickItem(0);
     Dialog.lstQueryColumn.ClickItem(1);
   }
-  CHECK(Specification(Dialog) == "*ByTax | ID *TaxID ");
+  CHECK(Specification(Dialog) == "*ByName | ID *TaxID ");
   Dialog.lstFields.ClickItem(0);
   CHECK(Specification(Dialog) == "*ByName Extent | ID *Name ");
   CHECK(Where() == "5 BNFC");
+
+  Server.Data.FailingCall = "ResultSet";  // what cannot be read is reported, and the record stays
+  Dialog.lstFields.ClickItem(1);
+  CHECK(Desktop.Texts() == "Error occurred in procedure PopulateQueryList : the server failed\n");
+  CHECK(Specification(Dialog) == "| ");
+  const model::FieldRecord& boss = Dialog.RecordOf(Dialog.lstFields, 1);
+  CHECK(Text(boss.FieldKind) + boss.QueryName + boss.QueryColumn == "4ByNameTaxID");
+  CHECK(Where() == "5 ---C");
 }
 
 TEST_CASE_FIXTURE(WizardFixture, "A combo box that is half specified holds the user until it is complete or given up") {

@@ -13,6 +13,7 @@ TEST_CASE("Finish generates the form in the order of the list and closes the wiz
     if (visitsAttributes) wizard.Next();
     wizard.Dialog.cmdFinish.Click();
     CHECK(wizard.Dialog.IsUnloaded());
+    CHECK(wizard.Desktop.Pointers.back() == ui::MousePointer::Default);
     CHECK(wizard.Desktop.Texts().empty());
     CHECK(wizard.Server.Data.Calls.back() == "Disconnect");
     CHECK(wizard.Ide.Calls().back() == "VBComponent.Activate ");
@@ -22,34 +23,60 @@ TEST_CASE("Finish generates the form in the order of the list and closes the wiz
   }
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "Finish takes the list as the Attributes step last showed it") {
-  GoToProperties({"Age"});
-  Next();
-  Back();
-  Select("*Name");
-  Back(3);
-  CHECK(Where() == "1 -NFC");  // usable on the first step too
-  Dialog.cmdFinish.Click();
-  CHECK(Dialog.IsUnloaded());
-  CHECK(State.Form.SelectedFields.UpperBound() == Int16(1));
+TEST_CASE("Finish takes the list as the Attributes step last showed it, but never that of another class") {
+  for (const bool visitsAttributes : {false, true}) {
+    WizardFixture wizard;
+    wizard.Server.Data.AddProperty("Sample.Company", "Size");
+    wizard.GoToProperties({"Age"});
+    wizard.Next();
+    wizard.Back(2);
+    wizard.ChooseClass("Sample.Company");
+    wizard.Next();
+    wizard.Select("Name");
+    wizard.Next(visitsAttributes ? 1 : 0);
+    wizard.Back(visitsAttributes ? 1 : 0);
+    wizard.Select("Size");
+    wizard.Back(3);
+    CHECK(wizard.Where() == "1 -NFC");  // usable on the first step too
+    wizard.Dialog.cmdFinish.Click();
+    CHECK(wizard.Dialog.IsUnloaded());
+    CHECK(wizard.State.Form.SelectedFields.UpperBound() == Int16(visitsAttributes ? 1 : 2));
+  }
 }
 
-TEST_CASE("An error in a stage is reported under the driver's name and leaves only Cancel") {
-  for (const auto& [key, value, status, error, first] :
-       {std::tuple{"Columns", "0", "Computing layout ...", "Division by zero", "Age"},
-        std::tuple{"Columns", "0", "Computing layout ...", "Division by zero", "Spouse"},
-        std::tuple{"Menu", "maybe", "Begin creating new form ...", "Type mismatch", "Age"}}) {
-    CAPTURE(std::string(key));
-    CAPTURE(std::string(first));
+TEST_CASE("A Finish that failed leaves only Cancel, whatever is clicked then") {
+  struct Case {
+    std::string key, value, status, error, where;
+    int steps;  // from the Properties step
+  };
+  for (const Case& c : {Case{"Columns", "0", "Computing layout ...", "Division by zero", "4 ---C", 0},
+                        Case{"Columns", "0", "Computing layout ...", "Division by zero", "5 ---C", 1},
+                        Case{"Menu", "maybe", "Begin creating new form ...", "Type mismatch", "3 ---C", -1}}) {
+    CAPTURE(c.where);
     WizardFixture wizard;
+    wizard::frmWizard& dialog = wizard.Dialog;
     wizard.GoToProperties();
-    wizard.Select(first == std::string("Spouse") ? wizard.Inside(first) : wizard.Property(first));
-    wizard.Profile.Values[key] = value;
-    wizard.Dialog.cmdFinish.Click();
-    CHECK(wizard.Desktop.Texts() == std::string("Error occurred in procedure cmdFinish_Click : ") + error + "\n");
-    CHECK(wizard.Where() == "4 ---C");
-    CHECK(wizard.Dialog.Enabled);
-    CHECK_FALSE(wizard.Dialog.IsUnloaded());
-    CHECK(wizard.Status() == status);
+    for (ui::Node* node : {&wizard.Inside("Spouse"), &wizard.Property("Age")}) wizard.Select(*node);
+    wizard.Next(std::max(c.steps, 0));
+    wizard.Back(std::max(-c.steps, 0));
+    wizard.Profile.Values[c.key] = c.value;
+    dialog.cmdFinish.Click();
+    const std::string message = "Error occurred in procedure cmdFinish_Click : " + c.error + "\n";
+    CHECK(wizard.Desktop.Texts() == message);
+    CHECK(wizard.Status() == c.status);
+    CHECK(wizard.Desktop.Pointers.back() == ui::MousePointer::Default);
+
+    for (ui::Node& node : dialog.tvwClasses.Nodes.All()) dialog.tvwClasses.ClickNode(node);
+    for (const char* property : {"*Name", "Home"}) wizard.Select(property);
+    for (ui::CommandButton* button : {&dialog.cmdSelectAll, &dialog.cmdDeSelectOne}) button->Click();
+    for (const int field : {1, 0}) dialog.lstFields.ClickItem(field);
+    dialog.chkRefCombo.Click();
+    dialog.lstQueryName.ClickItem(0);
+    dialog.lstQueryColumn.ClickItem(0);
+    dialog.PressEnter();
+    dialog.cmdFinish.Click();
+    CHECK(wizard.Where() == c.where);
+    CHECK(dialog.Enabled);
+    CHECK(wizard.Desktop.Texts() == message);
   }
 }

@@ -89,6 +89,26 @@ TEST_CASE_FIXTURE(WizardFixture, "The status bar tells what is being done") {
         "Writing form and control properties ...\nWriting procedures ...\n");
 }
 
+TEST_CASE_FIXTURE(WizardFixture,
+                  "A step paints itself before the server is asked, and a double click before the step changes") {
+  std::string trail;  // at each painting: the panel, the last call, and what the Properties step shows
+  Desktop.OnProcessMessages = [&] {
+    for (std::size_t i = 0; i < Dialog.frmStep.size(); ++i)
+      trail += Dialog.frmStep[i].Visible ? std::to_string(i + 1) : "";
+    trail += " " + (Server.Data.Calls.empty() ? "-" : Server.Data.Calls.back().substr(0, 8)) + " " +
+             std::to_string(Dialog.tvwAttributes.Nodes.Count() + Dialog.lstSelected.ListCount()) + ", ";
+  };
+  Next();
+  DoubleClick(Dialog.tvwConnection, Dialog.tvwConnection.Nodes.Item(1));
+  Next();
+  Select("Number");
+  Back();
+  ChooseClass("Sample.Company");
+  Next();
+  CHECK(trail ==
+        "2 - 0, 2 SystemLi 0, 3 Connect  0, 4 Close %C 0, 4 Close %C 0, 3 Close %C 2, 4 Close %C 2, 4 Close %C 0, ");
+}
+
 TEST_CASE_FIXTURE(WizardFixture, "The completion text keeps the class that it was first replaced by") {
   Next(3);
   Select("Number");
