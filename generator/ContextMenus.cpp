@@ -1,8 +1,6 @@
 #include "generator/VisualBasic.h"
 #include "generator/Writers.h"
 
-#include <array>
-
 namespace formwizard::generator {
 namespace {
 
@@ -174,25 +172,29 @@ void WritePictureMenu(Generation& run, Int16 index) {
   });
 }
 
+void WriteNothing(Generation&, Int16) {}
+
 struct KindMenu {
   Int16 FieldKind;
   void (*Write)(Generation& run, Int16 field);
 };
 
-constexpr std::array Kinds{
+constexpr model::KindTable<KindMenu> Kinds{{
+    KindMenu{model::kind::TextBox, WriteNothing},
+    KindMenu{model::kind::ReadOnlyLabel, WriteNothing},
     KindMenu{model::kind::ReferenceLabel, WriteReferenceMenu},
+    KindMenu{model::kind::ReferenceCombo, WriteNothing},
     KindMenu{model::kind::ListBox, WriteListMenu},
     KindMenu{model::kind::ListView, WriteArrayMenu},
     KindMenu{model::kind::Picture, WritePictureMenu},
-};
+    KindMenu{model::kind::MultiLine, WriteNothing},
+}};
 
 }  // namespace
 
 void WriteSubContextMenus(Generation& run) {
   for (const Int16 index : run.Form.SelectedFields) {
-    for (const KindMenu& kind : Kinds) {
-      if (kind.FieldKind == run.Form.Fields[index].FieldKind) kind.Write(run, index);
-    }
+    if (const KindMenu* kind = Kinds.Find(run.Form.Fields[index].FieldKind)) kind->Write(run, index);
   }
 }
 

@@ -109,7 +109,7 @@ struct KindEvents {
   void (*Write)(Generation& run, const FieldRecord& field);
 };
 
-constexpr std::array Kinds{
+constexpr model::KindTable<KindEvents> Kinds{{
     KindEvents{model::kind::TextBox, WriteMarkModified},
     KindEvents{model::kind::ReadOnlyLabel, WriteUpdateAfter},
     KindEvents{model::kind::ReferenceLabel, WriteReferenceLabelEvents},
@@ -118,7 +118,7 @@ constexpr std::array Kinds{
     KindEvents{model::kind::ListView, WritePopup},
     KindEvents{model::kind::Picture, WritePopup},
     KindEvents{model::kind::MultiLine, WriteMarkModified},
-};
+}};
 
 void WriteActionHandlers(Generation& run, std::string_view prefix) {
   for (const std::string_view action : Actions) {
@@ -138,9 +138,7 @@ void WriteSubControlEvents(Generation& run) {
   support::LeaveOnError(run.Report, "WriteSubControlEvents", [&] {
     for (const Int16 index : run.Form.SelectedFields) {
       const FieldRecord& field = run.Form.Fields[index];
-      for (const KindEvents& kind : Kinds) {
-        if (kind.FieldKind == field.FieldKind) kind.Write(run, field);
-      }
+      if (const KindEvents* kind = Kinds.Find(field.FieldKind)) kind->Write(run, field);
     }
   });
 }

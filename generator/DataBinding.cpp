@@ -4,9 +4,6 @@
 #include "generator/Writers.h"
 #include "support/Pieces.h"
 
-#include <algorithm>
-#include <array>
-
 namespace formwizard::generator {
 
 // The object's reference as the single entry of the combo box. "disableclick" keeps the assignment of ListIndex from
@@ -107,7 +104,7 @@ constexpr std::string_view EraseText = "    {control}.Text = \"\"";
 constexpr std::string_view EraseCaption = "    {control}.Caption = \"\"";
 constexpr std::string_view EraseItems = "    {control}.Clear";
 
-constexpr std::array Kinds{
+constexpr model::KindTable<KindBinding> Kinds{{
     KindBinding{model::kind::TextBox, EraseText, "    {control}.Text = m_object.{property}",
                 "    m_object.{property} = {control}.Text"},
     KindBinding{model::kind::ReadOnlyLabel, EraseCaption, "    {control}.Caption = m_object.{property}", ""},
@@ -119,13 +116,13 @@ constexpr std::array Kinds{
                 "    {control}.Picture = m_object.{property}.GetPicture",
                 "    m_object.{property}.SetPicture {control}.Picture"},
     KindBinding{model::kind::MultiLine, EraseText, StreamToScreen, "    m_object.{property}.Write({control}.Text)"},
-};
+}};
 
 constexpr KindBinding NoBinding{};
 
 const KindBinding& BindingOf(const FieldRecord& field) {
-  const auto kind = std::ranges::find(Kinds, field.FieldKind, &KindBinding::FieldKind);
-  return kind == Kinds.end() ? NoBinding : *kind;
+  const KindBinding* kind = Kinds.Find(field.FieldKind);
+  return kind ? *kind : NoBinding;
 }
 
 bool IsDate(const FieldRecord& field) {

@@ -1,4 +1,5 @@
 #include "generator/Writers.h"
+#include "generator/ide/ActiveX.h"
 #include "model/Layout.h"
 
 #include <algorithm>
@@ -49,16 +50,16 @@ struct KindControl {
   std::span<const PropertyRow> Properties;
 };
 
-constexpr std::array Kinds{
+constexpr model::KindTable<KindControl> Kinds{{
     KindControl{model::kind::TextBox, "txt", "VB.TextBox", TextBoxRows},
     KindControl{model::kind::ReadOnlyLabel, "con", "VB.Label", LabelRows},
     KindControl{model::kind::ReferenceLabel, "ref", "VB.Label", LabelRows},
     KindControl{model::kind::ReferenceCombo, "cmb", "VB.ComboBox", ComboBoxRows},
     KindControl{model::kind::ListBox, "lst", "VB.ListBox", ListBoxRows},
-    KindControl{model::kind::ListView, "lvw", "MSComctlLib.ListView", ListViewRows},
+    KindControl{model::kind::ListView, "lvw", ide::ListView.Class, ListViewRows},
     KindControl{model::kind::Picture, "img", "VB.Image", ImageRows},
     KindControl{model::kind::MultiLine, "txt", "VB.TextBox", MultiLineRows},
-};
+}};
 
 std::string ValueOf(const PropertyRow& row, Generation& run, const FieldRecord& field) {
   switch (row.Source) {
@@ -99,8 +100,8 @@ void WriteLabel(Generation& run, Int16 column, const FieldRecord& field, auto& s
 }
 
 void WriteDataControl(Generation& run, FieldRecord& field, auto& step) {
-  const auto kind = std::ranges::find(Kinds, field.FieldKind, &KindControl::FieldKind);
-  if (kind == Kinds.end()) return;
+  const KindControl* kind = Kinds.Find(field.FieldKind);
+  if (!kind) return;
   step([&] { field.ControlName = std::string(kind->Prefix) + field.IntName; });
   step([&] { run.AddControl(kind->ProgId, field.ControlName); });
   for (const PropertyRow& row : kind->Properties) {

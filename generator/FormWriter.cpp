@@ -1,5 +1,6 @@
 #include "generator/Generation.h"
 #include "generator/Writers.h"
+#include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
 
 #include <array>
@@ -7,8 +8,8 @@
 namespace formwizard::generator {
 namespace {
 
-constexpr std::array<std::string_view, 3> ToolboxProgIDs{"OSTRELQUERY.OstrelQueryCtrl.1", "MSCOMDLG.CommonDialog",
-                                                         "MSComctlLib.ListViewCtrl"};
+constexpr std::array<std::string_view, 3> ToolboxProgIDs{ide::Query.ProgId, ide::CommonDialog.ProgId,
+                                                         ide::ListView.ProgId};
 
 // The empty start-up form of a new project, or null.
 std::shared_ptr<ide::VBComponent> UnusedStartupForm(ide::VBProject& project) {

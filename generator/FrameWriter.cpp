@@ -1,4 +1,5 @@
 #include "generator/Writers.h"
+#include "generator/ide/ActiveX.h"
 
 #include <array>
 #include <initializer_list>
@@ -92,8 +93,8 @@ void WriteConFrame(Generation& run) {
 
 void WriteConHelper(Generation& run) {
   const support::ResumeNext step(run.Report, [] { return std::string("WriteConHelper "); });  // blank included
-  step([&] { run.AddControl("OSTRELQUERYLib.OstrelQuery", "OstrelQuery1"); });
-  step([&] { run.AddControl("MSCOMDLG.CommonDialog", "dlgCommon"); });
+  step([&] { run.AddControl(ide::Query.Class, "OstrelQuery1"); });
+  step([&] { run.AddControl(ide::CommonDialog.Class, "dlgCommon"); });
   if (!HasReferenceCombo(run.Form)) return;
   step([&] { run.AddControl("VB.ListBox", "lst__Hidden"); });  // keeps the object ids of all combo boxes
   step([&] { run.SetProperty("Height", "450"); });

@@ -1,6 +1,5 @@
 #include "generator/Writers.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 
@@ -23,16 +22,20 @@ constexpr std::array PictureItems{PopupItem{"Change", 0, "&Change"}, PopupItem{"
 // all of them by PropertyName: for a property of an embedded object the two differ. Both are the required output.
 struct KindPopup {
   Int16 FieldKind;
-  std::string FieldRecord::*NamedAfter;
-  std::span<const PopupItem> Items;
+  std::span<const PopupItem> Items = {};  // none: no popup
+  std::string FieldRecord::*NamedAfter = &FieldRecord::IntName;
 };
 
-constexpr std::array Popups{
-    KindPopup{model::kind::ReferenceLabel, &FieldRecord::PropertyName, ReferenceItems},
-    KindPopup{model::kind::ListBox, &FieldRecord::IntName, ListItems},
-    KindPopup{model::kind::ListView, &FieldRecord::IntName, ArrayItems},
-    KindPopup{model::kind::Picture, &FieldRecord::IntName, PictureItems},
-};
+constexpr model::KindTable<KindPopup> Popups{{
+    KindPopup{model::kind::TextBox},
+    KindPopup{model::kind::ReadOnlyLabel},
+    KindPopup{model::kind::ReferenceLabel, ReferenceItems, &FieldRecord::PropertyName},
+    KindPopup{model::kind::ReferenceCombo},
+    KindPopup{model::kind::ListBox, ListItems},
+    KindPopup{model::kind::ListView, ArrayItems},
+    KindPopup{model::kind::Picture, PictureItems},
+    KindPopup{model::kind::MultiLine},
+}};
 
 using Menu = std::shared_ptr<ide::VBControl>;
 
@@ -58,8 +61,8 @@ void WriteObjectMenu(Generation& run) {
 
 void WritePopupMenu(Generation& run, Int16 fieldIndex) {
   const FieldRecord& field = run.Form.Fields[fieldIndex];
-  const auto popup = std::ranges::find(Popups, field.FieldKind, &KindPopup::FieldKind);
-  if (popup == Popups.end()) return;
+  const KindPopup* popup = Popups.Find(field.FieldKind);
+  if (!popup || popup->Items.empty()) return;
   if (field.FieldKind == model::kind::ReferenceLabel && !run.HasContextMenu(fieldIndex)) return;
 
   const std::string name = "mnu" + field.*popup->NamedAfter;

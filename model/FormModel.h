@@ -1,6 +1,7 @@
 // The description of the form to generate: its fields, their order, and the places that the layout gives them.
 #pragma once
 
+#include "model/ControlKinds.h"
 #include "runtime/Integer.h"
 #include "runtime/OneBased.h"
 #include "settings/Settings.h"
@@ -11,22 +12,8 @@
 
 namespace formwizard::model {
 
-using runtime::Int16;
 using runtime::Int32;
 using runtime::OneBased;
-
-// Control kinds; any other code makes the writers write nothing for a field.
-namespace kind {
-inline constexpr Int16 Free(0);            // a record in no use
-inline constexpr Int16 TextBox(1);         // simple editable property
-inline constexpr Int16 ReadOnlyLabel(2);   // simple property, shown only
-inline constexpr Int16 ReferenceLabel(3);  // reference, shown in a label
-inline constexpr Int16 ReferenceCombo(4);  // reference, chosen in a combo box that a class query fills
-inline constexpr Int16 ListBox(5);         // list collection
-inline constexpr Int16 ListView(6);        // array collection
-inline constexpr Int16 Picture(7);         // binary stream
-inline constexpr Int16 MultiLine(8);       // character stream
-}  // namespace kind
 
 // One property offered by the wizard. Texts are UTF-8.
 struct FieldRecord {
