@@ -2,6 +2,7 @@
 #include "adapters/satellite/StringResources.h"
 #include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/FormTree.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/FormResize.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RunProgram.h"
@@ -17,7 +18,7 @@ using namespace formwizard::tests;
 
 namespace {
 
-const std::string Samples = FORMWIZARD_SOURCE_DIR "/samples/";
+const std::string Samples = SourceFolder() + "/samples/";
 const std::string Typical = "--class Sample.Person --fields Name,Home.City --set Columns=2";
 
 std::string Quoted(const std::string& argument) { return '"' + argument + '"'; }
@@ -36,7 +37,9 @@ struct Workplace {
     CopySample(sample, Home);
     CHECK(Run("dictionary import " + Quoted(Samples + "dictionary.json") + " " + Dictionary).Status == 0);
   }
-  Outcome Run(const std::string& arguments) const { return RunProgram(FORMWIZARD_PROGRAM, arguments, Folder); }
+  Outcome Run(const std::string& arguments) const {
+    return RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, Folder);
+  }
   Outcome Generate(const std::string& arguments) const {
     return Run("generate --project " + Quoted(Project) + " --dictionary " + Dictionary + " --profile " +
                Quoted(Profile) + Toolbox + " " + arguments);
@@ -64,7 +67,7 @@ TEST_CASE("The typical request gives exactly the expected project, whatever scri
                     "--set Columns=2 --journal " + Quoted(journal));  // the command line wins
   CheckDone(made);
   CHECK(made.Out.starts_with("wrote " + work.Home + "/frmPerson.frm\n"));
-  CHECK(work.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
+  CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
   CHECK(ReadFile(journal) == Golden("typical-journal.jsonl"));
   CHECK(ReadFile(work.Folder / work.Profile) == "[OstrelFormWizard]\r\nLastConnect=Samples\r\n");
 }
@@ -297,7 +300,8 @@ TEST_CASE("A profile that the wizard would stumble over is an input like any oth
   WriteFile(work.Folder / work.Profile, "[OstrelFormWizard]\r\nColumns=5\r\n");
   const Outcome made = work.Generate("--class Sample.Person --fields Name");
   CHECK(made.Status == 3);
-  CHECK(Has(made.Error, work.Profile + ": [OstrelFormWizard]: Columns must be a whole number from 1 to 4, found \"5\""));
+  CHECK(
+      Has(made.Error, work.Profile + ": [OstrelFormWizard]: Columns must be a whole number from 1 to 4, found \"5\""));
 }
 
 TEST_CASE("Settings that cannot be written leave a complete form complete") {
@@ -306,7 +310,7 @@ TEST_CASE("Settings that cannot be written leave a complete form complete") {
   const Outcome made = work.Generate(Typical);
   CHECK(made.Status == 0);
   CHECK(Has(made.Error, "warning: " + work.Profile + ": the settings cannot be written"));
-  CHECK(work.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
+  CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
 }
 
 #ifndef _WIN32
@@ -318,17 +322,17 @@ TEST_CASE("Output that does not arrive is a failure, but what was saved stays sa
       CAPTURE(command);
       const bool exports = command.starts_with("dictionary");
       const std::string arguments = command + (command.ends_with(' ') ? work.Dictionary : "") + (exports ? " -" : "");
-      const Outcome listed = RunProgram(FORMWIZARD_PROGRAM, arguments, work.Folder, lost);
+      const Outcome listed = RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, work.Folder, lost);
       CHECK(listed.Status == 4);
       CHECK(Has(listed.Error, "standard output: "));
     }
     const Workplace other;
     const std::string arguments = "generate --project " + Quoted(other.Project) + " --dictionary " + other.Dictionary +
                                   " --profile outility.ini" + other.Toolbox + " " + Typical;
-    const Outcome made = RunProgram(FORMWIZARD_PROGRAM, arguments, other.Folder, lost);
+    const Outcome made = RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, other.Folder, lost);
     CHECK(made.Status == 1);
     CHECK(Has(made.Error, "Project1.vbp: the project was saved; after that: standard output: "));
-    CHECK(other.Files() == FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project"));
+    CHECK(other.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
   }
 }
 #endif
@@ -373,7 +377,7 @@ TEST_CASE("A dictionary is written to a file or to standard output, from which i
 }
 
 TEST_CASE("Forms speak the language that is asked for, in the code page of the project") {
-  const std::string library = Utf8(NativePath(FORMWIZARD_PROGRAM).parent_path() / "OstrelFormWizard");
+  const std::string library = Utf8(NativePath(BuiltProgram("ostrel-form-wizard")).parent_path() / "OstrelFormWizard");
   const Workplace work;
   for (const auto& [language, number] : {std::pair{"DEU", 1252}, std::pair{"FRA", 1252}, std::pair{"JPN", 932},
                                          std::pair{"KOR", 949}, std::pair{"CHS", 936}, std::pair{"CHT", 950}}) {

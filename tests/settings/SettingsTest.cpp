@@ -1,6 +1,7 @@
 #include "settings/Settings.h"
 
 #include "settings/Profile.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeProfile.h"
@@ -70,7 +71,7 @@ TEST_CASE("Documents and completions name every setting, the documents with its 
        {"README.md", "docs/man/ostrel-form-wizard.1", "packaging/completion/_ostrel-form-wizard",
         "packaging/completion/ostrel-form-wizard.bash"}) {
     CAPTURE(file);
-    const std::string text = ReadFile(FORMWIZARD_SOURCE_DIR "/" + file);
+    const std::string text = ReadFile(SourceFolder() + "/" + file);
     const auto has = [&](const std::string& pattern) { return std::regex_search(text, std::regex(pattern)); };
     for (const SettingKey& key : SettingKeys()) {
       const std::string name(key.Key);

@@ -1,6 +1,7 @@
 // Comparison with the checked-in expected texts.
 #pragma once
 
+#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -11,7 +12,7 @@
 namespace formwizard::tests {
 
 // The bytes of a file below tests/golden.
-inline std::string Golden(const std::string& name) { return ReadFile(FORMWIZARD_SOURCE_DIR "/tests/golden/" + name); }
+inline std::string Golden(const std::string& name) { return ReadFile(SourceFolder() + "/tests/golden/" + name); }
 
 // Two folders, as FilesIn gives them. Every file that differs is named.
 inline void CheckSameFiles(const std::map<std::string, std::string>& made,

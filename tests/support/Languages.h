@@ -1,6 +1,7 @@
 // The languages that are shipped: English and one for every file of texts.
 #pragma once
 
+#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -26,7 +27,7 @@ struct ShippedLanguage {
 
 inline std::vector<ShippedLanguage> ShippedLanguages() {
   std::vector<ShippedLanguage> languages{{"ENU", 1033}};
-  for (const auto& file : std::filesystem::directory_iterator(FORMWIZARD_SOURCE_DIR "/resources/satellites")) {
+  for (const auto& file : std::filesystem::directory_iterator(SourceFolder() + "/resources/satellites")) {
     if (file.path().extension() != ".rc") continue;
     const std::string text = ReadFile(file.path().string());
     int primary = 0, sub = 0;

@@ -1,6 +1,8 @@
 // A folder of its own for a test, gone afterwards. Paths as texts are UTF-8.
 #pragma once
 
+#include "tests/support/BuildTree.h"
+
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -67,7 +69,7 @@ inline std::map<std::string, std::string> FilesIn(const std::filesystem::path& f
 }
 
 inline void CopySample(const std::string& name, const std::string& to) {
-  std::filesystem::copy(NativePath(std::string(FORMWIZARD_SOURCE_DIR "/samples/") + name), NativePath(to),
+  std::filesystem::copy(NativePath(SourceFolder() + "/samples/" + name), NativePath(to),
                         std::filesystem::copy_options::recursive);
 }
 

@@ -1,5 +1,6 @@
 #include "adapters/native/NativeLibraries.h"
 
+#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -10,7 +11,7 @@ using namespace formwizard::tests;
 
 TEST_CASE("Texts of every language come out of the satellites whole, and cut to the size asked for") {
   const formwizard::adapters::native::NativeLibraries libraries;
-  const std::string stem = FORMWIZARD_SATELLITE_FOLDER "OstrelFormWizard";
+  const std::string stem = BuiltFolder() + "OstrelFormWizard";
   TemporaryFolder folder;
   WriteFile(folder / "Größe 項目/x.dll", ReadFile(stem + "DEU.dll"));
   const auto german = libraries.LoadAsData(folder / "Größe 項目/x.dll");

@@ -1,6 +1,7 @@
 #include "adapters/satellite/StringResources.h"
 #include "resources/StringTable.h"
 
+#include "tests/support/BuildTree.h"
 #include "tests/support/Languages.h"
 
 #include <doctest/doctest.h>
@@ -50,8 +51,7 @@ TEST_CASE("Every satellite has each text of the program, with the same placehold
   for (const ShippedLanguage& language : ShippedLanguages()) {
     if (language.Abbreviation == "ENU") continue;  // in the programs
     CAPTURE(language.Abbreviation);
-    const auto texts =
-        ReadStringTable(ReadFile(FORMWIZARD_SATELLITE_FOLDER "OstrelFormWizard" + language.Abbreviation + ".dll"));
+    const auto texts = ReadStringTable(ReadFile(BuiltFolder() + "OstrelFormWizard" + language.Abbreviation + ".dll"));
     REQUIRE(texts);
     std::vector<int> ids;
     for (const auto& entry : *texts) {

@@ -1,6 +1,7 @@
 #include "adapters/sqlite/Dictionary.h"
 
 #include "support/Failures.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -34,7 +35,7 @@ struct DictionaryFixture {
 
 bool IsRefused(auto call) { return ErrorNumberOf(call) == runtime::AutomationError; }
 
-const std::string Sample = ReadFile(FORMWIZARD_SOURCE_DIR "/samples/dictionary.json");
+const std::string Sample = ReadFile(SourceFolder() + "/samples/dictionary.json");
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "tests/adapters/vb6files/MemoryFileSystem.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -15,7 +16,7 @@ using namespace formwizard::tests;
 using generator::ide::ComponentType;
 using generator::ide::Int32;
 
-const std::string Samples = FORMWIZARD_SOURCE_DIR "/samples/";
+const std::string Samples = SourceFolder() + "/samples/";
 
 std::string FormText(const std::string& name) {
   return "VERSION 5.00\r\nBegin VB.Form " + name + " \r\nEnd\r\nAttribute VB_Name = \"" + name + "\"\r\n";

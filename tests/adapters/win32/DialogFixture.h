@@ -5,6 +5,7 @@
 #include "adapters/win32/Win32Desktop.h"
 #include "adapters/win32/Win32TextMeasure.h"
 #include "tests/adapters/win32/User.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/WizardFixture.h"
 
 #include <string>
@@ -37,7 +38,7 @@ struct DialogFixture {
                                    .Profiles = Fakes.Profile,
                                    .Factories = Fakes.Server,
                                    .Libraries = Texts,
-                                   .ProgramFolder = FORMWIZARD_SATELLITE_FOLDER}};
+                                   .ProgramFolder = BuiltFolder()}};
   wizard::frmWizard Dialog{Services, Fakes.Ide};
 
   void UseWizard(const std::function<void()>& work) {

@@ -2,6 +2,7 @@
 
 #include "adapters/com/Failures.h"
 #include "apps/addin-dll/Module.h"
+#include "tests/support/BuildTree.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -19,7 +20,7 @@ Function Export(HMODULE library, const char* name) {
 }  // namespace
 
 AddInLibrary::AddInLibrary() {
-  std::filesystem::copy_file(NativePath(FORMWIZARD_ADDIN), NativePath(Path()));
+  std::filesystem::copy_file(NativePath(BuiltFolder() + "OstrelFormWizard.dll"), NativePath(Path()));
   handle_ = ::LoadLibraryW(NativePath(Path()).c_str());
   if (!handle_) throw std::runtime_error("the library cannot be loaded");
 }

@@ -1,4 +1,5 @@
 #include "tests/apps/addin-dll/HostFixture.h"
+#include "tests/support/BuildTree.h"
 
 #include <sstream>
 
@@ -16,8 +17,8 @@ HostFixture::HostFixture(const std::string& dictionary, const std::function<void
   if (prepare) prepare(Home);
   Project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
       adapters::vb6files::RealFileSystem(), Home + "\\Project1.vbp",
-      adapters::vb6files::ProjectOptions{1252, FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini"});
-  std::istringstream json(dictionary.empty() ? ReadFile(FORMWIZARD_SOURCE_DIR "/samples/dictionary.json") : dictionary);
+      adapters::vb6files::ProjectOptions{1252, SourceFolder() + "/samples/toolbox.ini"});
+  std::istringstream json(dictionary.empty() ? ReadFile(SourceFolder() + "/samples/dictionary.json") : dictionary);
   adapters::sqlite::ImportDictionary(json, "dictionary.json", Folder / "d.sqlite");
   Server = std::make_unique<HostServer>(adapters::sqlite::OpenDictionary(Folder / "d.sqlite"));
   Environment = std::make_unique<HostEnvironment>(*Project, Window.Handle());

@@ -1,6 +1,7 @@
 // A click on the command, and the wizard used in its windows until the environment has a new form.
 #include "tests/apps/addin-dll/HostFixture.h"
 #include "tests/apps/addin-dll/Pictures.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
 
 #include <doctest/doctest.h>
@@ -123,7 +124,7 @@ TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the
     host.UseWizard(choose);
     CHECK(host.Project->IsChanged());
     host.Project->Save();
-    CheckSameFiles(FilesIn(NativePath(host.Home)), FilesIn(FORMWIZARD_SOURCE_DIR "/tests/golden/addin-project"));
+    CheckSameFiles(FilesIn(NativePath(host.Home)), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
     CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
   }
 }

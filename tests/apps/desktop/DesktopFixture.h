@@ -3,6 +3,7 @@
 
 #include "adapters/sqlite/Dictionary.h"
 #include "apps/desktop/MainWindow.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -58,10 +59,10 @@ struct DesktopFixture {
 
   explicit DesktopFixture(const std::string& language = "", int codePage = 1252) {
     CopySample("new-project", Home);
-    std::ifstream in(FORMWIZARD_SOURCE_DIR "/samples/dictionary.json");
+    std::ifstream in(SourceFolder() + "/samples/dictionary.json");
     adapters::sqlite::ImportDictionary(in, "dictionary.json", Folder / "d.sqlite");
     Window = std::make_unique<apps::desktop::MainWindow>(
-        apps::desktop::EnvironmentOptions{Profile, language, FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini", codePage});
+        apps::desktop::EnvironmentOptions{Profile, language, SourceFolder() + "/samples/toolbox.ini", codePage});
     Window->show();
     CHECK(Window->OpenProject(QString::fromStdString(Home + "/Project1.vbp")));
     CHECK(Window->OpenDictionary(QString::fromStdString(Folder / "d.sqlite")));
@@ -124,10 +125,10 @@ struct DesktopFixture {
     const std::string copy = Folder / "copy";
     CopySample("new-project", copy);
     WriteFile(Folder / "form.json", json);
-    const std::string command =
-        FORMWIZARD_PROGRAM " generate --project " + copy + "/Project1.vbp --dictionary " + (Folder / "d.sqlite") +
-        " --toolbox " FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini --profile " + (Folder / "other.ini") + " " + options +
-        " " + (Folder / "form.json") + " >" + (Folder / "out.txt") + " 2>&1";
+    const std::string command = BuiltProgram("ostrel-form-wizard") + " generate --project " + copy +
+                                "/Project1.vbp --dictionary " + (Folder / "d.sqlite") + " --toolbox " + SourceFolder() +
+                                "/samples/toolbox.ini --profile " + (Folder / "other.ini") + " " + options + " " +
+                                (Folder / "form.json") + " >" + (Folder / "out.txt") + " 2>&1";
     CHECK(std::system(command.c_str()) == 0);
     return FilesIn(copy);
   }

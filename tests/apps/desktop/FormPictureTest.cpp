@@ -1,6 +1,7 @@
 #include "apps/desktop/FormPicture.h"
 
 #include "support/Failures.h"
+#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -50,7 +51,7 @@ constexpr QRgb YellowPixel = 0xFFFFFF00;
 }  // namespace
 
 TEST_CASE("A generated form is drawn with its frame, menu bar and fields where its file says") {
-  const std::string golden = FORMWIZARD_SOURCE_DIR "/tests/golden/typical-project/frmPerson.frm";
+  const std::string golden = SourceFolder() + "/tests/golden/typical-project/frmPerson.frm";
   FormNode form = ReadFormFile(RealFileSystem(), golden, CodePage(1252)).Form;
   // 7230 x 2895 twips inside a fixed border of 3 pixels, below a title bar of 19 and a menu bar of 19.
   CHECK(PictureSize(form, 1) == QSize(482 + 6, 193 + 19 + 19 + 6));
@@ -157,7 +158,7 @@ TEST_CASE("However large a form says it is, its picture fits into memory") {
 
 TEST_CASE("A form becomes a PNG file, a damaged form or a folder that is not there is an error by name") {
   TemporaryFolder folder;
-  const std::string good = FORMWIZARD_SOURCE_DIR "/samples/library/frmAbout.frm";
+  const std::string good = SourceFolder() + "/samples/library/frmAbout.frm";
   RenderToFile(good, folder / "about.png", 1252);
   CHECK(QImageReader(QString::fromStdString(folder / "about.png")).size() == QSize(289 + 6, 129 + 25));
 

@@ -1,10 +1,14 @@
-#define DOCTEST_CONFIG_IMPLEMENT
-#include <doctest/doctest.h>
+#include "tests/support/BuildTree.h"
 
 #include <QApplication>
 
+#define DOCTEST_CONFIG_IMPLEMENT
+#include <doctest/doctest.h>
+
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" FORMWIZARD_SOURCE_DIR "/tests/apps/desktop/screen.json");
+  const std::string screen =
+      "offscreen:configfile=" + formwizard::tests::SourceFolder() + "/tests/apps/desktop/screen.json";
+  qputenv("QT_QPA_PLATFORM", screen.c_str());
   qputenv("LC_ALL", "C");
   const QApplication application(argc, argv);
   return doctest::Context(argc, argv).run();
