@@ -26,9 +26,8 @@ TEST_CASE("Every changing call is one line of JSON, in call order, with its erro
   form->Code()->InsertLines(Int32(3), "    x\r\n    y");
   form->SetName("frmA");
   form->Activate();
-  CHECK(
-      ide.Journal() ==
-      R"({"call":"AddToolboxProgID","progId":"X","error":{"number":363,"description":"refused"}}
+  CHECK(ide.Journal() ==
+        R"({"call":"AddToolboxProgID","progId":"X","error":{"number":363,"description":"refused"}}
 {"call":"VBComponents.Add","type":5,"name":"Form1"}
 {"call":"VBComponent.Properties","name":"ControlBox","type":"Boolean","value":true}
 {"call":"VBComponent.Properties","name":"Height","type":"Long","value":3275}
