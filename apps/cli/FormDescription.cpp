@@ -24,10 +24,11 @@ using support::InputError;
 constexpr std::size_t LargestDescription = std::size_t{16} << 20U;  // bytes
 constexpr int DeepestDescription = 16;
 
-// A value of the description and the path that leads to it, for messages.
+// A value of the description and where it stands, for messages: "FILE: fields[0].rows".
 class Value {
  public:
-  Value(const Json& json, std::string path) : json_(json), path_(std::move(path)) {}
+  Value(const Json& json, std::string place, bool isRoot = false)
+      : json_(json), path_(std::move(place)), separator_(isRoot ? ": " : ".") {}
 
   [[noreturn]] void Fail(const std::string& expected) const {
     throw InputError(path_ + ": expected " + expected + ", found " + Shown());
@@ -44,7 +45,7 @@ class Value {
   std::optional<Value> Member(const std::string& name) const {
     const auto found = json_.find(name);
     if (found == json_.end()) return std::nullopt;
-    return Value(*found, path_ + (path_.ends_with(": ") ? "" : ".") + name);
+    return Value(*found, path_ + separator_ + name);
   }
   Value Required(const std::string& name) const {
     const std::optional<Value> member = Member(name);
@@ -109,6 +110,7 @@ class Value {
 
   const Json& json_;
   std::string path_;
+  const char* separator_;  // between this place and a member's name
 };
 
 FieldChoice ReadField(const Value& value) {
@@ -226,7 +228,7 @@ FormDescription ReadFormDescription(const std::string& file) {
   const std::string name = NameOf(file);
   CheckJson(text, name);
   const Json json = Json::parse(text);
-  return ReadDescription(Value(json, name + ": "), name);
+  return ReadDescription(Value(json, name, true), name);
 }
 
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {

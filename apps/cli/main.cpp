@@ -167,7 +167,7 @@ int Run(int argc, char** argv, Command& command) {
     return EndOfParsing(app, end);
   }
   // A listing ends quietly with whoever reads it, as listings do; a command that saves says how it ended.
-  if (command.Saves) common::SurviveBrokenPipes();
+  if (command.Saves) common::SurviveFailedWrites();
   const int status = command.Do();
   common::FlushOutput();
   return status;

@@ -34,7 +34,8 @@ std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer();
 // console shows them as UTF-8. A stream that the caller has closed fails, and no file that is opened takes its place.
 std::shared_ptr<void> UseStandardStreams();
 
-// From now on, writing to a pipe that nobody reads any more fails, instead of ending the program.
-void SurviveBrokenPipes();
+// From now on, writing to a pipe that nobody reads any more, or more than a file may hold, fails instead of ending the
+// program.
+void SurviveFailedWrites();
 
 }  // namespace formwizard::apps::common

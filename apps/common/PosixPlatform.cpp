@@ -67,6 +67,8 @@ std::shared_ptr<void> UseStandardStreams() {
   return nullptr;
 }
 
-void SurviveBrokenPipes() { static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); }
+void SurviveFailedWrites() {
+  for (const int end : {SIGPIPE, SIGXFSZ}) static_cast<void>(std::signal(end, SIG_IGN));
+}
 
 }  // namespace formwizard::apps::common

@@ -90,6 +90,6 @@ std::shared_ptr<void> UseStandardStreams() {
   return {nullptr, [before](void*) { ::SetConsoleOutputCP(before); }};
 }
 
-void SurviveBrokenPipes() {}  // as it is on this system
+void SurviveFailedWrites() {}  // as it is on this system
 
 }  // namespace formwizard::apps::common
