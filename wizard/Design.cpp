@@ -12,13 +12,7 @@ void frmWizard::Design() {
   for (std::size_t i = 0; i < frmStep.size(); ++i) {
     Add(frmStep[i], {"frmStep", nullptr, 3240, 0, 5760, 4695, ""});
   }
-  DesignFirstSteps();
-  DesignPropertiesStep();
-  DesignAttributesStep();
-  ui::Frame* finish = &frmStep[5];
-  Add(lblStep5_1, {"lblStep5_1", finish, 120, 360, 5520, 255, "119,12"});
-  Add(lblStep5_2, {"lblStep5_2", finish, 120, 1080, 5520, 1200, "120"});
-  Add(lblStep5_3, {"lblStep5_3", finish, 120, 2520, 5520, 600, "121"});
+  for (std::size_t i = 0; i < frmStep.size(); ++i) (this->*Steps[i].Design)(frmStep[i]);
 
   Add(frmCommand, {"frmCommand", nullptr, 240, 4815, 8580, 420, ""});
   Add(cmdBack, {"cmdBack", &frmCommand, 3060, 0, 1350, 375, "51"});
@@ -30,32 +24,34 @@ void frmWizard::Design() {
   cmdCancel.Cancel = true;
 }
 
-void frmWizard::DesignFirstSteps() {
-  ui::Frame* welcome = &frmStep[0];
-  Add(lblStep1_1, {"lblStep1_1", welcome, 120, 360, 5520, 375, "100,14"});
-  Add(lblStep1_2, {"lblStep1_2", welcome, 120, 1080, 5520, 2400, "101"});
-  ui::Frame* connection = &frmStep[1];
-  Add(lblStep2A_1, {"lblStep2A_1", connection, 120, 120, 5520, 420, "102"});
-  Add(tvwConnection, {"tvwConnection", connection, 120, 600, 5520, 3975, ""});
-  ui::Frame* classes = &frmStep[2];
-  Add(lblStep2_1, {"lblStep2_1", classes, 120, 120, 5520, 255, "104"});
-  Add(lblStep2_2, {"lblStep2_2", classes, 120, 480, 5520, 255, "105"});
-  Add(tvwClasses, {"tvwClasses", classes, 120, 750, 5520, 3825, ""});
+void frmWizard::DesignWelcome(ui::Frame& step) {
+  Add(lblStep1_1, {"lblStep1_1", &step, 120, 360, 5520, 375, "100,14"});
+  Add(lblStep1_2, {"lblStep1_2", &step, 120, 1080, 5520, 2400, "101"});
 }
 
-void frmWizard::DesignPropertiesStep() {
-  ui::Frame* properties = &frmStep[3];
-  Add(lblStep3_1, {"lblStep3_1", properties, 120, 120, 5520, 630, "106"});
-  Add(lblStep3_2, {"lblStep3_2", properties, 120, 840, 2340, 255, "108"});
-  Add(tvwAttributes, {"tvwAttributes", properties, 120, 1110, 2340, 3465, ""});
-  Add(cmdSelectOne, {"cmdSelectOne", properties, 2580, 1530, 480, 345, "^140"});
-  Add(cmdSelectAll, {"cmdSelectAll", properties, 2580, 1950, 480, 345, "^141"});
-  Add(cmdDeSelectOne, {"cmdDeSelectOne", properties, 2580, 2490, 480, 345, "^142"});
-  Add(cmdDeSelectAll, {"cmdDeSelectAll", properties, 2580, 2910, 480, 345, "^143"});
-  Add(lblStep3_3, {"lblStep3_3", properties, 3180, 840, 2100, 255, "109"});
-  Add(lstSelected, {"lstSelected", properties, 3180, 1110, 1980, 3465, ""});
-  Add(cmdMoveUp, {"cmdMoveUp", properties, 5220, 1950, 420, 345, "^144"});
-  Add(cmdMoveDown, {"cmdMoveDown", properties, 5220, 2490, 420, 345, "^145"});
+void frmWizard::DesignConnection(ui::Frame& step) {
+  Add(lblStep2A_1, {"lblStep2A_1", &step, 120, 120, 5520, 420, "102"});
+  Add(tvwConnection, {"tvwConnection", &step, 120, 600, 5520, 3975, ""});
+}
+
+void frmWizard::DesignClass(ui::Frame& step) {
+  Add(lblStep2_1, {"lblStep2_1", &step, 120, 120, 5520, 255, "104"});
+  Add(lblStep2_2, {"lblStep2_2", &step, 120, 480, 5520, 255, "105"});
+  Add(tvwClasses, {"tvwClasses", &step, 120, 750, 5520, 3825, ""});
+}
+
+void frmWizard::DesignProperties(ui::Frame& step) {
+  Add(lblStep3_1, {"lblStep3_1", &step, 120, 120, 5520, 630, "106"});
+  Add(lblStep3_2, {"lblStep3_2", &step, 120, 840, 2340, 255, "108"});
+  Add(tvwAttributes, {"tvwAttributes", &step, 120, 1110, 2340, 3465, ""});
+  Add(cmdSelectOne, {"cmdSelectOne", &step, 2580, 1530, 480, 345, "^140"});
+  Add(cmdSelectAll, {"cmdSelectAll", &step, 2580, 1950, 480, 345, "^141"});
+  Add(cmdDeSelectOne, {"cmdDeSelectOne", &step, 2580, 2490, 480, 345, "^142"});
+  Add(cmdDeSelectAll, {"cmdDeSelectAll", &step, 2580, 2910, 480, 345, "^143"});
+  Add(lblStep3_3, {"lblStep3_3", &step, 3180, 840, 2100, 255, "109"});
+  Add(lstSelected, {"lstSelected", &step, 3180, 1110, 1980, 3465, ""});
+  Add(cmdMoveUp, {"cmdMoveUp", &step, 5220, 1950, 420, 345, "^144"});
+  Add(cmdMoveDown, {"cmdMoveDown", &step, 5220, 2490, 420, 345, "^145"});
   cmdSelectOne.Caption = ">";
   cmdSelectAll.Caption = ">>";
   cmdDeSelectOne.Caption = "<";
@@ -64,34 +60,48 @@ void frmWizard::DesignPropertiesStep() {
   cmdMoveDown.Caption = "\u25BC";
 }
 
-void frmWizard::DesignAttributesStep() {
-  ui::Frame* attributes = &frmStep[4];
-  Add(lblStep4_1, {"lblStep4_1", attributes, 120, 120, 5520, 840, "107"});
-  Add(lblStep4_2, {"lblStep4_2", attributes, 120, 1080, 2340, 255, "109"});
-  Add(lstFields, {"lstFields", attributes, 120, 1335, 2340, 3240, ""});
-  constexpr std::array titles{"110", "111", "113", "112", "122"};
-  for (std::size_t i = 0; i < frmProperty.size(); ++i) {
+void frmWizard::DesignAttributes(ui::Frame& step) {
+  Add(lblStep4_1, {"lblStep4_1", &step, 120, 120, 5520, 840, "107"});
+  Add(lblStep4_2, {"lblStep4_2", &step, 120, 1080, 2340, 255, "109"});
+  Add(lstFields, {"lstFields", &step, 120, 1335, 2340, 3240, ""});
+  for (std::size_t i = 0; i < Panels.size(); ++i) {
     ui::Frame* panel = &frmProperty[i];
-    Add(*panel, {"frmProperty", attributes, 2660, 1080, 2980, 3495, titles[i]});
+    Add(*panel, {"frmProperty", &step, 2660, 1080, 2980, 3495, Panels[i].Title});
     Add(lblCaption[i], {"lblCaption", panel, 150, 330, 2700, 225, "114"});
     Add(txtCaption[i], {"txtCaption", panel, 150, 570, 2680, 300, ""});
-    if (i < FirstPanelWithRows) continue;
-    Add(lblRowHeight[i], {"lblRowHeight", panel, 150, 1050, 2700, 225, "117"});
-    Add(txtRowHeight[i], {"txtRowHeight", panel, 150, 1290, 900, 300, ""});
+    (this->*Panels[i].Design)(i);
   }
-  ui::Frame* simple = &frmProperty[0];
-  Add(chkReadOnly, {"chkReadOnly", simple, 150, 1050, 2700, 255, "115"});
-  Add(lblUpdateAfter, {"lblUpdateAfter", simple, 150, 1440, 2700, 225, "116"});
-  Add(lstUpdateAfter, {"lstUpdateAfter", simple, 150, 1680, 2680, 315, ""});
+}
+
+void frmWizard::DesignReadOnly(std::size_t panel) {
+  ui::Frame* frame = &frmProperty[panel];
+  Add(chkReadOnly, {"chkReadOnly", frame, 150, 1050, 2700, 255, "115"});
+  Add(lblUpdateAfter, {"lblUpdateAfter", frame, 150, 1440, 2700, 225, "116"});
+  Add(lstUpdateAfter, {"lstUpdateAfter", frame, 150, 1680, 2680, 315, ""});
   lblUpdateAfter.Enabled = false;  // until the field is made read-only
   lstUpdateAfter.Enabled = false;
-  ui::Frame* reference = &frmProperty[1];
-  Add(chkRefCombo, {"chkRefCombo", reference, 150, 990, 2700, 420, "118"});
-  Add(lblComboMsg, {"lblComboMsg", reference, 150, 1500, 2700, 225, "603"});
-  Add(lblComboQuery, {"lblComboQuery", reference, 150, 1830, 2700, 225, "601"});
-  Add(lstQueryName, {"lstQueryName", reference, 150, 2070, 2680, 315, ""});
-  Add(lblComboColumn, {"lblComboColumn", reference, 150, 2490, 2700, 225, "602"});
-  Add(lstQueryColumn, {"lstQueryColumn", reference, 150, 2730, 2680, 315, ""});
+}
+
+void frmWizard::DesignRefCombo(std::size_t panel) {
+  ui::Frame* frame = &frmProperty[panel];
+  Add(chkRefCombo, {"chkRefCombo", frame, 150, 990, 2700, 420, "118"});
+  Add(lblComboMsg, {"lblComboMsg", frame, 150, 1500, 2700, 225, "603"});
+  Add(lblComboQuery, {"lblComboQuery", frame, 150, 1830, 2700, 225, "601"});
+  Add(lstQueryName, {"lstQueryName", frame, 150, 2070, 2680, 315, ""});
+  Add(lblComboColumn, {"lblComboColumn", frame, 150, 2490, 2700, 225, "602"});
+  Add(lstQueryColumn, {"lstQueryColumn", frame, 150, 2730, 2680, 315, ""});
+}
+
+void frmWizard::DesignRowHeight(std::size_t panel) {
+  ui::Frame* frame = &frmProperty[panel];
+  Add(lblRowHeight[panel], {"lblRowHeight", frame, 150, 1050, 2700, 225, "117"});
+  Add(txtRowHeight[panel], {"txtRowHeight", frame, 150, 1290, 900, 300, ""});
+}
+
+void frmWizard::DesignFinish(ui::Frame& step) {
+  Add(lblStep5_1, {"lblStep5_1", &step, 120, 360, 5520, 255, "119,12"});
+  Add(lblStep5_2, {"lblStep5_2", &step, 120, 1080, 5520, 1200, "120"});
+  Add(lblStep5_3, {"lblStep5_3", &step, 120, 2520, 5520, 600, "121"});
 }
 
 }  // namespace formwizard::wizard

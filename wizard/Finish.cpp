@@ -52,6 +52,11 @@ void frmWizard::cmdFinish_Click() {
       [&] { SetBusy(false); });
 }
 
+void frmWizard::EnterFinish() {
+  // In the caption as it stands: once replaced, a later visit keeps showing the first class.
+  lblStep5_2.Caption = runtime::ReplaceAll(lblStep5_2.Caption, "%S1", selectedClass_ ? selectedClass_->Text.Get() : "");
+}
+
 void frmWizard::FreezeButtons() {
   isGenerating_ = true;
   cmdCancel.Enabled = false;

@@ -9,14 +9,45 @@ namespace {
 
 namespace kind = model::kind;
 
-// The panel that edits a kind; any other kind shows the first one.
-std::size_t PanelOf(Int16 fieldKind) {
-  constexpr std::array<std::size_t, 9> panels{0, 0, 0, 1, 1, 2, 2, 3, 4};
-  const int code = fieldKind.Value();
-  return code >= 1 && code <= 8 ? panels[static_cast<std::size_t>(code)] : 0;
+}  // namespace
+
+// One row a panel.
+constexpr std::array<frmWizard::Panel, frmWizard::PanelCount> frmWizard::Panels{{
+    {"110", kind::TextBox, kind::ReadOnlyLabel, &frmWizard::DesignReadOnly},
+    {"111", kind::ReferenceLabel, kind::ReferenceCombo, &frmWizard::DesignRefCombo},
+    {"113", kind::ListBox, kind::ListView, &frmWizard::DesignRowHeight},
+    {"112", kind::Picture, kind::Picture, &frmWizard::DesignRowHeight},
+    {"122", kind::MultiLine, kind::MultiLine, &frmWizard::DesignRowHeight},
+}};
+
+void frmWizard::ConnectAttributesEvents() {
+  lstFields.OnClick = Guarded([this] { lstFields_Click(); });
+  chkReadOnly.OnClick = Guarded([this] { chkReadOnly_Click(); });
+  chkRefCombo.OnClick = Guarded([this] { chkRefCombo_Click(); });
+  lstUpdateAfter.OnClick = Guarded([this] { lstUpdateAfter_Click(); });
+  lstQueryName.OnClick = Guarded([this] { lstQueryName_Click(); });
+  lstQueryColumn.OnClick = Guarded([this] { lstQueryColumn_Click(); });
+  for (std::size_t panel = 0; panel < txtCaption.size(); ++panel) {
+    txtCaption[panel].Change = Guarded([this, panel] {
+      if (model::FieldRecord* field = CurrentField()) field->Caption = txtCaption[panel].Text();
+    });
+    txtRowHeight[panel].Change = Guarded([this, panel] { txtRowHeight_Change(panel); });
+  }
 }
 
-}  // namespace
+void frmWizard::EnterAttributes() {
+  PopulateFields();
+  chkReadOnly.SetValue(0);
+  if (lstFields.ListCount() > 0) lstFields.SetListIndex(0);
+}
+
+// Any other kind shows the first panel.
+std::size_t frmWizard::PanelOf(Int16 fieldKind) {
+  static_assert(std::ranges::all_of(Panels, [](const Panel& panel) { return panel.Design != nullptr; }));
+  const auto found = std::ranges::find_if(
+      Panels, [&](const Panel& panel) { return fieldKind >= panel.FirstKind && fieldKind <= panel.LastKind; });
+  return found == Panels.end() ? 0 : static_cast<std::size_t>(found - Panels.begin());
+}
 
 std::size_t frmWizard::FrontPanel() const {
   const auto front = std::ranges::find_if(frmProperty, [](const ui::Frame& panel) { return panel.Visible.Get(); });
@@ -48,7 +79,7 @@ void frmWizard::lstFields_Click() {
     ShowChoice(chkReadOnly, field.FieldKind == kind::ReadOnlyLabel);
   } else if (field.FieldKind == kind::ReferenceLabel || field.FieldKind == kind::ReferenceCombo) {
     ShowChoice(chkRefCombo, field.FieldKind == kind::ReferenceCombo);
-  } else if (panel >= FirstPanelWithRows) {
+  } else if (HasRows(panel)) {
     txtRowHeight[panel].SetText(runtime::Text(field.RowCount));
   }
   txtCaption[panel].SetText(field.Caption);

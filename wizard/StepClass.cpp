@@ -3,6 +3,28 @@
 
 namespace formwizard::wizard {
 
+void frmWizard::ConnectClassEvents() {
+  tvwClasses.NodeClick = Guarded([this](ui::Node& node) { tvwClasses_NodeClick(node); });
+  tvwClasses.OnClick = Guarded([this] {
+    if (ui::Node* node = tvwClasses.SelectedItem) tvwClasses_NodeClick(*node);
+  });
+  tvwClasses.MouseDown = [this](float x, float y) {
+    classesX_ = x;
+    classesY_ = y;
+  };
+  tvwClasses.DblClick = Guarded([this] { tvwClasses_DblClick(); });
+}
+
+void frmWizard::EnterClass() {
+  if (!populatedClass_.empty()) {
+    Allow(cmdNext, selectedClass_ && IsClass(*selectedClass_));
+    return;
+  }
+  ClearClassList();  // it may be another system's
+  LoadSettings();
+  PopulateClassList();
+}
+
 // Only packages have a key.
 bool frmWizard::IsClass(const ui::Node& node) { return node.Key().empty(); }
 

@@ -11,6 +11,29 @@ constexpr std::string_view RememberedSystemKey = "LastConnect";
 
 }  // namespace
 
+void frmWizard::ConnectConnectionEvents() {
+  tvwConnection.NodeClick = Guarded([this](ui::Node& node) { StatusMessage(node.Tag); });
+  tvwConnection.DblClick = Guarded([this] {
+    services_.Desktop.ProcessMessages();
+    cmdNext.Click();
+  });
+}
+
+void frmWizard::EnterConnection() {
+  if (tvwConnection.Nodes.Count() == 0) PopulateConnection();
+}
+
+bool frmWizard::LeaveConnection() {
+  const ui::Node* selected = tvwConnection.SelectedItem;
+  if (!selected) {
+    // An empty list has no system to connect to.
+    barStatus.Panels[1] = "";
+  } else if (barStatus.Panels[1].Get() != selected->Text.Get()) {
+    ConnectToSystem();
+  }
+  return IsConnected();
+}
+
 void frmWizard::PopulateConnection() {
   support::LeaveOnError(report_, "PopulateConnection", [&] {
     std::string none;

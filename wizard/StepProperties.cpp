@@ -79,6 +79,34 @@ void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, 
 
 }  // namespace
 
+void frmWizard::ConnectPropertiesEvents() {
+  tvwAttributes.Expand = Guarded([this](ui::Node& node) { tvwAttributes_Expand(node); });
+  tvwAttributes.DblClick = Guarded([this] { tvwAttributes_DblClick(); });
+  lstSelected.DblClick = Guarded([this] { cmdDeSelectOne_Click(); });
+  cmdSelectOne.OnClick = Guarded([this] {
+    if (ui::Node* node = tvwAttributes.SelectedItem) SelectProperty(*node);
+  });
+  cmdSelectAll.OnClick = Guarded([this] { cmdSelectAll_Click(); });
+  cmdDeSelectOne.OnClick = Guarded([this] { cmdDeSelectOne_Click(); });
+  cmdDeSelectAll.OnClick = Guarded([this] { cmdDeSelectAll_Click(); });
+  cmdMoveUp.OnClick = Guarded([this] { MoveSelected(-1); });
+  cmdMoveDown.OnClick = Guarded([this] { MoveSelected(+1); });
+}
+
+void frmWizard::EnterProperties() {
+  if (!selectedClass_) runtime::Raise(runtime::ObjectVariableNotSet);
+  if (selectedClass_->Tag != populatedClass_) {
+    tvwAttributes.Nodes.Clear();
+    lstSelected.Clear();
+    lstFields.Clear();  // the records of its entries no longer exist
+    services_.Desktop.ProcessMessages();
+    Model().ResetFieldRecords();
+    PopulateAttributeList(nullptr, selectedClass_->Tag, false);
+    populatedClass_ = selectedClass_->Tag;
+  }
+  if (lstSelected.ListCount() == 0) Allow(cmdNext, false);
+}
+
 std::string frmWizard::ConvertKeyNameToIntName(std::string_view name) {
   return runtime::ReplaceAll(runtime::ReplaceAll(name, ".", ""), "%", "sys_");
 }

@@ -5,22 +5,40 @@
 #include "support/Busy.h"
 #include "support/Pieces.h"
 
+#include <algorithm>
+
 namespace formwizard::wizard {
-namespace {
 
-// The last step leaves the picture as it is.
-Int16 PictureOf(Int16 step, Int16 current) {
-  if (step == step::Finish) return current;
-  return step == step::Connection || step == step::Properties ? Int16(1) : Int16(2);
-}
-
-}  // namespace
+// One row a step, in their order.
+constexpr std::array<frmWizard::Step, LastStep> frmWizard::Steps{{
+    {.Picture = Int16(2), .Design = &frmWizard::DesignWelcome},
+    {.Picture = Int16(1),
+     .Design = &frmWizard::DesignConnection,
+     .ConnectEvents = &frmWizard::ConnectConnectionEvents,
+     .Enter = &frmWizard::EnterConnection,
+     .Leave = &frmWizard::LeaveConnection},
+    {.Picture = Int16(2),
+     .Design = &frmWizard::DesignClass,
+     .ConnectEvents = &frmWizard::ConnectClassEvents,
+     .Enter = &frmWizard::EnterClass},
+    {.Picture = Int16(1),
+     .Design = &frmWizard::DesignProperties,
+     .ConnectEvents = &frmWizard::ConnectPropertiesEvents,
+     .Enter = &frmWizard::EnterProperties},
+    {.Picture = Int16(2),
+     .MayFinish = true,
+     .Design = &frmWizard::DesignAttributes,
+     .ConnectEvents = &frmWizard::ConnectAttributesEvents,
+     .Enter = &frmWizard::EnterAttributes},
+    {.MayFinish = true, .Design = &frmWizard::DesignFinish, .Enter = &frmWizard::EnterFinish},
+}};
 
 frmWizard::frmWizard(WizardServices& services, generator::ide::Vbe& environment)
     : ui::Form(services.Desktop),
       services_(services),
       environment_(environment),
       report_(services_.Desktop, services_.Strings) {
+  static_assert(std::ranges::all_of(Steps, [](const Step& step) { return step.Design != nullptr; }));
   Design();
   ConnectEvents();
 }
@@ -31,45 +49,8 @@ void frmWizard::ConnectEvents() {
   cmdFinish.OnClick = Guarded([this] { cmdFinish_Click(); });
   cmdCancel.OnClick = Guarded([this] { cmdCancel_Click(); });
   cmdSettings.OnClick = Guarded([this] { cmdSettings_Click(); });
-
-  tvwConnection.NodeClick = Guarded([this](ui::Node& node) { StatusMessage(node.Tag); });
-  tvwConnection.DblClick = Guarded([this] {
-    services_.Desktop.ProcessMessages();
-    cmdNext.Click();
-  });
-  tvwClasses.NodeClick = Guarded([this](ui::Node& node) { tvwClasses_NodeClick(node); });
-  tvwClasses.OnClick = Guarded([this] {
-    if (ui::Node* node = tvwClasses.SelectedItem) tvwClasses_NodeClick(*node);
-  });
-  tvwClasses.MouseDown = [this](float x, float y) {
-    classesX_ = x;
-    classesY_ = y;
-  };
-  tvwClasses.DblClick = Guarded([this] { tvwClasses_DblClick(); });
-
-  tvwAttributes.Expand = Guarded([this](ui::Node& node) { tvwAttributes_Expand(node); });
-  tvwAttributes.DblClick = Guarded([this] { tvwAttributes_DblClick(); });
-  lstSelected.DblClick = Guarded([this] { cmdDeSelectOne_Click(); });
-  cmdSelectOne.OnClick = Guarded([this] {
-    if (ui::Node* node = tvwAttributes.SelectedItem) SelectProperty(*node);
-  });
-  cmdSelectAll.OnClick = Guarded([this] { cmdSelectAll_Click(); });
-  cmdDeSelectOne.OnClick = Guarded([this] { cmdDeSelectOne_Click(); });
-  cmdDeSelectAll.OnClick = Guarded([this] { cmdDeSelectAll_Click(); });
-  cmdMoveUp.OnClick = Guarded([this] { MoveSelected(-1); });
-  cmdMoveDown.OnClick = Guarded([this] { MoveSelected(+1); });
-
-  lstFields.OnClick = Guarded([this] { lstFields_Click(); });
-  chkReadOnly.OnClick = Guarded([this] { chkReadOnly_Click(); });
-  chkRefCombo.OnClick = Guarded([this] { chkRefCombo_Click(); });
-  lstUpdateAfter.OnClick = Guarded([this] { lstUpdateAfter_Click(); });
-  lstQueryName.OnClick = Guarded([this] { lstQueryName_Click(); });
-  lstQueryColumn.OnClick = Guarded([this] { lstQueryColumn_Click(); });
-  for (std::size_t panel = 0; panel < txtCaption.size(); ++panel) {
-    txtCaption[panel].Change = Guarded([this, panel] {
-      if (model::FieldRecord* field = CurrentField()) field->Caption = txtCaption[panel].Text();
-    });
-    txtRowHeight[panel].Change = Guarded([this, panel] { txtRowHeight_Change(panel); });
+  for (const Step& step : Steps) {
+    if (step.ConnectEvents) (this->*step.ConnectEvents)();
   }
 }
 
@@ -89,7 +70,7 @@ void frmWizard::Form_Load() {
   SetToolTips();
   ShowComboSpecification(false);
   readyText_ = Text(407);
-  SetStep(step::Welcome);
+  SetStep(Int16(1));
   InitStep();
 }
 
@@ -133,18 +114,19 @@ void frmWizard::MoveStep(Int16 delta) {
   currentStep_ = currentStep_ + delta;
   ui::ShowOnly(frmStep, static_cast<std::size_t>(currentStep_.Value()) - 1);
   services_.Desktop.ProcessMessages();  // the new panel paints before any slow entry work
-  picMain.Picture = PictureOf(currentStep_, picMain.Picture);
-  Allow(cmdFinish, currentStep_ >= step::Attributes);
-  cmdFinish.Default = currentStep_ == step::Finish;
-  Allow(cmdNext, currentStep_ != step::Finish);
-  cmdNext.Default = currentStep_ != step::Finish;
-  Allow(cmdBack, currentStep_ != step::Welcome);
-  Caption = Text(54) + runtime::Text(currentStep_) + Text(55) + "6";
+  const bool isLast = currentStep_ == Int16(LastStep);
+  const Step& step = CurrentStepRow();
+  if (step.Picture != Int16(0)) picMain.Picture = step.Picture;
+  Allow(cmdFinish, step.MayFinish);
+  cmdFinish.Default = isLast;
+  Allow(cmdNext, !isLast);
+  cmdNext.Default = !isLast;
+  Allow(cmdBack, currentStep_ != Int16(1));
+  Caption = Text(54) + runtime::Text(currentStep_) + Text(55) + std::to_string(LastStep);
 }
 
 void frmWizard::cmdNext_Click() {
-  LeaveStep();
-  if (currentStep_ == step::Connection && !IsConnected()) return;
+  if (!LeaveStep()) return;
   MoveStep(Int16(1));
   InitStep();
 }
@@ -162,59 +144,15 @@ void frmWizard::cmdSettings_Click() {
   services_.Desktop.ShowModal(*settingsDialog_, this);
 }
 
-void frmWizard::LeaveStep() {
-  if (currentStep_ != step::Connection) return;
-  const ui::Node* selected = tvwConnection.SelectedItem;
-  if (!selected) {
-    // An empty list has no system to connect to; the step is not left.
-    barStatus.Panels[1] = "";
-    return;
-  }
-  if (barStatus.Panels[1].Get() != selected->Text.Get()) ConnectToSystem();
+bool frmWizard::LeaveStep() {
+  const Step& step = CurrentStepRow();
+  return !step.Leave || (this->*step.Leave)();
 }
 
 void frmWizard::InitStep() {
-  if (currentStep_ == step::Connection && tvwConnection.Nodes.Count() == 0) PopulateConnection();
-  if (currentStep_ == step::Class) EnterClassStep();
-  if (currentStep_ == step::Properties) EnterPropertiesStep();
-  if (currentStep_ == step::Attributes) EnterAttributesStep();
-  if (currentStep_ == step::Finish) EnterFinishStep();
+  const Step& step = CurrentStepRow();
+  if (step.Enter) (this->*step.Enter)();
   StatusMessage(readyText_);
-}
-
-void frmWizard::EnterClassStep() {
-  if (!populatedClass_.empty()) {
-    Allow(cmdNext, selectedClass_ && IsClass(*selectedClass_));
-    return;
-  }
-  ClearClassList();  // it may be another system's
-  LoadSettings();
-  PopulateClassList();
-}
-
-void frmWizard::EnterPropertiesStep() {
-  if (!selectedClass_) runtime::Raise(runtime::ObjectVariableNotSet);
-  if (selectedClass_->Tag != populatedClass_) {
-    tvwAttributes.Nodes.Clear();
-    lstSelected.Clear();
-    lstFields.Clear();  // the records of its entries no longer exist
-    services_.Desktop.ProcessMessages();
-    Model().ResetFieldRecords();
-    PopulateAttributeList(nullptr, selectedClass_->Tag, false);
-    populatedClass_ = selectedClass_->Tag;
-  }
-  if (lstSelected.ListCount() == 0) Allow(cmdNext, false);
-}
-
-void frmWizard::EnterAttributesStep() {
-  PopulateFields();
-  chkReadOnly.SetValue(0);
-  if (lstFields.ListCount() > 0) lstFields.SetListIndex(0);
-}
-
-void frmWizard::EnterFinishStep() {
-  // In the caption as it stands: once replaced, a later visit keeps showing the first class.
-  lblStep5_2.Caption = runtime::ReplaceAll(lblStep5_2.Caption, "%S1", selectedClass_ ? selectedClass_->Text.Get() : "");
 }
 
 }  // namespace formwizard::wizard

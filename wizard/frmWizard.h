@@ -19,16 +19,7 @@ namespace formwizard::wizard {
 using runtime::Int16;
 using runtime::Int32;
 
-// The steps by number.
-namespace step {
-inline constexpr Int16 Welcome(1);
-inline constexpr Int16 Connection(2);
-inline constexpr Int16 Class(3);
-inline constexpr Int16 Properties(4);
-inline constexpr Int16 Attributes(5);
-inline constexpr Int16 Finish(6);
-}  // namespace step
-inline constexpr std::size_t LastStep = 6;
+inline constexpr std::size_t LastStep = 6;  // steps count from 1
 
 // The record index at the start of a node's key: "12key" gives 12.
 Int16 RecordIndexOf(const ui::Node& node);
@@ -56,13 +47,13 @@ class frmWizard : public ui::Form {
   ui::ListBox lstSelected;  // item data: record index
   ui::CommandButton cmdSelectOne, cmdSelectAll, cmdDeSelectOne, cmdDeSelectAll, cmdMoveUp, cmdMoveDown;
 
-  // Attributes, by panel: 0 simple, 1 reference, 2 list and array, 3 picture, 4 multi-line text
-  static constexpr std::size_t FirstPanelWithRows = 2;
+  // Attributes, by panel
+  static constexpr std::size_t PanelCount = 5;
   ui::Label lblStep4_1, lblStep4_2;
   ui::ListBox lstFields;  // item data: record index
-  std::array<ui::Frame, 5> frmProperty;
-  std::array<ui::Label, 5> lblCaption, lblRowHeight;
-  std::array<ui::TextBox, 5> txtCaption, txtRowHeight;  // row heights from FirstPanelWithRows on
+  std::array<ui::Frame, PanelCount> frmProperty;
+  std::array<ui::Label, PanelCount> lblCaption, lblRowHeight;
+  std::array<ui::TextBox, PanelCount> txtCaption, txtRowHeight;
   ui::CheckBox chkReadOnly, chkRefCombo;
   ui::Label lblUpdateAfter, lblComboMsg, lblComboQuery, lblComboColumn;
   ui::ComboBox lstUpdateAfter;  // item data: record index
@@ -78,7 +69,7 @@ class frmWizard : public ui::Form {
   void SetStep(Int16 step);
   void MoveStep(Int16 delta);  // shows another step; does not run its entry work
   void InitStep();             // entry work of the current step
-  void LeaveStep();            // exit work of the current step
+  bool LeaveStep();            // exit work of the current step; false when the user has to stay
   void PopulateFields();
   // The name of a property as the base of a control name: "." removed, "%" replaced by "sys_".
   static std::string ConvertKeyNameToIntName(std::string_view name);
@@ -87,6 +78,8 @@ class frmWizard : public ui::Form {
   bool IsConnected() const { return !barStatus.Panels[1].Get().empty(); }
   // The attribute panel that is shown.
   std::size_t FrontPanel() const;
+  // Whether an attribute panel has a box for the rows.
+  bool HasRows(std::size_t panel) const { return txtRowHeight[panel].Container != nullptr; }
 
   // The description behind an entry of lstSelected or lstFields.
   model::FieldRecord& RecordOf(const ui::ListBox& list, int index) { return Record(list.ItemData(index)); }
@@ -96,10 +89,37 @@ class frmWizard : public ui::Form {
   void OnUnload() override { Form_Unload(); }
 
  private:
+  // What a step is besides the controls in its panel. What is null is not needed.
+  struct Step {
+    Int16 Picture = Int16(0);  // of picMain; 0: the one that is shown stays
+    bool MayFinish = false;    // whether Finish can be pressed here before properties are selected
+    void (frmWizard::*Design)(ui::Frame& panel) = nullptr;
+    void (frmWizard::*ConnectEvents)() = nullptr;
+    void (frmWizard::*Enter)() = nullptr;
+    bool (frmWizard::*Leave)() = nullptr;  // false when the user has to stay
+  };
+  static const std::array<Step, LastStep> Steps;
+  const Step& CurrentStepRow() const { return Steps.at(static_cast<std::size_t>(currentStep_.Value()) - 1); }
+
+  // What an attribute panel has besides the caption, and for which kinds of fields it is shown.
+  struct Panel {
+    std::string_view Title;  // string id
+    Int16 FirstKind, LastKind;
+    void (frmWizard::*Design)(std::size_t panel);
+  };
+  static const std::array<Panel, PanelCount> Panels;
+  static std::size_t PanelOf(Int16 fieldKind);
+
   void Design();
-  void DesignFirstSteps();
-  void DesignPropertiesStep();
-  void DesignAttributesStep();
+  void DesignWelcome(ui::Frame& step);
+  void DesignConnection(ui::Frame& step);
+  void DesignClass(ui::Frame& step);
+  void DesignProperties(ui::Frame& step);
+  void DesignAttributes(ui::Frame& step);
+  void DesignReadOnly(std::size_t panel);
+  void DesignRefCombo(std::size_t panel);
+  void DesignRowHeight(std::size_t panel);
+  void DesignFinish(ui::Frame& step);
   void ConnectEvents();
   void PlaceFrames();
   void SetToolTips();
@@ -117,12 +137,11 @@ class frmWizard : public ui::Form {
   void cmdFinish_Click();
   void cmdCancel_Click() { Unload(); }
   void cmdSettings_Click();
-  void EnterClassStep();
-  void EnterPropertiesStep();
-  void EnterAttributesStep();
-  void EnterFinishStep();
 
   // Connection
+  void ConnectConnectionEvents();
+  void EnterConnection();
+  bool LeaveConnection();
   void PopulateConnection();
   void FillConnectionTree(std::string_view remembered);
   void ConnectToSystem();
@@ -133,6 +152,8 @@ class frmWizard : public ui::Form {
   void CloseConnection();
 
   // Class
+  void ConnectClassEvents();
+  void EnterClass();
   void PopulateClassList();
   void ClearClassList();
   void AddClassNodes();
@@ -141,6 +162,8 @@ class frmWizard : public ui::Form {
   void tvwClasses_DblClick();
 
   // Properties
+  void ConnectPropertiesEvents();
+  void EnterProperties();
   void PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly);
   void ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly);
   void AddProperty(ui::Node* parent, factory::ResultSet& row);
@@ -153,6 +176,8 @@ class frmWizard : public ui::Form {
   void MoveSelected(int by);
 
   // Attributes
+  void ConnectAttributesEvents();
+  void EnterAttributes();
   model::FieldRecord* CurrentField();
   void lstFields_Click();
   void ShowChoice(ui::CheckBox& box, bool made);
@@ -170,6 +195,7 @@ class frmWizard : public ui::Form {
   bool AskForQueryAndColumn(bool needsColumn);
 
   // Finish
+  void EnterFinish();
   void FreezeButtons();
   void TakeSelection();
   void Generate();

@@ -17,7 +17,9 @@ QFrame* Line(QWidget* parent) {
 }  // namespace
 
 WizardWindow::WizardWindow(wizard::frmWizard& dialog, QWidget* parent) : FormWindow(dialog, parent), dialog_(dialog) {
-  LayOutSteps();
+  LayOutProperties();
+  LayOutAttributes();
+  for (ui::Frame& step : dialog.frmStep) LayOutColumn(step);
   auto* steps = new QGridLayout;
   for (ui::Frame& step : dialog.frmStep) steps->addWidget(For(step), 0, 0);
 
@@ -32,19 +34,29 @@ WizardWindow::WizardWindow(wizard::frmWizard& dialog, QWidget* parent) : FormWin
   Finish();
 }
 
-void WizardWindow::LayOutSteps() {
-  For(dialog_.frmStep[0])->setLayout(Column({For(dialog_.lblStep1_1), For(dialog_.lblStep1_2), Part::Room()}));
-  For(dialog_.frmStep[1])->setLayout(Column({For(dialog_.lblStep2A_1), Part(For(dialog_.tvwConnection), 1)}));
-  For(dialog_.frmStep[2])
-      ->setLayout(Column({For(dialog_.lblStep2_1), For(dialog_.lblStep2_2), Part(For(dialog_.tvwClasses), 1)}));
+// A frame whose controls need no other order has them below one another, in tab order.
+void WizardWindow::LayOutColumn(ui::Frame& frame) {
+  if (For(frame)->layout()) return;
+  auto* column = new QVBoxLayout;
+  bool hasTree = false;
+  for (ui::Control* control : dialog_.Controls()) {
+    if (control->Container != &frame) continue;
+    const bool isTree = dynamic_cast<ui::TreeView*>(control) != nullptr;
+    column->addWidget(For(*control), isTree ? 1 : 0);
+    hasTree = hasTree || isTree;
+  }
+  if (!hasTree) column->addStretch(1);
+  For(frame)->setLayout(column);
+}
 
+void WizardWindow::LayOutProperties() {
   QWidget* choosing[] = {For(dialog_.cmdSelectOne), For(dialog_.cmdSelectAll), For(dialog_.cmdDeSelectOne),
                          For(dialog_.cmdDeSelectAll)};
   QWidget* moving[] = {For(dialog_.cmdMoveUp), For(dialog_.cmdMoveDown)};
   const int narrow = fontMetrics().horizontalAdvance("MMMM");
   for (QWidget* button : choosing) button->setMaximumWidth(narrow);
   for (QWidget* button : moving) button->setMaximumWidth(narrow);
-  auto* properties = new QGridLayout;
+  auto* properties = new QGridLayout(For(*dialog_.tvwAttributes.Container));
   properties->addWidget(For(dialog_.lblStep3_1), 0, 0, 1, 4);
   properties->addWidget(For(dialog_.lblStep3_2), 1, 0);
   properties->addWidget(For(dialog_.lblStep3_3), 1, 2);
@@ -55,10 +67,11 @@ void WizardWindow::LayOutSteps() {
   properties->setColumnStretch(0, 1);
   properties->setColumnStretch(2, 1);
   properties->setRowStretch(2, 1);
-  For(dialog_.frmStep[3])->setLayout(properties);
+}
 
-  LayOutPanels();
-  auto* attributes = new QGridLayout;
+void WizardWindow::LayOutAttributes() {
+  for (ui::Frame& panel : dialog_.frmProperty) LayOutColumn(panel);
+  auto* attributes = new QGridLayout(For(*dialog_.lstFields.Container));
   attributes->addWidget(For(dialog_.lblStep4_1), 0, 0, 1, 2);
   attributes->addWidget(For(dialog_.lblStep4_2), 1, 0);
   attributes->addWidget(For(dialog_.lstFields), 2, 0);
@@ -66,25 +79,6 @@ void WizardWindow::LayOutSteps() {
   attributes->setColumnStretch(0, 1);
   attributes->setColumnStretch(1, 1);
   attributes->setRowStretch(2, 1);
-  For(dialog_.frmStep[4])->setLayout(attributes);
-
-  For(dialog_.frmStep[5])
-      ->setLayout(Column({For(dialog_.lblStep5_1), For(dialog_.lblStep5_2), For(dialog_.lblStep5_3), Part::Room()}));
-}
-
-void WizardWindow::LayOutPanels() {
-  auto& d = dialog_;
-  for (std::size_t i = 0; i < d.frmProperty.size(); ++i) {
-    QVBoxLayout* column = Column({For(d.lblCaption[i]), For(d.txtCaption[i])});
-    if (i == 0) Filled(column, {For(d.chkReadOnly), For(d.lblUpdateAfter), For(d.lstUpdateAfter)});
-    if (i == 1) {
-      Filled(column, {For(d.chkRefCombo), For(d.lblComboMsg), For(d.lblComboQuery), For(d.lstQueryName),
-                      For(d.lblComboColumn), For(d.lstQueryColumn)});
-    }
-    if (i >= wizard::frmWizard::FirstPanelWithRows) Filled(column, {For(d.lblRowHeight[i]), For(d.txtRowHeight[i])});
-    column->addStretch(1);
-    For(d.frmProperty[i])->setLayout(column);
-  }
 }
 
 }  // namespace formwizard::adapters::qt

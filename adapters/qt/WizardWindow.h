@@ -11,8 +11,9 @@ class WizardWindow : public FormWindow {
   WizardWindow(wizard::frmWizard& dialog, QWidget* parent);
 
  private:
-  void LayOutSteps();
-  void LayOutPanels();
+  void LayOutProperties();
+  void LayOutAttributes();
+  void LayOutColumn(ui::Frame& frame);
 
   wizard::frmWizard& dialog_;
 };

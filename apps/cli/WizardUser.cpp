@@ -13,7 +13,6 @@ using support::InputError;
 using wizard::frmWizard;
 
 constexpr std::size_t ShownChoices = 12;
-constexpr std::size_t SimplePanel = 0, ReferencePanel = 1;
 
 std::string Listed(const std::vector<std::string>& choices) {
   if (choices.empty()) return "there are none";
@@ -117,7 +116,7 @@ class User {
     if (field.ReadOnly) SetReadOnly(field);
     if (field.UpdateAfter) SetUpdateAfter(field);
     if (field.Rows) {
-      if (panel < frmWizard::FirstPanelWithRows) {
+      if (!dialog_.HasRows(panel)) {
         Fail("property " + field.Property + " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
       }
       dialog_.txtRowHeight[panel].Type(std::to_string(*field.Rows));
@@ -126,21 +125,21 @@ class User {
   }
 
   void SetReadOnly(const FieldChoice& field) {
-    if (dialog_.FrontPanel() != SimplePanel) {
+    if (!dialog_.chkReadOnly.IsShown()) {
       Fail("property " + field.Property + " cannot be made read-only; only simple properties can");
     }
     if ((dialog_.chkReadOnly.Value() != 0) != *field.ReadOnly) dialog_.chkReadOnly.Click();
   }
 
   void SetUpdateAfter(const FieldChoice& field) {
-    if (dialog_.FrontPanel() != SimplePanel || dialog_.chkReadOnly.Value() == 0) {
+    if (!dialog_.chkReadOnly.IsShown() || dialog_.chkReadOnly.Value() == 0) {
       Fail("property " + field.Property + " must be read-only to be updated after another one");
     }
     Choose(dialog_.lstUpdateAfter, "field", *field.UpdateAfter);
   }
 
   void SetCombo(const FieldChoice& field) {
-    if (dialog_.FrontPanel() != ReferencePanel) {
+    if (!dialog_.chkRefCombo.IsShown()) {
       Fail("property " + field.Property + " is no reference and cannot be shown as a combo box");
     }
     if (dialog_.chkRefCombo.Value() == 0) dialog_.chkRefCombo.Click();

@@ -118,7 +118,7 @@ void CheckSteps(const wizard::frmWizard& dialog, Texts& texts) {
   texts.Check(ActiveWindow());
   Click(dialog.chkRefCombo);
   next();
-  CHECK(dialog.CurrentStep() == wizard::step::Finish);
+  CHECK(dialog.CurrentStep() == Int16(wizard::LastStep));
   texts.Check(ActiveWindow());
   Press(VK_ESCAPE);
 }
