@@ -64,7 +64,7 @@ std::shared_ptr<CommandBarControls> Environment::CommandBar(Int32 index) {
 std::unique_ptr<CommandBarEvents> Environment::ConnectEvents(const std::shared_ptr<CommandBarControl>& control,
                                                              CommandBarEvents::Click onClick) {
   return ConnectClicks(control, [this, onClick = std::move(onClick)](auto&... answers) {
-    onClick(answers...);
+    RunAddIn([&] { onClick(answers...); });
     if (OnAddInDone) OnAddInDone();
   });
 }

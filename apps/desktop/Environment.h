@@ -32,6 +32,8 @@ class Environment : public generator::ide::Application {
   void OpenProject(const std::string& path);
   void OpenDictionary(const std::string& path);
 
+  // Runs an add-in's command; no exception may pass through the toolkit, so this is where they are caught.
+  std::function<void(const std::function<void()>&)> RunAddIn = [](const auto& command) { command(); };
   // Called when an add-in has done what its command was clicked for.
   std::function<void()> OnAddInDone;
 

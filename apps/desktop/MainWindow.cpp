@@ -71,6 +71,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
 
   AddMenus();
   environment_ = std::make_unique<Environment>(*this, *addInsMenu_, std::move(options));
+  environment_->RunAddIn = [this](const std::function<void()>& command) { Try(command); };
   environment_->OnAddInDone = [this] { AfterAddIn(); };
   ShowState();
 }
