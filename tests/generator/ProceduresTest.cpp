@@ -20,29 +20,7 @@ std::string ProcedureIn(GenerationFixture& run, const std::string& first) {
 }  // namespace
 
 TEST_CASE_FIXTURE(GenerationFixture, "The module holds every procedure, to the letter and in order") {
-  const auto add = [this](Int16 kind, const char* path, const std::string& property, const std::string& type,
-                          int rows = 1) -> model::FieldRecord& {
-    model::FieldRecord& field = AddField(kind, path, rows);
-    field.PropertyName = property;
-    (kind == kind::ReferenceLabel || kind == kind::ReferenceCombo ? field.ReferenceClass : field.PropertyType) = type;
-    field.ReferenceColumn = "Name";
-    return field;
-  };
-  const std::string text = "%Library.String";
-  add(kind::TextBox, "Name", "Name", text).RequiredMark = "*";
-  add(kind::TextBox, "DOB", "DOB", "%Library.Date");
-  add(kind::TextBox, "Home.City", "Home.City", text);
-  add(kind::ReadOnlyLabel, "Age", "Age", text).UpdateAfter = Int16(2);
-  add(kind::ReferenceLabel, "Spouse.Name", "Spouse", "Sample.Person");
-  model::FieldRecord& company = add(kind::ReferenceCombo, "Company.Name", "Company", "Sample.Company");
-  company.QueryName = "ByName";
-  company.QueryColumn = "CompanyName";
-  company.QueryParamCount = Int16(3);
-  company.QueryContainId = Int16(1);
-  add(kind::ListBox, "Colors", "Colors", text, 3);
-  add(kind::ListView, "Phones", "Phones", text, 3);
-  add(kind::Picture, "Photo", "Photo", text, 5);
-  add(kind::MultiLine, "Notes", "Notes", text, 5);
+  AddEveryKind();
   Generate();
   CHECK(Desktop.Texts().empty());
   CHECK(Ide.Code() == Golden("modules/every-kind.txt"));

@@ -21,6 +21,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -84,6 +85,14 @@ enum class Failure {
 inline constexpr std::array AllFailures{Failure::MissingName, Failure::Hresult, Failure::Exception, Failure::WrongType,
                                         Failure::Null};
 
+// What the failure of an object's member is called. A value that is Null has another name.
+inline std::string DescriptionOf(Failure how) {
+  constexpr std::array descriptions{"Object doesn't support this property or method", "Permission denied",
+                                    "The host refuses", "Type mismatch",
+                                    "Object variable or With block variable not set"};
+  return descriptions.at(static_cast<std::size_t>(how));
+}
+
 // Once, at a call of a member after `Skip` calls that succeed.
 struct PlannedFailure {
   Failure How;
@@ -91,6 +100,8 @@ struct PlannedFailure {
 };
 // By "Kind.Member". What has happened is taken out.
 inline std::map<std::string, PlannedFailure> PlannedFailures;
+// What was called, by the same names.
+inline std::set<std::string> UsedMembers;
 
 // Stands in every test case: nothing may be left when it ends, and everything that was to fail must have failed.
 struct NothingIsLeft {
@@ -174,7 +185,6 @@ class FakeDispatch : public FakeObject<IDispatch> {
                                    EXCEPINFO* exception, UINT*) override {
     if (RefusesEnglish && PRIMARYLANGID(locale) == LANG_ENGLISH) return DISP_E_UNKNOWNLCID;
     if (Outcome) return Outcome(*exception);
-    const com::ComPtr<FakeDispatch> kept(this);
     const auto found = std::ranges::find(members_, id, &Member::Id);
     if (found == members_.end()) return DISP_E_MEMBERNOTFOUND;
     Call call{flags, {}};
@@ -182,7 +192,7 @@ class FakeDispatch : public FakeObject<IDispatch> {
     if (call.IsPut() != (parameters->cNamedArgs == 1 && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT)) {
       return DISP_E_PARAMNOTFOUND;
     }
-    const Member member = *found;
+    const Member member = *found;  // the call may be the end of this object
     return com::WithoutExceptions(exception, [&] { return Answer(member, call, result); });
   }
 
@@ -240,6 +250,7 @@ class FakeDispatch : public FakeObject<IDispatch> {
   }
 
   HRESULT Answer(const Member& member, const Call& call, VARIANT* result) const {
+    UsedMembers.insert(kind_ + "." + member.Name);
     const auto failure = TakeFailure(member.Name);
     if (failure == Failure::MissingName) return DISP_E_MEMBERNOTFOUND;
     if (failure == Failure::Hresult) return E_ACCESSDENIED;

@@ -196,6 +196,18 @@ TEST_CASE("Nothing, a missing member and a value that is no object are errors of
   CHECK(ErrorNumberOf([&] { object.Child(L"Unscriptable"); }) == 430);
 }
 
+TEST_CASE("An object lives as long as it is called, though the call is the end of the one that holds it") {
+  const tests::NothingIsLeft test;
+  auto fake = NewFake("fake");
+  Object object = Wrapped(fake);
+  fake->On("Close", [&] {
+    object = Object();
+    CHECK(tests::Living == 1);
+  });
+  fake = {};
+  object.Call(L"Close");
+}
+
 TEST_CASE("An object that knows no English is asked in the user's language") {
   const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");

@@ -111,6 +111,16 @@ TEST_CASE("A listener's failure comes back as an automation failure") {
   CHECK(clicks.Click() == DISP_E_EXCEPTION);
 }
 
+TEST_CASE("A place on a menu where Nothing is has no command") {
+  Clicks clicks;
+  const auto holder = NewFake("holder of everything");
+  holder->OnId(DISPID_VALUE, "Item",
+               [&](const Call& call) { return call.Number(0) == ide::Int32(1) ? holder : FakePtr(); });
+  com::ComCommandBarControls menus(com::Object(com::ComPtr<IDispatch>(holder.Get())));
+  CHECK(menus.Item(ide::Int32(1)));
+  CHECK_FALSE(menus.Item(ide::Int32(2)));
+}
+
 TEST_CASE("A source that cannot be listened to leaves nothing behind") {
   Clicks clicks;
   const auto onClick = [](ide::CommandBarControl&, bool&, bool&) {};

@@ -1,107 +1,98 @@
-// What the environment is asked for; how its answers and failures are used is tried out on the whole add-in.
+// The environment through automation, as the played one answers.
 #include "adapters/com/ComEnvironment.h"
-#include "tests/support/ErrorNumber.h"
-#include "tests/support/FakeDispatch.h"
+#include "tests/apps/addin-dll/HostEnvironment.h"
+#include "tests/support/GenerationFixture.h"
 
 #include <doctest/doctest.h>
 
 using namespace formwizard;
-namespace com = adapters::com;
-namespace ide = generator::ide;
-using runtime::Int16;
-using runtime::Int32;
-using tests::Call;
-using tests::ErrorNumberOf;
-using tests::FakePtr;
-using tests::NewCollection;
-using tests::NewFake;
+using namespace formwizard::tests;
 
 namespace {
 
-struct Environment {
-  Environment() {
-    Root->On("ActiveVBProject", [this] { return Project; });
+// Every kind of field, and texts that are refused at length, into a project with components.
+struct Generation : GenerationFixture {
+  Generation() : GenerationFixture({{"form1", true}, {"Form2", false}, {"frmPerson", true}, {"FRMPERSON2", true}}) {
+    AddEveryKind();
+    AddField(kind::TextBox, std::string(300, 'n')).Caption = "Größe €";
   }
+  // What was reported, and what was done.
+  std::string Outcome() {
+    const int error = ErrorNumberOf([this] { Generate(); });
+    return std::to_string(error) + "\n" + Desktop.Shown() + Ide.Journal();
+  }
+};
 
-  tests::NothingIsLeft AtTheEnd;
-  FakePtr Root = NewFake("VBE"), Project = NewFake("VBProject");
+struct Automated {
+  NothingIsLeft AtTheEnd;
+  Generation Run;
+  host::HostEnvironment Host{Run.Ide};
+  FakePtr Root = Host.Root();
   com::ComEnvironment Vbe{Root.Get()};
+
+  Automated() { Run.Environment = &Vbe; }
 };
 
 }  // namespace
 
-TEST_CASE("Components are found by their exact name, in the order of the collection") {
-  Environment environment;
-  const std::vector<std::string> names{"frmPerson3", "FRMPERSON", "frmPerson", "frmPerson", "frmPerson2"};
-  std::string renamed;
-  const auto item = [&](const Call& index) {
-    const auto place = static_cast<std::size_t>(index.Number(0).Value());
-    auto component = NewFake("VBComponent");
-    component->On("Name", [&, place](const Call& call) {
-      if (call.IsPut()) renamed = std::to_string(place) + ": " + call.Text(0);
-      return names.at(place - 1);
-    });
-    return component;
-  };
-  environment.Project->On("VBComponents", [&] {
-    return NewCollection(
-        "VBComponents", [&] { return Int32(names.size()); }, item);
-  });
-  ide::VBComponents& components = environment.Vbe.ActiveVBProject().Components();
-  components.Find("frmPerson")->SetName("frmX");
-  CHECK(renamed == "3: frmX");
-  CHECK(components.Find("frmperson") == nullptr);
-  CHECK(components.FirstFreeNumber("frmPerson") == Int32(4));
-  CHECK(components.FirstFreeNumber("frmperson") == Int32(2));
+TEST_CASE("Through automation everything is done with the same values, whichever call the environment refuses") {
+  int calls = 0;
+  for (int refused = 0; refused <= calls; ++refused) {
+    CAPTURE(refused);
+    Automated automated;
+    Generation direct;
+    direct.Ide.RefuseAt = automated.Run.Ide.RefuseAt = refused;
+    CHECK(automated.Run.Outcome() == direct.Outcome());
+    if (refused == 0) calls = static_cast<int>(direct.Ide.Calls().size());
+  }
+  CHECK(calls > 250);
+}
+
+TEST_CASE("However a member of the environment fails, it is reported, and what was made goes") {
+  UsedMembers.clear();
+  Automated().Run.Outcome();
+  const std::set<std::string> members = UsedMembers;
+  CHECK(members.size() > 20);
+  const std::set<std::string> withoutResult{"VBProject.AddToolboxProgID", "Property.Value", "VBControl.Container",
+                                            "CodeModule.InsertLines"};
+  for (const std::string& member : members) {
+    for (const Failure how : AllFailures) {
+      CAPTURE(member);
+      CAPTURE(static_cast<int>(how));
+      Automated automated;
+      PlannedFailures[member] = {how};
+      std::string shown, passed;
+      try {
+        automated.Run.Generate();
+      } catch (const runtime::RuntimeError& error) {
+        passed = error.Description();
+      }
+      shown = automated.Run.Desktop.Shown() + passed;
+      const bool isUnused = withoutResult.contains(member) && (how == Failure::WrongType || how == Failure::Null);
+      // An environment whose containers have no list of their own has one for all.
+      const bool isOptional = member == "VBControl.ContainedVBControls" && how == Failure::MissingName;
+      CHECK((shown.find(DescriptionOf(how)) != std::string::npos ||
+             (how == Failure::Null && shown.find("Invalid use of Null") != std::string::npos)) ==
+            !(isUnused || isOptional));
+    }
+  }
 }
 
 TEST_CASE("The open project is asked for anew, and a reference to it stays valid") {
-  Environment environment;
+  const NothingIsLeft atTheEnd;
+  const FakePtr root = NewFake("VBE");
+  FakePtr project;
+  root->On("ActiveVBProject", [&project] { return project; });
+  com::ComEnvironment vbe(root.Get());
   std::string used;
   for (const std::string name : {"first", "second"}) {
-    environment.Project = NewFake("VBProject");
-    environment.Project->On("AddToolboxProgID", [&used, name](const Call& call) { used = name + " " + call.Text(0); });
-    ide::VBProject& project = environment.Vbe.ActiveVBProject();
-    environment.Vbe.ActiveVBProject();
-    project.AddToolboxProgID("MSCOMDLG.CommonDialog");
+    project = NewFake("VBProject");
+    project->On("AddToolboxProgID", [&used, name](const Call& call) { used = name + " " + call.Text(0); });
+    ide::VBProject& open = vbe.ActiveVBProject();
+    vbe.ActiveVBProject();
+    open.AddToolboxProgID("MSCOMDLG.CommonDialog");
     CHECK(used == name + " MSCOMDLG.CommonDialog");
   }
-  environment.Project = {};
-  CHECK(ErrorNumberOf([&] { environment.Vbe.ActiveVBProject(); }) == runtime::ObjectVariableNotSet);
-}
-
-TEST_CASE("Controls: properties keep the type they are given, and Nothing is no container") {
-  Environment environment;
-  VARTYPE given = VT_EMPTY;
-  const auto property = NewFake("Property"), control = NewFake("VBControl"), holder = NewFake("holder of everything");
-  property->On("Value", [&](const Call& call) { given = call.Arguments.at(0)->vt; });
-  control->On("Properties", [&] {
-    return NewCollection(
-        "Properties", [] { return Int32(0); }, [&](const Call&) { return property; });
-  });
-  for (const char* member : {"VBComponents", "Designer", "VBControls"})
-    holder->On(member, [&holder] { return holder; });
-  environment.Project = holder;
-  int added = 0;
-  holder->On("Add", [&] { return ++added == 1 ? holder : control; });
-  const auto form = environment.Vbe.ActiveVBProject().Components().Add(ide::ComponentType::Form);
-  const auto label = form->DesignerControls()->Add("VB.Label", nullptr);
-  const std::pair<ide::PropertyValue, VARTYPE> cases[] = {
-      {"text", VT_BSTR}, {true, VT_BOOL}, {Int16(2), VT_I2}, {Int32(3275), VT_I4}};
-  for (const auto& [value, type] : cases) {
-    label->SetProperty("Height", value);
-    CHECK(given == type);
-  }
-  CHECK(ErrorNumberOf([&] { label->SetContainer(nullptr); }) == runtime::ObjectVariableNotSet);
-}
-
-TEST_CASE("A place on a menu where Nothing is has no command") {
-  Environment environment;
-  const auto holder = NewFake("holder of everything");
-  environment.Root->On("CommandBars", [&] { return holder; });
-  holder->On("Controls", [&] { return holder; });
-  holder->OnId(DISPID_VALUE, "Item", [&](const Call& call) { return call.Number(0) == Int32(1) ? holder : FakePtr(); });
-  const auto menus = environment.Vbe.CommandBar(Int32(1));
-  CHECK(menus->Item(Int32(1)));
-  CHECK_FALSE(menus->Item(Int32(2)));
+  project = {};
+  CHECK(ErrorNumberOf([&] { vbe.ActiveVBProject(); }) == runtime::ObjectVariableNotSet);
 }

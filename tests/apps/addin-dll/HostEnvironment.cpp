@@ -7,7 +7,6 @@ namespace formwizard::tests::host {
 namespace {
 
 namespace ide = generator::ide;
-using adapters::vb6files::ProjectOnDisk;
 using com::Value;
 using runtime::Int32;
 
@@ -121,16 +120,16 @@ FakePtr NewComponent(const std::shared_ptr<ide::VBComponent>& component) {
 }
 
 // By its number, as the wizard asks for it.
-FakePtr ComponentAt(ProjectOnDisk& project, Int32 index) {
-  const auto summaries = project.Summaries();
+FakePtr ComponentAt(MemoryProject& project, Int32 index) {
+  const auto summaries = project.OnDisk().Summaries();
   const auto place = static_cast<std::size_t>(index.Value());
   if (place == 0 || place > summaries.size()) return {};
   return NewComponent(project.ActiveVBProject().Components().Find(summaries[place - 1].Name));
 }
 
-FakePtr NewComponents(ProjectOnDisk& project) {
+FakePtr NewComponents(MemoryProject& project) {
   auto components = NewCollection(
-      "VBComponents", [&project] { return Int32(project.Summaries().size()); },
+      "VBComponents", [&project] { return Int32(project.OnDisk().Summaries().size()); },
       [&project](const Call& call) { return ComponentAt(project, call.Number(0)); });
   components->On("Add", [&project](const Call& call) {
     const auto type = static_cast<ide::ComponentType>(call.Number(0).Value());
@@ -139,7 +138,7 @@ FakePtr NewComponents(ProjectOnDisk& project) {
   return components;
 }
 
-FakePtr NewProject(ProjectOnDisk& project) {
+FakePtr NewProject(MemoryProject& project) {
   auto object = NewFake("VBProject");
   object->On("AddToolboxProgID",
              [&project](const Call& call) { project.ActiveVBProject().AddToolboxProgID(call.Text(0)); });

@@ -1,8 +1,8 @@
-// Plays the environment for an add-in: its object model, late-bound, over a project on disk.
+// Plays the environment for an add-in: its object model, late-bound, over a project in memory.
 #pragma once
 
-#include "adapters/vb6files/ProjectOnDisk.h"
 #include "tests/apps/addin-dll/HostMenus.h"
+#include "tests/support/MemoryProject.h"
 
 #include <windows.h>
 
@@ -13,7 +13,7 @@ namespace formwizard::tests::host {
 class HostEnvironment {
  public:
   // The window owns what the add-in shows; both must outlive this object.
-  HostEnvironment(adapters::vb6files::ProjectOnDisk& project, HWND mainWindow)
+  explicit HostEnvironment(MemoryProject& project, HWND mainWindow = nullptr)
       : project_(project), mainWindow_(mainWindow) {}
   HostEnvironment(const HostEnvironment&) = delete;
   HostEnvironment& operator=(const HostEnvironment&) = delete;
@@ -25,7 +25,7 @@ class HostEnvironment {
   FakePtr Root();
 
  private:
-  adapters::vb6files::ProjectOnDisk& project_;
+  MemoryProject& project_;
   HWND mainWindow_;
 };
 

@@ -4,6 +4,16 @@
 #include <sstream>
 
 namespace formwizard::tests::host {
+namespace {
+
+std::map<std::string, std::string> SampleWith(const std::string& code) {
+  auto files = FilesIn(NativePath(SourceFolder() + "/samples/new-project"));
+  files.at("Form1.frm") += code;
+  return files;
+}
+
+}  // namespace
+
 bool IsAtStep(int step) { return ActiveTitle() == L"Ostrel Form Wizard - Step " + std::to_wstring(step) + L" of 6"; }
 
 void Finish() {
@@ -12,16 +22,10 @@ void Finish() {
   for (int i = 0; i < 3000 && ::IsWindow(wizard) && !IsAtMessage(); ++i) ::Sleep(10);
 }
 
-HostFixture::HostFixture(const std::string& dictionary, const std::function<void(const std::string&)>& prepare) {
-  CopySample("new-project", Home);
-  if (prepare) prepare(Home);
-  Project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
-      adapters::vb6files::RealFileSystem(), Home + "\\Project1.vbp",
-      adapters::vb6files::ProjectOptions{1252, SourceFolder() + "/samples/toolbox.ini"});
+HostFixture::HostFixture(const std::string& dictionary, const std::string& code) : Project(SampleWith(code)) {
   std::istringstream json(dictionary.empty() ? ReadFile(SourceFolder() + "/samples/dictionary.json") : dictionary);
   adapters::sqlite::ImportDictionary(json, "dictionary.json", Folder / "d.sqlite");
   Server = std::make_unique<HostServer>(adapters::sqlite::OpenDictionary(Folder / "d.sqlite"));
-  Environment = std::make_unique<HostEnvironment>(*Project, Window.Handle());
   AddIn = Library.Create(Extensibility);
 }
 
@@ -31,7 +35,7 @@ HostFixture::~HostFixture() {
   CHECK(Library.Call("DllCanUnloadNow") == S_OK);
 }
 
-void HostFixture::Connect(LONG mode) { CHECK(host::Connect(AddIn.Get(), Environment->Root().Get(), mode) == S_OK); }
+void HostFixture::Connect(LONG mode) { CHECK(host::Connect(AddIn.Get(), Environment.Root().Get(), mode) == S_OK); }
 
 void HostFixture::Disconnect() { CHECK(host::Disconnect(AddIn.Get()) == S_OK); }
 

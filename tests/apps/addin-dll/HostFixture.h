@@ -28,22 +28,21 @@ struct HostFixture {
   NothingIsLeft AtTheEnd;
   MainWindow Window;
   TemporaryFolder Folder;
-  std::string Home = Folder / "project";
-  std::unique_ptr<adapters::vb6files::ProjectOnDisk> Project;
+  MemoryProject Project;
   std::unique_ptr<HostServer> Server;
-  std::unique_ptr<HostEnvironment> Environment;
+  HostEnvironment Environment{Project, Window.Handle()};
   AddInLibrary Library;
   com::ComPtr<IUnknown> AddIn;
 
-  // `dictionary` is JSON; empty: the sample's. `prepare` may change the project's files before it is opened.
-  explicit HostFixture(const std::string& dictionary = "", const std::function<void(const std::string&)>& prepare = {});
+  // `dictionary` is JSON; empty: the sample's. `code` is what the sample project's form has already.
+  explicit HostFixture(const std::string& dictionary = "", const std::string& code = "");
   ~HostFixture();
   HostFixture(const HostFixture&) = delete;
   HostFixture& operator=(const HostFixture&) = delete;
 
-  Menu& AddInsMenu() const { return Environment->Menus.At(HostMenus::AddIns); }
+  Menu& AddInsMenu() { return Environment.Menus.At(HostMenus::AddIns); }
   // The one that is third on its menu; null when there is none.
-  std::shared_ptr<Command> WizardCommand() const { return AddInsMenu().size() < 3 ? nullptr : AddInsMenu().back(); }
+  std::shared_ptr<Command> WizardCommand() { return AddInsMenu().size() < 3 ? nullptr : AddInsMenu().back(); }
 
   void Connect(LONG mode = 1);
   void Disconnect();

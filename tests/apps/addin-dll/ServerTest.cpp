@@ -1,6 +1,8 @@
 // The command line that asks the installed server.
 #include "adapters/com/ComFactory.h"
+#include "adapters/sqlite/Snapshot.h"
 #include "apps/cli/Options.h"
+#include "apps/common/Platform.h"
 #include "support/Failures.h"
 #include "tests/apps/addin-dll/HostFixture.h"
 #include "tests/support/ErrorNumber.h"
@@ -40,6 +42,7 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
   apps::cli::BrowseOptions browse;
   browse.Server = true;
   browse.Class = "A.B";
+  UsedMembers.clear();
   {
     const HostServer server(adapters::sqlite::OpenDictionary(folder / "first"));
     CHECK(OutputOf(apps::cli::ListSystems, browse) == "S\tc\n");
@@ -47,6 +50,19 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
     CHECK(OutputOf(apps::cli::ListProperties, browse).starts_with("P\tThe P\t"));
     CHECK(OutputOf(apps::cli::ListQueries, browse).starts_with("By\t2\t"));
     CHECK(apps::cli::Export({"", folder / "taken.json", "", true}) == apps::cli::Done);
+    std::ostringstream nowhere;
+    const std::set<std::string> members = UsedMembers;
+    const std::set<std::string> withoutResult{"Factory.Connect", "ResultSet.Execute", "ResultSet.Close"};
+    for (const std::string& member : members) {
+      for (const Failure how : AllFailures) {
+        if (how == Failure::Null || (how == Failure::WrongType && withoutResult.contains(member))) continue;
+        CAPTURE(member);
+        CAPTURE(static_cast<int>(how));
+        PlannedFailures[member] = {how};
+        CHECK_THROWS_WITH(adapters::sqlite::WriteSnapshot(*apps::common::InstalledServer(), "", nowhere),
+                          doctest::Contains(DescriptionOf(how).c_str()));
+      }
+    }
     PlannedFailures["Factory.Disconnect"] = {Failure::Null};
     const auto factory = com::ComFactoryCreator("OstrelObject.Factory").Create();
     CHECK(ErrorNumberOf([&] { factory->Disconnect(); }) == runtime::InvalidUseOfNull);

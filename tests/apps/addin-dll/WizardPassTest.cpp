@@ -122,9 +122,7 @@ TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the
     HostFixture host;
     host.Connect();
     host.UseWizard(choose);
-    CHECK(host.Project->IsChanged());
-    host.Project->Save();
-    CheckSameFiles(FilesIn(NativePath(host.Home)), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
+    CheckSameFiles(host.Project.Saved(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
     CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
   }
 }
@@ -132,19 +130,15 @@ TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the
 TEST_CASE("Code goes behind more lines than 16 bits count, until an event procedure is to have such a line") {
   std::string lines;
   for (int i = 1; i <= 33'000; ++i) lines += "' line " + std::to_string(i) + "\r\n";
-  HostFixture host("", [&](const std::string& home) {
-    const std::string form = home + "\\Form1.frm";
-    WriteFile(form, ReadFile(form) + lines);
-  });
+  HostFixture host("", lines);
   host.Connect();
   host.UseWizard([] {
     ChooseByKeyboard();
     CHECK(DismissMessage() == "Error: Error occurred in procedure cmdFinish_Click : Overflow");
     Press(VK_ESCAPE);
   });
-  host.Project->Save();
   const std::string firstEvent = "Private Sub cmd__New_Click()";
-  std::string form = ReadFile(host.Home + "\\frmPerson.frm"), expected = Golden("addin-project/frmPerson.frm");
+  std::string form = host.Project.Saved().at("frmPerson.frm"), expected = Golden("addin-project/frmPerson.frm");
   const std::size_t at = form.find(lines), end = expected.find(firstEvent) + firstEvent.size();
   REQUIRE(at != std::string::npos);
   form.erase(at, lines.size());
@@ -163,5 +157,5 @@ TEST_CASE("Connected by another program the wizard opens at once and there is no
              });
   CHECK(::IsWindowEnabled(owner));
   CHECK_FALSE(host.WizardCommand());
-  CHECK_FALSE(host.Project->IsChanged());
+  CHECK_FALSE(host.Project.OnDisk().IsChanged());
 }
