@@ -88,7 +88,8 @@ void OpenProject(benchmark::State& state) {
       const std::string name = "frm" + std::to_string(i);
       project << "Form=" << name << ".frm\r\n";
       std::ofstream(folder / (name + ".frm"), std::ios::binary)
-          << "VERSION 5.00\r\nBegin VB.Form " << name << " \r\nEnd\r\nAttribute VB_Name = \"" << name << "\"\r\n";
+          << "VERSION 5.00\r\nBegin VB.Form " << name << " \r\nEnd\r\nAttribute VB_Name = \"" << name
+          << "\"\r\nAttribute VB_Exposed = False\r\n";
     }
   }
   for (auto _ : state) {

@@ -14,8 +14,8 @@ constexpr std::array<std::string_view, 3> ToolboxProgIDs{ide::Query.ProgId, ide:
 // The empty start-up form of a new project, or null.
 std::shared_ptr<ide::VBComponent> UnusedStartupForm(ide::VBProject& project) {
   std::shared_ptr<ide::VBComponent> form = project.Components().Find("Form1");
-  if (form && form->DesignerControls()->Count() != Int32(0)) form.reset();
-  return form;
+  const std::shared_ptr<ide::VBControls> controls = form ? form->DesignerControls() : nullptr;
+  return controls && controls->Count() == Int32(0) ? form : nullptr;
 }
 
 // prefix & base without "%", followed by 2, 3 ... while a component of exactly that name exists.

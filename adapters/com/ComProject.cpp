@@ -34,7 +34,8 @@ void ComComponent::SetProperty(std::string_view name, const ide::PropertyValue& 
 }
 
 std::shared_ptr<ide::VBControls> ComComponent::DesignerControls() {
-  return std::make_shared<ComControls>(component_.Child(L"Designer").Child(L"VBControls"));
+  const Object designer = component_.Child(L"Designer");
+  return designer ? std::make_shared<ComControls>(designer.Child(L"VBControls")) : nullptr;
 }
 
 std::shared_ptr<ide::CodeModule> ComComponent::Code() {

@@ -162,7 +162,8 @@ class Component : public ide::VBComponent {
         [&] { inner_->SetProperty(name, value); });
   }
   std::shared_ptr<ide::VBControls> DesignerControls() override {
-    return std::make_shared<Controls>(writer_, inner_->DesignerControls());
+    std::shared_ptr<ide::VBControls> controls = inner_->DesignerControls();
+    return controls ? std::make_shared<Controls>(writer_, std::move(controls)) : nullptr;
   }
   std::shared_ptr<ide::CodeModule> Code() override { return std::make_shared<Module>(writer_, inner_->Code()); }
   void Activate() override {

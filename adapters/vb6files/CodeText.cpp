@@ -19,6 +19,14 @@ std::string_view TakeWord(std::string_view& line) {
   return word;
 }
 
+void ForEachLine(std::string_view text, auto action) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    action(line);
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+}
+
 bool IsOneOf(std::string_view word, auto... words) { return (runtime::EqualIgnoringCase(word, words) || ...); }
 
 // The procedure that a line begins, or the empty text.
@@ -34,6 +42,29 @@ std::string_view ProcedureBegunBy(std::string_view line) {
 
 }  // namespace
 
+std::vector<std::string_view> ProceduresIn(std::string_view code) {
+  std::vector<std::string_view> names;
+  ForEachLine(code, [&](std::string_view line) {
+    // A quick look at the first letter spares most lines the rest.
+    const auto first = std::ranges::find_if_not(line, [](char c) { return c == ' ' || c == '\t'; });
+    const char letter = first == line.end() ? ' ' : *first;
+    if (letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's') {
+      const std::string_view name = ProcedureBegunBy(line);
+      if (!name.empty()) names.push_back(name);
+    }
+  });
+  return names;
+}
+
+bool HoldsCode(std::string_view code) {
+  bool holds = false;
+  ForEachLine(code, [&](std::string_view line) {
+    const std::string_view word = TakeWord(line);
+    holds = holds || !(word.empty() || word.starts_with('\'') || IsOneOf(word, "Rem", "Option"));
+  });
+  return holds;
+}
+
 CodeText::CodeText(std::string bytes) : bytes_(std::move(bytes)) {
   IndexLines(0);
   NoteProcedures(bytes_);
@@ -47,17 +78,7 @@ void CodeText::IndexLines(std::size_t from) {
 }
 
 void CodeText::NoteProcedures(std::string_view text) {
-  while (!text.empty()) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    // A quick look at the first letter spares most lines the rest.
-    const auto first = std::ranges::find_if_not(line, [](char c) { return c == ' ' || c == '\t'; });
-    const char letter = first == line.end() ? ' ' : *first;
-    if (letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's') {
-      const std::string_view name = ProcedureBegunBy(line);
-      if (!name.empty()) procedures_.insert(runtime::LowerCase(name));
-    }
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-  }
+  for (const std::string_view name : ProceduresIn(text)) procedures_.insert(runtime::LowerCase(name));
 }
 
 bool CodeText::HasProcedure(std::string_view name) const { return procedures_.contains(runtime::LowerCase(name)); }

@@ -10,6 +10,12 @@
 
 namespace formwizard::adapters::vb6files {
 
+// The names of the procedures in a text, in its order and spelling; a property has one a procedure.
+std::vector<std::string_view> ProceduresIn(std::string_view code);
+
+// Whether a text has a line that is more than blanks, a comment or an option.
+bool HoldsCode(std::string_view code);
+
 class CodeText {
  public:
   CodeText() = default;

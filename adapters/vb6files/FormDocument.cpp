@@ -3,6 +3,8 @@
 #include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 
+#include <map>
+#include <set>
 #include <utility>
 
 namespace formwizard::adapters::vb6files {
@@ -49,10 +51,11 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
   form->original_ = std::move(frm);
   form->originalFrx_ = frx;
   form->class_ = std::move(parts.Class);
-  form->name_ = std::move(parts.Name);
+  form->nameAsRead_ = form->name_ = std::move(parts.Name);
   form->headLines_ = std::move(parts.HeadLines);
   form->attributeLines_ = std::move(parts.AttributeLines);
   form->controlsAsRead_ = parts.ControlCount;
+  if (parts.ControlCount == 0 && HoldsCode(parts.Code)) form->codeAsRead_ = parts.Code;
   form->code_ = CodeText(std::move(parts.Code));
   return form;
 }
@@ -134,6 +137,23 @@ void FormDocument::AppendAttributes(std::string& out) const {
       out += line;
     }
   }
+}
+
+std::optional<KeptCode> FormDocument::CodeKept() const {
+  if (!changed_ || codeAsRead_.empty()) return std::nullopt;
+  std::map<std::string, std::ptrdiff_t> added;  // procedures of a name, in lower case
+  for (const std::string_view name : ProceduresIn(code_.Bytes())) ++added[runtime::LowerCase(name)];
+  const std::vector<std::string_view> own = ProceduresIn(codeAsRead_);
+  for (const std::string_view name : own) --added[runtime::LowerCase(name)];
+  KeptCode kept{codePage_.Decode(nameAsRead_), {}, {}};
+  std::set<std::string> listed;
+  for (const std::string_view name : own) {
+    const std::string key = runtime::LowerCase(name);
+    if (!listed.insert(key).second) continue;  // another part of a property
+    kept.Procedures.push_back(codePage_.Decode(name));
+    if (added[key] > 0) kept.Doubled.push_back(kept.Procedures.back());
+  }
+  return kept;
 }
 
 FormFiles FormDocument::Render(std::string_view stem) const {

@@ -6,9 +6,11 @@
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/Designer.h"
 #include "adapters/vb6files/FormHeader.h"
+#include "adapters/vb6files/KeptCode.h"
 #include "generator/ide/Ide.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +49,8 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
 
   // True after any successful change.
   bool IsChanged() const { return changed_; }
+  // Of a changed form that had code when it was read.
+  std::optional<KeptCode> CodeKept() const;
   // The files as the environment writes them, or as they were read when nothing changed. `stem` is the file name
   // without ".frm", in bytes, for references into the .frx.
   FormFiles Render(std::string_view stem) const;
@@ -68,6 +72,7 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   const CodePage& codePage_;
   const ControlLibraries& libraries_;
   std::string original_, originalFrx_;  // as read
+  std::string nameAsRead_, codeAsRead_;
   std::string class_ = "VB.Form", name_;
   std::vector<std::string> headLines_, attributeLines_;
   std::size_t controlsAsRead_ = 0;

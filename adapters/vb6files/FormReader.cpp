@@ -15,8 +15,7 @@ class Reader {
   FormParts Read() {
     ReadHead();
     ReadRoot();
-    for (; !lines_.AtEnd() && lines_.StartsWith("Attribute"); lines_.Next()) parts_.AttributeLines.push_back(Line());
-    ReadName();
+    ReadAttributes();
     for (; !lines_.AtEnd(); lines_.Next()) parts_.Code += Line();
     return std::move(parts_);
   }
@@ -61,14 +60,30 @@ class Reader {
     parts_.Properties.push_back(std::move(group));
   }
 
-  // The attribute's spelling counts where it differs from that of the Begin line.
-  void ReadName() {
-    for (const std::string& line : parts_.AttributeLines) {
-      if (!runtime::EqualIgnoringCase(Word(line, 1), "VB_Name")) continue;
-      const std::size_t open = line.find('"');
-      const std::size_t close = line.rfind('"');
-      if (open != std::string::npos && close > open) parts_.Name = line.substr(open + 1, close - open - 1);
+  // Every form has a VB_Name, the first of its attributes, and a VB_Exposed, the last that it needs: what lacks one of
+  // them broke off.
+  void ReadAttributes() {
+    bool hasName = false, isExposedSaid = false;
+    for (; !lines_.AtEnd() && lines_.StartsWith("Attribute"); lines_.Next()) {
+      const std::string_view name = Word(lines_.Line(), 1);
+      const std::string_view value = lines_.Property().Value;
+      if (!IsWhole(value)) lines_.Fail("an attribute as \"Attribute Name = Value\"");
+      if (runtime::EqualIgnoringCase(name, "VB_Exposed")) isExposedSaid = true;
+      if (runtime::EqualIgnoringCase(name, "VB_Name")) {
+        hasName = true;
+        // The attribute's spelling counts where it differs from that of the Begin line.
+        if (value.size() > 2) parts_.Name = value.substr(1, value.size() - 2);
+      }
+      parts_.AttributeLines.push_back(Line());
     }
+    if (!hasName) lines_.Fail("\"Attribute VB_Name\"");
+    if (!isExposedSaid) lines_.Fail("\"Attribute VB_Exposed\"");
+  }
+
+  static bool IsWhole(std::string_view value) {
+    if (value.starts_with('"')) return value.size() > 1 && value.ends_with('"');
+    return runtime::EqualIgnoringCase(value, "True") || runtime::EqualIgnoringCase(value, "False") ||
+           runtime::IsNumeric(value);
   }
 
   FormLines lines_;

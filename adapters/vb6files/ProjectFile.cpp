@@ -70,10 +70,7 @@ ProjectFile::ProjectFile(const std::string& path, std::string_view text) {
     lines_.push_back({std::string(line), end});
   }
   if (!lines_.empty()) lineEnd_ = lines_.front().End == "\n" ? "\n" : "\r\n";
-  if (lines_.empty() || !runtime::EqualIgnoringCase(KeyOf(lines_.front().Text), "Type")) {
-    throw support::InputError(path + ":1: expected \"Type=Exe\" or another \"Type=\" line; give the .vbp file of a " +
-                              "project, not a project group or another file");
-  }
+  if (lines_.empty() || !runtime::EqualIgnoringCase(KeyOf(lines_.front().Text), "Type")) RefuseAsNoProject(path);
   newFormAt_ = 1;
   for (std::size_t i = 0; i < lines_.size() && !IsSection(lines_[i].Text); ++i) {
     const std::string_view key = KeyOf(lines_[i].Text);
@@ -83,6 +80,20 @@ ProjectFile::ProjectFile(const std::string& path, std::string_view text) {
     newFormAt_ = i + 1;
     if (item->IsComponent) ReadItem(path, key, ValueOf(lines_[i].Text), i + 1);
   }
+}
+
+// Projects of Visual Basic 4 have the items and settings of later ones, but no type.
+void ProjectFile::RefuseAsNoProject(const std::string& path) const {
+  const bool isOlder = std::ranges::any_of(lines_, [](const Line& line) {
+    return FindItemKey(KeyOf(line.Text)) || runtime::EqualIgnoringCase(KeyOf(line.Text), "ProjWinSize");
+  });
+  throw support::InputError(
+      path + ":1: " +
+      (isOlder
+           ? "the \"Type=\" line is missing, as in projects of Visual Basic 4 and older; open the project in Visual "
+             "Basic 6 and save it there, then give the saved file"
+           : "expected \"Type=Exe\" or another \"Type=\" line; give the .vbp file of a project, not a project "
+             "group or another file"));
 }
 
 void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t line) {

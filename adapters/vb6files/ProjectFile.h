@@ -44,6 +44,7 @@ class ProjectFile {
     std::string_view End;  // "\r\n", "\n" or nothing
   };
 
+  [[noreturn]] void RefuseAsNoProject(const std::string& path) const;
   void ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t line);
   void ReadSetting(std::string_view key, std::size_t index);
   void Insert(std::size_t at, std::string text);

@@ -198,6 +198,7 @@ FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
 }
 
 std::shared_ptr<VBControls> ProjectOnDisk::ControlsOf(Entry& entry) {
+  if (!entry.IsForm) return nullptr;
   if (entry.IsFinished) return std::make_shared<FinishedControls>(entry.ControlCount);
   return DocumentOf(entry).Controls();
 }
@@ -210,7 +211,8 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
                    "Name conflicts with existing module, project, or object library: '" + std::string(name) + "'");
   }
   DocumentOf(entry).SetName(name);
-  project_.RenameForm(entry.Name, bytes);
+  // A new form is never what the project file means, even where a form that is gone had its name.
+  if (!entry.Path.empty()) project_.RenameForm(entry.Name, bytes);
   byName_.erase(runtime::LowerCase(entry.Name));
   byName_.emplace(runtime::LowerCase(bytes), &entry);
   Release(entry.Name);
@@ -314,6 +316,11 @@ void ProjectOnDisk::Save() {
     throw;
   }
   saving_.reset();
+}
+
+std::optional<KeptCode> ProjectOnDisk::CodeKeptIn(std::string_view name) const {
+  const Entry* entry = FindEntry(codePage_.Encode(name));
+  return entry && entry->Document ? entry->Document->CodeKept() : std::nullopt;
 }
 
 bool ProjectOnDisk::IsChanged() const {

@@ -66,6 +66,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // file as it was before; what was not finished before is still open then, so that saving can be tried again.
   void Save();
 
+  // Of a form that has code from before the wizard filled it; nothing for any other, and once the form is finished.
+  std::optional<KeptCode> CodeKeptIn(std::string_view name) const;
+
   const std::string& Path() const { return path_; }
   const CodePage& ProjectCodePage() const { return codePage_; }
   // Whether saving would write something.

@@ -160,6 +160,10 @@ class Run {
     }
     result.Component = state.NewComponent->Name();
     if (!result.Failures.empty()) incomplete_ = true;
+    if (const auto kept = project_.CodeKeptIn(result.Component)) {
+      result.Notes.push_back(vb6files::NoteOn(result.Component, *kept));
+      std::cerr << "ostrel-form-wizard: note: " << support::Shown(result.Notes.back()) << '\n';
+    }
     project_.FinishForms();
     result.Files = ReportChanges();
     if (options_.Json) {

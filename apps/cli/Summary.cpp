@@ -46,7 +46,7 @@ Json Described(const FormResult& result, const model::FormModel& form, const set
                     {"FrameWidth", form.FrameWidth.Value()},
                     {"ButtonAreaWidth", settings.ButtonAreaWidth.Value()}};
   return Json{{"class", form.ClassName}, {"component", result.Component}, {"files", result.Files}, {"fields", fields},
-              {"layout", layout},        {"failures", result.Failures}};
+              {"layout", layout},        {"failures", result.Failures},   {"notes", result.Notes}};
 }
 
 }  // namespace formwizard::apps::cli

@@ -17,10 +17,11 @@ struct FormResult {
   std::string Component;
   std::vector<std::string> Files;
   std::vector<std::string> Failures;
+  std::vector<std::string> Notes;  // what the user is to look at though nothing failed
 };
 
 // One form for the JSON summary: its component and files, the fields in order with what the layout gave them, the
-// layout values under their names, the failures.
+// layout values under their names, the failures and notes.
 nlohmann::ordered_json Described(const FormResult& result, const model::FormModel& form,
                                  const settings::Settings& settings, const ui::TextMeasure& measure);
 

@@ -202,6 +202,9 @@ void MainWindow::AfterAddIn() {
   }
   lastNew_ = made;
   ShowProject(Text(made));
+  if (const auto kept = environment_->Project()->CodeKeptIn(made)) {
+    QMessageBox::information(this, "Ostrel Form Wizard", Text(support::Shortened(vb6files::NoteOn(made, *kept))));
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) { event->setAccepted(MayGiveUp()); }

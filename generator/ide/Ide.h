@@ -58,7 +58,7 @@ class VBComponent {
   virtual void SetName(std::string_view name) = 0;
   // A property of the component itself, such as a form's "Caption".
   virtual void SetProperty(std::string_view name, const PropertyValue& value) = 0;
-  // The form designer's controls; error 91 for a component without a designer.
+  // The form designer's controls; null for a component without a designer, such as a module.
   virtual std::shared_ptr<VBControls> DesignerControls() = 0;
   virtual std::shared_ptr<CodeModule> Code() = 0;
   // Brings the designer to the front.

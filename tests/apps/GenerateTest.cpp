@@ -101,6 +101,26 @@ TEST_CASE("No fresh form shows a scroll bar: its frame fills the client area, wh
   CHECK(forms == 32);
 }
 
+TEST_CASE("A start-up form that has code is reused with a note, a module of its name is not reused") {
+  const Workplace coded, module;
+  WriteFile(coded.Home + "/Form1.frm", coded.Files().at("Form1.frm") + "Sub Form_Load()\r\nEnd Sub\r\n");
+  const Outcome made = coded.Generate(Typical + " --json");
+  CHECK(made.Status == 0);
+  const auto notes = nlohmann::json::parse(made.Out)["forms"][0]["notes"];
+  REQUIRE(notes.size() == 1);
+  CHECK(Has(notes[0], "frmPerson was the form Form1"));
+  CHECK(made.Error == "ostrel-form-wizard: note: " + notes[0].get<std::string>() + "\n");
+
+  std::string project = module.Files().at("Project1.vbp");
+  const std::string form = "Form=Form1.frm";
+  WriteFile(module.Project, project.replace(project.find(form), form.size(), "Module=Form1; Form1.bas"));
+  WriteFile(module.Home + "/Form1.bas", "Attribute VB_Name = \"Form1\"\r\n");
+  CheckDone(module.Generate(Typical));
+  for (const char* line : {"\nModule=Form1; Form1.bas\r\n", "\nForm=frmPerson.frm\r\n", "\nStartup=\"Form1\"\r\n"}) {
+    CHECK_MESSAGE(Has(module.Files().at("Project1.vbp"), line), line);
+  }
+}
+
 TEST_CASE("A form comes out the same alone and in a batch, and names go on counting") {
   const Workplace alone, batch;
   CheckDone(alone.Generate("--class Sample.Company --fields Name,Revenue"));

@@ -79,7 +79,7 @@ class MemoryProject : public ide::Vbe {
       project += "Form=" + name + ".frm\r\n";
       files[name + ".frm"] = "VERSION 5.00\r\nBegin VB.Form " + name + " \r\n" +
                              (hasControl ? "   Begin VB.Label Label1 \r\n   End\r\n" : "") +
-                             "End\r\nAttribute VB_Name = \"" + name + "\"\r\n";
+                             "End\r\nAttribute VB_Name = \"" + name + "\"\r\nAttribute VB_Exposed = False\r\n";
     }
     project += "Name=\"Project1\"\r\n";
     return files;

@@ -19,7 +19,8 @@ using generator::ide::Int32;
 const std::string Samples = SourceFolder() + "/samples/";
 
 std::string FormText(const std::string& name) {
-  return "VERSION 5.00\r\nBegin VB.Form " + name + " \r\nEnd\r\nAttribute VB_Name = \"" + name + "\"\r\n";
+  return "VERSION 5.00\r\nBegin VB.Form " + name + " \r\nEnd\r\nAttribute VB_Name = \"" + name +
+         "\"\r\nAttribute VB_Exposed = False\r\n";
 }
 
 // An open project with these lines for its components and with these other files.
@@ -49,7 +50,7 @@ TEST_CASE("Every form of the samples comes back byte for byte, and one with cont
       const auto component = project.ActiveVBProject().Components().Find(summary.Name);
       REQUIRE(component);
       if (!summary.IsForm) {
-        CHECK(ErrorNumberOf([&] { component->DesignerControls(); }) == runtime::ObjectVariableNotSet);
+        CHECK_FALSE(component->DesignerControls());
         continue;
       }
       const auto controls = component->DesignerControls();
@@ -107,6 +108,51 @@ TEST_CASE("A form that was looked at is saved when it is changed later, and a fi
   project.Project.Save();
   CHECK(project.Files.Files.contains("P/frmA.frm"));
   CHECK(form->DesignerControls()->Count() == Int32(1));
+}
+
+TEST_CASE("The start-up form and the program's icon follow the form that is renamed, not a text that is the same") {
+  for (const auto& [startup, after] : {std::pair{"Form1", "frmA"}, std::pair{"FORM1", "frmA"},
+                                       std::pair{"Form3", "Form3"}, std::pair{"Sub Main", "Sub Main"}}) {
+    CAPTURE(startup);
+    const std::string value = std::string(startup) + "\"\r\n";
+    ProjectFixture project(
+        "Form=Form1.frm\r\nModule=Form2; m.bas\r\nIconForm=\"" + value + "Startup=\"" + value + "Title=\"" + value,
+        {{"P/Form1.frm", FormText("Form1")}});
+    const auto fresh = project.AddForm();
+    CHECK(fresh->Name() == "Form3");  // which a project may have had and lost
+    fresh->SetName("frmB");
+    project.Components.Find("Form1")->SetName("frmA");
+    project.Project.Save();
+    CHECK(project.Files.Files.at("P/P.vbp") ==
+          "Type=Exe\r\nForm=frmA.frm\r\nModule=Form2; m.bas\r\nForm=frmB.frm\r\n"
+          "IconForm=\"" +
+              std::string(after) + "\"\r\nStartup=\"" + after + "\"\r\nTitle=\"" + value + "Name=\"Lending\"\r\n");
+  }
+}
+
+TEST_CASE("A form without controls keeps its code, and what it has in common with the new code can be asked for") {
+  struct Case {
+    std::string code, note;
+  };
+  const std::string start = "frmA was the form Form1, which had no controls, but code of its own";
+  for (const Case& c :
+       {Case{"", ""}, Case{"Option Explicit\r\n\r\n  ' a comment\r\nRem Sub Form_Load()\r\n", ""},
+        Case{"Dim id\r\n", start + ". That code stands in front of the new code"},
+        Case{"Sub form_load()\r\nEnd Sub\r\nProperty Get A()\r\nEnd Property\r\nProperty Let A(v)\r\nEnd Property\r\n",
+             start +
+                 ": form_load, A. That code stands in front of the new code, whose declarations must come before any "
+                 "procedure: move them to the top. Make one procedure of each that is there twice: form_load"}}) {
+    CAPTURE(c.code);
+    ProjectFixture project("Form=Form1.frm\r\n", {{"P/Form1.frm", FormText("Form1") + c.code}});
+    const auto form = project.Components.Find("Form1");
+    CHECK(form->DesignerControls()->Count() == Int32(0));
+    CHECK_FALSE(project.Project.CodeKeptIn("Form1"));  // as long as nothing is done to it
+    form->SetName("frmA");
+    const auto code = form->Code();
+    code->InsertLines(code->CountOfLines() + Int32(1), "Private Sub Form_Load()\r\nEnd Sub\r\nSub B()\r\nEnd Sub");
+    const auto kept = project.Project.CodeKeptIn("frmA");
+    CHECK((kept ? NoteOn("frmA", *kept) : "") == c.note);
+  }
 }
 
 TEST_CASE("A new form never takes a path that the project lists already or that is a device") {

@@ -35,7 +35,8 @@ std::string Value(const FormDocument& form, const std::string& name) {
 }  // namespace
 
 TEST_CASE("A form that nothing changes keeps its line ends") {
-  const std::string frm = "VERSION 5.00\nBegin VB.Form A \nEnd\nAttribute VB_Name = \"A\"\ncode";
+  const std::string frm =
+      "VERSION 5.00\nBegin VB.Form A \nEnd\nAttribute VB_Name = \"A\"\nAttribute VB_Exposed = False\ncode";
   CHECK(Environment().Parse(frm)->Render("A").Frm == frm);
 }
 

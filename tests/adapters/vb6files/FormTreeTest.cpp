@@ -13,9 +13,10 @@ using namespace formwizard::tests;
 namespace {
 
 const std::string Head = "VERSION 5.00\r\nBegin VB.Form F \r\n";
+const std::string Foot = "End\r\nAttribute VB_Name = \"F\"\r\nAttribute VB_Exposed = False\r\n";
 
 FormNode Read(const std::string& body, const std::string& frx = "", int codePage = 1252) {
-  return ReadFormTree("x.frm", Head + body + "End\r\nAttribute VB_Name = \"F\"\r\n", frx, CodePage(codePage)).Form;
+  return ReadFormTree("x.frm", Head + body + Foot, frx, CodePage(codePage)).Form;
 }
 
 // Groups or controls in each other.
@@ -115,13 +116,21 @@ TEST_CASE("A damaged form is refused by file and line, however it is damaged") {
         std::pair{std::string("VERSION 5.00\r\nBegin VB.Form\r\n"), "x.frm:2: expected a class and a name behind"},
         std::pair{Head + "Begin A B\nEnd\n", "x.frm:5: expected \"End\" of the form"},
         std::pair{Head + "rubbish\nEnd\n", "x.frm:3: expected a property as \"Name = value\""},
-        std::pair{Head + "Begin VB.Label \nEnd\nEnd\n", "x.frm:3: expected a class and a name"},
-        std::pair{Head + "Begin A B\nBeginProperty Font\nEnd\nEnd\n", "x.frm:5: expected a property"},
-        std::pair{Head + Nested(control, "End", 64) + "End\n", "x.frm:66: expected at most 64 levels"},
-        std::pair{Head + Nested(control, "End", 200000) + "End\n", "x.frm:66: expected at most 64 levels"},
-        std::pair{Head + "Begin A B\n" + Nested(group, endGroup, 500) + "End\nEnd\n", "at most 64 levels"}}) {
+        std::pair{Head + "Begin VB.Label \nEnd\n" + Foot, "x.frm:3: expected a class and a name"},
+        std::pair{Head + "Begin A B\nBeginProperty Font\nEnd\n" + Foot, "x.frm:5: expected a property"},
+        std::pair{Head + Nested(control, "End", 64) + Foot, "x.frm:66: expected at most 64 levels"},
+        std::pair{Head + Nested(control, "End", 200000) + Foot, "x.frm:66: expected at most 64 levels"},
+        std::pair{Head + "Begin A B\n" + Nested(group, endGroup, 500) + "End\n" + Foot, "at most 64 levels"},
+        std::pair{Head + "End\nSub A()\nEnd Sub\n", "x.frm:4: expected \"Attribute VB_Name\""}}) {
     CAPTURE(message);
     CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", frm, "", CodePage(1252)), doctest::Contains(message),
+                         support::InputError);
+  }
+  // Wherever the file breaks off before its code.
+  const std::string whole = Head + "   Begin VB.Label A \r\n   End\r\n" + Foot;
+  for (std::size_t size = 0; size + 2 < whole.size(); ++size) {
+    CAPTURE(size);
+    CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", whole.substr(0, size), "", CodePage(1252)), doctest::Contains("x.frm:"),
                          support::InputError);
   }
 }

@@ -42,6 +42,9 @@ TEST_CASE("Line ends and missing parts are kept as they are") {
 TEST_CASE("What is no project is refused with its line") {
   for (const auto& [text, message] :
        {std::pair{std::string("VBGROUP 5.0\r\n"), "p.vbp:1: expected \"Type=Exe\""},
+        std::pair{
+            std::string("Form=a.frm\r\nProjWinSize=1,2,3,4\r\n"),
+            "p.vbp:1: the \"Type=\" line is missing, as in projects of Visual Basic 4 and older; open the project in"},
         std::pair{std::string(), "p.vbp:1: expected \"Type=Exe\""},
         std::pair{std::string("MZ\0\0", 4), "p.vbp: this is no project file"},
         std::pair{std::string("Type=Exe\r\nModule=M\r\n"), "p.vbp:2: expected \"Module=Name; file\""},

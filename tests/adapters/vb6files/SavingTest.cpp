@@ -19,7 +19,8 @@ using Contents = MemoryFileSystem::Contents;
 
 const std::string ProjectPath = "P/Lending.vbp";
 const std::string EmptyForm =
-    "VERSION 5.00\r\nBegin VB.Form Form1 \r\n   ClientHeight    =   3195\r\nEnd\r\nAttribute VB_Name = \"Form1\"\r\n";
+    "VERSION 5.00\r\nBegin VB.Form Form1 \r\n   ClientHeight    =   3195\r\nEnd\r\nAttribute VB_Name = \"Form1\"\r\n"
+    "Attribute VB_Exposed = False\r\n";
 
 // A project whose empty Form1 stands in a folder below.
 Contents OldProject() {

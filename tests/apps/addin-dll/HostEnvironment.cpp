@@ -113,7 +113,7 @@ FakePtr NewComponent(const std::shared_ptr<ide::VBComponent>& component) {
     return component->Name();
   });
   object->On("Properties", [component] { return NewProperties(component); });
-  object->On("Designer", [component] { return NewDesigner(component); });
+  object->On("Designer", [component] { return component->DesignerControls() ? NewDesigner(component) : FakePtr(); });
   object->On("CodeModule", [component] { return NewCodeModule(component->Code()); });
   object->On("Activate", [component] { component->Activate(); });
   return object;

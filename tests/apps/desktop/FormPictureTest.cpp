@@ -15,14 +15,15 @@ using namespace formwizard::tests;
 
 namespace {
 
+const std::string Foot = "End\nAttribute VB_Name = \"F\"\nAttribute VB_Exposed = False\n";
 constexpr QRgb White = 0xFFFFFFFF, Face = 0xFFD4D0C8, Navy = 0xFF000080;
 
 // A form of 200 x 100 pixels without a border.
 FormNode Form(const std::string& lines) {
-  return ReadFormTree("x.frm",
-                      "VERSION 5.00\nBegin VB.Form F\nBorderStyle = 0\nClientWidth = 3000\nClientHeight = 1500\n" +
-                          lines + "End\n",
-                      "", CodePage(1252))
+  return ReadFormTree(
+             "x.frm",
+             "VERSION 5.00\nBegin VB.Form F\nBorderStyle = 0\nClientWidth = 3000\nClientHeight = 1500\n" + lines + Foot,
+             "", CodePage(1252))
       .Form;
 }
 
@@ -82,7 +83,7 @@ TEST_CASE("The window around the form follows its border style and its title") {
                         Case{"BorderStyle = 1\nBegin VB.Menu m\nCaption=\"a\"\nVisible = 0\nEnd\n", {6, 25}}}) {
     CAPTURE(c.lines);
     const std::string frm = "VERSION 5.00\nBegin VB.Form F\nClientWidth = 3000\nClientHeight = 1500\n";
-    const FormNode form = ReadFormTree("x.frm", frm + c.lines + "End\n", "", CodePage(1252)).Form;
+    const FormNode form = ReadFormTree("x.frm", frm + c.lines + Foot, "", CodePage(1252)).Form;
     CHECK(PictureSize(form, 1) - QSize(200, 100) == c.added);
   }
 }
@@ -145,7 +146,7 @@ TEST_CASE("However large a form says it is, its picture fits into memory") {
                            "ClientWidth = -5\nClientHeight = 0\n"}) {
     CAPTURE(size);
     const FormNode form =
-        ReadFormTree("x.frm", std::string("VERSION 5.00\nBegin VB.Form F\n") + size + "End\n", "", CodePage(1252)).Form;
+        ReadFormTree("x.frm", std::string("VERSION 5.00\nBegin VB.Form F\n") + size + Foot, "", CodePage(1252)).Form;
     for (const double scale : {1.0, 50.0, 0.0}) {
       const QSize pixels = PictureSize(form, scale);
       CHECK(pixels.width() > 0);

@@ -21,8 +21,9 @@ void Answer(QMessageBox::StandardButton button, std::string& text) {
   });
 }
 
-void MakePersonForm(const DesktopFixture& desktop) {
-  desktop.UseWizard([] {
+void MakePersonForm(
+    const DesktopFixture& desktop, const std::function<void()>& thenDo = [] {}) {
+  desktop.UseWizard([&] {
     for (int i = 0; i < 2; ++i) Find<QAbstractButton>("cmdNext")->click();
     auto* classes = Find<QTreeWidget>("tvwClasses");
     classes->setCurrentItem(FindItem(*classes, "Person"));
@@ -31,6 +32,7 @@ void MakePersonForm(const DesktopFixture& desktop) {
     properties->setCurrentItem(FindItem(*properties, "Age"));
     Find<QAbstractButton>("cmdSelectOne")->click();
     Find<QAbstractButton>("cmdFinish")->click();
+    thenDo();
   });
 }
 
@@ -79,6 +81,15 @@ TEST_CASE("Saving that fails is said, leaves the form open, and can be tried aga
   CHECK(Components(desktop).currentItem()->text() == "frmPerson2");
   desktop.Save();
   CHECK(FilesIn(desktop.Home).contains("frmPerson2.frm"));
+}
+
+TEST_CASE("A start-up form that had code is shown with a note on it") {
+  DesktopFixture desktop;
+  const std::string form = desktop.Home + "/Form1.frm";
+  WriteFile(form, ReadFile(form) + "Sub Form_Load()\r\nEnd Sub\r\n");
+  std::string said;
+  MakePersonForm(desktop, [&] { Answer(QMessageBox::Ok, said); });
+  CHECK(said.find("twice: Form_Load") != std::string::npos);
 }
 
 TEST_CASE("What cannot be opened is said, and what was open stays") {
