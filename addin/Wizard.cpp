@@ -58,7 +58,7 @@ void Wizard::IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode
       ShowWizard();
       return;
     }
-    menuCommand_ = AddMenuCommand(VBInst, "Ostrel Form Wizard", resources::Bitmap(CommandBitmap));
+    menuCommand_ = AddMenuCommand(VBInst, support::ProductName, resources::Bitmap(CommandBitmap));
     if (!menuCommand_) return;
     menuHandler_ =
         VBInst.ConnectEvents(menuCommand_, [this](ide::CommandBarControl&, bool&, bool&) { MenuHandler_Click(); });
@@ -91,7 +91,7 @@ void Wizard::MenuHandler_Click() {
   try {
     ShowWizard();
   } catch (const RuntimeError& error) {
-    ui::ShowRuntimeError(services_.Desktop, error, "Ostrel Form Wizard");
+    ui::ShowRuntimeError(services_.Desktop, error, support::ProductName);
   }
 }
 

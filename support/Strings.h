@@ -13,6 +13,8 @@ namespace formwizard::support {
 // Begins the file names of the satellites and is the profile's section.
 inline constexpr std::string_view ApplicationName = "OstrelFormWizard";
 
+inline constexpr char ProductName[] = "Ostrel Form Wizard";  // in title bars and on the menu
+
 class Strings {
  public:
   // `libraries` must outlive this object; `directory` is the program's own, with its trailing separator.

@@ -6,6 +6,8 @@
 
 namespace formwizard::ui {
 
+inline constexpr int TwipsPerPixel = 15;  // at 96 dots per inch, for which dialogs and forms are designed
+
 struct WindowFrame {
   int Border, Caption;  // on every side; above the client area
 

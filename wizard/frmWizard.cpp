@@ -2,7 +2,6 @@
 
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
-#include "support/Busy.h"
 #include "support/Pieces.h"
 
 #include <algorithm>
@@ -99,7 +98,11 @@ void frmWizard::SetToolTips() {
   }
 }
 
-void frmWizard::SetBusy(bool busy) { support::SetBusy(services_.Desktop, *this, busy); }
+// Not counted: one call with false ends any number of calls with true.
+void frmWizard::SetBusy(bool busy) {
+  services_.Desktop.SetMousePointer(busy ? ui::MousePointer::ArrowHourglass : ui::MousePointer::Default);
+  Enabled = !busy;
+}
 
 void frmWizard::LoadSettings() {
   settings::LoadSettings(services_.State.Settings, services_.Profiles, services_.ProfileFile);

@@ -3,6 +3,7 @@
 #include "adapters/qt/Text.h"
 #include "runtime/Conversions.h"
 #include "support/Messages.h"
+#include "ui/WindowFrame.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -27,9 +28,8 @@ QString Spoken(std::string_view caption) {
 
 // The dialog's size as designed, grown as the desktop's font is larger than the one of the design.
 QSize DesignedSize(const ui::Form& form, const QFontMetrics& metrics) {
-  constexpr double twipsAPixel = 15;
   constexpr double designedCharacter = 5;  // pixels, on average
-  const double scale = std::max(1.0, metrics.averageCharWidth() / designedCharacter) / twipsAPixel;
+  const double scale = std::max(1.0, metrics.averageCharWidth() / designedCharacter) / ui::TwipsPerPixel;
   return (QSizeF(form.Width.Value(), form.Height.Value()) * scale).toSize();
 }
 

@@ -1,13 +1,13 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 
 #include "adapters/textmeasure/FontWidths.h"
+#include "ui/WindowFrame.h"
 
 #include <algorithm>
 
 namespace formwizard::adapters::textmeasure {
 namespace {
 
-constexpr int TwipsPerPixel = 15;
 constexpr char32_t Replacement = 0xFFFD;
 
 // Takes the next character off a UTF-8 text; a damaged one counts as one replacement character a byte.
@@ -36,7 +36,7 @@ double BuiltInTextMeasure::WidthOf(std::string_view caption) const {
     }
     pixels += PixelsOf(TakeCharacter(caption));
   }
-  return pixels * TwipsPerPixel;
+  return pixels * ui::TwipsPerPixel;
 }
 
 }  // namespace formwizard::adapters::textmeasure

@@ -15,7 +15,6 @@ namespace {
 
 using generator::ide::PropertyValue;
 
-constexpr double TwipsPerPixel = 15;
 constexpr double MenuBarShift = 105;  // on both axes, of a form with a menu bar that the system places
 constexpr double SystemPlaced = 3;    // StartUpPosition "Windows Default"
 
@@ -153,7 +152,7 @@ void FormHeader::UpdateScale() {
 // Whole pixels, as a window has them.
 void FormHeader::SetClientSize(std::string_view dimension, double outer, double frame) {
   const double client = std::max(WholeTwips(outer) - frame, 0.0);
-  SetNumber(dimension, std::round(client / TwipsPerPixel) * TwipsPerPixel);
+  SetNumber(dimension, std::round(client / ui::TwipsPerPixel) * ui::TwipsPerPixel);
   RecomputeScale();
 }
 

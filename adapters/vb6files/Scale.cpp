@@ -1,6 +1,7 @@
 #include "adapters/vb6files/Scale.h"
 
 #include "runtime/Conversions.h"
+#include "ui/WindowFrame.h"
 
 #include <algorithm>
 #include <array>
@@ -10,14 +11,15 @@
 namespace formwizard::adapters::vb6files {
 namespace {
 
-constexpr double FarthestPlace = 245745;  // 16383 pixels of 15 twips
+constexpr double FarthestPlace = 16383 * ui::TwipsPerPixel;
 
 // Twips in a unit of each scale mode, across and down; of the user's own they follow from its numbers.
 struct Unit {
   double X, Y;
 };
-constexpr std::array Units{Unit{1, 1},     Unit{1, 1},       Unit{20, 20},     Unit{15, 15},
-                           Unit{120, 240}, Unit{1440, 1440}, Unit{56.7, 56.7}, Unit{567, 567}};
+constexpr std::array Units{
+    Unit{1, 1},     Unit{1, 1},       Unit{20, 20},     Unit{ui::TwipsPerPixel, ui::TwipsPerPixel},
+    Unit{120, 240}, Unit{1440, 1440}, Unit{56.7, 56.7}, Unit{567, 567}};
 
 }  // namespace
 

@@ -13,7 +13,6 @@
 namespace formwizard::adapters::win32 {
 
 inline constexpr int DesignedDotsPerInch = 96;
-inline constexpr int TwipsAPixel = 15;  // at that density
 
 int DotsPerInch();
 int PixelsOf(int twips);

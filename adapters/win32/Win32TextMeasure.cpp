@@ -2,6 +2,7 @@
 
 #include "adapters/win32/Screen.h"
 #include "adapters/win32/Text.h"
+#include "ui/WindowFrame.h"
 
 #include <string>
 
@@ -29,7 +30,7 @@ double Win32TextMeasure::WidthOf(std::string_view caption) const {
   const std::wstring drawn = Drawn(Wide(caption));
   SIZE size{};
   GetTextExtentPoint32W(context_, drawn.data(), static_cast<int>(drawn.size()), &size);
-  return static_cast<double>(size.cx) * TwipsAPixel;
+  return static_cast<double>(size.cx) * ui::TwipsPerPixel;
 }
 
 }  // namespace formwizard::adapters::win32

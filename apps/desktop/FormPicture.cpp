@@ -20,7 +20,7 @@ namespace {
 
 using adapters::vb6files::FormNode;
 
-constexpr int TwipsPerPixel = 15;
+using ui::TwipsPerPixel;
 constexpr int LargestSide = 16384;        // pixels
 constexpr double LargestArea = 48.0e6;    // pixels: some 190 MB
 constexpr double FarthestPlace = 100000;  // pixels: a control farther off is nowhere on a form

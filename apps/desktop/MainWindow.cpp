@@ -97,7 +97,7 @@ bool MainWindow::Try(const std::function<void()>& action) {
     return true;
   } catch (...) {
     const QString message = Text(support::Shortened(common::CurrentFailure("").Message));
-    QMessageBox::critical(this, "Ostrel Form Wizard", message);
+    QMessageBox::critical(this, support::ProductName, message);
     return false;
   }
 }
@@ -141,7 +141,7 @@ bool MainWindow::MayGiveUp() {
   const vb6files::ProjectOnDisk* project = environment_->Project();
   if (!project || !project->IsChanged()) return true;
   const QString name = QFileInfo(Text(project->Path())).fileName();
-  const auto answer = QMessageBox::warning(this, "Ostrel Form Wizard",
+  const auto answer = QMessageBox::warning(this, support::ProductName,
                                            "The project " + name + " has changes that are not saved. Save them?",
                                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
   if (answer == QMessageBox::Save) return Save();
@@ -189,7 +189,7 @@ void MainWindow::ShowState() {
   save_->setEnabled(project && project->IsChanged());
   setWindowModified(project && project->IsChanged());
   const QString name = project ? QFileInfo(Text(project->Path())).fileName() + "[*] - " : "[*]";
-  setWindowTitle(name + "Ostrel Form Wizard");
+  setWindowTitle(name + support::ProductName);
 }
 
 // Shows the form that the wizard has made, complete or not.

@@ -54,7 +54,7 @@ class Application : public QApplication {
       return QApplication::notify(receiver, event);
     } catch (...) {
       const std::string message = common::CurrentFailure("").Message;
-      QMessageBox::critical(nullptr, "Ostrel Form Wizard", QString::fromStdString(support::Shortened(message)));
+      QMessageBox::critical(nullptr, support::ProductName, QString::fromStdString(support::Shortened(message)));
       return true;
     }
   }
