@@ -90,7 +90,7 @@ class TreeView : public Control {
  public:
   ui::Nodes Nodes{*this};
   Property<Node*> SelectedItem{*this, nullptr};
-  Event<Node&> NodeClick;  // a user selected the node
+  Event<Node&> NodeClick;  // a user clicked the node, or went to it by a key
   Event<> OnClick;         // the tree was clicked, on a node or beside all of them
   Event<> DblClick;
   Event<Node&> Expand;
@@ -101,8 +101,8 @@ class TreeView : public Control {
 
   bool TakesFocus() const override { return true; }
   // What a user does. Nothing happens in a tree that takes no input.
-  void ClickNode(Node& node);
-  void Click();
+  void ClickNode(Node& node);  // also one that is selected already
+  void Click();                // beside all nodes
   void PressMouse(float x, float y);
   void DoubleClick();
   // Opens a node that has children; an open one stays as it is.

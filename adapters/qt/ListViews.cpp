@@ -1,4 +1,5 @@
 #include "adapters/qt/FormWindow.h"
+#include "adapters/qt/ItemWidget.h"
 #include "adapters/qt/ObservingView.h"
 #include "adapters/qt/Text.h"
 #include "adapters/qt/ViewKinds.h"
@@ -11,13 +12,19 @@
 namespace formwizard::adapters::qt {
 namespace {
 
-class ListBoxView final : public ObservingView<ui::ListBox, QListWidget, ui::ListObserver> {
+class ListBoxView final : public ObservingView<ui::ListBox, ItemWidget<QListWidget>, ui::ListObserver> {
  public:
-  ListBoxView(FormWindow& window, ui::ListBox& control) : ObservingView(window, control, new QListWidget(&window)) {
+  ListBoxView(FormWindow& window, ui::ListBox& control)
+      : ObservingView(window, control, new ItemWidget<QListWidget>(&window)) {
     widget_.setUniformItemSizes(true);
     for (int i = 0; i < control.ListCount(); ++i) ItemInserted(i);
+    widget_.OnPress = [this](QPointF) { clicked_ = -1; };
     QObject::connect(&widget_, &QListWidget::currentRowChanged, &widget_, [this](int row) {
+      clicked_ = row;
       if (row >= 0) Act([this, row] { control_.ClickItem(row); });
+    });
+    QObject::connect(&widget_, &QListWidget::clicked, &widget_, [this](const QModelIndex& index) {
+      if (clicked_ != index.row()) Act([this, row = index.row()] { control_.ClickItem(row); });
     });
     QObject::connect(&widget_, &QListWidget::doubleClicked, &widget_, [this](const QModelIndex& index) {
       Act([this, row = index.row()] { control_.DoubleClickItem(row); });
@@ -46,6 +53,8 @@ class ListBoxView final : public ObservingView<ui::ListBox, QListWidget, ui::Lis
     widget_.setCurrentRow(control_.ListIndex());
     if (QListWidgetItem* item = widget_.currentItem()) widget_.scrollToItem(item);
   }
+
+  int clicked_ = -1;  // the entry that the last press has made current
 };
 
 class ComboBoxView final : public ObservingView<ui::ComboBox, QComboBox, ui::ListObserver> {

@@ -1,11 +1,11 @@
 #include "adapters/qt/FormWindow.h"
+#include "adapters/qt/ItemWidget.h"
 #include "adapters/qt/ObservingView.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/Text.h"
 #include "adapters/qt/ViewKinds.h"
 #include "ui/MakeFirst.h"
 
-#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 
@@ -22,39 +22,25 @@ class NodeItem : public QTreeWidgetItem {
   ui::Node& Shown;  // NOLINT(misc-non-private-member-variables-in-classes)
 };
 
-// Tells where and how often the mouse was pressed, on a node or beside all of them.
-class TreeWidget : public QTreeWidget {
+class TreeViewView final : public ObservingView<ui::TreeView, ItemWidget<QTreeWidget>, ui::TreeObserver> {
  public:
-  explicit TreeWidget(QWidget* parent) : QTreeWidget(parent) {}
-  std::function<void(QPointF)> OnPress;
-  std::function<void()> OnDoubleClick;
-
- protected:
-  void mousePressEvent(QMouseEvent* event) override {
-    OnPress(event->position());
-    QTreeWidget::mousePressEvent(event);
-  }
-  void mouseDoubleClickEvent(QMouseEvent* event) override {
-    OnPress(event->position());
-    QTreeWidget::mouseDoubleClickEvent(event);
-    OnDoubleClick();
-  }
-};
-
-class TreeViewView final : public ObservingView<ui::TreeView, TreeWidget, ui::TreeObserver> {
- public:
-  TreeViewView(FormWindow& window, ui::TreeView& control) : ObservingView(window, control, new TreeWidget(&window)) {
+  TreeViewView(FormWindow& window, ui::TreeView& control)
+      : ObservingView(window, control, new ItemWidget<QTreeWidget>(&window)) {
     widget_.setHeaderHidden(true);
     widget_.setUniformRowHeights(true);
     for (ui::Node& node : control.Nodes.All()) NodeAdded(node);
     widget_.OnPress = [this](QPointF at) {
+      clicked_ = nullptr;
       Act([this, at] { control_.PressMouse(static_cast<float>(at.x()), static_cast<float>(at.y())); });
     };
     widget_.OnDoubleClick = [this] { Act([this] { control_.DoubleClick(); }); };
     QObject::connect(&widget_, &QTreeWidget::currentItemChanged, &widget_, [this](QTreeWidgetItem* item) {
+      clicked_ = item;
       if (item) Act([this, item] { control_.ClickNode(NodeOf(item)); });
     });
-    QObject::connect(&widget_, &QTreeWidget::itemClicked, &widget_, [this] { Act([this] { control_.Click(); }); });
+    QObject::connect(&widget_, &QTreeWidget::itemClicked, &widget_, [this](QTreeWidgetItem* item) {
+      if (clicked_ != item) Act([this, item] { control_.ClickNode(NodeOf(item)); });
+    });
     QObject::connect(&widget_, &QTreeWidget::itemExpanded, &widget_, [this](QTreeWidgetItem* item) {
       NoteChange();
       Act([this, item] { control_.ExpandNode(NodeOf(item)); });
@@ -134,6 +120,7 @@ class TreeViewView final : public ObservingView<ui::TreeView, TreeWidget, ui::Tr
   std::unordered_map<const ui::Node*, NodeItem*> items_;
   std::unordered_set<const ui::Node*> changed_;
   const ui::Node* shownSelection_ = nullptr;
+  const QTreeWidgetItem* clicked_ = nullptr;  // the node that the last press has selected; only compared
   std::unordered_map<int, QIcon> icons_;
 };
 

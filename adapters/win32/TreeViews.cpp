@@ -73,12 +73,15 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
   }
 
   void OnPress(POINT at) override {
+    pressed_ = at;
+    hasMoved_ = false;
     Act([this, at] { control_.PressMouse(static_cast<float>(at.x), static_cast<float>(at.y)); });
   }
   void OnNotify(const NMHDR& report) override {
     const auto& change = reinterpret_cast<const NMTREEVIEWW&>(report);
     switch (report.code) {
       case TVN_SELCHANGEDW:
+        hasMoved_ = true;
         if (change.itemNew.hItem) ActOn(change.itemNew.lParam, &ui::TreeView::ClickNode);
         break;
       case TVN_ITEMEXPANDEDW:
@@ -89,7 +92,7 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
         Act([this] { StartAtFirst(); });
         break;
       case NM_CLICK:
-        Act([this] { control_.Click(); });
+        ReportClick();
         break;
       case NM_DBLCLK:
         Act([this] { control_.DoubleClick(); });
@@ -100,6 +103,16 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
   }
 
  private:
+  // A node that was not selected before has said so by itself.
+  void ReportClick() {
+    ui::Node* node = NodeAt(static_cast<float>(pressed_.x), static_cast<float>(pressed_.y));
+    if (node && !hasMoved_ && Caret() == items_.at(node)) {
+      ActOn(reinterpret_cast<LPARAM>(node), &ui::TreeView::ClickNode);
+    } else {
+      Act([this] { control_.Click(); });
+    }
+  }
+
   // The keys move from the selected node, so with the keyboard there is one.
   void StartAtFirst() {
     const auto& roots = control_.Nodes.Roots();
@@ -154,6 +167,8 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
   std::unordered_map<const ui::Node*, HTREEITEM> items_;
   std::unordered_map<const ui::Node*, HTREEITEM> lastBelow_;  // by parent; null: the last root
   std::unordered_set<const ui::Node*> changed_;
+  POINT pressed_{};        // where the mouse was last
+  bool hasMoved_ = false;  // whether the selection has since
 };
 
 }  // namespace

@@ -69,7 +69,7 @@ TEST_CASE_FIXTURE(FiveNodes, "A user opens what has children, and closing takes 
   Tree.NodeClick = [&](ui::Node& node) { events += "click " + node.Text.Get() + ", "; };
   Tree.Expand = [&](ui::Node& node) { events += (node.Expanded ? "open " : "? ") + node.Text.Get() + ", "; };
   for (ui::Node* node : {&B, &A, &A}) Tree.ExpandNode(*node);  // the first one is a leaf
-  Tree.ClickNode(A11);
+  for (int i = 0; i < 2; ++i) Tree.ClickNode(A11);
   Tree.CollapseNode(A1);  // closed already
   CHECK(Tree.SelectedItem == &A11);
   Tree.CollapseNode(A);
@@ -81,7 +81,7 @@ TEST_CASE_FIXTURE(FiveNodes, "A user opens what has children, and closing takes 
   Tree.ClickNode(A);
   CHECK_FALSE(A.Expanded);
   CHECK(Tree.SelectedItem == &B);
-  CHECK(events == "open a, click a11, click a, open a, click b, ");
+  CHECK(events == "open a, click a11, click a11, click a, open a, click b, ");
 }
 
 TEST_CASE_FIXTURE(FiveNodes, "A view of a tree is told of every node once, and of values only when they differ") {

@@ -115,6 +115,9 @@ TEST_CASE("Buttons and the focus show what the keys will do") {
     Press(VK_TAB, VK_SHIFT);
     Press(VK_RETURN);
     CHECK(IsWindowEnabled(WindowOf(dialog.cmdBack)));
+    const HWND systems = WindowOf(dialog.tvwConnection);
+    Click(systems, PlaceOf(systems, ItemOf(systems, L"Samples")));  // selected already
+    CHECK(dialog.barStatus.Panels[0].Get() == "conn");
     Press(VK_RETURN);
     const HWND tree = WindowOf(dialog.tvwClasses);
     const POINT at = PlaceOf(tree, ItemOf(tree, L"Person"));

@@ -82,8 +82,14 @@ QPoint CenterOf(QTreeWidget& tree, const QString& text) {
 void ClickAt(QWidget& widget, QPoint at) {
   QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), at));
 }
-void DoubleClickAt(QWidget& widget, QPoint at) {
-  QTest::mouseDClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), at));
+void DoubleClickAt(QWidget& widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+  QTest::mouseDClick(widget.window()->windowHandle(), button, {}, widget.mapTo(widget.window(), at));
+}
+// Neither a click beside all entries nor a double click with the right button does anything.
+void ClickInVain(QAbstractItemView& view, QPoint entry) {
+  ClickAt(*view.viewport(), view.viewport()->rect().bottomRight() - QPoint(5, 5));
+  CHECK(view.selectionModel()->selectedRows().size() == 1);
+  DoubleClickAt(*view.viewport(), entry, Qt::RightButton);
 }
 
 class MouseUser {
@@ -185,11 +191,18 @@ TEST_CASE("A form made by mouse alone is the one that the command line makes") {
     });
     MouseUser::Click("cmdSettings");
     MouseUser::Click("cmdNext");
+    auto* systems = Find<QTreeWidget>("tvwConnection");
+    ClickInVain(*systems, CenterOf(*systems, "Samples"));
+    CHECK(Caption() == "Ostrel Form Wizard - Step 2 of 6");
+    MouseUser::ClickNode("tvwConnection", "Samples");  // selected already
+    CHECK(Find("barStatus")->findChild<QLabel*>()->text() == "local:samples");
     MouseUser::DoubleClickNode("tvwConnection", "Samples");
     CHECK(Caption() == "Ostrel Form Wizard - Step 3 of 6");
     MouseUser::DoubleClickNode("tvwClasses", "Person");
     CHECK(Caption() == "Ostrel Form Wizard - Step 4 of 6");
     MouseUser::DoubleClickNode("tvwAttributes", "*Name");
+    auto* chosen = Find<QListWidget>("lstSelected");
+    ClickInVain(*chosen, chosen->visualItemRect(chosen->item(0)).center());
     MouseUser::DoubleClickNode("tvwAttributes", "Home");  // opens it
     MouseUser::ClickNode("tvwAttributes", "*City");
     MouseUser::Click("cmdSelectOne");
