@@ -44,8 +44,18 @@ void frmWizard::EnterAttributes() {
 // Any other kind shows the first panel.
 std::size_t frmWizard::PanelOf(Int16 fieldKind) {
   static_assert(std::ranges::all_of(Panels, [](const Panel& panel) { return panel.Design != nullptr; }));
-  const auto found = std::ranges::find_if(
-      Panels, [&](const Panel& panel) { return fieldKind >= panel.FirstKind && fieldKind <= panel.LastKind; });
+  static constexpr auto isFor = [](const Panel& panel, Int16 wanted) {
+    return wanted >= panel.FirstKind && wanted <= panel.LastKind;
+  };
+  static_assert(
+      [] {
+        for (Int16 each(1); each <= kind::Last; each += Int16(1)) {
+          if (std::ranges::count_if(Panels, [&](const Panel& panel) { return isFor(panel, each); }) != 1) return false;
+        }
+        return true;
+      }(),
+      "each kind of control has one panel");
+  const auto found = std::ranges::find_if(Panels, [&](const Panel& panel) { return isFor(panel, fieldKind); });
   return found == Panels.end() ? 0 : static_cast<std::size_t>(found - Panels.begin());
 }
 

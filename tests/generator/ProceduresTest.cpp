@@ -108,7 +108,7 @@ TEST_CASE("A reference shown more than once has one menu and one pair of handler
 TEST_CASE_FIXTURE(GenerationFixture,
                   "A field of unknown kind and a read-only field that follows no other write nothing of their own") {
   AddField(kind::ReadOnlyLabel, "Age");
-  AddField(Int16(9), "Strange");
+  AddField(kind::Last + Int16(1), "Strange");
   Generate();
   CHECK(ProcedureIn(*this, "Private Sub EraseScreen()") == "Private Sub EraseScreen()\n    conAge.Caption = \"\"\n");
   CHECK_FALSE(Writes("LostFocus"));
