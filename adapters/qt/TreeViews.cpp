@@ -3,7 +3,7 @@
 #include "adapters/qt/ObservingView.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/Text.h"
-#include "adapters/qt/ViewKinds.h"
+#include "adapters/qt/View.h"
 #include "ui/MakeFirst.h"
 
 #include <QSignalBlocker>

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 
+#include <stdexcept>
 #include <utility>
 
 namespace formwizard::adapters::qt {
@@ -38,6 +39,13 @@ void View::Update() {
   widget_->setEnabled(control_.Enabled);
   Show();
   widget_->setVisible(control_.Visible);
+}
+
+std::unique_ptr<View> MakeView(FormWindow& window, ui::Control& control) {
+  for (const auto make : {MakeSimpleView, MakeListView, MakeTreeView}) {
+    if (auto view = make(window, control)) return view;
+  }
+  throw std::logic_error("a kind of control without a view: " + control.Name);
 }
 
 }  // namespace formwizard::adapters::qt

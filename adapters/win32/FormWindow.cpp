@@ -1,10 +1,9 @@
 #include "adapters/win32/FormWindow.h"
 
-#include "adapters/win32/DisabledWindows.h"
 #include "adapters/win32/FrameView.h"
 #include "adapters/win32/Keyboard.h"
-#include "adapters/win32/MessageQueue.h"
 #include "adapters/win32/Text.h"
+#include "adapters/win32/UserInput.h"
 #include "ui/WindowFrame.h"
 
 #include <algorithm>

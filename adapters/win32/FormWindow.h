@@ -2,8 +2,8 @@
 #pragma once
 
 #include "adapters/win32/Arrangement.h"
-#include "adapters/win32/BusyPointer.h"
 #include "adapters/win32/Screen.h"
+#include "adapters/win32/UserInput.h"
 #include "adapters/win32/View.h"
 #include "adapters/win32/WindowClass.h"
 #include "ui/Form.h"

@@ -1,7 +1,7 @@
 #include "adapters/win32/FrameView.h"
 
 #include "adapters/win32/ObservingView.h"
-#include "adapters/win32/ViewKinds.h"
+#include "adapters/win32/View.h"
 #include "adapters/win32/WindowClass.h"
 #include "ui/MakeFirst.h"
 

@@ -1,5 +1,5 @@
 #include "adapters/win32/ObservingView.h"
-#include "adapters/win32/ViewKinds.h"
+#include "adapters/win32/View.h"
 #include "ui/MakeFirst.h"
 
 namespace formwizard::adapters::win32 {

@@ -2,7 +2,7 @@
 #include "adapters/win32/ObservingView.h"
 #include "adapters/win32/Pictures.h"
 #include "adapters/win32/Screen.h"
-#include "adapters/win32/ViewKinds.h"
+#include "adapters/win32/View.h"
 #include "ui/MakeFirst.h"
 
 #include <array>

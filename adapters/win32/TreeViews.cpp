@@ -1,6 +1,6 @@
 #include "adapters/win32/ObservingView.h"
 #include "adapters/win32/Pictures.h"
-#include "adapters/win32/ViewKinds.h"
+#include "adapters/win32/View.h"
 #include "ui/MakeFirst.h"
 
 #include <cmath>

@@ -4,6 +4,7 @@
 #include "adapters/win32/Screen.h"
 #include "adapters/win32/WindowClass.h"
 
+#include <stdexcept>
 #include <utility>
 
 namespace formwizard::adapters::win32 {
@@ -67,6 +68,13 @@ LONG View::CaptionHeight(LONG width) const {
 void View::Place(const RECT& place) {
   SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::unique_ptr<View> MakeView(FormWindow& window, ui::Control& control) {
+  for (const auto make : {MakeSimpleView, MakeFrameView, MakeListView, MakeTreeView}) {
+    if (auto view = make(window, control)) return view;
+  }
+  throw std::logic_error("a kind of control without a view: " + control.Name);
 }
 
 }  // namespace formwizard::adapters::win32

@@ -104,4 +104,10 @@ class View {
 // The view of any kind of control that dialogs show. `control` must outlive the view.
 std::unique_ptr<View> MakeView(FormWindow& window, ui::Control& control);
 
+// The same, of some kinds each; null for a control of another kind.
+std::unique_ptr<View> MakeSimpleView(FormWindow& window, ui::Control& control);
+std::unique_ptr<View> MakeFrameView(FormWindow& window, ui::Control& control);
+std::unique_ptr<View> MakeListView(FormWindow& window, ui::Control& control);
+std::unique_ptr<View> MakeTreeView(FormWindow& window, ui::Control& control);
+
 }  // namespace formwizard::adapters::win32

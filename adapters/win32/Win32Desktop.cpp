@@ -1,8 +1,8 @@
 #include "adapters/win32/Win32Desktop.h"
 
 #include "adapters/win32/FormWindow.h"
-#include "adapters/win32/MessageQueue.h"
 #include "adapters/win32/Text.h"
+#include "adapters/win32/UserInput.h"
 #include "adapters/win32/WindowClass.h"
 #include "runtime/RuntimeError.h"
 

@@ -1,7 +1,7 @@
 // The desktop as the system gives it: pointer, message boxes, modal windows, clipboard.
 #pragma once
 
-#include "adapters/win32/BusyPointer.h"
+#include "adapters/win32/UserInput.h"
 #include "ui/Clipboard.h"
 #include "ui/Desktop.h"
 

@@ -1,5 +1,6 @@
 #include "support/Strings.h"
 
+#include "support/Pieces.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeLibraries.h"
 
@@ -38,4 +39,13 @@ TEST_CASE("A numeric value stands for the string of that id, any other for itsel
     CHECK(strings.LoadResStringValue(id) == Variant("Please select a class:"));
   }
   for (const char* text : {"Name", ""}) CHECK(strings.LoadResStringValue(Variant(text)) == Variant(text));
+}
+
+TEST_CASE("Pieces are counted from 1 and empty past the last one") {
+  for (const auto& [index, piece] : {std::pair{1, "a"}, std::pair{2, ""}, std::pair{3, "c"}, std::pair{4, ""}}) {
+    CHECK(GetPiece("a;;c", ";", index) == piece);
+  }
+  CHECK(GetPiece("abc", ";", 1) == "abc");
+  CHECK(GetPiece("abc", ";", 2).empty());
+  CHECK(GetPiece("a--b--", "--", 2) == "b");
 }

@@ -1,11 +1,20 @@
-// Keeps the user out of all other windows while a modal one is shown.
+// What the user can do while a modal dialog is shown or works: the thread's messages, its other windows and the
+// pointer.
 #pragma once
+
+#include "ui/Desktop.h"
 
 #include <windows.h>
 
 #include <vector>
 
 namespace formwizard::adapters::win32 {
+
+// Keys and mouse.
+bool IsInput(UINT message);
+
+// Dispatches what is waiting, except for input, which keeps waiting. The message that ends the program stays.
+void DispatchAllButInput();
 
 // Disables the top-level windows of this thread and the owner that take input, except for the modal window itself,
 // and enables them again at the end of its life. It must end before the modal window is destroyed: the system would
@@ -23,6 +32,17 @@ class DisabledWindows {
 
   HWND modal_;
   std::vector<HWND> disabled_;
+};
+
+// The mouse pointer over the dialogs.
+class BusyPointer {
+ public:
+  void Set(ui::MousePointer pointer);
+  // Shows it while work runs; false when a window is to show its own.
+  bool Show() const;
+
+ private:
+  bool isBusy_ = false;
 };
 
 }  // namespace formwizard::adapters::win32

@@ -1,4 +1,4 @@
-#include "adapters/win32/MessageQueue.h"
+#include "adapters/win32/UserInput.h"
 
 #include <algorithm>
 #include <array>
@@ -38,6 +38,37 @@ void DispatchAllButInput() {
       }
     }
   }
+}
+
+DisabledWindows::DisabledWindows(HWND modal) : modal_(modal) {
+  if (const HWND owner = GetWindow(modal, GW_OWNER)) Disable(owner);  // it may be another thread's
+  EnumThreadWindows(GetCurrentThreadId(), DisableOne, reinterpret_cast<LPARAM>(this));
+}
+
+DisabledWindows::~DisabledWindows() {
+  for (const HWND window : disabled_) EnableWindow(window, TRUE);
+}
+
+BOOL CALLBACK DisabledWindows::DisableOne(HWND window, LPARAM self) {
+  reinterpret_cast<DisabledWindows*>(self)->Disable(window);
+  return TRUE;
+}
+
+void DisabledWindows::Disable(HWND window) {
+  if (window == modal_ || !IsWindowVisible(window) || !IsWindowEnabled(window)) return;
+  disabled_.push_back(window);
+  EnableWindow(window, FALSE);
+}
+
+void BusyPointer::Set(ui::MousePointer pointer) {
+  isBusy_ = pointer == ui::MousePointer::ArrowHourglass;
+  // At once, because long work may follow; later the windows are asked.
+  if (!Show()) SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)));  // IDC_ARROW
+}
+
+bool BusyPointer::Show() const {
+  if (isBusy_) SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(32650)));  // IDC_APPSTARTING
+  return isBusy_;
 }
 
 }  // namespace formwizard::adapters::win32
