@@ -99,7 +99,7 @@ struct Wizard {
   English libraries;
   std::unique_ptr<wizard::factory::FactoryCreator> server;
   adapters::vb6files::ProjectOnDisk project{
-      adapters::vb6files::RealFileSystem(), FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp", {}};
+      system::RealFileSystem(), FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp", {}};
   wizard::WizardServices services{{.Desktop = desktop,
                                    .Measure = measure,
                                    .Profiles = profiles,

@@ -60,8 +60,7 @@ void OneForm(benchmark::State& state) {
   const support::ErrorReport report(desktop, strings);
   model::FormModel form = FormOf(state.range(0));
   for (auto _ : state) {
-    ProjectOnDisk project(adapters::vb6files::RealFileSystem(),
-                          FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp",
+    ProjectOnDisk project(system::RealFileSystem(), FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp",
                           {1252, FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini"});
     project.OnChange([](const auto& change) { benchmark::DoNotOptimize(change.New.data()); }, true);
     settings::Settings settings;
@@ -93,7 +92,7 @@ void OpenProject(benchmark::State& state) {
     }
   }
   for (auto _ : state) {
-    ProjectOnDisk project(adapters::vb6files::RealFileSystem(), (folder / "p.vbp").string(), {});
+    ProjectOnDisk project(system::RealFileSystem(), (folder / "p.vbp").string(), {});
     // Asking for a name reads every component's.
     benchmark::DoNotOptimize(project.ActiveVBProject().Components().Find("none"));
   }

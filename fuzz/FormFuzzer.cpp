@@ -13,7 +13,7 @@ using namespace formwizard;
 using namespace formwizard::adapters::vb6files;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const CodePage codePage(1252);
+  static const system::CodePage codePage(1252);
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   // The form, and behind the last zero byte its companion file.
   const std::size_t zero = bytes.rfind('\0');

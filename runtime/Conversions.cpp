@@ -9,7 +9,9 @@
 namespace formwizard::runtime {
 namespace {
 
-constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+constexpr std::string_view Blanks = " \t\n\r";
+
+constexpr bool IsBlank(char c) { return Blanks.find(c) != std::string_view::npos; }
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Collects the longest number at the start of a text. `Used` is the count of bytes read for it.
@@ -60,14 +62,8 @@ NumberScan ScanNumber(std::string_view text, bool skipBlanksInside) {
 // Locale-independent, unlike strtod alone: the digits are plain ASCII and the program never sets a locale.
 double ValueOf(const NumberScan& scan) { return scan.HasDigit ? std::strtod(scan.Digits.c_str(), nullptr) : 0.0; }
 
-std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 std::optional<double> WholeNumber(std::string_view text) {
-  const std::string_view trimmed = Trimmed(text);
+  const std::string_view trimmed = Trimmed(text, Blanks);
   // Nearly every number is a plain integer, which needs no scan.
   std::int64_t integer = 0;
   const char* const end = trimmed.data() + trimmed.size();
@@ -104,7 +100,7 @@ double ToNumber(std::string_view text) {
 bool IsNumeric(std::string_view text) { return WholeNumber(text).has_value(); }
 
 bool ToBoolean(std::string_view text) {
-  const std::string_view word = Trimmed(text);
+  const std::string_view word = Trimmed(text, Blanks);
   if (EqualIgnoringCase(word, "True")) return true;
   if (EqualIgnoringCase(word, "False")) return false;
   return ToNumber(word) != 0.0;
@@ -135,6 +131,11 @@ std::string LowerCase(std::string_view text) {
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   return a == b || std::ranges::equal(a, b, {}, Lower, Lower);  // mostly spelled alike
+}
+
+std::string_view Trimmed(std::string_view text, std::string_view blanks) {
+  const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
+  return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
 }  // namespace formwizard::runtime

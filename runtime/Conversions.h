@@ -36,4 +36,7 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 std::string LowerCase(std::string_view text);
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
+// Without the blanks around it, which are any of these.
+std::string_view Trimmed(std::string_view text, std::string_view blanks = " \t");
+
 }  // namespace formwizard::runtime

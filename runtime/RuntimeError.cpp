@@ -19,6 +19,7 @@ constexpr std::array Descriptions{
     Description{SubscriptOutOfRange, "Subscript out of range"},
     Description{DivisionByZero, "Division by zero"},
     Description{TypeMismatch, "Type mismatch"},
+    Description{PathFileAccessError, "Path/File access error"},
     Description{ObjectVariableNotSet, "Object variable or With block variable not set"},
     Description{InvalidUseOfNull, "Invalid use of Null"},
     Description{ResourceNotFound, "Resource not found"},

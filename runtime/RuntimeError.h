@@ -13,6 +13,7 @@ enum ErrorNumber : int {
   SubscriptOutOfRange = 9,
   DivisionByZero = 11,
   TypeMismatch = 13,
+  PathFileAccessError = 75,
   ObjectVariableNotSet = 91,
   InvalidUseOfNull = 94,
   ResourceNotFound = 326,

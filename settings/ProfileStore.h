@@ -14,10 +14,10 @@ class ProfileStore {
   virtual ~ProfileStore() = default;
 
   // The stored text or, when the file or the key is missing, `defaultText` without its trailing blanks; cut to size - 1
-  // bytes. Never fails.
+  // bytes. Error 75 for a file that is there and cannot be read.
   virtual std::string GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,
                                        std::size_t size, const std::string& file) const = 0;
-  // False when the file could not be written; it is then as it was before.
+  // False when the file could not be read or written; it is then as it was before.
   virtual bool WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
                                   const std::string& file) = 0;
 };

@@ -1,6 +1,7 @@
 #include "adapters/native/NativeLibraries.h"
 
-#include "adapters/native/AnsiText.h"
+#include "system/Paths.h"
+#include "system/Text.h"
 
 #include <windows.h>
 #undef LoadString
@@ -32,7 +33,7 @@ class Library : public support::ResourceLibrary {
     std::wstring_view found(text.data(), static_cast<std::size_t>(length));
     const bool isCut = found.size() + 1 == text.size();
     if (isCut && !found.empty() && IS_HIGH_SURROGATE(found.back())) found.remove_suffix(1);
-    return Utf8(found);
+    return system::Utf8(found);
   }
 
  private:
@@ -53,7 +54,7 @@ int NativeLibraries::UserLocaleId() const { return static_cast<int>(::GetUserDef
 std::unique_ptr<support::ResourceLibrary> NativeLibraries::LoadAsData(const std::string& path) const {
   // By its whole path, so that it is looked for nowhere else, and without a message box about a damaged file.
   std::error_code error;
-  std::filesystem::path file = std::filesystem::absolute(Utf16(path), error);
+  std::filesystem::path file = std::filesystem::absolute(system::NativePath(path), error);
   file.make_preferred();
   DWORD errorMode = 0;
   ::SetThreadErrorMode(SEM_FAILCRITICALERRORS, &errorMode);

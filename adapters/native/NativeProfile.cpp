@@ -1,6 +1,10 @@
 #include "adapters/native/NativeProfile.h"
 
 #include "adapters/native/AnsiText.h"
+#include "runtime/RuntimeError.h"
+#include "support/Failures.h"
+#include "system/Paths.h"
+#include "system/WholeFile.h"
 
 #include <windows.h>
 #undef GetProfileString
@@ -9,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
+#include <optional>
 #include <system_error>
 #include <vector>
 
@@ -20,13 +25,13 @@ namespace fs = std::filesystem;
 // The calls look for a bare name in the folder of Windows.
 fs::path Absolute(const std::string& file) {
   std::error_code error;
-  fs::path path = fs::absolute(Utf16(file), error);
+  fs::path path = fs::absolute(system::NativePath(file), error);
   return path.make_preferred();
 }
 
 // The path for an "A" call: by its short name where the code page lacks a character of the long one.
 std::string AnsiPath(const fs::path& path) {
-  const std::string text = Utf8(path.native());
+  const std::string text = system::Utf8(path);
   std::string bytes = ToAnsi(text);
   if (FromAnsi(bytes) == text) return bytes;
   std::wstring shortName(MAX_PATH, L'\0');
@@ -34,7 +39,16 @@ std::string AnsiPath(const fs::path& path) {
   const DWORD length = ::GetShortPathNameW(folder.c_str(), shortName.data(), static_cast<DWORD>(shortName.size()));
   if (length == 0 || length >= shortName.size()) return bytes;
   shortName.resize(length);
-  return ToAnsi(Utf8((fs::path(shortName) / path.filename()).native()));
+  return ToAnsi(system::Utf8(fs::path(shortName) / path.filename()));
+}
+
+// The platform takes a file that cannot be read for one that is not there.
+void CheckReadable(const std::string& file) {
+  try {
+    system::RealFileSystem().ReadHead(system::Utf8(Absolute(file)), 1);
+  } catch (const support::InputError& error) {
+    runtime::Raise(runtime::PathFileAccessError, error.what());
+  }
 }
 
 }  // namespace
@@ -43,6 +57,7 @@ std::string NativeProfile::GetProfileString(std::string_view section, std::strin
                                             std::string_view defaultText, std::size_t size,
                                             const std::string& file) const {
   if (size == 0) return "";
+  CheckReadable(file);
   std::vector<char> buffer(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
   const DWORD length =
       ::GetPrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), ToAnsi(defaultText).c_str(),
@@ -52,11 +67,24 @@ std::string NativeProfile::GetProfileString(std::string_view section, std::strin
 
 bool NativeProfile::WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
                                        const std::string& file) {
-  const fs::path path = Absolute(file);
-  std::error_code error;
-  fs::create_directories(path.parent_path(), error);
-  return ::WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), ToAnsi(value).c_str(),
-                                      AnsiPath(path).c_str()) != 0;
+  system::FileSystem& files = system::RealFileSystem();
+  try {
+    const std::string path = system::Utf8(Absolute(file));
+    const std::optional<std::string> old = files.Read(path, system::LargestSettings);
+    system::WholeFile changed(files, path);
+    changed.Write(old.value_or(""));
+    const std::string aside = AnsiPath(system::NativePath(changed.Lend()));
+    if (!::WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), ToAnsi(value).c_str(),
+                                      aside.c_str())) {
+      return false;
+    }
+    ::WritePrivateProfileStringA(nullptr, nullptr, nullptr, aside.c_str());  // from memory to the file
+    return changed.CommitOver(old);
+  } catch (const support::InputError&) {
+    return false;
+  } catch (const support::SaveError&) {
+    return false;
+  }
 }
 
 }  // namespace formwizard::adapters::native

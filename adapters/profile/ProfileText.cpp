@@ -7,11 +7,7 @@
 namespace formwizard::adapters::profile {
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
+std::string_view Trimmed(std::string_view text) { return runtime::Trimmed(text, " \t\r"); }
 
 std::string_view Unquoted(std::string_view text) {
   const bool quoted = text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();

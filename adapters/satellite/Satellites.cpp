@@ -2,17 +2,16 @@
 
 #include "adapters/satellite/Locales.h"
 #include "adapters/satellite/StringResources.h"
+#include "support/Failures.h"
+#include "system/FileSystem.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include <optional>
 #include <string_view>
 #include <utility>
 
 namespace formwizard::adapters::satellite {
 namespace {
-
-constexpr std::streamoff LargestLibrary = 16 << 20;  // bytes; a satellite holds texts only
 
 std::string_view UserLocale() {
   for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -53,14 +52,14 @@ std::string Satellites::UserLanguage() const { return std::string(LocaleNamed(Us
 int Satellites::UserLocaleId() const { return LocaleNamed(UserLocale()).Id; }
 
 std::unique_ptr<support::ResourceLibrary> Satellites::LoadAsData(const std::string& path) const {
-  const std::filesystem::path file(std::u8string(path.begin(), path.end()));
-  std::ifstream in(file, std::ios::binary | std::ios::ate);
-  if (!in || in.tellg() > LargestLibrary || in.tellg() < 0) return nullptr;
-  std::string bytes(static_cast<std::size_t>(in.tellg()), '\0');
-  in.seekg(0);
-  if (!in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return nullptr;
-  std::optional<StringTable> texts = ReadStringTable(bytes);
-  return texts ? std::make_unique<Library>(std::move(*texts)) : nullptr;
+  try {
+    const std::optional<std::string> bytes = system::RealFileSystem().Read(path, system::LargestLibrary);
+    if (!bytes) return nullptr;
+    std::optional<StringTable> texts = ReadStringTable(*bytes);
+    return texts ? std::make_unique<Library>(std::move(*texts)) : nullptr;
+  } catch (const support::InputError&) {
+    return nullptr;  // as the platform's loader answers
+  }
 }
 
 }  // namespace formwizard::adapters::satellite

@@ -1,5 +1,7 @@
 #include "adapters/satellite/StringResources.h"
 
+#include "system/Text.h"
+
 #include <cstdint>
 
 namespace formwizard::adapters::satellite {
@@ -40,32 +42,12 @@ class Bytes {
   std::string_view bytes_;
 };
 
-void AppendUtf8(std::string& text, std::uint32_t c) {
-  if (c < 0x80) {
-    text += static_cast<char>(c);
-    return;
-  }
-  const int more = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-  constexpr unsigned leads[] = {0, 0xC0, 0xE0, 0xF0};
-  text += static_cast<char>(leads[more] | (c >> (6 * more)));
-  for (int i = more - 1; i >= 0; --i) text += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
-}
-
 std::string FromUtf16(const Bytes& units, std::uint32_t count) {
-  constexpr std::uint32_t replacement = 0xFFFD;
-  const auto unit = [&](std::uint32_t i) { return units.U16(std::uint64_t{2} * i).value_or(0); };
-  std::string text;
+  std::u16string text;
   for (std::uint32_t i = 0; i < count; ++i) {
-    std::uint32_t c = unit(i);
-    const bool leads = c >= 0xD800 && c < 0xDC00;
-    if (leads && i + 1 < count && unit(i + 1) >= 0xDC00 && unit(i + 1) < 0xE000) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (unit(++i) - 0xDC00);
-    } else if (c >= 0xD800 && c < 0xE000) {
-      c = replacement;
-    }
-    AppendUtf8(text, c);
+    text += static_cast<char16_t>(units.U16(std::uint64_t{2} * i).value_or(0));
   }
-  return text;
+  return system::Utf8(text);
 }
 
 class Library {

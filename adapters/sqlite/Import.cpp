@@ -1,9 +1,9 @@
 #include "adapters/sqlite/Dictionary.h"
 #include "adapters/sqlite/JsonFormat.h"
-#include "adapters/sqlite/NativePath.h"
 #include "adapters/sqlite/OpenDictionary.h"
 #include "adapters/sqlite/Schema.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <nlohmann/json.hpp>
 
@@ -323,14 +323,14 @@ class TemporaryFile {
 
   void MoveIntoPlace() {
     std::error_code error;
-    std::filesystem::rename(NativePath(Path), NativePath(target_), error);
+    std::filesystem::rename(system::NativePath(Path), system::NativePath(target_), error);
     if (error) throw support::SaveError(target_ + ": replacing the dictionary failed: " + error.message());
   }
 
  private:
   void Remove() const {
     std::error_code error;
-    std::filesystem::remove(NativePath(Path), error);
+    std::filesystem::remove(system::NativePath(Path), error);
   }
 
   std::string target_;
@@ -357,7 +357,7 @@ void Fill(Database& database, std::istream& in, const std::string& source) {
 
 void ImportDictionary(std::istream& in, const std::string& source, const std::string& target) {
   std::error_code error;
-  if (std::filesystem::exists(NativePath(target), error) && !IsDictionary(target)) {
+  if (std::filesystem::exists(system::NativePath(target), error) && !IsDictionary(target)) {
     throw InputError(target + ": this file exists and is no class dictionary; choose another name");
   }
   TemporaryFile temporary(target);

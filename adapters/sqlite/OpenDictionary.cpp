@@ -1,9 +1,9 @@
 #include "adapters/sqlite/OpenDictionary.h"
 
-#include "adapters/sqlite/NativePath.h"
 #include "adapters/sqlite/Schema.h"
 #include "runtime/RuntimeError.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <filesystem>
 
@@ -11,7 +11,7 @@ namespace formwizard::adapters::sqlite {
 
 Database OpenDictionaryFile(const std::string& path) {
   std::error_code error;
-  if (!std::filesystem::is_regular_file(NativePath(path), error)) {
+  if (!std::filesystem::is_regular_file(system::NativePath(path), error)) {
     throw support::InputError(path + ": there is no such file; make a class dictionary with \"dictionary import\"");
   }
   Database database = Database::OpenForReading(path);

@@ -1,12 +1,12 @@
 // The controls of one form: their classes, properties, order, containers and places in the tab order.
 #pragma once
 
-#include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/ControlClasses.h"
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/PropertyText.h"
 #include "adapters/vb6files/Scale.h"
 #include "generator/ide/Ide.h"
+#include "system/CodePage.h"
 
 #include <deque>
 #include <string>
@@ -64,7 +64,7 @@ class Control final : public generator::ide::VBControl {
 class Designer {
  public:
   // `formScale` is that of the form's client area. All must outlive the designer.
-  Designer(const CodePage& codePage, const ControlLibraries& libraries, const Scale& formScale)
+  Designer(const system::CodePage& codePage, const ControlLibraries& libraries, const Scale& formScale)
       : CodePageOfForm(codePage), libraries_(libraries), formScale_(formScale) {}
   Designer(const Designer&) = delete;
   Designer& operator=(const Designer&) = delete;
@@ -82,7 +82,7 @@ class Designer {
   // All controls, from the level below the form.
   void AppendTo(std::string& out, FrxBuilder& frx) const;
 
-  const CodePage& CodePageOfForm;
+  const system::CodePage& CodePageOfForm;
 
  private:
   friend class Control;

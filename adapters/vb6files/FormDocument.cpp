@@ -26,13 +26,13 @@ std::string ObjectLine(const ObjectReference& library) {
 
 }  // namespace
 
-FormDocument::FormDocument(FormHeader header, const CodePage& codePage, const ControlLibraries& libraries)
+FormDocument::FormDocument(FormHeader header, const system::CodePage& codePage, const ControlLibraries& libraries)
     : codePage_(codePage),
       libraries_(libraries),
       header_(std::move(header)),
       designer_(codePage, libraries, header_.ClientScale()) {}
 
-std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const CodePage& codePage,
+std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const system::CodePage& codePage,
                                                 const ControlLibraries& libraries) {
   std::shared_ptr<FormDocument> form(new FormDocument(FormHeader(name), codePage, libraries));
   form->name_ = name;
@@ -43,7 +43,7 @@ std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const Cod
 }
 
 std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::string frm, std::string_view frx,
-                                                  const CodePage& codePage, const ControlLibraries& libraries) {
+                                                  const system::CodePage& codePage, const ControlLibraries& libraries) {
   FormParts parts = ReadForm(path, frm);
   // The companion file matters to a form that can be changed.
   FormHeader header(path, parts.ControlCount == 0 ? parts.Properties : std::vector<FormProperty>(), frx);

@@ -1,13 +1,13 @@
 // One form of a project: its designer, its code, and the text of its files.
 #pragma once
 
-#include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/CodeText.h"
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/Designer.h"
 #include "adapters/vb6files/FormHeader.h"
 #include "adapters/vb6files/KeptCode.h"
 #include "generator/ide/Ide.h"
+#include "system/CodePage.h"
 
 #include <memory>
 #include <optional>
@@ -31,12 +31,12 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
                      private generator::ide::CodeModule {
  public:
   // A new empty form ("Form2"). `codePage` and `libraries` must outlive the document.
-  static std::shared_ptr<FormDocument> New(std::string_view name, const CodePage& codePage,
+  static std::shared_ptr<FormDocument> New(std::string_view name, const system::CodePage& codePage,
                                            const ControlLibraries& libraries);
   // An existing form; `path` is for messages, `frx` is empty when there is no such file. support::InputError, naming
   // file and line, for a text that is no form.
   static std::shared_ptr<FormDocument> Parse(const std::string& path, std::string frm, std::string_view frx,
-                                             const CodePage& codePage, const ControlLibraries& libraries);
+                                             const system::CodePage& codePage, const ControlLibraries& libraries);
 
   // UTF-8.
   std::string Name() const;
@@ -56,7 +56,7 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   FormFiles Render(std::string_view stem) const;
 
  private:
-  FormDocument(FormHeader header, const CodePage& codePage, const ControlLibraries& libraries);
+  FormDocument(FormHeader header, const system::CodePage& codePage, const ControlLibraries& libraries);
 
   generator::ide::Int32 Count() const override;
   std::shared_ptr<generator::ide::VBControl> Add(std::string_view progId,
@@ -69,7 +69,7 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   void AppendHead(std::string& out) const;
   void AppendAttributes(std::string& out) const;
 
-  const CodePage& codePage_;
+  const system::CodePage& codePage_;
   const ControlLibraries& libraries_;
   std::string original_, originalFrx_;  // as read
   std::string nameAsRead_, codeAsRead_;

@@ -156,7 +156,7 @@ void FormHeader::SetClientSize(std::string_view dimension, double outer, double 
   RecomputeScale();
 }
 
-void FormHeader::SetProperty(std::string_view name, const PropertyValue& value, const CodePage& codePage,
+void FormHeader::SetProperty(std::string_view name, const PropertyValue& value, const system::CodePage& codePage,
                              bool hasMenuBar) {
   const PropertyRow* row = FindProperty(classbit::Form, name);
   if (!row) runtime::Raise(runtime::PropertyNotFound, "Property '" + std::string(name) + "' not found in VB.Form");

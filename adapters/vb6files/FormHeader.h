@@ -1,11 +1,11 @@
 // The properties of a form itself, and the relation of its outer size to the client area that its file holds.
 #pragma once
 
-#include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/FormReader.h"
 #include "adapters/vb6files/PropertyText.h"
 #include "adapters/vb6files/Scale.h"
 #include "generator/ide/Ide.h"
+#include "system/CodePage.h"
 #include "ui/WindowFrame.h"
 
 #include <string>
@@ -22,7 +22,7 @@ class FormHeader {
   FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frx);
 
   // Errors as Coerced raises them, 422 for a property that a form lacks. With a menu bar the outer height holds it too.
-  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value, const CodePage& codePage,
+  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value, const system::CodePage& codePage,
                    bool hasMenuBar);
 
   // Of what stands on the form.

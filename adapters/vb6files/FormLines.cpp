@@ -7,12 +7,6 @@
 
 namespace formwizard::adapters::vb6files {
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 std::string_view Word(std::string_view line, int n) {
   line = Trimmed(line);
   for (; n > 0; --n) line = Trimmed(line.substr(std::min(line.find_first_of(" \t"), line.size())));

@@ -1,13 +1,14 @@
 // The lines of a form file one after another, and how one is taken apart.
 #pragma once
 
+#include "runtime/Conversions.h"
+
 #include <string>
 #include <string_view>
 
 namespace formwizard::adapters::vb6files {
 
-// Without the blanks and tabs around it.
-std::string_view Trimmed(std::string_view text);
+using runtime::Trimmed;
 
 // The n-th word of a line, counted from 0.
 std::string_view Word(std::string_view line, int n);

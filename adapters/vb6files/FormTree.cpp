@@ -118,7 +118,7 @@ std::string Unquoted(std::string_view value, std::size_t& end) {
 
 class TreeReader {
  public:
-  TreeReader(const std::string& path, std::string_view frm, std::string_view frx, const CodePage& codePage)
+  TreeReader(const std::string& path, std::string_view frm, std::string_view frx, const system::CodePage& codePage)
       : lines_(path, frm), companion_(frx), codePage_(codePage) {}
 
   FormNode Read() {
@@ -179,7 +179,7 @@ class TreeReader {
 
   FormLines lines_;
   Companion companion_;
-  const CodePage& codePage_;
+  const system::CodePage& codePage_;
 };
 
 }  // namespace
@@ -209,14 +209,15 @@ double FormNode::Number(std::string_view property, double missing) const {
 
 bool FormNode::Flag(std::string_view property, bool missing) const { return Number(property, missing ? -1 : 0) != 0; }
 
-FormTree ReadFormTree(const std::string& path, std::string_view frm, std::string_view frx, const CodePage& codePage) {
+FormTree ReadFormTree(const std::string& path, std::string_view frm, std::string_view frx,
+                      const system::CodePage& codePage) {
   const FormParts parts = ReadForm(path, frm);
   FormTree tree{TreeReader(path, frm, frx, codePage).Read(), codePage.Decode(parts.Code)};
   tree.Form.Name = codePage.Decode(parts.Name);
   return tree;
 }
 
-FormTree ReadFormFile(const FileSystem& files, const std::string& path, const CodePage& codePage) {
+FormTree ReadFormFile(const system::FileSystem& files, const std::string& path, const system::CodePage& codePage) {
   const std::optional<std::string> frm = files.Read(path);
   if (!frm) throw support::InputError(path + ": the form cannot be read; check the name and its permissions");
   std::string frxPath = path.substr(0, path.rfind('.')) + ".frx";

@@ -1,8 +1,8 @@
 // A form file as a tree to look at: the form, its controls and menus with their properties, and the code.
 #pragma once
 
-#include "adapters/vb6files/CodePage.h"
-#include "adapters/vb6files/FileSystem.h"
+#include "system/CodePage.h"
+#include "system/FileSystem.h"
 
 #include <string>
 #include <string_view>
@@ -39,9 +39,10 @@ struct FormTree {
 
 // `frx` holds the bytes of the companion file, empty when there is none. support::InputError, naming `path` and the
 // line, for a text that is no form or nests deeper than any form.
-FormTree ReadFormTree(const std::string& path, std::string_view frm, std::string_view frx, const CodePage& codePage);
+FormTree ReadFormTree(const std::string& path, std::string_view frm, std::string_view frx,
+                      const system::CodePage& codePage);
 
 // The form file with the .frx beside it; support::InputError also when it cannot be read.
-FormTree ReadFormFile(const FileSystem& files, const std::string& path, const CodePage& codePage);
+FormTree ReadFormFile(const system::FileSystem& files, const std::string& path, const system::CodePage& codePage);
 
 }  // namespace formwizard::adapters::vb6files

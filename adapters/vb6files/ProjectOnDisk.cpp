@@ -4,6 +4,7 @@
 #include "adapters/vb6files/FormReader.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,7 @@ using namespace generator::ide;
 
 constexpr std::size_t NameIsWithin = 4096;  // bytes at the start of a form file
 
-std::string ReadProject(const FileSystem& files, const std::string& path) {
+std::string ReadProject(const system::FileSystem& files, const std::string& path) {
   std::optional<std::string> text = files.Read(path);
   if (!text) {
     throw support::InputError(path + ": the project file cannot be read; check the path and the permissions");
@@ -82,10 +83,10 @@ class ProjectOnDisk::Component : public VBComponent {
   Entry& entry_;
 };
 
-ProjectOnDisk::ProjectOnDisk(FileSystem& files, const std::string& path, const ProjectOptions& options)
+ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path, const ProjectOptions& options)
     : files_(files),
       path_(path),
-      folder_(FolderPart(path)),
+      folder_(system::FolderPart(path)),
       original_(ReadProject(files, path)),
       codePage_(options.CodePageNumber),
       spelling_(files),
@@ -108,16 +109,26 @@ std::string ProjectOnDisk::FilePath(std::string_view projectPath) const {
 }
 
 // `path` is spelled as the folder spells it afterwards.
-std::optional<std::string> ProjectOnDisk::ReadFile(std::string& path, std::size_t limit) const {
-  std::optional<std::string> bytes = files_.Read(path, limit);
+std::optional<std::string> ProjectOnDisk::ReadFile(std::string& path) const {
+  std::optional<std::string> bytes = files_.Read(path);
   if (bytes) return bytes;
   path = spelling_.Of(path);
-  return files_.Read(path, limit);
+  return files_.Read(path);
+}
+
+std::optional<std::string> ProjectOnDisk::ReadHead(std::string& path) const {
+  std::optional<system::FileContent> head = files_.ReadHead(path, NameIsWithin);
+  if (!head) {
+    path = spelling_.Of(path);
+    head = files_.ReadHead(path, NameIsWithin);
+  }
+  if (!head) return std::nullopt;
+  return std::move(head->Bytes);
 }
 
 std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
   std::string path = FilePath(item.Path);
-  const std::optional<std::string> head = ReadFile(path, NameIsWithin);
+  const std::optional<std::string> head = ReadHead(path);
   if (!head) {
     throw support::InputError(path_ + ":" + std::to_string(item.Line) + ": the file " + path +
                               " cannot be read; restore it or take its line out of the project");

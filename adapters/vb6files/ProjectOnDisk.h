@@ -1,15 +1,15 @@
 // A project on disk that behaves as the one that is open in the environment.
 #pragma once
 
-#include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/ControlLibraries.h"
-#include "adapters/vb6files/FileSystem.h"
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/ProjectFile.h"
 #include "adapters/vb6files/Saving.h"
 #include "adapters/vb6files/Spelling.h"
 #include "adapters/vb6files/Toolbox.h"
 #include "generator/ide/Ide.h"
+#include "system/CodePage.h"
+#include "system/FileSystem.h"
 
 #include <deque>
 #include <functional>
@@ -51,7 +51,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
 
   // Reads the project file; components are read when they are asked for. support::InputError names what is missing or
   // damaged. `files` must outlive the project.
-  ProjectOnDisk(FileSystem& files, const std::string& path, const ProjectOptions& options);
+  ProjectOnDisk(system::FileSystem& files, const std::string& path, const ProjectOptions& options);
 
   generator::ide::VBProject& ActiveVBProject() override { return *this; }
 
@@ -70,7 +70,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::optional<KeptCode> CodeKeptIn(std::string_view name) const;
 
   const std::string& Path() const { return path_; }
-  const CodePage& ProjectCodePage() const { return codePage_; }
+  const system::CodePage& ProjectCodePage() const { return codePage_; }
   // Whether saving would write something.
   bool IsChanged() const;
   // In the order of the project file, new forms last.
@@ -99,7 +99,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
 
   void ReadNames() const;
   std::string NameInFile(const ProjectFile::Item& item) const;
-  std::optional<std::string> ReadFile(std::string& path, std::size_t limit = std::string::npos) const;
+  std::optional<std::string> ReadFile(std::string& path) const;
+  std::optional<std::string> ReadHead(std::string& path) const;
   std::string FilePath(std::string_view projectPath) const;
   const Entry* FindEntry(std::string_view bytes) const;
   FormDocument& DocumentOf(Entry& entry);
@@ -112,9 +113,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   void Announce(const std::string& path, std::optional<std::string> old, std::string text);
   Saving& CurrentSaving();
 
-  FileSystem& files_;
+  system::FileSystem& files_;
   std::string path_, folder_, original_;
-  CodePage codePage_;
+  system::CodePage codePage_;
   mutable Spelling spelling_;
   Toolbox toolbox_;
   ProjectFile project_;

@@ -1,17 +1,18 @@
 #include "adapters/vb6files/Saving.h"
 
-#include "adapters/vb6files/FilePath.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
+#include "system/WholeFile.h"
 
 #include <utility>
 
 namespace formwizard::adapters::vb6files {
 
-Saving::Saving(FileSystem& files, const std::string& projectFile, const std::string& original)
+Saving::Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original)
     : files_(files),
       projectFile_(projectFile),
       original_(original),
-      folder_(FolderOf(projectFile)),
+      folder_(system::FolderOf(projectFile)),
       stagingFolder_(projectFile + ".saving") {}
 
 Saving::~Saving() { Discard(); }
@@ -22,13 +23,13 @@ void Saving::Open() {
   if (!lock_) {
     throw support::SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
   }
-  files_.RemoveFolder(stagingFolder_);  // what a crash has left behind
+  RemoveStaging();  // what a crash has left behind
   files_.CreateFolder(stagingFolder_);
 }
 
 void Saving::Stage(const std::string& path, std::string_view bytes) {
   Open();
-  files_.WriteNew(Aside(targets_.size()), bytes, "");
+  system::WriteNewFile(files_, Aside(targets_.size()), bytes);
   targets_.push_back(path);
 }
 
@@ -49,7 +50,7 @@ bool Saving::MoveIntoPlace(std::size_t number) {
 // What the new project lists must be on the disk before the project is.
 std::set<std::string> Saving::TargetFolders() const {
   std::set<std::string> folders;
-  for (const std::string& target : targets_) folders.insert(FolderOf(target));
+  for (const std::string& target : targets_) folders.insert(system::FolderOf(target));
   return folders;
 }
 
@@ -74,7 +75,7 @@ void Saving::Commit(std::string_view text) {
                                "the command again");
     }
     const std::string newProject = stagingFolder_ + "/project";
-    files_.WriteNew(newProject, text, projectFile_);
+    system::WriteNewFile(files_, newProject, text, projectFile_);
     for (std::size_t number = 0; number < targets_.size(); ++number) moved.push_back(MoveIntoPlace(number));
     for (const std::string& folder : TargetFolders()) files_.FlushFolder(folder);
     files_.Replace(newProject, projectFile_);
@@ -90,10 +91,17 @@ void Saving::Commit(std::string_view text) {
   }
 }
 
+void Saving::RemoveStaging() {
+  for (const std::string& name : files_.NamesIn(stagingFolder_).value_or(std::vector<std::string>())) {
+    files_.Remove(stagingFolder_ + "/" + name);
+  }
+  files_.RemoveFolder(stagingFolder_);
+}
+
 void Saving::Discard() noexcept {
   if (!lock_) return;
   try {
-    files_.RemoveFolder(stagingFolder_);
+    RemoveStaging();
   } catch (const support::SaveError&) {
     // What stays behind is removed by the next save; nothing refers to it.
     return;

@@ -1,7 +1,7 @@
 // Saves a project so that at every moment the folder holds the old project or the new one.
 #pragma once
 
-#include "adapters/vb6files/FileSystem.h"
+#include "system/FileSystem.h"
 
 #include <cstddef>
 #include <memory>
@@ -19,7 +19,7 @@ class Saving {
  public:
   // `projectFile` is the path of the project file, `original` its bytes as they were read. All must outlive this
   // object.
-  Saving(FileSystem& files, const std::string& projectFile, const std::string& original);
+  Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original);
   // Without a commit everything that was prepared goes.
   ~Saving();
   Saving(const Saving&) = delete;
@@ -41,13 +41,14 @@ class Saving {
   // False when the very same file was there already.
   bool MoveIntoPlace(std::size_t number);
   void TakeBack(const std::vector<bool>& moved);
+  void RemoveStaging();
   void Discard() noexcept;
 
-  FileSystem& files_;
+  system::FileSystem& files_;
   const std::string& projectFile_;
   const std::string& original_;
   std::string folder_, stagingFolder_;
-  std::unique_ptr<FileLock> lock_;
+  std::unique_ptr<system::FileLock> lock_;
   std::vector<std::string> targets_;  // of the prepared files, which are called by their numbers
 };
 

@@ -1,7 +1,7 @@
 #include "adapters/vb6files/Spelling.h"
 
-#include "adapters/vb6files/FilePath.h"
 #include "runtime/Conversions.h"
+#include "system/Paths.h"
 
 namespace formwizard::adapters::vb6files {
 
@@ -18,9 +18,9 @@ const Spelling::Names* Spelling::NamesIn(const std::string& folder) {
 }
 
 std::string Spelling::Of(const std::string& path) {
-  std::string part(FolderPart(path));
+  std::string part(system::FolderPart(path));
   const std::string name = path.substr(part.size());
-  std::string folder = FolderOf(path);
+  std::string folder = system::FolderOf(path);
   const Names* names = NamesIn(folder);
   const bool mayBeMisspelled = folder.size() < part.size();  // no root, no drive, not where the program is
   if (!names && mayBeMisspelled) {

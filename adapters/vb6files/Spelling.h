@@ -1,7 +1,7 @@
 // Finds files whose names a project spells in other letter cases than the folder does.
 #pragma once
 
-#include "adapters/vb6files/FileSystem.h"
+#include "system/FileSystem.h"
 
 #include <optional>
 #include <string>
@@ -13,7 +13,7 @@ namespace formwizard::adapters::vb6files {
 class Spelling {
  public:
   // `files` must outlive this object.
-  explicit Spelling(const FileSystem& files) : files_(files) {}
+  explicit Spelling(const system::FileSystem& files) : files_(files) {}
 
   // The path as file and folders are really spelled; `path` itself when nothing there differs in letter case only.
   std::string Of(const std::string& path);
@@ -24,7 +24,7 @@ class Spelling {
   // Null when there is no such folder.
   const Names* NamesIn(const std::string& folder);
 
-  const FileSystem& files_;
+  const system::FileSystem& files_;
   std::unordered_map<std::string, std::optional<Names>> folders_;
 };
 

@@ -26,11 +26,7 @@ constexpr std::array Libraries{
 
 constexpr std::string_view Section = "[Toolbox]";
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
+std::string_view Trimmed(std::string_view text) { return runtime::Trimmed(text, " \t\r"); }
 
 std::string_view GuidOf(std::string_view id) { return id.substr(0, id.find('#')); }
 
@@ -51,11 +47,10 @@ bool IsObjectValue(std::string_view value) {
 
 }  // namespace
 
-Toolbox::Toolbox(const FileSystem& files, std::string file) : file_(std::move(file)) {
+Toolbox::Toolbox(const system::FileSystem& files, std::string file) : file_(std::move(file)) {
   if (file_.empty()) return;
-  const std::optional<std::string> text = files.Read(file_);
-  if (!text)
-    throw support::InputError(file_ + ": the toolbox file cannot be read; check the path given with --toolbox");
+  const std::optional<std::string> text = files.Read(file_, system::LargestSettings);
+  if (!text) throw support::InputError(file_ + ": there is no such toolbox file; check the path given with --toolbox");
 
   int number = 0;
   bool inSection = false;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapters/vb6files/ControlLibraries.h"
-#include "adapters/vb6files/FileSystem.h"
+#include "system/FileSystem.h"
 
 #include <string>
 #include <string_view>
@@ -14,7 +14,7 @@ class Toolbox {
  public:
   // `file` is an INI-format text: section [Toolbox], key a ProgID, value what stands behind "Object=" in a project that
   // uses the control. Empty: no such file. support::InputError for a file that is missing or damaged.
-  Toolbox(const FileSystem& files, std::string file);
+  Toolbox(const system::FileSystem& files, std::string file);
 
   // The library of a control class, as a project refers to it; error 363, saying what to supply and how, when it is not
   // known.

@@ -87,7 +87,7 @@ bool IsLegalName(std::string_view name) {
 
 }  // namespace
 
-PropertyData Coerced(const PropertyRow& row, const PropertyValue& value, const CodePage& codePage) {
+PropertyData Coerced(const PropertyRow& row, const PropertyValue& value, const system::CodePage& codePage) {
   switch (row.Type) {
     case PropertyType::Text: {
       const auto* text = std::get_if<std::string_view>(&value);

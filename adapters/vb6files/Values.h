@@ -1,9 +1,9 @@
 // Values assigned to properties, turned into the property's own type.
 #pragma once
 
-#include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/PropertyText.h"
 #include "generator/ide/Ide.h"
+#include "system/CodePage.h"
 
 #include <string_view>
 
@@ -11,7 +11,8 @@ namespace formwizard::adapters::vb6files {
 
 // Error 13 for a text that is no number, 6 for a number out of the type's range, 380 for a value that the property does
 // not take, 383 for a property that is not set this way.
-PropertyData Coerced(const PropertyRow& row, const generator::ide::PropertyValue& value, const CodePage& codePage);
+PropertyData Coerced(const PropertyRow& row, const generator::ide::PropertyValue& value,
+                     const system::CodePage& codePage);
 
 // The row's default.
 PropertyData DefaultOf(const PropertyRow& row);

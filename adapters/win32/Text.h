@@ -1,5 +1,7 @@
-// Texts between the core, which keeps UTF-8, and the system, which keeps UTF-16.
+// The texts of windows.
 #pragma once
+
+#include "system/Text.h"
 
 #include <windows.h>
 
@@ -8,9 +10,8 @@
 
 namespace formwizard::adapters::win32 {
 
-// Damaged characters become replacement characters.
-std::wstring Wide(std::string_view text);
-std::string Utf8(std::wstring_view text);
+using system::Utf8;
+using system::Wide;
 
 // The text of a window, and giving it another one, which does nothing when it has that text already.
 std::wstring TextOf(HWND window);

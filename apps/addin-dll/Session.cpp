@@ -1,7 +1,7 @@
 #include "apps/addin-dll/Session.h"
 
-#include "adapters/native/AnsiText.h"
 #include "apps/addin-dll/Module.h"
+#include "system/Text.h"
 
 #include <utility>
 
@@ -17,8 +17,8 @@ Session::Session(IDispatch* root)
                .Profiles = profiles_,
                .Factories = factories_,
                .Libraries = libraries_,
-               .ProfileFile = adapters::native::Utf8(ModuleFolder()).append(settings::ProfileName),
-               .ProgramFolder = adapters::native::Utf8(ModuleFolder())},
+               .ProfileFile = system::Utf8(ModuleFolder()).append(settings::ProfileName),
+               .ProgramFolder = system::Utf8(ModuleFolder())},
               desktop_) {}
 
 void Session::Connect(core::ConnectMode mode) {

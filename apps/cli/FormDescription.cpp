@@ -4,6 +4,7 @@
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <nlohmann/json.hpp>
 
@@ -168,12 +169,12 @@ std::string ReadAll(const std::string& file) {
   if (file == "-") return ReadStream(std::cin, NameOf(file));
   namespace fs = std::filesystem;
   std::error_code error;
-  const fs::file_type type = fs::status(common::NativePath(file), error).type();
+  const fs::file_type type = fs::status(system::NativePath(file), error).type();
   if (type == fs::file_type::not_found) throw InputError(file + ": there is no such file; check the path");
   if (type != fs::file_type::none && type != fs::file_type::regular && type != fs::file_type::fifo) {
     throw InputError(file + ": this is a folder or a device; a form description is a file, or \"-\"");
   }
-  std::ifstream in(common::NativePath(file), std::ios::binary);
+  std::ifstream in(system::NativePath(file), std::ios::binary);
   if (!in) throw InputError(file + ": the form description cannot be read; check the permissions");
   return ReadStream(in, file);
 }

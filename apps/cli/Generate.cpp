@@ -14,6 +14,7 @@
 #include "settings/Profile.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
+#include "system/Paths.h"
 
 #include <nlohmann/json.hpp>
 
@@ -54,7 +55,7 @@ void CheckJournal(const GenerateOptions& options) {
   inputs.insert(inputs.end(), {options.Project, options.Dictionary, options.Toolbox, options.Profile});
   for (const std::string& input : inputs) {
     std::error_code error;
-    if (!std::filesystem::equivalent(common::NativePath(input), common::NativePath(options.Journal), error)) continue;
+    if (!std::filesystem::equivalent(system::NativePath(input), system::NativePath(options.Journal), error)) continue;
     throw UsageError(options.Journal + ": the run reads this file, so it cannot be the journal");
   }
 }
@@ -92,7 +93,7 @@ class Run {
         profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
         profile_(*profiles_, profileFile_),
         server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
-        project_(vb6files::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
+        project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     project_.OnChange([this](const vb6files::FileChange& change) { changes_.push_back(change); }, !writes_);
     if (!options.Journal.empty()) {
       journal_.emplace(options.Journal, options.Force);

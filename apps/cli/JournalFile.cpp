@@ -1,7 +1,7 @@
 #include "apps/cli/JournalFile.h"
 
-#include "apps/common/Paths.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <array>
 #include <filesystem>
@@ -27,7 +27,7 @@ bool IsJournal(const fs::path& path) {
 }  // namespace
 
 JournalFile::JournalFile(const std::string& file, bool force) : file_(file) {
-  const fs::path path = common::NativePath(file);
+  const fs::path path = system::NativePath(file);
   std::error_code error;
   const fs::file_type type = fs::status(path, error).type();
   const bool isNew = type == fs::file_type::not_found;

@@ -4,6 +4,7 @@
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <filesystem>
 #include <fstream>
@@ -31,7 +32,7 @@ int Import(const TransferOptions& options) {
     adapters::sqlite::ImportDictionary(std::cin, "standard input", options.To);
     return Done;
   }
-  std::ifstream in(common::NativePath(options.From), std::ios::binary);
+  std::ifstream in(system::NativePath(options.From), std::ios::binary);
   if (!in || in.peek() == std::ifstream::traits_type::eof()) {
     throw support::InputError(options.From +
                               ": the file is missing, empty or cannot be read; give a dictionary in JSON");
@@ -45,7 +46,7 @@ int Export(const TransferOptions& options) {
     WriteJson(options, std::cout);
     return Done;
   }
-  const fs::path target = common::NativePath(options.To);
+  const fs::path target = system::NativePath(options.To);
   fs::path aside = target;
   aside += ".exporting";
   std::error_code error;

@@ -2,22 +2,20 @@
 
 #include "apps/common/Platform.h"
 #include "settings/Profile.h"
+#include "system/FileSystem.h"
+#include "system/Paths.h"
+
+#include <filesystem>
 
 namespace formwizard::apps::common {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t LongestPath = 4096;
-
-std::string Utf8(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
-}
+using system::LongestPath;
+using system::NativePath;
+using system::Utf8;
 
 }  // namespace
-
-fs::path NativePath(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
 std::string ProgramFolder() {
   const fs::path program = RunningProgram();
@@ -38,11 +36,6 @@ std::string DefaultProfile() {
   return root.empty() ? "" : Utf8(root / "ostrel-form-wizard" / settings::ProfileName);
 }
 
-std::string Resolved(const std::string& project) {
-  std::error_code error;
-  if (!fs::is_symlink(NativePath(project), error)) return project;
-  const fs::path target = fs::canonical(NativePath(project), error);
-  return error ? project : Utf8(target);
-}
+std::string Resolved(const std::string& project) { return system::RealFileSystem().BehindLinks(project); }
 
 }  // namespace formwizard::apps::common

@@ -1,12 +1,9 @@
 // Where the program and the user keep their files. Paths as texts are UTF-8.
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 namespace formwizard::apps::common {
-
-std::filesystem::path NativePath(const std::string& utf8);
 
 // The folder of the running program, with its trailing separator; satellites stand there.
 std::string ProgramFolder();

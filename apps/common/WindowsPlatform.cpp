@@ -1,10 +1,10 @@
 #include "adapters/com/ComFactory.h"
-#include "adapters/native/AnsiText.h"
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/native/NativeProfile.h"
 #include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
+#include "system/Text.h"
 
 #include <windows.h>
 
@@ -66,7 +66,7 @@ std::vector<std::string> Arguments(int, char**) {
   int count = 0;
   LPWSTR* const all = ::CommandLineToArgvW(::GetCommandLineW(), &count);
   std::vector<std::string> arguments;
-  for (int i = 1; i < count; ++i) arguments.push_back(adapters::native::Utf8(all[i]));
+  for (int i = 1; i < count; ++i) arguments.push_back(system::Utf8(std::wstring_view(all[i])));
   ::LocalFree(all);
   return arguments;
 }

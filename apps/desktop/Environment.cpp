@@ -33,7 +33,7 @@ Environment::~Environment() { wizard_.IDTExtensibility_OnDisconnection(); }
 
 void Environment::OpenProject(const std::string& path) {
   auto project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
-      adapters::vb6files::RealFileSystem(), common::Resolved(path),
+      system::RealFileSystem(), common::Resolved(path),
       adapters::vb6files::ProjectOptions{options_.CodePage, options_.Toolbox});
   static_cast<void>(project->Summaries());  // a component that cannot be read is found now
   wizard_.State().NewComponent.reset();     // belongs to the old project

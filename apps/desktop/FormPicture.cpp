@@ -253,7 +253,7 @@ QImage PictureOf(const FormNode& form, double scale, bool showTabOrder) {
 
 void RenderToFile(const std::string& frmPath, const std::string& pngPath, int codePage) {
   using namespace adapters::vb6files;
-  const FormTree tree = ReadFormFile(RealFileSystem(), frmPath, CodePage(codePage));
+  const FormTree tree = ReadFormFile(system::RealFileSystem(), frmPath, system::CodePage(codePage));
   const QImage image = PictureOf(tree.Form, 1, false);
   if (image.isNull()) throw support::SaveError(pngPath + ": there is not enough memory for the picture");
   QSaveFile file(QString::fromUtf8(pngPath));  // nothing is left behind when it cannot be completed

@@ -28,7 +28,7 @@ CodeColors ColorsFor(const QPalette& palette) {
 }
 
 // The bytes of a module or class, without the environment's own lines at its start.
-std::string CodeOfModule(const vb6files::CodePage& codePage, const std::string& bytes) {
+std::string CodeOfModule(const system::CodePage& codePage, const std::string& bytes) {
   const std::string text = codePage.Decode(bytes);
   std::size_t start = 0;
   for (std::size_t line = 0; line < text.size(); line = std::min(text.find('\n', line), text.size() - 1) + 1) {

@@ -1,7 +1,7 @@
 // The program itself, run as a user runs it.
 #include "adapters/satellite/StringResources.h"
-#include "adapters/vb6files/CodePage.h"
 #include "adapters/vb6files/FormTree.h"
+#include "system/CodePage.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/FormResize.h"
 #include "tests/support/Golden.h"
@@ -91,8 +91,7 @@ TEST_CASE("No fresh form shows a scroll bar: its frame fills the client area, wh
     if (!name.starts_with("frmPerson") || !name.ends_with(".frm")) continue;
     CAPTURE(name);
     ++forms;
-    const auto tree =
-        formwizard::adapters::vb6files::ReadFormTree(name, text, "", formwizard::adapters::vb6files::CodePage(1252));
+    const auto tree = formwizard::adapters::vb6files::ReadFormTree(name, text, "", formwizard::system::CodePage(1252));
     FormResize resize(tree);
     CHECK(resize.Run().empty());
     resize.Of("Me.ScaleWidth") -= 1;  // the smallest user would see both: the bar below covers the foot of the frame
@@ -404,7 +403,7 @@ TEST_CASE("Forms speak the language that is asked for, in the code page of the p
     CAPTURE(language);
     const auto texts = formwizard::adapters::satellite::ReadStringTable(ReadFile(library + language + ".dll"));
     constexpr int save = 202;
-    const std::string caption = formwizard::adapters::vb6files::CodePage(number).Encode(texts->at(save));
+    const std::string caption = formwizard::system::CodePage(number).Encode(texts->at(save));
     const Outcome made =
         work.Generate(Typical + " --dry-run --diff --language " + language + " --code-page " + std::to_string(number));
     CheckDone(made);

@@ -3,7 +3,7 @@
 
 #include "adapters/journal/Journal.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
-#include "tests/adapters/vb6files/MemoryFileSystem.h"
+#include "tests/support/MemoryFileSystem.h"
 
 #include <nlohmann/json.hpp>
 

@@ -38,13 +38,3 @@ TEST_CASE("Writing changes the value's text and nothing else") {
     CHECK(ReadFile(profile.File) == after);
   }
 }
-
-TEST_CASE("A write keeps the permissions of the file") {
-  namespace fs = std::filesystem;
-  Fixture profile;
-  WriteFile(profile.File, "");
-  fs::permissions(NativePath(profile.File), fs::perms::owner_read | fs::perms::owner_write);
-  const auto permissions = fs::status(NativePath(profile.File)).permissions();
-  CHECK(profile.Put("LastConnect", "Archive"));
-  CHECK(fs::status(NativePath(profile.File)).permissions() == permissions);
-}

@@ -11,7 +11,7 @@ using formwizard::tests::ErrorNumberOf;
 namespace {
 
 struct DesignerFixture {
-  CodePage Page{1252};
+  system::CodePage Page{1252};
   ControlLibraries Libraries;
   Scale FormScale;
   Designer Form{Page, Libraries, FormScale};

@@ -1,7 +1,7 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
-#include "tests/adapters/vb6files/MemoryFileSystem.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/ErrorNumber.h"
+#include "tests/support/MemoryFileSystem.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
@@ -44,7 +44,7 @@ struct ProjectFixture {
 TEST_CASE("Every form of the samples comes back byte for byte, and one with controls refuses to be changed") {
   std::string forms;
   for (const char* sample : {"new-project/Project1.vbp", "library/Lending.vbp"}) {
-    ProjectOnDisk project(RealFileSystem(), Samples + sample, {});
+    ProjectOnDisk project(system::RealFileSystem(), Samples + sample, {});
     for (const ComponentSummary& summary : project.Summaries()) {
       CAPTURE(summary.Name);
       const auto component = project.ActiveVBProject().Components().Find(summary.Name);

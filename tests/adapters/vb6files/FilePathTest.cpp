@@ -1,5 +1,7 @@
 #include "adapters/vb6files/FilePath.h"
 
+#include "system/Paths.h"
+
 #include <doctest/doctest.h>
 
 #include <filesystem>
@@ -7,6 +9,8 @@
 #include <vector>
 
 using namespace formwizard::adapters::vb6files;
+using formwizard::system::FolderOf;
+using formwizard::system::FolderPart;
 
 TEST_CASE("Paths are cut and joined as the operating system does it") {
   struct Case {

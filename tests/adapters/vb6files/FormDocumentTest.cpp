@@ -14,7 +14,7 @@ using runtime::Int32;
 namespace {
 
 struct Environment {
-  CodePage Page{1252};
+  system::CodePage Page{1252};
   ControlLibraries Libraries;
 
   std::shared_ptr<FormDocument> Parse(const std::string& frm, const std::string& frx = "") {

@@ -16,7 +16,7 @@ const std::string Head = "VERSION 5.00\r\nBegin VB.Form F \r\n";
 const std::string Foot = "End\r\nAttribute VB_Name = \"F\"\r\nAttribute VB_Exposed = False\r\n";
 
 FormNode Read(const std::string& body, const std::string& frx = "", int codePage = 1252) {
-  return ReadFormTree("x.frm", Head + body + Foot, frx, CodePage(codePage)).Form;
+  return ReadFormTree("x.frm", Head + body + Foot, frx, system::CodePage(codePage)).Form;
 }
 
 // Groups or controls in each other.
@@ -41,7 +41,8 @@ std::string Outline(const FormNode& node, const std::string& indent = "") {
 TEST_CASE("A form file becomes a tree in file order, with its code") {
   TemporaryFolder folder;
   CopySample("library", folder / "library");
-  const FormTree tree = ReadFormFile(RealFileSystem(), folder / "library/Forms/frmBook.frm", CodePage(1252));
+  const FormTree tree =
+      ReadFormFile(system::RealFileSystem(), folder / "library/Forms/frmBook.frm", system::CodePage(1252));
   CHECK(Outline(tree.Form).starts_with(
       "VB.Form frmBook\n  VB.CommandButton cmdZurück\n  VB.CommandButton cmdOK\n  VB.Frame fraBook\n"
       "    VB.TextBox txtPrice\n    VB.TextBox txtIsbn\n"));
@@ -51,7 +52,7 @@ TEST_CASE("A form file becomes a tree in file order, with its code") {
   CHECK_FALSE(tree.Form.Flag("MaxButton", true));
   CHECK(tree.Form.Flag("Visible", true));
   CHECK(tree.Code.starts_with("Option Explicit\r\n"));
-  CHECK_THROWS_WITH_AS(ReadFormFile(RealFileSystem(), folder / "none.frm", CodePage(1252)),
+  CHECK_THROWS_WITH_AS(ReadFormFile(system::RealFileSystem(), folder / "none.frm", system::CodePage(1252)),
                        doctest::Contains((folder / "none.frm").c_str()), support::InputError);
 }
 
@@ -123,14 +124,14 @@ TEST_CASE("A damaged form is refused by file and line, however it is damaged") {
         std::pair{Head + "Begin A B\n" + Nested(group, endGroup, 500) + "End\n" + Foot, "at most 64 levels"},
         std::pair{Head + "End\nSub A()\nEnd Sub\n", "x.frm:4: expected \"Attribute VB_Name\""}}) {
     CAPTURE(message);
-    CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", frm, "", CodePage(1252)), doctest::Contains(message),
+    CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", frm, "", system::CodePage(1252)), doctest::Contains(message),
                          support::InputError);
   }
   // Wherever the file breaks off before its code.
   const std::string whole = Head + "   Begin VB.Label A \r\n   End\r\n" + Foot;
   for (std::size_t size = 0; size + 2 < whole.size(); ++size) {
     CAPTURE(size);
-    CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", whole.substr(0, size), "", CodePage(1252)), doctest::Contains("x.frm:"),
-                         support::InputError);
+    CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", whole.substr(0, size), "", system::CodePage(1252)),
+                         doctest::Contains("x.frm:"), support::InputError);
   }
 }

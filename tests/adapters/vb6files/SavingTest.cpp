@@ -1,11 +1,9 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
-#include "tests/adapters/vb6files/MemoryFileSystem.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/MemoryFileSystem.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
@@ -43,7 +41,7 @@ void Change(ProjectOnDisk& project, bool finishesForms) {
   notes->SetProperty("Text", std::string_view("txtNotes"));
 }
 
-void Generate(FileSystem& files) {
+void Generate(system::FileSystem& files) {
   ProjectOnDisk project(files, ProjectPath, {});
   Change(project, true);
   project.Save();
@@ -191,45 +189,6 @@ TEST_CASE("Nothing is written for an unchanged project or in a dry run, which an
   project.Save();
   CHECK(files.Operations == 0);
   CHECK(announced == NewProject());
-}
-
-TEST_CASE("The file system of this machine keeps what saving relies on") {
-  namespace fs = std::filesystem;
-  const TemporaryFolder temporary;
-  const fs::path folder = NativePath(temporary / "Größe 項目");
-  fs::create_directories(folder / "Forms");
-  const std::string at = Utf8(folder) + "/";
-  FileSystem& files = RealFileSystem();
-
-  files.WriteNew(at + "a", "one", "");
-  CHECK_THROWS_AS(files.WriteNew(at + "a", "two", ""), support::SaveError);
-  files.WriteNew(at + "b", "two", "");
-  CHECK_FALSE(files.MoveNew(at + "b", at + "a"));
-  CHECK(files.Read(at + "a") == "one");
-  CHECK(files.MoveNew(at + "b", at + "Forms/c.frm"));
-  CHECK_FALSE(files.Read(at + "b"));
-  CHECK(files.Read(at + "Forms/c.frm", 2) == "tw");
-
-  CHECK(files.NamesIn(at + "Forms") == std::vector<std::string>{"c.frm"});
-  CHECK_FALSE(files.NamesIn(at + "none"));
-  CHECK_FALSE(files.Read(Utf8(folder)));
-
-  auto lock = files.LockFolder(Utf8(folder));
-  CHECK_FALSE(files.LockFolder(Utf8(folder)));
-  lock.reset();
-  CHECK(files.LockFolder(Utf8(folder)));
-  CHECK_THROWS_AS(files.LockFolder(at + "none"), support::SaveError);
-
-  fs::permissions(folder / "a", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write);
-  files.WriteNew(at + "d", "new", at + "a");
-  CHECK(fs::status(folder / "d").permissions() == fs::status(folder / "a").permissions());
-  files.Replace(at + "d", at + "a");
-  CHECK(files.Read(at + "a") == "new");
-
-  CHECK_THROWS_AS(files.FlushFolder(at + "none"), support::SaveError);
-  files.Remove(at + "none");
-  files.RemoveFolder(Utf8(folder));
-  CHECK_FALSE(fs::exists(folder));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "adapters/vb6files/Toolbox.h"
-#include "tests/adapters/vb6files/MemoryFileSystem.h"
+#include "tests/support/MemoryFileSystem.h"
 
 #include <doctest/doctest.h>
 

@@ -23,7 +23,7 @@ FormNode Form(const std::string& lines) {
   return ReadFormTree(
              "x.frm",
              "VERSION 5.00\nBegin VB.Form F\nBorderStyle = 0\nClientWidth = 3000\nClientHeight = 1500\n" + lines + Foot,
-             "", CodePage(1252))
+             "", system::CodePage(1252))
       .Form;
 }
 
@@ -53,7 +53,7 @@ constexpr QRgb YellowPixel = 0xFFFFFF00;
 
 TEST_CASE("A generated form is drawn with its frame, menu bar and fields where its file says") {
   const std::string golden = SourceFolder() + "/tests/golden/typical-project/frmPerson.frm";
-  FormNode form = ReadFormFile(RealFileSystem(), golden, CodePage(1252)).Form;
+  FormNode form = ReadFormFile(system::RealFileSystem(), golden, system::CodePage(1252)).Form;
   // 7230 x 2895 twips inside a fixed border of 3 pixels, below a title bar of 19 and a menu bar of 19.
   CHECK(PictureSize(form, 1) == QSize(482 + 6, 193 + 19 + 19 + 6));
   CHECK(PictureSize(form, 2) == QSize(976, 474));
@@ -83,7 +83,7 @@ TEST_CASE("The window around the form follows its border style and its title") {
                         Case{"BorderStyle = 1\nBegin VB.Menu m\nCaption=\"a\"\nVisible = 0\nEnd\n", {6, 25}}}) {
     CAPTURE(c.lines);
     const std::string frm = "VERSION 5.00\nBegin VB.Form F\nClientWidth = 3000\nClientHeight = 1500\n";
-    const FormNode form = ReadFormTree("x.frm", frm + c.lines + Foot, "", CodePage(1252)).Form;
+    const FormNode form = ReadFormTree("x.frm", frm + c.lines + Foot, "", system::CodePage(1252)).Form;
     CHECK(PictureSize(form, 1) - QSize(200, 100) == c.added);
   }
 }
@@ -146,7 +146,8 @@ TEST_CASE("However large a form says it is, its picture fits into memory") {
                            "ClientWidth = -5\nClientHeight = 0\n"}) {
     CAPTURE(size);
     const FormNode form =
-        ReadFormTree("x.frm", std::string("VERSION 5.00\nBegin VB.Form F\n") + size + Foot, "", CodePage(1252)).Form;
+        ReadFormTree("x.frm", std::string("VERSION 5.00\nBegin VB.Form F\n") + size + Foot, "", system::CodePage(1252))
+            .Form;
     for (const double scale : {1.0, 50.0, 0.0}) {
       const QSize pixels = PictureSize(form, scale);
       CHECK(pixels.width() > 0);

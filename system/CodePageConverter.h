@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace formwizard::adapters::vb6files {
+namespace formwizard::system {
 
 class CodePageConverter {
  public:
@@ -20,4 +20,4 @@ class CodePageConverter {
 std::unique_ptr<CodePageConverter> MakeEncoder(int codePage);
 std::unique_ptr<CodePageConverter> MakeDecoder(int codePage);
 
-}  // namespace formwizard::adapters::vb6files
+}  // namespace formwizard::system

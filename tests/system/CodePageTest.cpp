@@ -1,11 +1,11 @@
-#include "adapters/vb6files/CodePage.h"
+#include "system/CodePage.h"
 
 #include "support/Failures.h"
 
 #include <doctest/doctest.h>
 
-using formwizard::adapters::vb6files::CodePage;
 using formwizard::support::InputError;
+using formwizard::system::CodePage;
 
 namespace {
 

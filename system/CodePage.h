@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace formwizard::adapters::vb6files {
+namespace formwizard::system {
 
 class CodePageConverter;
 
@@ -29,4 +29,4 @@ class CodePage {
   std::unique_ptr<CodePageConverter> encoder_, decoder_;
 };
 
-}  // namespace formwizard::adapters::vb6files
+}  // namespace formwizard::system

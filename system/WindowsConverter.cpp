@@ -1,11 +1,11 @@
-#include "adapters/vb6files/CodePageConverter.h"
+#include "system/CodePageConverter.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <array>
 
-namespace formwizard::adapters::vb6files {
+namespace formwizard::system {
 namespace {
 
 using Units = std::array<wchar_t, 2>;  // of one character
@@ -86,4 +86,4 @@ std::unique_ptr<CodePageConverter> Make(UINT from, UINT to) {
 std::unique_ptr<CodePageConverter> MakeEncoder(int codePage) { return Make(CP_UTF8, static_cast<UINT>(codePage)); }
 std::unique_ptr<CodePageConverter> MakeDecoder(int codePage) { return Make(static_cast<UINT>(codePage), CP_UTF8); }
 
-}  // namespace formwizard::adapters::vb6files
+}  // namespace formwizard::system

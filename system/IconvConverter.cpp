@@ -1,11 +1,11 @@
-#include "adapters/vb6files/CodePageConverter.h"
+#include "system/CodePageConverter.h"
 
 #include <iconv.h>
 
 #include <array>
 #include <cerrno>
 
-namespace formwizard::adapters::vb6files {
+namespace formwizard::system {
 namespace {
 
 constexpr const char* Utf8 = "UTF-8";
@@ -64,4 +64,4 @@ std::unique_ptr<CodePageConverter> Make(const std::string& to, const std::string
 std::unique_ptr<CodePageConverter> MakeEncoder(int codePage) { return Make(IconvName(codePage), Utf8); }
 std::unique_ptr<CodePageConverter> MakeDecoder(int codePage) { return Make(Utf8, IconvName(codePage)); }
 
-}  // namespace formwizard::adapters::vb6files
+}  // namespace formwizard::system

@@ -1,13 +1,13 @@
-#include "adapters/vb6files/CodePage.h"
+#include "system/CodePage.h"
 
-#include "adapters/vb6files/CodePageConverter.h"
 #include "support/Failures.h"
+#include "system/CodePageConverter.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 
-namespace formwizard::adapters::vb6files {
+namespace formwizard::system {
 namespace {
 
 constexpr std::array Known{874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 65001};
@@ -73,4 +73,4 @@ std::string CodePage::Decode(std::string_view bytes) const {
   return utf8;
 }
 
-}  // namespace formwizard::adapters::vb6files
+}  // namespace formwizard::system

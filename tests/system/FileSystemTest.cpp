@@ -1,0 +1,86 @@
+#include "support/Failures.h"
+#include "system/Aside.h"
+#include "system/Paths.h"
+#include "system/WholeFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+
+namespace {
+
+using namespace formwizard;
+using namespace formwizard::tests;
+using support::InputError;
+using support::SaveError;
+
+namespace fs = std::filesystem;
+
+TEST_CASE("The file system of this machine keeps what saving relies on") {
+  const TemporaryFolder temporary;
+  const fs::path folder = NativePath(temporary / "Größe 項目");
+  fs::create_directories(folder / "Forms");
+  const std::string at = Utf8(folder) + "/";
+  system::FileSystem& files = system::RealFileSystem();
+
+  WriteNewFile(files, at + "a", "one");
+  CHECK_THROWS_AS(WriteNewFile(files, at + "a", "two"), SaveError);
+  WriteNewFile(files, at + "b", "two");
+  CHECK_FALSE(files.MoveNew(at + "b", at + "a"));
+  CHECK(files.Read(at + "a") == "one");
+  CHECK(files.MoveNew(at + "b", at + "Forms/c.frm"));
+  CHECK_FALSE(files.Read(at + "b"));
+  CHECK(files.ReadHead(at + "Forms/c.frm", 2)->Bytes == "tw");
+  CHECK_THROWS_WITH_AS(files.Read(at + "Forms/c.frm", 2), doctest::Contains("c.frm: the file has"), InputError);
+
+  CHECK(files.NamesIn(at + "Forms") == std::vector<std::string>{"c.frm"});
+  CHECK_FALSE(files.NamesIn(at + "none"));
+  CHECK_THROWS_WITH_AS(files.Read(Utf8(folder)), doctest::Contains("this is a folder"), InputError);
+
+  auto lock = files.LockFolder(Utf8(folder));
+  CHECK_FALSE(files.LockFolder(Utf8(folder)));
+  lock.reset();
+  CHECK(files.LockFolder(Utf8(folder)));
+  CHECK_THROWS_AS(files.LockFolder(at + "none"), SaveError);
+
+  WriteNewFile(files, at + "d", "new", at + "a");
+  files.Replace(at + "d", at + "a");
+  CHECK(files.Read(at + "a") == "new");
+  if (files.Exchange(at + "a", at + "Forms/c.frm")) CHECK(files.Read(at + "a") == "two");
+
+  CHECK_THROWS_AS(files.FlushFolder(at + "none"), SaveError);
+  files.Remove(at + "none");
+  CHECK_FALSE(files.RemoveFolder(Utf8(folder)));
+  files.Remove(at + "Forms/c.frm");
+  CHECK(files.RemoveFolder(at + "Forms"));
+  CHECK_FALSE(fs::exists(folder / "Forms"));
+}
+
+TEST_CASE("A whole file keeps its permissions and links, and leaves nothing beside it") {
+  const TemporaryFolder temporary;
+  system::FileSystem& files = system::RealFileSystem();
+  const std::string file = temporary / "a/outility.ini";
+  WriteWholeFile(files, file, "one");  // makes the folder
+  fs::permissions(NativePath(file), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write);
+  const auto permissions = fs::status(NativePath(file)).permissions();
+  std::error_code error;
+  fs::create_symlink("outility.ini", NativePath(temporary / "a/link.ini"), error);
+  const std::string path = error ? file : temporary / "a/link.ini";
+  {
+    system::WholeFile given(files, path);
+    given.Stream() << std::string(100000, 'x');
+  }
+  system::WholeFile changed(files, path);
+  changed.Stream() << "two";
+  CHECK_FALSE(changed.CommitOver("other"));
+  CHECK(ReadFile(file) == "one");
+  CHECK(changed.CommitOver("one"));
+  CHECK(fs::is_symlink(NativePath(temporary / "a/link.ini")) == !error);
+  CHECK(fs::status(NativePath(file)).permissions() == permissions);
+  for (const auto& [name, bytes] : FilesIn(temporary.Path())) CHECK(bytes == "two");
+  CHECK(FilesIn(temporary.Path()).size() == (error ? 1 : 2));
+  CHECK_THROWS_WITH_AS(WriteWholeFile(files, temporary / "a", ""), doctest::Contains("this is a folder"), SaveError);
+}
+
+}  // namespace
