@@ -1,6 +1,8 @@
 #include "apps/desktop/ControlPictures.h"
 
 #include "apps/desktop/ClassicLook.h"
+#include "apps/desktop/ShapePictures.h"
+#include "apps/desktop/TabPictures.h"
 #include "runtime/Conversions.h"
 
 #include <QFontMetrics>
@@ -219,27 +221,33 @@ void DrawNamedBox(QPainter& painter, const FormNode& control, const QRect& place
   DrawText(painter, Inside(place, 2), Qt::AlignCenter | Qt::TextWrapAnywhere, text, control, color::ButtonText);
 }
 
+enum class Layer { Lightweight, Windowed, Focusable };  // the last is windowed too
+
 struct Look {
   std::string_view Class;
   void (*Draw)(QPainter& painter, const FormNode& control, const QRect& place);
-  bool TakesFocus;
+  Layer OnLayer;
 };
 constexpr std::array Looks{
-    Look{"VB.Label", DrawLabel, false},
-    Look{"VB.TextBox", DrawTextBox, true},
-    Look{"VB.ComboBox", DrawComboBox, true},
-    Look{"VB.ListBox", DrawListBox, true},
-    Look{"VB.CommandButton", DrawCommandButton, true},
-    Look{"VB.Frame", DrawFrameControl, false},
-    Look{"VB.PictureBox", DrawPictureBox, true},
-    Look{"VB.Image", DrawImage, false},
-    Look{"VB.VScrollBar", DrawVScrollBar, true},
-    Look{"VB.HScrollBar", DrawHScrollBar, true},
-    Look{"VB.CheckBox", DrawCheckBox, true},
-    Look{"VB.OptionButton", DrawOptionButton, true},
-    Look{"MSComctlLib.ListView", DrawListView, true},
+    Look{"VB.Label", DrawLabel, Layer::Lightweight},
+    Look{"VB.TextBox", DrawTextBox, Layer::Focusable},
+    Look{"VB.ComboBox", DrawComboBox, Layer::Focusable},
+    Look{"VB.ListBox", DrawListBox, Layer::Focusable},
+    Look{"VB.CommandButton", DrawCommandButton, Layer::Focusable},
+    Look{"VB.Frame", DrawFrameControl, Layer::Windowed},
+    Look{"VB.PictureBox", DrawPictureBox, Layer::Focusable},
+    Look{"VB.Image", DrawImage, Layer::Lightweight},
+    Look{"VB.VScrollBar", DrawVScrollBar, Layer::Focusable},
+    Look{"VB.HScrollBar", DrawHScrollBar, Layer::Focusable},
+    Look{"VB.CheckBox", DrawCheckBox, Layer::Focusable},
+    Look{"VB.OptionButton", DrawOptionButton, Layer::Focusable},
+    Look{"VB.Shape", DrawShape, Layer::Lightweight},
+    Look{"TabDlg.SSTab", DrawPagedTabs, Layer::Focusable},
+    Look{"MSComctlLib.TabStrip", DrawTabStrip, Layer::Focusable},
+    Look{"ComctlLib.TabStrip", DrawTabStrip, Layer::Focusable},
+    Look{"MSComctlLib.ListView", DrawListView, Layer::Focusable},
 };
-constexpr Look AnyOther{"", DrawNamedBox, true};
+constexpr Look AnyOther{"", DrawNamedBox, Layer::Focusable};
 
 const Look& LookOf(const FormNode& control) {
   const auto found = std::ranges::find_if(
@@ -259,10 +267,14 @@ QRect InsideOf(const FormNode& control, const QRect& place) {
 }
 
 bool TakesFocus(const FormNode& control) {
-  return LookOf(control).TakesFocus && control.Find("TabIndex") && control.Flag("TabStop", true) &&
+  return LookOf(control).OnLayer == Layer::Focusable && control.Find("TabIndex") && control.Flag("TabStop", true) &&
          control.Flag("Enabled", true);
 }
 
-bool IsInvisibleAtRunTime(const FormNode& control) { return !control.Find("Width"); }
+bool IsLightweight(const FormNode& control) { return IsLine(control) || LookOf(control).OnLayer == Layer::Lightweight; }
+
+bool IsLine(const FormNode& control) { return runtime::EqualIgnoringCase(control.Class, "VB.Line"); }
+
+bool IsInvisibleAtRunTime(const FormNode& control) { return !control.Find("Width") && !IsLine(control); }
 
 }  // namespace formwizard::apps::desktop

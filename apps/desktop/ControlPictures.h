@@ -17,6 +17,12 @@ QRect InsideOf(const adapters::vb6files::FormNode& control, const QRect& place);
 // Whether the tab key stops at the control.
 bool TakesFocus(const adapters::vb6files::FormNode& control);
 
+// Drawn on its container, behind every control that is a window.
+bool IsLightweight(const adapters::vb6files::FormNode& control);
+
+// A line, which has two ends and no place.
+bool IsLine(const adapters::vb6files::FormNode& control);
+
 // Dialogs, timers and queries have a place on the form but no size.
 bool IsInvisibleAtRunTime(const adapters::vb6files::FormNode& control);
 

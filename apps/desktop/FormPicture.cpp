@@ -1,7 +1,9 @@
 #include "apps/desktop/FormPicture.h"
 
+#include "adapters/vb6files/Scale.h"
 #include "apps/desktop/ClassicLook.h"
 #include "apps/desktop/ControlPictures.h"
+#include "apps/desktop/ShapePictures.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
 #include "ui/WindowFrame.h"
@@ -19,6 +21,7 @@ namespace formwizard::apps::desktop {
 namespace {
 
 using adapters::vb6files::FormNode;
+using adapters::vb6files::Scale;
 
 using ui::TwipsPerPixel;
 constexpr int LargestSide = 16384;        // pixels
@@ -88,6 +91,17 @@ QRect PlaceOf(const FormNode& control, const QRect& client) {
   const QPoint corner = client.topLeft() + QPoint(pixels("Left"), pixels("Top"));
   if (IsInvisibleAtRunTime(control)) return {corner, QSize(DesignIconSize, DesignIconSize)};
   return {corner, QSize(std::abs(pixels("Width")), std::abs(pixels("Height")))};
+}
+
+// The units in which lines on a container are given.
+Scale ScaleOf(const FormNode& container, const QRect& client) {
+  const double mode = container.Number("ScaleMode", adapters::vb6files::TwipScale);
+  const double width = container.Number("ScaleWidth");
+  const double height = container.Number("ScaleHeight");
+  // What the client area measures in them says more than the mode, whose pixels are another machine's.
+  if (mode == adapters::vb6files::TwipScale || width == 0 || height == 0) return adapters::vb6files::FixedScale(mode);
+  return adapters::vb6files::UsersScale(container.Number("ScaleLeft"), container.Number("ScaleTop"), width, height,
+                                        client.width() * TwipsPerPixel, client.height() * TwipsPerPixel);
 }
 
 enum class TitleButton { Minimize, Maximize, Close };
@@ -174,8 +188,16 @@ class ControlPainter {
   void DrawOn(const FormNode& container, const QRect& client) {
     painter_.save();
     painter_.setClipRect(client, Qt::IntersectClip);
-    std::for_each(container.Children.rbegin(), container.Children.rend(),
-                  [&](const FormNode& child) { Draw(child, PlaceOf(child, client), client); });
+    for (const bool lightweight : {true, false}) {
+      std::for_each(container.Children.rbegin(), container.Children.rend(), [&](const FormNode& child) {
+        if (IsLightweight(child) != lightweight) return;
+        if (IsLine(child)) {
+          DrawLineOn(child, ScaleOf(container, client), client.topLeft());
+        } else {
+          Draw(child, PlaceOf(child, client), client);
+        }
+      });
+    }
     painter_.restore();
   }
 
@@ -196,6 +218,15 @@ class ControlPainter {
     QRect Place;
     std::string Index;
   };
+
+  void DrawLineOn(const FormNode& line, const Scale& scale, const QPoint& corner) {
+    if (!IsVisible(line)) return;
+    const auto end = [&](std::string_view x, std::string_view y) {
+      return corner + QPoint(Pixels(scale.X.TwipsTo(line.Number(x)) / TwipsPerPixel),
+                             Pixels(scale.Y.TwipsTo(line.Number(y)) / TwipsPerPixel));
+    };
+    DrawLine(painter_, line, end("X1", "Y1"), end("X2", "Y2"));
+  }
 
   void Draw(const FormNode& control, const QRect& place, const QRect& client) {
     if (Is(control, "VB.Menu") || !IsVisible(control) || !place.intersects(client)) return;

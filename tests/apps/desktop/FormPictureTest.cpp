@@ -105,6 +105,75 @@ TEST_CASE("Controls stand where their container puts them, and no further than i
   }
 }
 
+TEST_CASE("Lines run between their ends in the units of their container, shapes fill their place in their own way") {
+  const std::string line = "Begin VB.Line l\nBorderColor = &H0000FFFF&\n";
+  const std::string users = "ScaleMode = 0\nScaleLeft = -50\nScaleTop = 10\nScaleWidth = 100\nScaleHeight = 50\n";
+  const std::string pixels = "ScaleMode = 3\nScaleWidth = 200\nScaleHeight = 100\n";
+  const std::string inTwips = line + "X1 = 300\nY1 = 150\nX2 = 900\nY2 = 450\nEnd\n";
+  const QRect drawn(20, 10, 40, 20);
+  CHECK(AreaOf(Picture(inTwips), YellowPixel) == drawn);
+  CHECK(AreaOf(Picture(pixels + line + "X1=20\nY1=10\nX2=60\nY2=30\nEnd\n"), YellowPixel) == drawn);
+  CHECK(AreaOf(Picture(users + line + "X1=-40\nY1=15\nX2=-20\nY2=25\nEnd\n"), YellowPixel) == drawn);
+  CHECK(AreaOf(Picture(pixels + Control("VB.Frame", {5, 5, 90, 90}, "BorderStyle = 0\n" + inTwips)), YellowPixel) ==
+        drawn.translated(5, 5));
+
+  struct Case {
+    int shape;
+    QRect area;
+    bool isCornerDrawn;
+  };
+  const QRect wide(10, 20, 80, 40), middle(30, 20, 40, 40);
+  for (const Case& c : {Case{0, wide, true}, Case{1, middle, true}, Case{2, wide, false}, Case{3, middle, false},
+                        Case{4, wide, false}, Case{5, middle, false}}) {
+    CAPTURE(c.shape);
+    const auto picture = [&](const std::string& look) {
+      return Picture(Control("VB.Shape", wide, "Shape = " + std::to_string(c.shape) + "\n" + look));
+    };
+    const QImage filled = picture("BorderColor = &H0000FFFF&\nFillStyle = 0\nFillColor = &H0000FFFF&\n");
+    CHECK(AreaOf(filled, YellowPixel).adjusted(-2, -2, 2, 2).contains(c.area));
+    CHECK(c.area.contains(AreaOf(filled, YellowPixel)));
+    CHECK((filled.pixel(c.area.topLeft()) == YellowPixel) == c.isCornerDrawn);
+    CHECK(picture("").pixel(wide.center()) == Face);  // transparent, and without a label
+    CHECK(picture("BackStyle = 1\n").pixel(wide.center()) == White);
+    CHECK(picture("BorderStyle = 0\n") == Picture(""));
+    CHECK(AreaOf(picture("BorderStyle=0\nFillStyle=7\nFillColor=&H0000FFFF&\n"), YellowPixel).isValid());
+  }
+  // Windows are in front of what is drawn, wherever it stands in the file.
+  const std::string shape = Control("VB.Shape", {0, 0, 200, 100}, "FillStyle = 0\n");
+  CHECK(AreaOf(Picture(shape + Control("VB.PictureBox", wide, Yellow)), YellowPixel) == wide);
+}
+
+TEST_CASE("A control with tabs shows them, and the controls of the page in front") {
+  const std::string tabs = "Tabs = 4\nTabsPerRow = 2\nTab = 1\nTabHeight = 529\nTabCaption(1) = \"b\"\n";
+  const std::string page =
+      Control("VB.PictureBox", {10, 50, 30, 20}, Yellow) + Control("VB.PictureBox", {10 - 5000, 75, 30, 20}, Yellow);
+  const QRect place(0, 0, 180, 100);
+  CHECK(AreaOf(Picture(Control("TabDlg.SSTab", place, tabs + page)), YellowPixel) == QRect(10, 50, 30, 20));
+  const std::string strip =
+      "BeginProperty Tabs\nNumTabs = 2\nBeginProperty Tab2\nCaption=\"b\"\nEndProperty\nEndProperty\n";
+  const std::string bold = "BeginProperty Font\nWeight = 700\nSize = 12\nEndProperty\n";
+  struct Case {
+    std::string className, lines;
+    int pageTop;    // where the page begins, seen at the right, beside the tabs
+    QRect caption;  // of the second tab
+  };
+  for (const Case& c :
+       {Case{"TabDlg.SSTab", tabs + "Style = 1\n", 40, {2, 20, 60, 20}},
+        Case{"TabDlg.SSTab", "Tabs = 2\nTabCaption(1) = \"b\"\n", 20, {60, 0, 60, 20}},
+        Case{"TabDlg.SSTab", "Style = 1\nTabOrientation = 1\nTabCaption(1) = \"b\"\n", 0, {2, 80, 60, 20}},
+        Case{"MSComctlLib.TabStrip", strip + "Placement = 1\n", 0, {44, 70, 42, 30}},
+        Case{"ComctlLib.TabStrip", strip + "TabWidthStyle = 2\nTabFixedHeight = 529\n", 22, {44, 0, 42, 22}}}) {
+    CAPTURE(c.className + c.lines);
+    const QImage image = Picture("BackColor = &H00FF0000&\n" + Control(c.className, place, c.lines + bold));
+    int top = 0;
+    while (image.pixel(170, top) != White && top < 99) ++top;  // the page's highlight
+    CHECK(top == c.pageTop);
+    const QRect ink = AreaOf(image, 0xFF000000);
+    CHECK(ink.isValid());
+    CHECK(c.caption.contains(ink));
+  }
+}
+
 TEST_CASE("What is not seen at run time is not drawn") {
   const QImage empty = Picture("");
   CHECK(Picture(Control("VB.PictureBox", {0, 0, 50, 50}, Yellow + "Visible = 0  'False\n")) == empty);
@@ -139,6 +208,13 @@ TEST_CASE("Numbers of the tab order stand on what takes the focus, on request on
   const QRect badge = AreaOf(Picture(lines, true), Navy);
   CHECK(badge.topLeft() == QPoint(20, 10));
   CHECK(QRect(20, 10, 60, 22).contains(badge));
+  // It is the control's own index: the last of one digit, the first of two.
+  const auto width = [](const char* index) {
+    return AreaOf(Picture(Control("VB.TextBox", {9, 9, 90, 22}, std::string("TabIndex = ") + index), true), Navy)
+        .width();
+  };
+  CHECK(width("9\n") < width("10\n"));
+  CHECK(width("8\n") == width("9\n"));
 }
 
 TEST_CASE("However large a form says it is, its picture fits into memory") {
