@@ -1,46 +1,34 @@
-#include "tests/support/WizardFixture.h"
+#include "tests/wizard/Walk.h"
 
 #include <doctest/doctest.h>
 
 using namespace formwizard;
 using namespace formwizard::tests;
 
-namespace {
-
-// The names of the two lists of a combo box' specification.
-std::string Specification(const wizard::frmWizard& dialog) {
-  return WizardFixture::Entries(dialog.lstQueryName) + "| " + WizardFixture::Entries(dialog.lstQueryColumn);
-}
-
-}  // namespace
-
-TEST_CASE_FIXTURE(WizardFixture, "Each kind of property has its own panel, with its caption and rows") {
+TEST_CASE_FIXTURE(Walk, "Each kind of property has its own panel, with its caption and rows") {
   Profile.Values = {{"CollectionRows", "4"}, {"ImageRows", "6"}, {"MultilineRows", "7"}};
   Server.Data.Queries["%CompiledProperty/PropertyInfo/Sample.Company"].clear();
   struct Case {
     std::string name;
     ServerRow row;
     Int16 kind;
-    std::size_t panel;
     std::string title, rows;  // no rows: a single one that cannot be changed
   };
   const std::vector<Case> cases{
-      {"Text", {{"datatype", Int32(1)}, {"maxlen", "12.25"}}, kind::TextBox, 0, "DataType Attribute", ""},
-      {"%Id", {{"editable", false}}, kind::ReadOnlyLabel, 0, "DataType Attribute", ""},
-      {"List", {{"collection", "list"}}, kind::ListBox, 2, "Collection Attribute", "4"},
-      {"Array", {{"collection", "array"}, {"editable", "0"}}, kind::ListView, 2, "Collection Attribute", "4"},
-      {"Picture", {{"collection", "binarystream"}}, kind::Picture, 3, "Image Attribute", "6"},
-      {"Notes", {{"collection", "characterstream"}}, kind::MultiLine, 4, "MultiLine Attribute", "7"},
-      {"Other", {{"collection", "queue"}}, kind::TextBox, 0, "DataType Attribute", ""},
-      {"Unknown", {{"collection", runtime::Null()}}, kind::TextBox, 0, "DataType Attribute", ""}};
+      {"Text", {{"datatype", Int32(1)}, {"maxlen", "12.25"}}, kind::TextBox, "DataType Attribute", ""},
+      {"%Id", {{"editable", false}}, kind::ReadOnlyLabel, "DataType Attribute", ""},
+      {"List", {{"collection", "list"}}, kind::ListBox, "Collection Attribute", "4"},
+      {"Array", {{"collection", "array"}, {"editable", "0"}}, kind::ListView, "Collection Attribute", "4"},
+      {"Picture", {{"collection", "binarystream"}}, kind::Picture, "Image Attribute", "6"},
+      {"Notes", {{"collection", "characterstream"}}, kind::MultiLine, "MultiLine Attribute", "7"},
+      {"Other", {{"collection", "queue"}}, kind::TextBox, "DataType Attribute", ""},
+      {"Unknown", {{"collection", runtime::Null()}}, kind::TextBox, "DataType Attribute", ""}};
   for (const Case& c : cases) {
     ServerRow row = c.row;
     row["caption"] = "The " + c.name;
     Server.Data.AddProperty("Sample.Company", c.name, row);
   }
-  GoToProperties({}, "Sample.Company");
-  Dialog.cmdSelectAll.Click();
-  Next();
+  Do("> > class=Sample.Company > all >");
   for (std::size_t i = 0; i < cases.size(); ++i) {
     const Case& c = cases[i];
     CAPTURE(c.name);
@@ -48,11 +36,11 @@ TEST_CASE_FIXTURE(WizardFixture, "Each kind of property has its own panel, with 
     const model::FieldRecord& field = Dialog.RecordOf(Dialog.lstFields, static_cast<int>(i));
     CHECK(field.FieldKind == c.kind);
     CHECK(Text(field.RowCount) == (c.rows.empty() ? "1" : c.rows));
-    CHECK(Dialog.FrontPanel() == c.panel);
-    CHECK(Dialog.frmProperty[c.panel].Caption == c.title);
-    CHECK(Dialog.txtCaption[c.panel].Text() == "The " + c.name);
-    CHECK(Dialog.txtRowHeight[c.panel].Text() == c.rows);
-    Dialog.txtCaption[c.panel].Type(c.name + "!");
+    const std::size_t panel = Dialog.FrontPanel();
+    CHECK(Dialog.frmProperty[panel].Caption == c.title);
+    CHECK(Dialog.txtCaption[panel].Text() == "The " + c.name);
+    CHECK(Dialog.txtRowHeight[panel].Text() == c.rows);
+    Do("caption=" + c.name + "!");
     CHECK(field.Caption == c.name + "!");
   }
   CHECK(Field(1).Caption == "Text!");
@@ -60,219 +48,130 @@ TEST_CASE_FIXTURE(WizardFixture, "Each kind of property has its own panel, with 
   CHECK(Field(2).IntName == "sys_Id");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "Rows follow what is typed while it is a number") {
-  GoToProperties({"Notes"});
-  Next();
+TEST_CASE_FIXTURE(Walk, "Rows follow what is typed while it is a number") {
+  Do("> > class=Sample.Person > +Notes >");
   for (const auto& [text, rows] :
        {std::pair{"8", 8}, std::pair{"", 8}, std::pair{"many", 8}, std::pair{"40000", 8}, std::pair{"2.5", 2}}) {
     CAPTURE(std::string(text));
-    Dialog.txtRowHeight[4].Type(text);
+    Dialog.txtRowHeight[Dialog.FrontPanel()].Type(text);
     CHECK(Field(6).RowCount == Int16(rows));
   }
   CHECK(Desktop.Texts().empty());
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "A read-only field follows another one, and remembers which") {
-  GoToProperties({"*Name", "Age", "Colors"});
-  Next();
-  const model::FieldRecord& name = Field(1);
+TEST_CASE_FIXTURE(Walk, "A read-only field follows another one, and remembers which") {
+  const auto offered = [&] { return (Dialog.lstUpdateAfter.Enabled ? "" : "-") + Entries(Dialog.lstUpdateAfter); };
+  Do("> > class=Sample.Person > +*Name +Age +Colors >");
   CHECK(Entries(Dialog.lstFields) == "*Name Age Colors ");
-  CHECK_FALSE(Dialog.lstUpdateAfter.Enabled);
-  Dialog.chkReadOnly.Click();
-  CHECK(Dialog.lblUpdateAfter.Enabled);
-  CHECK(name.FieldKind == kind::ReadOnlyLabel);
-  Dialog.lstUpdateAfter.ClickItem(2);
-  CHECK(name.UpdateAfter == Int16(5));
-  Dialog.chkReadOnly.Click();
-  CHECK(name.FieldKind == kind::TextBox);
-  CHECK_FALSE(Dialog.lstUpdateAfter.Enabled);
-  CHECK(Entries(Dialog.lstUpdateAfter) == "Name Age Colors ");  // the field itself included
-  Dialog.chkReadOnly.Click();
-  CHECK(Entries(Dialog.lstUpdateAfter) == "Name Age *Colors ");
-}
-
-TEST_CASE_FIXTURE(WizardFixture, "Attributes belong to the property, wherever the user goes in between") {
-  GoToProperties({"*Name", "Age", "Colors"});
-  Next();
-  Dialog.chkReadOnly.Click();
-  Dialog.lstUpdateAfter.ClickItem(2);
-  Dialog.txtCaption[0].Type("Full name");
-  Dialog.lstFields.ClickItem(1);  // read-only as well
-  CHECK(Dialog.lstUpdateAfter.ListIndex() == -1);
-  Back();
-  Next();
-  CHECK(Entries(Dialog.lstUpdateAfter) == "Name Age *Colors ");
-  Back();
-  for (const int index : {2, 0}) Dialog.lstSelected.DoubleClickItem(index);
-  Select("*Name");
-  Next();
-  CHECK(Dialog.lstUpdateAfter.ListIndex() == -1);  // of the other field
-  Dialog.lstFields.ClickItem(1);
-  CHECK(Dialog.txtCaption[0].Text() == "Full name");
-  CHECK(Field(1).UpdateAfter == Int16(5));  // kept, though it is no longer selected
-  CHECK(Entries(Dialog.lstUpdateAfter) == "Age Name ");
-}
-
-TEST_CASE_FIXTURE(WizardFixture, "A combo box needs a query and a column before the user can go on") {
-  GoToProperties();
-  Select(Inside("Spouse"));
-  Next();
-  const model::FieldRecord& field = Field(7);
-  Dialog.cmdNext.Enabled = false;
-  Dialog.lstFields.ClickItem(0);
-  CHECK(Where() == "5 B-FC");  // a plain reference only shows that it is one
-  Dialog.chkRefCombo.Click();
-  CHECK(Specification(Dialog) == "ByName Extent | ");  // only those that return the object id
-  CHECK(Where() == "5 ---C");
-  CHECK_FALSE(Dialog.lstFields.Enabled);
-  CHECK(field.FieldKind == kind::ReferenceLabel);
-  Dialog.lstQueryName.ClickItem(0);
-  CHECK(Specification(Dialog) == "*ByName Extent | ID Name ");
-  Dialog.lstQueryColumn.ClickItem(1);
-  CHECK(Where() == "5 BNFC");
-  CHECK(field.FieldKind == kind::ReferenceCombo);
-  CHECK(field.QueryName + "." + field.QueryColumn == "ByName.Name");
-  CHECK(field.QueryContainId == Int16(2));
-  CHECK(field.QueryParamCount == Int16(1));
-  Dialog.chkRefCombo.Click();
-  CHECK(field.FieldKind == kind::ReferenceLabel);
-  Dialog.chkRefCombo.Click();  // the old choice comes back
-  CHECK(field.FieldKind == kind::ReferenceCombo);
-  CHECK(Specification(Dialog) == "*ByName Extent | ID *Name ");
-  Server.Data.Columns["Sample.Person/ByName"] = {"ID"};  // the column is gone, so the query alone is shown
-  for (int i = 0; i < 2; ++i) Dialog.chkRefCombo.Click();
-  CHECK(Specification(Dialog) == "*ByName Extent | ID ");
-  CHECK(Where() == "5 ---C");
-}
-
-TEST_CASE_FIXTURE(WizardFixture, "Two references in a row show their own queries") {
-  Server.Data.AddProperty("Sample.Person", "Boss", {{"datatype", "0"}, {"type", "Sample.Company"}});
-  Server.Data.AddQuery("Sample.Company", "ByName", 1, {"ID", "TaxID"});
-  GoToProperties();
-  for (const char* reference : {"Spouse", "Boss"}) Select(Inside(reference));
-  Next();
-  for (const int field : {0, 1}) {
-    Dialog.lstFields.ClickItem(field);
-    Dialog.chkRefCombo.Click();
-    Dialog.lstQueryName.ClickItem(0);
-    Dialog.lstQueryColumn.ClickItem(1);
+  struct Case {
+    std::string script, offered, record;  // kind and update-after of the name
+  };
+  for (const Case& c :
+       {Case{"", "-Name Age Colors ", "1 0"},  // the field itself included
+        Case{"readonly after=2", "Name Age *Colors ", "2 5"}, Case{"readonly", "-Name Age Colors ", "1 5"},
+        Case{"readonly caption=Full", "Name Age *Colors ", "2 5"},
+        Case{"field=1", "Name Age Colors ", "2 5"},  // read-only as well
+        Case{"< >", "Name Age *Colors ", "2 5"},
+        Case{"< -=2 -=0 +*Name >", "Age Name ", "2 5"},  // of the other field, now the first
+        Case{"field=1", "Age Name ", "2 5"}}) {          // kept, though it is no longer selected
+    CAPTURE(c.script);
+    CHECK(Do(c.script) == "5 BNFC");
+    CHECK(offered() == c.offered);
+    CHECK(Text(Field(1).FieldKind) + " " + Text(Field(1).UpdateAfter) == c.record);
   }
-  CHECK(Specification(Dialog) == "*ByName | ID *TaxID ");
-  Dialog.lstFields.ClickItem(0);
-  CHECK(Specification(Dialog) == "*ByName Extent | ID *Name ");
-  CHECK(Where() == "5 BNFC");
-
-  Server.Data.FailingCall = "ResultSet";  // what cannot be read is reported, and the record stays
-  Dialog.lstFields.ClickItem(1);
-  CHECK(Desktop.Texts() == "Error occurred in procedure PopulateQueryList : the server failed\n");
-  CHECK(Specification(Dialog) == "| ");
-  const model::FieldRecord& boss = Dialog.RecordOf(Dialog.lstFields, 1);
-  CHECK(Text(boss.FieldKind) + boss.QueryName + boss.QueryColumn == "4ByNameTaxID");
-  CHECK(Where() == "5 ---C");
+  CHECK(Dialog.txtCaption[Dialog.FrontPanel()].Text() == "Full");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "A combo box that is half specified holds the user until it is complete or given up") {
-  Server.Data.Columns["Sample.Person/Extent"] = {"ID", ""};
-  GoToProperties();
-  Select(Inside("Spouse"));
-  Select("Age");
-  Next();
+TEST_CASE_FIXTURE(Walk, "A combo box needs a query and a column before the user can go on") {
+  Do("> > class=Sample.Person > +Spouse. +Age >");
   const model::FieldRecord& field = Field(7);
   const std::initializer_list<const ui::Control*> shownWithIt{
       &Dialog.lblComboMsg, &Dialog.lblComboQuery, &Dialog.lstQueryName, &Dialog.lblComboColumn, &Dialog.lstQueryColumn};
-  for (const bool shown : {false, true}) {
-    for (const ui::Control* control : shownWithIt) CHECK_MESSAGE(control->IsShown() == shown, control->Name);
-    if (!shown) Dialog.chkRefCombo.Click();
+  Dialog.cmdNext.Enabled = false;
+  CHECK(Do("field=0") == "5 B-FC");  // a plain reference only shows that it is one
+  struct Case {
+    std::string script, where, specification, record;
+  };
+  const std::string byName = "4 ByName.Name", given = "3 ByName.Name", extent = "4 Extent.ID";
+  for (const Case& c :
+       {Case{"combo", "5 ---C", "ByName Extent | ", "3 ."},  // only those that return the object id
+        Case{"field=1 query=0", "5 ---C", "*ByName Extent | ID Name ", "3 ."},
+        Case{"column=1", "5 BNFC", "*ByName Extent | ID *Name ", byName}, Case{"combo", "5 BNFC", "| ", given},
+        Case{"combo", "5 BNFC", "*ByName Extent | ID *Name ", byName},  // the old choice comes back
+        Case{"query=1 column=0", "5 BNFC", "ByName *Extent | *ID ", extent},
+        // Another query: its columns, but the old choice until one is clicked.
+        Case{"query=0", "5 BNFC", "*ByName Extent | ID Name ", extent}}) {
+    CAPTURE(c.script);
+    CHECK(Do(c.script) == c.where);
+    CHECK(Specification() == c.specification);
+    CHECK(Text(field.FieldKind) + " " + field.QueryName + "." + field.QueryColumn == c.record);
+    CHECK(Dialog.lstFields.Enabled == (c.where == "5 BNFC"));
+    for (const ui::Control* control : shownWithIt) CHECK(control->IsShown() == (Dialog.chkRefCombo.Value() == 1));
   }
-  Dialog.lstQueryName.ClickItem(1);
-  Dialog.lstQueryColumn.ClickItem(0);
-  Dialog.lstQueryName.ClickItem(0);  // another query: its columns, but the old choice until one is clicked
-  CHECK(Specification(Dialog) == "*ByName Extent | ID Name ");
-  CHECK(field.QueryName == "Extent");
+  CHECK(Text(field.QueryContainId) + Text(field.QueryParamCount) == "11");
   CHECK(Desktop.Texts().empty());
+}
 
+TEST_CASE_FIXTURE(Walk, "A combo box that is half specified asks for what is missing, where it is missing") {
+  Server.Data.Columns["Sample.Person/Extent"] = {"ID", ""};
+  Do("> > class=Sample.Person > +Spouse. > combo query=1 column=0");
   Dialog.lstQueryName.AddItem("", 1);
   struct Case {
-    int query, column;  // -1: none is clicked
-    std::string title;
+    std::string script, title;
     ui::Control& focus;
   };
   for (const Case& c :
-       {Case{2, -1, "Query Name:", Dialog.lstQueryName}, Case{-1, 0, "Query Name:", Dialog.lstQueryName},
-        Case{1, 1, "Column Name:", Dialog.lstQueryColumn}}) {
-    CAPTURE(c.query);
+       {Case{"query=2", "Query Name:", Dialog.lstQueryName}, Case{"column=0", "Query Name:", Dialog.lstQueryName},
+        Case{"query=1 column=1", "Column Name:", Dialog.lstQueryColumn}}) {
+    CAPTURE(c.script);
     Desktop.Messages.clear();
     Dialog.SetFocus(Dialog.chkRefCombo);
     Dialog.lstQueryName.SetListIndex(-1);
-    if (c.query >= 0) Dialog.lstQueryName.ClickItem(c.query);
-    if (c.column >= 0) Dialog.lstQueryColumn.ClickItem(c.column);
+    Do(c.script);
     CHECK(Desktop.Shown() == c.title + "[64]: You must select both Query name and Column name.\n");
     CHECK(Dialog.ActiveControl() == &c.focus);
-    CHECK(field.QueryColumn == "ID");
-  }
-
-  Dialog.chkRefCombo.Click();
-  CHECK_FALSE(Dialog.lstQueryName.IsShown());
-  Server.Data.Queries["%CompiledQuery/QueryInfo/Sample.Person"].clear();
-  Dialog.chkRefCombo.Click();
-  CHECK(Specification(Dialog) == "| ");
-  Dialog.lstFields.ClickItem(1);
-  CHECK(Dialog.lstFields.ListIndex() == 0);
-  Dialog.chkRefCombo.Click();
-  CHECK(Where() == "5 BNFC");
-  CHECK(field.FieldKind == kind::ReferenceLabel);
-  CHECK(field.QueryName == "Extent");  // kept for the next time
-}
-
-TEST_CASE("Queries that the server does not give are reported, and the combo box can only be given up") {
-  for (const std::string failing : {"row", "call"}) {
-    CAPTURE(failing);
-    WizardFixture wizard;
-    wizard.GoToProperties();
-    wizard.Select(wizard.Inside("Spouse"));
-    wizard.Select("Age");
-    wizard.Next();
-    wizard.Server.Data.FailAtRow = failing == "row" ? 1 : 0;
-    wizard.Server.Data.FailingCall = failing == "call" ? "ResultSet" : "";
-    wizard.Dialog.chkRefCombo.Click();
-    CHECK(wizard.Desktop.Texts() == "Error occurred in procedure PopulateQueryList : the server failed\n");
-    CHECK(wizard.Dialog.Enabled);
-    CHECK(wizard.Where() == "5 ---C");
-    CHECK(wizard.Field(7).FieldKind == kind::ReferenceLabel);
-    wizard.Dialog.chkRefCombo.Click();
-    wizard.Dialog.lstFields.ClickItem(1);
-    CHECK(wizard.Dialog.FrontPanel() == 0);
-    CHECK(wizard.Where() == "5 BNFC");
+    CHECK(Field(7).QueryColumn == "ID");
   }
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "A query whose columns the server does not give has none of another query's") {
-  GoToProperties();
-  Select(Inside("Spouse"));
-  Next();
-  Dialog.chkRefCombo.Click();
-  Dialog.lstQueryName.ClickItem(0);
-  Server.Data.FailingCall = "ResultSet";
-  Dialog.lstQueryName.ClickItem(1);
-  CHECK(Desktop.Texts() == "Error occurred in procedure lstQueryName_Click : the server failed\n");
-  CHECK(Specification(Dialog) == "ByName *Extent | ");
-  CHECK(Where() == "5 ---C");
-}
+TEST_CASE("What a combo box cannot be filled with is reported or missing, and its record stays until it is given up") {
+  struct Case {
+    std::string fault, script, procedure, specification, where, record;
+  };
+  const std::string given = "4 ByName.TaxID", givenUp = "3 ByName.TaxID";
+  for (const Case& c :
+       {Case{"", "field=0", "", "*ByName Extent | ID *Name ", "5 BNFC", given},  // each shows its own queries
+        Case{"call", "field=1", "PopulateQueryList", "| ", "5 ---C", given},
+        Case{"call", "combo combo", "PopulateQueryList", "| ", "5 ---C", givenUp},
+        Case{"row", "combo combo", "PopulateQueryList", "| ", "5 ---C", givenUp},
+        Case{"call", "query=1", "lstQueryName_Click", "ByName *ByCity | ", "5 BNFC", given},
+        Case{"queries", "field=1", "", "| ", "5 ---C", given},
+        Case{"columns", "combo combo", "", "*ByName ByCity | ID ", "5 ---C", givenUp}}) {
+    CAPTURE(c.fault + ": " + c.script);
+    Walk user;
+    ServerData& data = user.Server.Data;
+    data.AddProperty("Sample.Person", "Boss", {{"datatype", "0"}, {"type", "Sample.Company"}});
+    data.AddQuery("Sample.Company", "ByName", 1, {"ID", "TaxID"});
+    data.AddQuery("Sample.Company", "ByCity", 1, {"City"});
+    user.Do("> > class=Sample.Person > +Spouse. +Boss. > combo query=0 column=1 field=1 combo query=0 column=1");
+    const model::FieldRecord& boss = user.RecordOf("Boss.Name");
+    const auto record = [&] { return Text(boss.FieldKind) + " " + boss.QueryName + "." + boss.QueryColumn; };
 
-TEST_CASE_FIXTURE(WizardFixture, "A stored query that is gone is asked for in the panel that is shown") {
-  Server.Data.AddProperty("Sample.Person", "Boss", {{"datatype", "0"}, {"type", "Sample.Person"}});
-  GoToProperties({"Age"});
-  for (const char* reference : {"Spouse", "Boss"}) Select(Inside(reference));
-  Next();
-  for (const int reference : {1, 2}) {
-    Dialog.lstFields.ClickItem(reference);
-    Dialog.chkRefCombo.Click();
-    Dialog.lstQueryName.ClickItem(0);
-    Dialog.lstQueryColumn.ClickItem(1);
+    data.FailingCall = c.fault == "call" ? "ResultSet" : "";
+    data.FailAtRow = c.fault == "row" ? 1 : 0;
+    if (c.fault == "queries") data.Queries["%CompiledQuery/QueryInfo/Sample.Company"].clear();
+    if (c.fault == "columns") data.Columns["Sample.Company/ByName"] = {"ID"};
+    CHECK(user.Do(c.script) == c.where);
+    CHECK(user.Specification() == c.specification);
+    CHECK(record() == c.record);
+    CHECK(user.Dialog.Enabled);
+    const std::string report = "Error occurred in procedure " + c.procedure + " : the server failed\n";
+    CHECK(user.Desktop.Texts() == (c.procedure.empty() ? "" : report));
+    if (c.where == "5 BNFC") continue;
+    CHECK(user.Do("field=0") == "5 ---C");
+    CHECK(user.Dialog.lstFields.ListIndex() == 1);
+    CHECK(user.Do("combo") == "5 BNFC");
+    CHECK(user.Dialog.lstFields.Enabled);
+    CHECK(record() == givenUp);
   }
-  Dialog.lstFields.ClickItem(0);
-  Server.Data.Queries["%CompiledQuery/QueryInfo/Sample.Person"].clear();
-  Dialog.lstFields.ClickItem(1);
-  CHECK(Desktop.Texts().find("Run-time error") == std::string::npos);
-  CHECK(Where() == "5 ---C");
 }

@@ -1,4 +1,4 @@
-#include "tests/support/WizardFixture.h"
+#include "tests/wizard/Walk.h"
 
 #include <doctest/doctest.h>
 
@@ -9,7 +9,7 @@ using namespace formwizard::tests;
 
 namespace {
 
-std::string ConnectionCalls(const WizardFixture& wizard) {
+std::string ConnectionCalls(const Walk& wizard) {
   std::string all;
   for (const std::string& call : wizard.Server.Data.Calls) {
     if (call.starts_with("Connect") || call == "Disconnect") all += call + ", ";
@@ -18,7 +18,7 @@ std::string ConnectionCalls(const WizardFixture& wizard) {
 }
 
 // Names, connect strings and pictures; the one that is selected has a star.
-std::string Systems(WizardFixture& wizard) {
+std::string Systems(Walk& wizard) {
   auto& tree = wizard.Dialog.tvwConnection;
   std::string all;
   for (ui::Node& node : tree.Nodes.All()) {
@@ -37,7 +37,7 @@ TEST_CASE("A list of systems ends at its first empty entry, and the remembered s
                         Case{"A,x;B,y;B,z;C,w", "B", "A:x4 B:y4 *B:z4 C:w4 "},  // the last of equal names
                         Case{"A,x;B,y,z;", "b", "*A:x4 B:y4 "}}) {
     CAPTURE(c.list);
-    WizardFixture wizard;
+    Walk wizard;
     wizard.Server.Data.Systems = c.list;
     wizard.Profile.Values["LastConnect"] = c.remembered;
     wizard.Next();
@@ -45,20 +45,17 @@ TEST_CASE("A list of systems ends at its first empty entry, and the remembered s
   }
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "Systems are connected once, and remembered") {
+TEST_CASE_FIXTURE(Walk, "Systems are connected once, and remembered") {
   auto& systems = Dialog.tvwConnection;
   CHECK(Server.Data.Calls.empty());  // before the step is entered
   Profile.Values["LastConnect"] = "Archive";
-  Next();
-  systems.ClickNode(systems.Nodes.Item(1));
+  Do("> system=1");
   CHECK(Status() == "conn");
-  Next();
+  Do(">");
   CHECK(Systems(*this) == "*Samples:conn5 Archive:other4 ");
   CHECK(Connected() == "Samples");
   CHECK(Profile.Values["LastConnect"] == "Samples");
-  Back();
-  Next();  // still connected to it: no new attempt
-  Back();
+  Do("< > <");  // still connected to it: no new attempt
   DoubleClick(systems, systems.Nodes.Item(2));
   CHECK(Connected() == "Archive");
   CHECK(ConnectionCalls(*this) == "Connect conn, Disconnect, Connect other, ");
@@ -67,15 +64,13 @@ TEST_CASE_FIXTURE(WizardFixture, "Systems are connected once, and remembered") {
 TEST_CASE("Another system means another connection, class list and selection") {
   for (const std::string answer : {"at once", "refuses", "Create", "Disconnect"}) {  // the last two: a call that fails
     CAPTURE(answer);
-    WizardFixture wizard;
+    Walk wizard;
     wizard.Server.Data.RefusesDisconnect = answer == "refuses";
-    wizard.GoToProperties({"Age"});
-    wizard.Back(2);
-    wizard.Dialog.tvwConnection.ClickNode(wizard.Dialog.tvwConnection.Nodes.Item(2));
+    wizard.Do("> > class=Sample.Person > +Age < < system=2");
     if (answer == "Create" || answer == "Disconnect") {
       wizard.Server.Data.FailingCall = answer;
-      wizard.Next();
-      CHECK(wizard.Where() + wizard.Connected() == "2 BNFC");
+      CHECK(wizard.Do(">") == "2 BNFC");
+      CHECK(wizard.Connected().empty());
       CHECK(Systems(wizard) == "Samples:conn4 *Archive:other4 ");
       wizard.Server.Data.FailingCall = "";
     }
@@ -83,19 +78,17 @@ TEST_CASE("Another system means another connection, class list and selection") {
     CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, Connect other, ");
     CHECK(Systems(wizard) == "Samples:conn4 *Archive:other5 ");
     CHECK(std::ranges::count(wizard.Server.Data.Calls, "ResultSet %ClassDefinition") == 2);
-    wizard.ChooseClass("Sample.Person");  // of the same name as before
-    wizard.Next();
+    CHECK(wizard.Do("class=Sample.Person >") == "4 B--C");  // of the same name as before
     CHECK(wizard.Dialog.lstSelected.ListCount() == 0);
-    CHECK(wizard.Where() == "4 B--C");
   }
 }
 
 TEST_CASE("Every ending closes the connection, whatever the server answers") {
-  const std::map<std::string, std::function<void(WizardFixture&)>> endings{
-      {"Escape", [](WizardFixture& wizard) { wizard.Dialog.PressEscape(); }},
-      {"Close", [](WizardFixture& wizard) { wizard.Dialog.Close(); }},
-      {"Finish", [](WizardFixture& wizard) { wizard.Dialog.cmdFinish.Click(); }},
-      {"Failure", [](WizardFixture& wizard) {
+  const std::map<std::string, std::function<void(Walk&)>> endings{
+      {"Escape", [](Walk& wizard) { wizard.Dialog.PressEscape(); }},
+      {"Close", [](Walk& wizard) { wizard.Dialog.Close(); }},
+      {"Finish", [](Walk& wizard) { wizard.Dialog.cmdFinish.Click(); }},
+      {"Failure", [](Walk& wizard) {
          wizard.Ide.Refuse["VBComponents.Add"] = runtime::AutomationError;
          wizard.Dialog.cmdFinish.Click();
          CHECK(wizard.Where() == "4 ---C");
@@ -106,7 +99,7 @@ TEST_CASE("Every ending closes the connection, whatever the server answers") {
     for (const std::string answer : {"yes", "no", "error"}) {
       CAPTURE(how);
       CAPTURE(answer);
-      WizardFixture wizard;
+      Walk wizard;
       wizard.Server.Data.RefusesDisconnect = answer == "no";
       wizard.Server.Data.FailingCall = answer == "error" ? "Disconnect" : "";
       wizard.GoToProperties({"Age"});
@@ -134,23 +127,18 @@ TEST_CASE("A server that fails keeps the dialog where it is, and usable") {
                         Case{"", "A,x", "", "Unable to connect.A: ", true}, Case{"", "", "", "Ready"}}) {
     CAPTURE(c.failingCall);
     CAPTURE(c.systems);
-    WizardFixture wizard;
+    Walk wizard;
     wizard.Server.Data.Systems = c.systems;
     wizard.Server.Data.FailingCall = c.failingCall;
     wizard.Server.Data.RefusesConnection = c.refuses;
-    wizard.Next(2);
+    CHECK(wizard.Do("> >") == "2 BN-C");
     CHECK(wizard.Desktop.Texts() == c.message);
     CHECK(wizard.Status() == c.status);
-    CHECK(wizard.Where() == "2 BN-C");
     CHECK(wizard.Connected().empty());
     CHECK_FALSE(wizard.Profile.Values.contains("LastConnect"));
     CHECK(wizard.Desktop.Pointers.back() == ui::MousePointer::Default);
-    wizard.Server.Data = WizardFixture().Server.Data;
-    wizard.Back();
-    wizard.Next();
-    auto& systems = wizard.Dialog.tvwConnection;
-    systems.ClickNode(systems.Nodes.Item(systems.Nodes.Count()));
-    wizard.Next();
-    CHECK(wizard.Where() == "3 BN-C");
+    wizard.Server.Data = Walk().Server.Data;
+    wizard.Do("< >");
+    CHECK(wizard.Do("system=" + std::to_string(wizard.Dialog.tvwConnection.Nodes.Count()) + " >") == "3 BN-C");
   }
 }

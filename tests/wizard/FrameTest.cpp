@@ -1,4 +1,4 @@
-#include "tests/support/WizardFixture.h"
+#include "tests/wizard/Walk.h"
 
 #include <doctest/doctest.h>
 
@@ -26,7 +26,7 @@ class StatusTexts : public ui::ControlObserver {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(WizardFixture, "The dialog is laid out and named as it loads") {
+TEST_CASE_FIXTURE(Walk, "The dialog is laid out and named as it loads") {
   CHECK(Dialog.frmCommand.Left + Dialog.frmCommand.Width == Int32(9210 - 360));
   for (const ui::Frame& panel : Dialog.frmStep) CHECK(panel.Left == Int32(3240));
   for (const ui::Frame& panel : Dialog.frmProperty) {
@@ -43,7 +43,7 @@ TEST_CASE_FIXTURE(WizardFixture, "The dialog is laid out and named as it loads")
   CHECK(Dialog.cmdMoveDown.ToolTipText == "Move the property down");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "Each step shows its own panel, its picture and its default button") {
+TEST_CASE_FIXTURE(Walk, "Each step shows its own panel, its picture and its default button") {
   const auto show = [&](int step) {
     Dialog.SetStep(Int16(step));
     std::string shown;
@@ -59,38 +59,25 @@ TEST_CASE_FIXTURE(WizardFixture, "Each step shows its own panel, its picture and
   }
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "The buttons follow the steps, and Finish stays usable once properties are selected") {
-  std::string trail;
-  const auto press = [&](ui::CommandButton& button, int times) {
-    for (int i = 0; i < times; ++i) {
-      trail += Where() + ", ";
-      button.Click();
-    }
-  };
-  press(Dialog.cmdNext, 3);
-  Select("Number");
-  press(Dialog.cmdNext, 2);
-  press(Dialog.cmdBack, 3);
-  CHECK(trail + Where() == "1 -N-C, 2 BN-C, 3 BN-C, 4 BNFC, 5 BNFC, 6 B-FC, 5 BNFC, 4 BNFC, 3 BNFC");
+TEST_CASE_FIXTURE(Walk, "The buttons follow the steps, and Finish stays usable once properties are selected") {
+  std::string trail = Where();
+  for (const char* action : {">", ">", ">", "+Number", ">", ">", "<", "<", "<"}) trail += ", " + Do(action);
+  CHECK(trail == "1 -N-C, 2 BN-C, 3 BN-C, 4 B--C, 4 BNFC, 5 BNFC, 6 B-FC, 5 BNFC, 4 BNFC, 3 BNFC");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "The status bar tells what is being done") {
+TEST_CASE_FIXTURE(Walk, "The status bar tells what is being done") {
   StatusTexts status(Dialog.barStatus);
-  Next(2);
+  Do("> >");
   CHECK(status.Take() == "Connecting to Ostrel system ...\nConnected to Samples.\nPopulating class list ...\nReady\n");
-  ChooseClass("Sample.Person");
-  Next();
+  Do("class=Sample.Person >");
   CHECK(status.Take() == "Populating property list ...\nReady\n");
-  Select("Age");
-  Next();
-  Dialog.cmdFinish.Click();
+  Do("+Age > !");
   CHECK(status.Take() ==
         "Begin creating new form ...\nComputing positions ...\nComputing layout ...\n"
         "Writing form and control properties ...\nWriting procedures ...\n");
 }
 
-TEST_CASE_FIXTURE(WizardFixture,
-                  "A step paints itself before the server is asked, and a double click before the step changes") {
+TEST_CASE_FIXTURE(Walk, "A step paints itself before the server is asked, and a double click before the step changes") {
   std::string trail;  // at each painting: the panel, the last call, and what the Properties step shows
   Desktop.OnProcessMessages = [&] {
     for (std::size_t i = 0; i < Dialog.frmStep.size(); ++i)
@@ -98,33 +85,22 @@ TEST_CASE_FIXTURE(WizardFixture,
     trail += " " + (Server.Data.Calls.empty() ? "-" : Server.Data.Calls.back().substr(0, 8)) + " " +
              std::to_string(Dialog.tvwAttributes.Nodes.Count() + Dialog.lstSelected.ListCount()) + ", ";
   };
-  Next();
+  Do(">");
   DoubleClick(Dialog.tvwConnection, Dialog.tvwConnection.Nodes.Item(1));
-  Next();
-  Select("Number");
-  Back();
-  ChooseClass("Sample.Company");
-  Next();
+  Do("> +Number < class=Sample.Company >");
   CHECK(trail ==
         "2 - 0, 2 SystemLi 0, 3 Connect  0, 4 Close %C 0, 4 Close %C 0, 3 Close %C 2, 4 Close %C 2, 4 Close %C 0, ");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "The completion text keeps the class that it was first replaced by") {
-  Next(3);
-  Select("Number");
-  Next(2);
-  Back(3);
-  ChooseClass("Sample.Company");
-  Next();
+TEST_CASE_FIXTURE(Walk, "The completion text keeps the class that it was first replaced by") {
+  Do("> > > +Number > > < < < class=Sample.Company >");
   CHECK(Dialog.lstSelected.ListCount() == 0);  // another class: the selection is gone
-  Select("Name");
-  Next(2);
+  Do("+Name > >");
   CHECK(Dialog.lblStep5_2.Caption.Get().ends_with("a Visual Basic form for class Core.Invoice."));
 }
 
 TEST_CASE_FIXTURE(
-    WizardFixture,
-    "The settings are loaded anew each time they are shown, and an error in them leaves the wizard usable") {
+    Walk, "The settings are loaded anew each time they are shown, and an error in them leaves the wizard usable") {
   std::string columns;
   Desktop.OnShowModal = [&](ui::Form& form) {
     form.Load();
