@@ -163,6 +163,14 @@ TEST_CASE("Every kind of field and setting goes through the description") {
   CHECK(files.at("frmPerson.frx") == "\x08txtNotes");
 }
 
+TEST_CASE("A description gives the form that the same choices in the windows give") {
+  const Workplace work;
+  CheckDone(work.Describe(R"({"class": "Sample.Person", "settings": {"Columns": 2}, "fields": ["Name",
+    {"property": "Home.City", "caption": "Town"}, {"property": "Age", "updateAfter": "Name"},
+    {"property": "Notes", "rows": 7}, {"property": "Spouse.Name", "combo": {"query": "ByName", "column": "Name"}}]})"));
+  CheckSameFiles(work.Files(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
+}
+
 TEST_CASE("What the environment refuses is reported under its routine, the form stands and the status says so") {
   Workplace work;
   // A label has no LostFocus event.

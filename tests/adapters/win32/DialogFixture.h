@@ -1,12 +1,12 @@
-// The wizard in real windows, over a fake server and a project in memory, above the environment's main window.
+// The wizard in real windows, over the sample's dictionary and a project in memory, above the environment's main
+// window.
 #pragma once
 
 #include "adapters/satellite/Satellites.h"
 #include "adapters/win32/Win32Desktop.h"
 #include "adapters/win32/Win32TextMeasure.h"
 #include "tests/adapters/win32/User.h"
-#include "tests/support/BuildTree.h"
-#include "tests/support/WizardFixture.h"
+#include "tests/support/SampleDictionary.h"
 
 #include <string>
 #include <utility>
@@ -32,11 +32,13 @@ struct DialogFixture {
   adapters::win32::Win32Desktop Desktop{Main.Handle()};
   adapters::win32::Win32TextMeasure Measure;
   WizardFixture Fakes;
+  TemporaryFolder Folder;
+  std::unique_ptr<wizard::factory::FactoryCreator> Dictionary = OpenSampleDictionary(Folder);
   Language Texts;
   wizard::WizardServices Services{{.Desktop = Desktop,
                                    .Measure = Measure,
                                    .Profiles = Fakes.Profile,
-                                   .Factories = Fakes.Server,
+                                   .Factories = *Dictionary,
                                    .Libraries = Texts,
                                    .ProgramFolder = BuiltFolder()}};
   wizard::frmWizard Dialog{Services, Fakes.Ide};

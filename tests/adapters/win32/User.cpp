@@ -17,6 +17,7 @@
 namespace formwizard::tests {
 
 using adapters::win32::Utf8;
+using adapters::win32::Wide;
 
 namespace {
 
@@ -173,6 +174,12 @@ void PressUntil(std::wstring_view wanted, WORD key, std::wstring (*text)(HWND)) 
   if (text(Focus()) != wanted) throw std::runtime_error("there is no " + Utf8(wanted));
 }
 
+void Choose(const ui::Control& tree, const std::string& node, const std::string& below) {
+  PressIn(tree, VK_HOME);
+  if (!below.empty()) PressUntil(Wide(below), VK_DOWN, SelectedText);
+  PressUntil(Wide(node), VK_DOWN, SelectedText);
+}
+
 HTREEITEM Next(HWND tree, HTREEITEM item, WPARAM relation) {
   return reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
 }
@@ -302,47 +309,80 @@ void PressIn(const ui::Control& control, WORD key) {
   Press(key);
 }
 
-void ChooseNode(const ui::Control& tree, std::wstring_view text) {
-  PressIn(tree, VK_HOME);
-  PressUntil(text, VK_DOWN, SelectedText);
-}
-
-void ChooseRow(const ui::Control& list, int row) {
-  PressIn(list, VK_HOME);
-  PressTimes(VK_DOWN, row);
-}
-
-void ChooseInCombo(const ui::Control& combo, std::wstring_view text) {
-  GoTo(combo);
-  PressUntil(text, VK_DOWN, CaptionOf);
-}
-
-void TypeOver(const ui::Control& box, std::wstring_view text) {
-  PressIn(box, VK_HOME);
-  Press(VK_END, VK_SHIFT);
-  Type(text);
-}
-
 void Click(const ui::Control& control, POINT at) { Click(WindowOf(control), at); }
 
-void DoubleClickNode(const ui::Control& tree, std::wstring_view text) {
-  const HWND window = WindowOf(tree);
-  DoubleClick(window, PlaceOf(window, ItemOf(window, text)));
+void KeyboardUser::PressAccessKeyOf(const ui::Control& button) {
+  const std::wstring caption = CaptionOf(WindowOf(button));
+  tests::PressAccessKey(static_cast<char>(caption.at(caption.find(L'&') + 1)));
 }
 
-void ClickRow(const ui::Control& list, int row) {
+void KeyboardUser::PressToOpen(const ui::Control& button, const std::function<void()>& inside) {
+  PressAccessKeyOf(button);
+  inside();
+}
+
+void KeyboardUser::Open(const ui::Control& tree, const std::string& node) {
+  Choose(tree, node, "");
+  tests::Press(VK_RIGHT);
+}
+
+void KeyboardUser::GoOnWith(const ui::Control& tree, const std::string& node) {
+  Choose(tree, node, "");
+  tests::Press(VK_RETURN);
+}
+
+void KeyboardUser::Take(const ui::Control& tree, const std::string& node, const std::string& below,
+                        const ui::Control& button) {
+  Choose(tree, node, below);
+  Press(button);
+}
+
+void KeyboardUser::ChooseRow(const ui::Control& list, int row) {
+  PressIn(list, VK_HOME);
+  for (int i = 0; i < row; ++i) tests::Press(VK_DOWN);
+}
+
+void KeyboardUser::ChooseInCombo(const ui::Control& combo, const std::string& entry) {
+  GoTo(combo);
+  PressUntil(Wide(entry), VK_DOWN, CaptionOf);
+}
+
+void KeyboardUser::TypeOver(const ui::Control& box, const std::string& text) {
+  GoTo(box);  // the tab key selects what is there
+  Type(Wide(text));
+}
+
+void MouseUser::PressToOpen(const ui::Control& button, const std::function<void()>& inside) {
+  Press(button);
+  inside();
+}
+
+void MouseUser::Take(const ui::Control& tree, const std::string& node, const std::string& below, const ui::Control&) {
+  const HWND window = WindowOf(tree);
+  const HTREEITEM owner = below.empty() ? TVI_ROOT : ItemOf(window, Wide(below));
+  DoubleClick(window, PlaceOf(window, ItemOf(window, Wide(node), owner)));
+}
+
+void MouseUser::ChooseRow(const ui::Control& list, int row) {
   const HWND window = WindowOf(list);
   Click(window, PlaceOfRow(window, row));
 }
 
-void ClickInCombo(const ui::Control& combo, const std::wstring& text) {
+void MouseUser::ChooseInCombo(const ui::Control& combo, const std::string& entry) {
   const HWND window = WindowOf(combo);
   Click(window);
   COMBOBOXINFO info{};
   info.cbSize = sizeof(info);
   SendMessageW(window, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-  const LRESULT row = SendMessageW(window, CB_FINDSTRINGEXACT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  const LRESULT row = SendMessageW(window, CB_FINDSTRINGEXACT, 0, reinterpret_cast<LPARAM>(Wide(entry).c_str()));
   Click(info.hwndList, PlaceOfRow(info.hwndList, static_cast<int>(row)));
+}
+
+void MouseUser::TypeOver(const ui::Control& box, const std::string& text) {  // a text cannot be typed by mouse
+  Click(box);
+  tests::Press(VK_HOME);
+  tests::Press(VK_END, VK_SHIFT);
+  Type(Wide(text));
 }
 
 HTREEITEM ItemOf(HWND tree, std::wstring_view text, HTREEITEM below) {

@@ -1,7 +1,7 @@
 // Somebody at keyboard and mouse: another thread, whose input goes the way of real input.
 #pragma once
 
-#include "ui/Control.h"
+#include "tests/support/WizardPass.h"
 
 #include <windows.h>
 
@@ -52,20 +52,39 @@ HWND Focus();
 HWND WindowOf(const ui::Control& control);
 std::wstring CaptionOf(HWND window);
 
-// With the keyboard alone: goes to a control, and there chooses a node of a tree, from the first one downwards, a row
-// of a list, from 0, or an entry of a combo box, or writes a text instead of the one that is there.
+// With the tab key.
 void GoTo(const ui::Control& control);
 void PressIn(const ui::Control& control, WORD key);
-void ChooseNode(const ui::Control& tree, std::wstring_view text);
-void ChooseRow(const ui::Control& list, int row);
-void ChooseInCombo(const ui::Control& combo, std::wstring_view text);
-void TypeOver(const ui::Control& box, std::wstring_view text);
-
-// With the mouse alone.
+// With the mouse.
 void Click(const ui::Control& control, POINT at = {8, 8});
-void DoubleClickNode(const ui::Control& tree, std::wstring_view text);
-void ClickRow(const ui::Control& list, int row);
-void ClickInCombo(const ui::Control& combo, const std::wstring& text);
+
+class KeyboardUser : public User {
+ public:
+  void Press(const ui::Control& button) override { PressIn(button, VK_SPACE); }
+  void PressAccessKeyOf(const ui::Control& button) override;
+  void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override;
+  void Open(const ui::Control& tree, const std::string& node) override;
+  void GoOnWith(const ui::Control& tree, const std::string& node) override;
+  void Take(const ui::Control& tree, const std::string& node, const std::string& below,
+            const ui::Control& button) override;
+  void ChooseRow(const ui::Control& list, int row) override;
+  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override;
+  void TypeOver(const ui::Control& box, const std::string& text) override;
+  void Raise(const ui::UpDown& arrows) override { PressIn(*arrows.Buddy, VK_UP); }
+};
+
+class MouseUser : public User {
+ public:
+  void Press(const ui::Control& button) override { Click(button); }
+  void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override;
+  void Open(const ui::Control& tree, const std::string& node) override { Take(tree, node, "", tree); }
+  void GoOnWith(const ui::Control& tree, const std::string& node) override { Take(tree, node, "", tree); }
+  void Take(const ui::Control& tree, const std::string& node, const std::string& below, const ui::Control&) override;
+  void ChooseRow(const ui::Control& list, int row) override;
+  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override;
+  void TypeOver(const ui::Control& box, const std::string& text) override;
+  void Raise(const ui::UpDown& arrows) override { Click(arrows, {4, 4}); }  // the upper one
+};
 
 // What is drawn in trees.
 HTREEITEM ItemOf(HWND tree, std::wstring_view text, HTREEITEM below = TVI_ROOT);

@@ -117,7 +117,7 @@ TEST_CASE("Buttons and the focus show what the keys will do") {
     CHECK(IsWindowEnabled(WindowOf(dialog.cmdBack)));
     const HWND systems = WindowOf(dialog.tvwConnection);
     Click(systems, PlaceOf(systems, ItemOf(systems, L"Samples")));  // selected already
-    CHECK(dialog.barStatus.Panels[0].Get() == "conn");
+    CHECK(dialog.barStatus.Panels[0].Get() == "local:samples");
     Press(VK_RETURN);
     const HWND tree = WindowOf(dialog.tvwClasses);
     const POINT at = PlaceOf(tree, ItemOf(tree, L"Person"));

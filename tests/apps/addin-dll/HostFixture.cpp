@@ -1,8 +1,6 @@
 #include "tests/apps/addin-dll/HostFixture.h"
 #include "tests/support/BuildTree.h"
 
-#include <sstream>
-
 namespace formwizard::tests::host {
 namespace {
 
@@ -23,9 +21,7 @@ void Finish() {
 }
 
 HostFixture::HostFixture(const std::string& dictionary, const std::string& code) : Project(SampleWith(code)) {
-  std::istringstream json(dictionary.empty() ? ReadFile(SourceFolder() + "/samples/dictionary.json") : dictionary);
-  adapters::sqlite::ImportDictionary(json, "dictionary.json", Folder / "d.sqlite");
-  Server = std::make_unique<HostServer>(adapters::sqlite::OpenDictionary(Folder / "d.sqlite"));
+  Server = std::make_unique<HostServer>(OpenSampleDictionary(Folder, dictionary));
   AddIn = Library.Create(Extensibility);
 }
 

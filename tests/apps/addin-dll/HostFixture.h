@@ -1,13 +1,11 @@
 // The environment with its main window, the server, and the add-in's library in one process.
 #pragma once
 
-#include "adapters/sqlite/Dictionary.h"
 #include "tests/adapters/win32/User.h"
 #include "tests/apps/addin-dll/AddInLibrary.h"
-#include "tests/apps/addin-dll/Designs.h"
 #include "tests/apps/addin-dll/HostEnvironment.h"
 #include "tests/apps/addin-dll/HostServer.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/SampleDictionary.h"
 
 #include <doctest/doctest.h>
 

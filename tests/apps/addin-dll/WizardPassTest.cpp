@@ -6,7 +6,6 @@
 
 #include <doctest/doctest.h>
 
-#include <map>
 #include <string>
 
 using namespace formwizard::tests;
@@ -14,102 +13,31 @@ using namespace formwizard::tests::host;
 
 namespace {
 
-void CheckStep(int step) {
-  CHECK(IsAtStep(step));
-  TakePicture("step-" + std::to_string(step));
+void Look(int step) {
+  CHECK((step == 0 ? ActiveTitle() == L"Ostrel Form Wizard Settings" : IsAtStep(step)));
+  TakePicture(step == 0 ? "settings" : "step-" + std::to_string(step));
 }
 
 void ChooseByKeyboard() {
-  const formwizard::wizard::frmWizard& dialog = WizardDesign();
-  const formwizard::settings::frmSettings& settings = SettingsDesign();
-  CheckStep(1);
-  PressAccessKey('S');
-  CHECK(ActiveTitle() == L"Ostrel Form Wizard Settings");
-  PressIn(settings.txtNumColumns, VK_UP);
-  TakePicture("settings");
-  Press(VK_RETURN);
-  PressIn(dialog.cmdNext, VK_RETURN);
-  ChooseNode(dialog.tvwConnection, L"Samples");
-  CheckStep(2);
-  Press(VK_RETURN);
-  ChooseNode(dialog.tvwClasses, L"Person");
-  CheckStep(3);
-  Press(VK_RETURN);  // the focus goes to a tree that is filled only then
-  const auto select = [&](std::wstring_view property) {
-    ChooseNode(dialog.tvwAttributes, property);
-    PressIn(dialog.cmdSelectOne, VK_SPACE);
-  };
-  select(L"*Name");
-  ChooseNode(dialog.tvwAttributes, L"Home");
-  Press(VK_RIGHT);  // opens it
-  select(L"*City");
-  select(L"Age");
-  select(L"Notes");
-  ChooseNode(dialog.tvwAttributes, L"Spouse");
-  Press(VK_RIGHT);
-  Press(VK_DOWN);  // its *Name
-  PressIn(dialog.cmdSelectOne, VK_SPACE);
-  CheckStep(4);
-  PressAccessKey('N');
-  ChooseRow(dialog.lstFields, 1);
-  GoTo(dialog.txtCaption[0]);
-  Type(L"Town");  // the tab key has selected what was there
-  ChooseRow(dialog.lstFields, 2);
-  ChooseInCombo(dialog.lstUpdateAfter, L"Name");
-  ChooseRow(dialog.lstFields, 3);
-  TypeOver(dialog.txtRowHeight[4], L"7");
-  ChooseRow(dialog.lstFields, 4);
-  PressIn(dialog.chkRefCombo, VK_SPACE);
-  CHECK_FALSE(::IsWindowEnabled(WindowOf(dialog.cmdNext)));
-  ChooseInCombo(dialog.lstQueryName, L"ByName");
-  ChooseInCombo(dialog.lstQueryColumn, L"Name");
-  CheckStep(5);
-  PressAccessKey('N');
-  CheckStep(6);
-  CHECK(Focus() == WindowOf(dialog.cmdFinish));
+  KeyboardUser user;
+  PassThroughWizard(user, Look);
+  CHECK(Focus() == WindowOf(WizardDesign().cmdFinish));
   Finish();
 }
 
 void ChooseByMouse() {
-  const formwizard::wizard::frmWizard& dialog = WizardDesign();
-  const formwizard::settings::frmSettings& settings = SettingsDesign();
-  Click(dialog.cmdSettings);
-  Click(settings.spnNumColumns, {4, 4});  // the upper arrow
-  Click(settings.cmdOK);
-  Click(dialog.cmdNext);
-  DoubleClickNode(dialog.tvwConnection, L"Samples");
-  CHECK(IsAtStep(3));
-  const HWND classes = WindowOf(dialog.tvwClasses);
-  const auto isOpen = [&] {
-    return (TreeView_GetItemState(classes, ItemOf(classes, L"Sample"), TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
-  };
-  for (const bool after : {false, true}) {
-    DoubleClickNode(dialog.tvwClasses, L"Sample");
-    CHECK(isOpen() == after);
-  }
-  DoubleClickNode(dialog.tvwClasses, L"Person");
-  CHECK(IsAtStep(4));
-  for (const wchar_t* text : {L"*Name", L"Home", L"*City", L"Age", L"Notes", L"Spouse"}) {
-    DoubleClickNode(dialog.tvwAttributes, text);
-  }
-  const HWND properties = WindowOf(dialog.tvwAttributes);
-  Click(properties, PlaceOf(properties, ItemOf(properties, L"*Name", ItemOf(properties, L"Spouse"))));
-  Click(dialog.cmdSelectOne);
-  Click(dialog.cmdNext);
-  ClickRow(dialog.lstFields, 1);
-  Click(dialog.txtCaption[0]);
-  TypeOver(dialog.txtCaption[0], L"Town");  // a text cannot be typed by mouse
-  ClickRow(dialog.lstFields, 2);
-  ClickInCombo(dialog.lstUpdateAfter, L"Name");
-  ClickRow(dialog.lstFields, 3);
-  DoubleClick(WindowOf(dialog.txtRowHeight[4]));  // selects the word
-  Type(L"7");
-  ClickRow(dialog.lstFields, 4);
-  Click(dialog.chkRefCombo);
-  ClickInCombo(dialog.lstQueryName, L"ByName");
-  ClickInCombo(dialog.lstQueryColumn, L"Name");
-  Click(dialog.cmdNext);
-  Click(dialog.cmdFinish);
+  MouseUser user;
+  PassThroughWizard(user, [&](int step) {
+    CHECK((step == 0 || IsAtStep(step)));
+    if (step != 3) return;
+    const HWND classes = WindowOf(WizardDesign().tvwClasses);
+    for (const bool isOpen : {false, true}) {
+      user.Open(WizardDesign().tvwClasses, "Sample");  // or closes it again
+      const UINT state = TreeView_GetItemState(classes, ItemOf(classes, L"Sample"), TVIS_EXPANDED);
+      CHECK(((state & TVIS_EXPANDED) != 0) == isOpen);
+    }
+  });
+  user.Press(WizardDesign().cmdFinish);
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 // The desktop program over a copy of a sample project, and somebody who uses its windows.
 #pragma once
 
+#include "adapters/qt/Text.h"
 #include "adapters/sqlite/Dictionary.h"
 #include "apps/desktop/MainWindow.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
+#include "ui/Control.h"
 
 #include <doctest/doctest.h>
 
@@ -28,18 +30,20 @@ namespace formwizard::tests {
 // The widget of a control in the window that takes input now, laid out as a user would see it; the shown one where
 // several bear the name.
 template <typename Widget = QWidget>
-Widget* Find(const char* name) {
+Widget* Find(const ui::Control& control) {
   QApplication::processEvents();
-  for (Widget* widget : QApplication::activeModalWidget()->findChildren<Widget*>(name)) {
+  for (Widget* widget : QApplication::activeModalWidget()->findChildren<Widget*>(adapters::qt::Text(control.Name))) {
     if (widget->isVisible()) return widget;
   }
-  throw std::runtime_error(std::string("no visible ") + name);
+  throw std::runtime_error("no visible " + control.Name);
 }
 
-inline QTreeWidgetItem* FindItem(QTreeWidget& tree, const QString& text) {
-  const auto found = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-  if (found.isEmpty()) throw std::runtime_error("no node " + text.toStdString());
-  return found.front();
+// A node, which may stand below another one.
+inline QTreeWidgetItem* FindItem(QTreeWidget& tree, const std::string& text, const std::string& below = "") {
+  for (QTreeWidgetItem* item : tree.findItems(adapters::qt::Text(text), Qt::MatchExactly | Qt::MatchRecursive)) {
+    if (below.empty() || (item->parent() && item->parent()->text(0) == adapters::qt::Text(below))) return item;
+  }
+  throw std::runtime_error("no node " + text);
 }
 
 // Until the keys go to the window that takes input. There is no window manager that activates it.
@@ -117,20 +121,6 @@ struct DesktopFixture {
   void Save() const {
     PressSave();
     CHECK_FALSE(Window->isWindowModified());
-  }
-
-  // The same choices by the command line, in a copy of its own.
-  std::map<std::string, std::string> FilesByCommandLine(const std::string& json,
-                                                        const std::string& options = "") const {
-    const std::string copy = Folder / "copy";
-    CopySample("new-project", copy);
-    WriteFile(Folder / "form.json", json);
-    const std::string command = BuiltProgram("ostrel-form-wizard") + " generate --project " + copy +
-                                "/Project1.vbp --dictionary " + (Folder / "d.sqlite") + " --toolbox " + SourceFolder() +
-                                "/samples/toolbox.ini --profile " + (Folder / "other.ini") + " " + options + " " +
-                                (Folder / "form.json") + " >" + (Folder / "out.txt") + " 2>&1";
-    CHECK(std::system(command.c_str()) == 0);
-    return FilesIn(copy);
   }
 };
 

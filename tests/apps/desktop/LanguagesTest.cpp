@@ -1,10 +1,11 @@
 // Every window in every language that is shipped.
-#include "tests/apps/desktop/DesktopFixture.h"
+#include "tests/apps/desktop/Users.h"
 #include "tests/support/Languages.h"
 
 #include <QGroupBox>
 #include <QRegularExpression>
 
+using namespace formwizard;
 using namespace formwizard::tests;
 
 namespace {
@@ -12,8 +13,7 @@ namespace {
 const QRegularExpression Ideographs("[\\x{2E80}-\\x{FFFF}]");
 
 // Whether each visible text has the room that it needs.
-void CheckFits(const char* where) {
-  CAPTURE(where);
+void CheckFits() {
   QApplication::processEvents();
   const QWidget* window = QApplication::activeModalWidget();
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
@@ -36,8 +36,6 @@ void CheckFits(const char* where) {
   }
 }
 
-void Click(const char* name) { Find<QAbstractButton>(name)->click(); }
-
 }  // namespace
 
 TEST_CASE("In each language every step and every panel fits its window") {
@@ -45,36 +43,19 @@ TEST_CASE("In each language every step and every panel fits its window") {
     CAPTURE(language.Abbreviation);
     DesktopFixture desktop(language.Abbreviation);
     desktop.UseWizard([&] {
-      CheckFits("1");
-      const bool isEnglish = language.Abbreviation == "ENU";
-      CHECK((Find<QAbstractButton>("cmdCancel")->text() == "&Cancel") == isEnglish);
-      DesktopFixture::WhenShown([] {
-        CheckFits("settings");
-        Click("cmdCancel");
+      const wizard::frmWizard& dialog = WizardDesign();
+      CHECK((Find<QAbstractButton>(dialog.cmdCancel)->text() == "&Cancel") == (language.Abbreviation == "ENU"));
+      MouseUser user;
+      PassThroughWizard(user, [&](int step) {
+        CAPTURE(step);
+        if (step == 4) user.Press(dialog.cmdSelectAll);
+        const int rows = step == 5 ? Find<QListWidget>(dialog.lstFields)->count() : 1;
+        for (int row = 0; row < rows; ++row) {  // every panel
+          if (step == 5) user.ChooseRow(dialog.lstFields, row);
+          CheckFits();
+        }
       });
-      Click("cmdSettings");
-      Click("cmdNext");
-      CheckFits("2");
-      Click("cmdNext");
-      CheckFits("3");
-      auto* classes = Find<QTreeWidget>("tvwClasses");
-      classes->setCurrentItem(FindItem(*classes, "Person"));
-      Click("cmdNext");
-      auto* properties = Find<QTreeWidget>("tvwAttributes");
-      properties->expandItem(FindItem(*properties, "Spouse"));
-      Click("cmdSelectAll");
-      CheckFits("4");
-      Click("cmdNext");
-      auto* fields = Find<QListWidget>("lstFields");
-      for (int row = 0; row < fields->count(); ++row) {
-        fields->setCurrentRow(row);
-        if (fields->item(row)->text() == "Spouse.Name") Click("chkRefCombo");
-        CheckFits("5");
-        if (fields->item(row)->text() == "Spouse.Name") Click("chkRefCombo");
-      }
-      Click("cmdNext");
-      CheckFits("6");
-      Click("cmdCancel");
+      user.Press(dialog.cmdCancel);
     });
   }
 }

@@ -1,5 +1,5 @@
 // The main window: what it shows, what it asks, and what it does when something fails.
-#include "tests/apps/desktop/DesktopFixture.h"
+#include "tests/apps/desktop/Users.h"
 
 #include <QLineEdit>
 #include <QMessageBox>
@@ -21,17 +21,20 @@ void Answer(QMessageBox::StandardButton button, std::string& text) {
   });
 }
 
+// To the list of properties of a class.
+void GoToProperties(User& user) {
+  user.Press(WizardDesign().cmdNext);
+  user.GoOnWith(WizardDesign().tvwConnection, "Samples");
+  user.GoOnWith(WizardDesign().tvwClasses, "Person");
+}
+
 void MakePersonForm(
     const DesktopFixture& desktop, const std::function<void()>& thenDo = [] {}) {
   desktop.UseWizard([&] {
-    for (int i = 0; i < 2; ++i) Find<QAbstractButton>("cmdNext")->click();
-    auto* classes = Find<QTreeWidget>("tvwClasses");
-    classes->setCurrentItem(FindItem(*classes, "Person"));
-    Find<QAbstractButton>("cmdNext")->click();
-    auto* properties = Find<QTreeWidget>("tvwAttributes");
-    properties->setCurrentItem(FindItem(*properties, "Age"));
-    Find<QAbstractButton>("cmdSelectOne")->click();
-    Find<QAbstractButton>("cmdFinish")->click();
+    MouseUser user;
+    GoToProperties(user);
+    user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
+    user.Press(WizardDesign().cmdFinish);
     thenDo();
   });
 }
@@ -110,19 +113,17 @@ TEST_CASE("A name that the project's code page cannot hold ends the generation, 
   DesktopFixture desktop;
   std::string said;
   desktop.UseWizard([&said] {
-    for (int i = 0; i < 2; ++i) Find<QAbstractButton>("cmdNext")->click();
-    auto* classes = Find<QTreeWidget>("tvwClasses");
-    classes->setCurrentItem(FindItem(*classes, "Person"));
-    Find<QAbstractButton>("cmdNext")->click();
-    Find<QAbstractButton>("cmdSelectAll")->click();
-    Find<QAbstractButton>("cmdNext")->click();
-    auto* caption = Find<QLineEdit>("txtCaption");
+    MouseUser user;
+    GoToProperties(user);
+    user.Press(WizardDesign().cmdSelectAll);
+    user.Press(WizardDesign().cmdNext);
+    auto* caption = Find<QLineEdit>(WizardDesign().txtCaption[0]);
     caption->clear();
     caption->insert(QString::fromUtf8("名"));  // as an input method does
     Answer(QMessageBox::Ok, said);
-    Find<QAbstractButton>("cmdFinish")->click();
-    CHECK(Find("cmdCancel")->isEnabled());
-    CHECK_FALSE(Find("cmdFinish")->isEnabled());
+    user.Press(WizardDesign().cmdFinish);
+    CHECK(Find(WizardDesign().cmdCancel)->isEnabled());
+    CHECK_FALSE(Find(WizardDesign().cmdFinish)->isEnabled());
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
   });
   CHECK(said.find("名") != std::string::npos);

@@ -1,0 +1,145 @@
+// Users of the desktop program's windows: one has a keyboard, the other one a mouse too.
+#pragma once
+
+#include "adapters/qt/Text.h"
+#include "tests/apps/desktop/DesktopFixture.h"
+#include "tests/support/WizardPass.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QWindow>
+
+namespace formwizard::tests {
+
+class KeyboardUser : public User {
+ public:
+  void Press(const ui::Control& button) override { PressIn(button, Qt::Key_Space); }
+  // The toolkit shows the button pressed for a while before it is clicked.
+  void PressAccessKeyOf(const ui::Control& button) override {
+    const QPointer<QAbstractButton> widget = Find<QAbstractButton>(button);
+    PressKey(QKeySequence::mnemonic(widget->text())[0].key(), Qt::AltModifier);
+    CHECK(QTest::qWaitFor([&] { return !widget || !widget->isDown(); }));
+    WaitForFocus();
+  }
+  void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override {
+    DesktopFixture::WhenShown(inside);
+    Press(button);
+    WaitForFocus();
+  }
+  void Open(const ui::Control& tree, const std::string& node) override {
+    Choose(tree, node, "");
+    PressKey(Qt::Key_Right);
+  }
+  void GoOnWith(const ui::Control& tree, const std::string& node) override {
+    Choose(tree, node, "");
+    PressKey(Qt::Key_Return);
+  }
+  void Take(const ui::Control& tree, const std::string& node, const std::string& below,
+            const ui::Control& button) override {
+    Choose(tree, node, below);
+    Press(button);
+  }
+  void ChooseRow(const ui::Control& list, int row) override {
+    PressIn(list, Qt::Key_Home);
+    for (int i = 0; i < row; ++i) PressKey(Qt::Key_Down);
+  }
+  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override {
+    GoTo(combo);
+    PressUntil(entry, [widget = Find<QComboBox>(combo)] { return widget->currentText(); });
+  }
+  void TypeOver(const ui::Control& box, const std::string& text) override {
+    GoTo(box);
+    PressKey(Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), adapters::qt::Text(text));
+  }
+  void Raise(const ui::UpDown& arrows) override { PressIn(*arrows.Buddy, Qt::Key_Up); }
+
+ private:
+  static void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* target = QApplication::focusWidget();
+    QTest::keyClick(target ? target : QApplication::activeModalWidget(), key, modifiers);
+  }
+  static void GoTo(const ui::Control& control) {
+    const QString name = adapters::qt::Text(control.Name);
+    for (int i = 0; i < 40; ++i) {
+      if (QApplication::focusWidget() && QApplication::focusWidget()->objectName() == name) return;
+      PressKey(Qt::Key_Tab);
+    }
+    throw std::runtime_error("the tab key does not reach " + control.Name);
+  }
+  static void PressIn(const ui::Control& control, Qt::Key key) {
+    GoTo(control);
+    PressKey(key);
+  }
+  template <typename Shown>
+  static void PressUntil(const std::string& wanted, Shown shown) {
+    for (int i = 0; i < 60 && shown() != adapters::qt::Text(wanted); ++i) PressKey(Qt::Key_Down);
+    if (shown() != adapters::qt::Text(wanted)) throw std::runtime_error("there is no " + wanted);
+  }
+  static void Choose(const ui::Control& tree, const std::string& node, const std::string& below) {
+    PressIn(tree, Qt::Key_Home);
+    for (const std::string& text : {below, node}) {
+      if (!text.empty())
+        PressUntil(text, [widget = Find<QTreeWidget>(tree)] { return widget->currentItem()->text(0); });
+    }
+  }
+};
+
+// Its clicks go through the window, as a mouse's do.
+class MouseUser : public User {
+ public:
+  void Press(const ui::Control& button) override {
+    auto* widget = Find<QAbstractButton>(button);
+    Click(*widget, QPoint(10, widget->height() / 2));
+  }
+  void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override {
+    DesktopFixture::WhenShown(inside);
+    Press(button);
+    WaitForFocus();
+  }
+  void Open(const ui::Control& tree, const std::string& node) override { DoubleClickNode(tree, node, ""); }
+  void GoOnWith(const ui::Control& tree, const std::string& node) override { DoubleClickNode(tree, node, ""); }
+  void Take(const ui::Control& tree, const std::string& node, const std::string& below, const ui::Control&) override {
+    DoubleClickNode(tree, node, below);
+  }
+  void ChooseRow(const ui::Control& list, int row) override {
+    auto* widget = Find<QListWidget>(list);
+    Click(*widget->viewport(), widget->visualItemRect(widget->item(row)).center());
+  }
+  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override {
+    auto* widget = Find<QComboBox>(combo);
+    Click(*widget, widget->rect().center());
+    QTest::qWait(QApplication::doubleClickInterval() + 10);  // the list takes no click before
+    QAbstractItemView* view = widget->view();
+    const QModelIndex index = widget->model()->index(widget->findText(adapters::qt::Text(entry)), 0);
+    Click(*view->viewport(), view->visualRect(index).center());
+    CHECK(QTest::qWaitFor([view] { return !view->isVisible(); }));
+  }
+  void TypeOver(const ui::Control& box, const std::string& text) override {  // a text cannot be typed by mouse
+    auto* widget = Find<QLineEdit>(box);
+    Click(*widget, widget->rect().center());
+    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(widget, adapters::qt::Text(text));
+  }
+  void Raise(const ui::UpDown& arrows) override {
+    auto* up = Find(arrows)->findChildren<QAbstractButton*>().front();
+    Click(*up, up->rect().center());
+  }
+
+  static void Click(QWidget& widget, QPoint at) {
+    QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), at));
+  }
+  static void DoubleClick(QWidget& widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseDClick(widget.window()->windowHandle(), button, {}, widget.mapTo(widget.window(), at));
+  }
+
+ private:
+  static void DoubleClickNode(const ui::Control& control, const std::string& node, const std::string& below) {
+    auto* tree = Find<QTreeWidget>(control);
+    QTreeWidgetItem* item = FindItem(*tree, node, below);
+    tree->scrollToItem(item);
+    DoubleClick(*tree->viewport(), tree->visualItemRect(item).center());
+  }
+};
+
+}  // namespace formwizard::tests

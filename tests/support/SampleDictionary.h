@@ -1,0 +1,21 @@
+// The sample's class dictionary, or another one, in a file of its own.
+#pragma once
+
+#include "adapters/sqlite/Dictionary.h"
+#include "tests/support/BuildTree.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <memory>
+#include <sstream>
+#include <string>
+
+namespace formwizard::tests {
+
+inline std::unique_ptr<wizard::factory::FactoryCreator> OpenSampleDictionary(const TemporaryFolder& folder,
+                                                                             const std::string& otherJson = "") {
+  std::istringstream json(otherJson.empty() ? ReadFile(SourceFolder() + "/samples/dictionary.json") : otherJson);
+  adapters::sqlite::ImportDictionary(json, "dictionary.json", folder / "d.sqlite");
+  return adapters::sqlite::OpenDictionary(folder / "d.sqlite");
+}
+
+}  // namespace formwizard::tests
