@@ -65,7 +65,6 @@ WholeFile::WholeFile(FileSystem& files, const std::string& path) : files_(files)
     const FileKind kind = files_.KindOf(target_);
     if (kind == FileKind::Folder) throw SaveError(path_ + ": this is a folder; name a file");
     if (kind == FileKind::Other) throw SaveError(path_ + ": this is a pipe or a device; name a file");
-    if (kind == FileKind::None) files_.CreateFolders(folder_);
     CleanUp();
     const std::string_view part = FolderPart(target_);
     aside_ = std::string(part) + AsideName(std::string_view(target_).substr(part.size()));

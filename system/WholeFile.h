@@ -18,7 +18,7 @@ namespace formwizard::system {
 // the file is written the next time. All errors are support::SaveError, after which the file is as it was before.
 class WholeFile {
  public:
-  // Creates the folders of the file and an empty file beside it. What stands at `path` and is neither a file nor a link
+  // Creates an empty file beside it, in a folder that is there. What stands at `path` and is neither a file nor a link
   // to one is refused, and so is a file that this user may not change. `files` must outlive this object.
   WholeFile(FileSystem& files, const std::string& path);
   // Without a commit everything that was prepared goes.

@@ -1,6 +1,5 @@
 #include "apps/cli/FormDescription.h"
 
-#include "apps/common/Paths.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"

@@ -121,12 +121,17 @@ class Run {
     FinishForm(form, services.State);
   }
 
-  // Also of a run that stops: it tells how far the run came.
-  void KeepJournal() {
-    if (journal_) journal_->Keep();
+  // The journal of a run that stops tells how far it came.
+  void Stop() {
+    try {
+      KeepJournal();
+    } catch (const support::SaveError& error) {
+      Warn(error.what());
+    }
   }
 
   int Save() {
+    KeepJournal();
     project_.Save();
     if (!writes_) return Finish();
     try {
@@ -212,6 +217,10 @@ class Run {
     return options_.Check && !allFiles_.empty() ? Incomplete : Done;
   }
 
+  void KeepJournal() {
+    if (journal_) journal_->Keep();
+  }
+
   void Warn(const std::string& message) {
     std::cerr << "ostrel-form-wizard: warning: " << support::Shown(message) << '\n';
     summary_["warnings"].push_back(message);
@@ -250,10 +259,12 @@ int Generate(const GenerateOptions& options) {
   try {
     MakeAll(run, options);
   } catch (const support::InputError& error) {
-    run.KeepJournal();
+    run.Stop();
     throw support::InputError(std::string(error.what()) + "; nothing was written");
+  } catch (...) {
+    run.Stop();
+    throw;
   }
-  run.KeepJournal();
   return run.Save();
 }
 

@@ -1,25 +1,26 @@
 // The file that a run's journal goes to.
 #pragma once
 
-#include <fstream>
+#include "system/WholeFile.h"
+
 #include <ostream>
 #include <string>
 
 namespace formwizard::apps::cli {
 
-// Replaces an older journal, and nothing else unless `force` says so.
+// Takes the place of an older journal when it is kept, and of nothing else unless `force` says so.
 class JournalFile {
  public:
   // support::InputError when a file of that name is no journal, support::SaveError when it cannot be written.
   JournalFile(const std::string& file, bool force);
 
-  std::ostream& Out() { return out_; }
-  // support::SaveError when what was written did not arrive.
-  void Keep();
+  // support::SaveError comes through it when something cannot be written.
+  std::ostream& Out() { return file_.Stream(); }
+  // support::SaveError with the old journal still there.
+  void Keep() { file_.Commit(); }
 
  private:
-  std::string file_;
-  std::ofstream out_;
+  system::WholeFile file_;
 };
 
 }  // namespace formwizard::apps::cli

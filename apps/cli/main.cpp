@@ -1,7 +1,7 @@
 #include "apps/cli/Options.h"
-#include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "support/Messages.h"
+#include "system/Paths.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,8 +27,14 @@ struct Command {
   bool Saves = false;  // files, and not only to standard output
 };
 
+// What the check returns is what is wrong; a path that no file can have ends in support::InputError.
+std::string CheckedPath(const std::string& path) {
+  system::CheckPath(path);
+  return "";
+}
+
 CLI::Option* AddFile(CLI::App& app, const char* name, std::string& file, const char* about) {
-  return app.add_option(name, file, about)->type_name("FILE")->check(common::PathProblem);
+  return app.add_option(name, file, about)->type_name("FILE")->check(CheckedPath);
 }
 
 void AddGenerate(CLI::App& app, GenerateOptions& options) {
@@ -59,7 +65,7 @@ void AddGenerate(CLI::App& app, GenerateOptions& options) {
   app.add_flag("--json", options.Json, "show the summary as JSON");
   app.add_option("descriptions", options.Descriptions, "form descriptions in JSON, \"-\" for standard input")
       ->type_name("FORM.json")
-      ->check(common::PathProblem);
+      ->check(CheckedPath);
 }
 
 // Where a server can be installed it can take the place of the file.

@@ -11,7 +11,6 @@ namespace formwizard::apps::common {
 namespace {
 
 namespace fs = std::filesystem;
-using system::LongestPath;
 using system::NativePath;
 using system::Utf8;
 
@@ -20,12 +19,6 @@ using system::Utf8;
 std::string ProgramFolder() {
   const fs::path program = RunningProgram();
   return program.empty() ? "./" : Utf8(program.parent_path() / "");
-}
-
-std::string PathProblem(const std::string& path) {
-  if (path.empty()) return "the name of a file must not be empty";
-  if (path.size() <= LongestPath) return "";
-  return "a path has at most " + std::to_string(LongestPath) + " bytes, found " + std::to_string(path.size());
 }
 
 std::string DefaultProfile() {

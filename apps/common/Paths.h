@@ -8,9 +8,6 @@ namespace formwizard::apps::common {
 // The folder of the running program, with its trailing separator; satellites stand there.
 std::string ProgramFolder();
 
-// Empty for a path that can be one, else what is wrong with it: paths have from 1 to 4,096 bytes.
-std::string PathProblem(const std::string& path);
-
 // "outility.ini" beside the program when there is one, else in the user's configuration folder, on Windows the folder
 // of application data. Empty when the user has no such folder.
 std::string DefaultProfile();

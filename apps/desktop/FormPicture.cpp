@@ -6,12 +6,13 @@
 #include "apps/desktop/ShapePictures.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
+#include "system/WholeFile.h"
 #include "ui/WindowFrame.h"
 
+#include <QBuffer>
 #include <QFontMetrics>
 #include <QImageWriter>
 #include <QLinearGradient>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -287,18 +288,12 @@ void RenderToFile(const std::string& frmPath, const std::string& pngPath, int co
   const FormTree tree = ReadFormFile(system::RealFileSystem(), frmPath, system::CodePage(codePage));
   const QImage image = PictureOf(tree.Form, 1, false);
   if (image.isNull()) throw support::SaveError(pngPath + ": there is not enough memory for the picture");
-  QSaveFile file(QString::fromUtf8(pngPath));  // nothing is left behind when it cannot be completed
-  QString reason;
-  if (file.open(QIODevice::WriteOnly)) {
-    QImageWriter writer(&file, "png");
-    if (!writer.write(image)) {
-      reason = writer.errorString();
-    } else if (file.commit()) {
-      return;
-    }
+  QBuffer buffer;
+  QImageWriter writer(&buffer, "png");
+  if (!writer.write(image)) {
+    throw support::SaveError(pngPath + ": the picture cannot be written: " + writer.errorString().toStdString());
   }
-  if (reason.isEmpty()) reason = file.errorString();
-  throw support::SaveError(pngPath + ": the picture cannot be written: " + reason.toStdString());
+  system::WriteWholeFile(system::RealFileSystem(), pngPath, buffer.data().toStdString());
 }
 
 }  // namespace formwizard::apps::desktop
