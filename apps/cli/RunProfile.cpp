@@ -1,6 +1,8 @@
 #include "apps/cli/RunProfile.h"
 
 #include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
+#include "support/Failures.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,7 +21,11 @@ std::string RunProfile::GetProfileString(std::string_view section, std::string_v
   if (own != overrides_.end()) return own->second.substr(0, size - 1);
   const auto known = read_.find(name);
   if (known != read_.end()) return known->second;
-  return read_[name] = store_.GetProfileString(section, key, defaultText, size, file);
+  try {
+    return read_[name] = store_.GetProfileString(section, key, defaultText, size, file);
+  } catch (const runtime::RuntimeError& error) {
+    throw support::InputError(error.Description());
+  }
 }
 
 bool RunProfile::WriteProfileString(std::string_view section, std::string_view key, std::string_view value,

@@ -11,8 +11,8 @@
 
 namespace formwizard::apps::cli {
 
-// Reads each key of the file once. What is written is read back, but kept until it is stored, since a run that stops
-// shall change nothing.
+// Reads each key of the file once; support::InputError when the file cannot be read. What is written is read back, but
+// kept until it is stored, since a run that stops shall change nothing.
 class RunProfile : public settings::ProfileStore {
  public:
   RunProfile(settings::ProfileStore& store, const std::string& file) : store_(store), file_(file) {}
