@@ -1,9 +1,9 @@
 // The wizard over a large dictionary: without a window, and in a real one.
 #include "adapters/profile/ProfileFile.h"
 #include "adapters/qt/WizardWindow.h"
-#include "adapters/sqlite/Dictionary.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
+#include "apps/common/Dictionaries.h"
 #include "wizard/frmWizard.h"
 
 #include <benchmark/benchmark.h>
@@ -65,13 +65,13 @@ const std::string& DictionaryOf(std::int64_t size) {
   std::istringstream in(json.str());
   path = (fs::temp_directory_path() / ("formwizard-bench-" + std::to_string(size) + ".sqlite")).string();
   fs::remove(path);
-  adapters::sqlite::ImportDictionary(in, "bench", path);
+  apps::common::ImportDictionary(in, "bench", path);
   return path;
 }
 
 // The wizard on its class step.
 struct Wizard {
-  Wizard(std::int64_t size, bool inWindow) : server(adapters::sqlite::OpenDictionary(DictionaryOf(size))) {
+  Wizard(std::int64_t size, bool inWindow) : server(apps::common::OpenDictionary(DictionaryOf(size))) {
     dialog.Load();
     if (inWindow) {
       window = std::make_unique<adapters::qt::WizardWindow>(dialog, nullptr);

@@ -1,21 +1,93 @@
 #include "adapters/sqlite/Database.h"
 
-#include "runtime/RuntimeError.h"
 #include "support/Failures.h"
+#include "system/Paths.h"
 
 #include <sqlite3.h>
 
 #include <array>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <utility>
 
 namespace formwizard::adapters::sqlite {
-namespace {
 
-[[noreturn]] void Fail(sqlite3* handle) {
-  runtime::Raise(runtime::AutomationError, std::string("Class dictionary: ") + sqlite3_errmsg(handle));
-}
+// The handle with what messages and limits need.
+class Connection {
+ public:
+  enum class Use { Reading, Filling };
+
+  Connection(const std::string& name, std::string shown, Use use) : shown_(std::move(shown)), use_(use) {
+    const int flags = use == Use::Reading ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
+    const int result = sqlite3_open_v2(name.c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (result != SQLITE_OK) {
+      const std::string reason = sqlite3_errstr(result);
+      sqlite3_close(handle_);
+      Fail(result, reason);
+    }
+  }
+  ~Connection() { sqlite3_close(handle_); }
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  sqlite3* Handle() const { return handle_; }
+
+  // The file is somebody else's: nothing in it runs, and work and memory stay within what its size accounts for.
+  void Distrust(std::int64_t size) {
+    constexpr int longest = 1'000'000;  // bytes of a row; an import takes less
+    for (const auto& [option, value] :
+         {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1}, std::pair{SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+          std::pair{SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}, std::pair{SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+          std::pair{SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0}}) {
+      sqlite3_db_config(handle_, option, value, nullptr);
+    }
+    for (const auto& [limit, most] :
+         {std::pair{SQLITE_LIMIT_LENGTH, longest}, std::pair{SQLITE_LIMIT_SQL_LENGTH, 10'000},
+          std::pair{SQLITE_LIMIT_ATTACHED, 0}, std::pair{SQLITE_LIMIT_TRIGGER_DEPTH, 0},
+          std::pair{SQLITE_LIMIT_EXPR_DEPTH, 50}, std::pair{SQLITE_LIMIT_COLUMN, 100}}) {
+      sqlite3_limit(handle_, limit, most);
+    }
+    constexpr std::int64_t bytesOfRow = 4;  // at least; pages that lead in a circle have more rows than bytes
+    constexpr int interval = 1'000;
+    constexpr std::int64_t alwaysAllowed = 100'000;
+    mostRows_ = size / bytesOfRow;
+    mostWork_ = size + alwaysAllowed;
+    sqlite3_progress_handler(
+        handle_, interval, [](void* self) { return (static_cast<Connection*>(self)->work_ -= interval) < 0 ? 1 : 0; },
+        this);
+  }
+
+  // Before each step.
+  void BeginStep(std::int64_t rowsSoFar) {
+    if (rowsSoFar > mostRows_) FailDamaged("more rows than it has room for");
+    work_ = mostWork_;
+  }
+
+  [[noreturn]] void Fail(int result, const std::string& reason) const {
+    if (use_ == Use::Filling) throw support::SaveError(shown_ + ": writing the dictionary failed: " + reason);
+    const int kind = result & 0xFF;  // without SQLite's details
+    if (kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB || kind == SQLITE_INTERRUPT || kind == SQLITE_TOOBIG ||
+        kind == SQLITE_ERROR) {
+      FailDamaged(reason);
+    }
+    throw support::InputError(shown_ + ": the class dictionary cannot be read (" + reason + ")");
+  }
+  [[noreturn]] void Fail() const { Fail(sqlite3_extended_errcode(handle_), sqlite3_errmsg(handle_)); }
+  [[noreturn]] void FailDamaged(const std::string& reason) const {
+    throw support::InputError(shown_ + ": the class dictionary is damaged (" + reason +
+                              "); make it anew with \"dictionary import --force\"");
+  }
+
+ private:
+  sqlite3* handle_ = nullptr;
+  std::string shown_;
+  Use use_;
+  std::int64_t mostRows_ = std::numeric_limits<std::int64_t>::max();
+  std::int64_t mostWork_ = 0, work_ = 0;  // in steps of SQLite's own machine
+};
+
+namespace {
 
 constexpr bool HasDrives = std::filesystem::path::preferred_separator == '\\';
 
@@ -39,86 +111,98 @@ std::string ImmutableUri(const std::string& path) {
 
 }  // namespace
 
+Database::Database(std::unique_ptr<Connection> connection) : connection_(std::move(connection)) {}
+Database::Database(Database&&) noexcept = default;
+Database::~Database() = default;
+
 Database Database::OpenForReading(const std::string& path) {
-  sqlite3* handle = nullptr;
-  const int result = sqlite3_open_v2(ImmutableUri(path).c_str(), &handle,
-                                     SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
-  Database database(handle);
-  if (result != SQLITE_OK) {
-    throw support::InputError(path + ": the class dictionary cannot be opened (" + sqlite3_errstr(result) +
-                              "); make one with \"dictionary import\"");
-  }
+  auto connection = std::make_unique<Connection>(ImmutableUri(path), path, Connection::Use::Reading);
+  std::error_code error;
+  const auto size = std::filesystem::file_size(system::NativePath(path), error);
+  connection->Distrust(error ? 0 : static_cast<std::int64_t>(size));
+  Database database(std::move(connection));
+  database.Run("PRAGMA cell_size_check = ON");
   return database;
 }
 
-Database Database::CreateForFilling(const std::string& path) {
-  sqlite3* handle = nullptr;
-  const int result =
-      sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
-  Database database(handle);
-  if (result != SQLITE_OK) throw support::SaveError(path + ": creating the file failed: " + sqlite3_errstr(result));
-  return database;
+Database Database::OpenForFilling(const std::string& path, const std::string& shown) {
+  return Database(std::make_unique<Connection>(path, shown, Connection::Use::Filling));
 }
-
-Database::Database(Database&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-
-Database::~Database() { sqlite3_close(handle_); }
 
 Statement Database::Prepare(std::string_view sql) {
   sqlite3_stmt* statement = nullptr;
-  if (sqlite3_prepare_v3(handle_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement,
-                         nullptr) != SQLITE_OK) {
-    Fail(handle_);
+  connection_->BeginStep(0);
+  if (sqlite3_prepare_v3(connection_->Handle(), sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                         &statement, nullptr) != SQLITE_OK) {
+    connection_->Fail();
   }
-  return Statement(statement);
+  return {*connection_, statement};
 }
 
 void Database::Run(const std::string& sql) {
-  if (sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(handle_);
+  connection_->BeginStep(0);
+  if (sqlite3_exec(connection_->Handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) connection_->Fail();
 }
 
 std::int64_t Database::Number(std::string_view sql) {
   Statement statement = Prepare(sql);
-  return statement.Step() ? statement.Number(0) : 0;
+  return statement.Step() ? statement.Id(0) : 0;
 }
 
-Statement::Statement(Statement&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+Statement::Statement(Statement&& other) noexcept
+    : connection_(other.connection_), handle_(std::exchange(other.handle_, nullptr)), rows_(other.rows_) {}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
+  std::swap(connection_, other.connection_);
   std::swap(handle_, other.handle_);
+  std::swap(rows_, other.rows_);
   return *this;
 }
 
 Statement::~Statement() { sqlite3_finalize(handle_); }
 
 void Statement::Check(int result) const {
-  if (result != SQLITE_OK) Fail(sqlite3_db_handle(handle_));
+  if (result != SQLITE_OK) connection_->Fail();
 }
 
 void Statement::Bind(int parameter, std::int64_t value) { Check(sqlite3_bind_int64(handle_, parameter, value)); }
 
 void Statement::Bind(int parameter, std::string_view text) {
-  Check(sqlite3_bind_text(handle_, parameter, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
+  const char* bytes = text.empty() ? "" : text.data();  // without any it would be Null
+  Check(sqlite3_bind_text(handle_, parameter, bytes, static_cast<int>(text.size()), SQLITE_TRANSIENT));
 }
 
 bool Statement::Step() {
+  connection_->BeginStep(rows_);
   const int result = sqlite3_step(handle_);
-  if (result != SQLITE_ROW && result != SQLITE_DONE) Fail(sqlite3_db_handle(handle_));
+  if (result != SQLITE_ROW && result != SQLITE_DONE) connection_->Fail();
+  ++rows_;
   return result == SQLITE_ROW;
 }
 
 void Statement::Reset() {
   sqlite3_reset(handle_);  // repeats the result of the last step, which was looked at
+  rows_ = 0;
 }
 
-std::int64_t Statement::Number(int column) const { return sqlite3_column_int64(handle_, column); }
+std::int64_t Statement::Id(int column) const {
+  if (sqlite3_column_type(handle_, column) != SQLITE_INTEGER) connection_->FailDamaged("a number is none");
+  return sqlite3_column_int64(handle_, column);
+}
+
+std::int32_t Statement::Number(int column) const {
+  const std::int64_t number = Id(column);
+  if (number < std::numeric_limits<std::int32_t>::min() || number > std::numeric_limits<std::int32_t>::max()) {
+    connection_->FailDamaged("a number is too large");
+  }
+  return static_cast<std::int32_t>(number);
+}
 
 std::string_view Statement::Text(int column) const {
+  if (sqlite3_column_type(handle_, column) != SQLITE_TEXT) connection_->FailDamaged("a text is none");
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
-  return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(handle_, column)))
-              : std::string_view();
+  if (!text) connection_->Fail(SQLITE_NOMEM, sqlite3_errstr(SQLITE_NOMEM));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(handle_, column))};
 }
-
-bool Statement::IsText(int column) const { return sqlite3_column_type(handle_, column) == SQLITE_TEXT; }
 
 }  // namespace formwizard::adapters::sqlite

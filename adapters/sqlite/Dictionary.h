@@ -1,26 +1,30 @@
-// A class dictionary in a file: where it comes from, where it goes to, and the server that it plays.
+// A class dictionary in a SQLite file: how it is made, and the server that it plays.
 #pragma once
 
+#include "wizard/factory/Dictionary.h"
 #include "wizard/factory/Factory.h"
 
-#include <iosfwd>
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace formwizard::adapters::sqlite {
 
-// Reads a dictionary in JSON and makes the file `target` of it. A file of that name that is no dictionary is refused; a
-// dictionary is replaced when everything went well, and not touched otherwise. `source` names the input in messages.
-// support::InputError gives the line and column of a syntax error or the path of a wrong value, with what was expected;
-// support::SaveError when the file cannot be written. Memory stays small whatever the size of the input.
-void ImportDictionary(std::istream& in, const std::string& source, const std::string& target);
+// What may stand in the place of a new dictionary and be replaced by it: a dictionary, or any file.
+enum class Replacing { Dictionaries, AnyFile };
 
-// Writes the dictionary as JSON that imports to the same dictionary, one property a line. support::InputError for a
-// file that is no dictionary.
-void ExportDictionary(const std::string& path, std::ostream& out);
+// Makes the file `target` of the rows that `fill` adds. What stands there is replaced as a whole when all of them are
+// in, and not touched otherwise. support::InputError for what must not be replaced, support::SaveError when the file
+// cannot be written; what `fill` throws comes through.
+void MakeDictionary(const std::string& target, Replacing replacing,
+                    const std::function<void(wizard::factory::DictionaryStore&)>& fill);
 
-// The server of the dictionary: its systems, and result sets on their classes, properties and queries. All factories
-// that it creates share the open file. support::InputError for a file that is no dictionary.
+// Whether the file is a dictionary, also one that is damaged or of another version.
+bool LooksLikeDictionary(const std::string& path);
+
+// The server of the dictionary: its systems, and result sets on their classes, properties and queries, which know the
+// names of parameters (NamedParameters). All factories that it creates share the open file. support::InputError for a
+// file that is no dictionary; later for one that cannot be read further.
 std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path);
 
 }  // namespace formwizard::adapters::sqlite

@@ -1,5 +1,6 @@
 #include "adapters/sqlite/Dictionary.h"
 #include "adapters/sqlite/OpenDictionary.h"
+#include "adapters/sqlite/Schema.h"
 #include "runtime/Conversions.h"
 
 #include <array>
@@ -11,58 +12,54 @@ namespace formwizard::adapters::sqlite {
 namespace {
 
 namespace factory = wizard::factory;
+using factory::Table;
 using runtime::Int16;
 using runtime::Int32;
 using runtime::Variant;
 
-// A query on the dictionary itself: the columns it delivers and the statement behind it, whose first parameter is the
-// system and whose second one is the class, when it takes one.
+// A query on the dictionary itself: the table that it shows, how many parameters it takes, and which rows it shows,
+// where ?1 is the system and ?2 the parameter.
 struct DictionaryQuery {
   std::string_view Class, Query;
-  int Parameters;
-  std::array<std::string_view, 9> Columns;
-  std::string_view Sql;
+  Table Of;
+  std::size_t Parameters;
+  std::string_view Rows;
 };
 
 constexpr std::array DictionaryQueries{
     // Ordered by name, so that the classes of a package stand together.
-    DictionaryQuery{"%ClassDefinition",
-                    "ClassInfo",
-                    0,
-                    {"Name", "System", "Persistent"},
-                    "SELECT name, is_system, is_persistent FROM classes WHERE system = ?1 ORDER BY name"},
-    DictionaryQuery{"%CompiledProperty",
-                    "PropertyInfo",
-                    1,
-                    {"Name", "Caption", "Type", "Datatype", "Serial", "Collection", "Required", "Editable", "MaxLen"},
-                    "SELECT name, caption, type, datatype, serial, collection, required, editable, max_len "
-                    "FROM properties WHERE class = (SELECT id FROM classes WHERE system = ?1 AND name = ?2) "
-                    "ORDER BY position"},
-    DictionaryQuery{"%CompiledQuery",
-                    "QueryInfo",
-                    1,
-                    {"Name", "ContainId"},
-                    "SELECT name, contain_id FROM queries "
+    DictionaryQuery{"%ClassDefinition", "ClassInfo", Table::Classes, 0, "WHERE system = ?1 ORDER BY name"},
+    DictionaryQuery{"%CompiledProperty", "PropertyInfo", Table::Properties, 1,
+                    "WHERE class = (SELECT id FROM classes WHERE system = ?1 AND name = ?2) ORDER BY position"},
+    DictionaryQuery{"%CompiledQuery", "QueryInfo", Table::Queries, 1,
                     "WHERE class = (SELECT id FROM classes WHERE system = ?1 AND name = ?2) ORDER BY id"},
 };
+
+constexpr std::string_view NamesOfQuery = "WHERE query = ?1 ORDER BY position";
 
 // The open file, with a store of prepared statements: a batch runs the same three again and again.
 struct Store {
   explicit Store(Database database)
       : File(std::move(database)),
         ListSystems(File.Prepare("SELECT name, connect FROM systems ORDER BY id")),
-        FindSystem(File.Prepare("SELECT id FROM systems WHERE connect = ?1")) {}
+        FindSystem(File.Prepare("SELECT id FROM systems WHERE connect = ?1")),
+        FindQuery(File.Prepare("SELECT id FROM queries WHERE name = ?3 "
+                               "AND class = (SELECT id FROM classes WHERE system = ?1 AND name = ?2)")),
+        ListColumns(File.Prepare(SelectFrom(Table::QueryColumns, NamesOfQuery))),
+        ListParams(File.Prepare(SelectFrom(Table::QueryParams, NamesOfQuery))) {}
 
   Statement Take(std::size_t query) {
-    std::vector<Statement>& free = Free[query];
-    if (free.empty()) return File.Prepare(DictionaryQueries[query].Sql);
+    std::vector<Statement>& free = Free.at(query);
+    if (free.empty()) {
+      return File.Prepare(SelectFrom(DictionaryQueries.at(query).Of, DictionaryQueries.at(query).Rows));
+    }
     Statement statement = std::move(free.back());
     free.pop_back();
     return statement;
   }
 
   Database File;
-  Statement ListSystems, FindSystem;
+  Statement ListSystems, FindSystem, FindQuery, ListColumns, ListParams;
   std::array<std::vector<Statement>, DictionaryQueries.size()> Free;
 };
 
@@ -80,7 +77,7 @@ class DictionaryRows : public factory::ResultSet {
   ~DictionaryRows() override { Release(); }
 
   void Execute(std::span<const std::string_view> parameters) override {
-    CheckParameterCount(parameters, static_cast<std::size_t>(Definition().Parameters));
+    CheckParameterCount(parameters, Definition().Parameters);
     Open().Reset();
     Open().Bind(1, system_);
     if (!parameters.empty()) Open().Bind(2, parameters[0]);
@@ -94,18 +91,15 @@ class DictionaryRows : public factory::ResultSet {
   }
   Variant GetDataByName(std::string_view column) override {
     if (state_ != State::AtRow) Fail("There is no current row");
-    const int index = IndexOf(column);
-    if (Open().IsText(index)) return std::string(Open().Text(index));
-    return Int32(Open().Number(index));
+    const std::size_t index = IndexOf(column);
+    const int place = static_cast<int>(index);
+    if (Columns()[index].Kind == factory::ColumnKind::Number) return Int32(Open().Number(place));
+    return std::string(Open().Text(place));
   }
-  Int16 GetColumnCount() override {
-    Int16 count;
-    for (const std::string_view name : Definition().Columns) count += Int16(name.empty() ? 0 : 1);
-    return count;
-  }
+  Int16 GetColumnCount() override { return Int16(Columns().size()); }
   std::string GetColumnName(Int16 column) override {
     if (column < Int16(1) || column > GetColumnCount()) runtime::Raise(runtime::SubscriptOutOfRange);
-    return std::string(Definition().Columns[static_cast<std::size_t>(column.Value()) - 1]);
+    return std::string(Columns()[static_cast<std::size_t>(column.Value()) - 1].Name);
   }
   Int16 GetParamCount() override { return Int16(Definition().Parameters); }
   void Close() override { Release(); }
@@ -113,24 +107,23 @@ class DictionaryRows : public factory::ResultSet {
  private:
   enum class State { New, Executed, AtRow, Ended };
 
-  const DictionaryQuery& Definition() const { return DictionaryQueries[query_]; }
+  const DictionaryQuery& Definition() const { return DictionaryQueries.at(query_); }
+  std::span<const factory::Column> Columns() const { return factory::ColumnsOf(Definition().Of); }
   Statement& Open() {
     if (!statement_) Fail("The result set is closed");
     return *statement_;
   }
-  int IndexOf(std::string_view column) const {
-    const auto& columns = Definition().Columns;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (columns[i].size() == column.size() && runtime::EqualIgnoringCase(columns[i], column)) {
-        return static_cast<int>(i);
-      }
+  std::size_t IndexOf(std::string_view column) const {
+    for (std::size_t i = 0; i < Columns().size(); ++i) {
+      const std::string_view name = Columns()[i].Name;
+      if (name.size() == column.size() && runtime::EqualIgnoringCase(name, column)) return i;
     }
     Fail("The query has no column '" + std::string(column) + "'");
   }
   void Release() {
     if (!statement_) return;
     statement_->Reset();
-    store_->Free[query_].push_back(std::move(*statement_));
+    store_->Free.at(query_).push_back(std::move(*statement_));
     statement_.reset();
     state_ = State::Ended;
   }
@@ -143,25 +136,29 @@ class DictionaryRows : public factory::ResultSet {
 };
 
 // A query of one of the classes. A dictionary knows its columns and parameters and holds no objects.
-class ClassQueryRows : public factory::ResultSet {
+class ClassQueryRows : public factory::ResultSet, public factory::NamedParameters {
  public:
-  ClassQueryRows(std::vector<std::string> columns, std::size_t parameters)
-      : columns_(std::move(columns)), parameters_(parameters) {}
+  ClassQueryRows(std::vector<std::string> columns, std::vector<std::string> parameters)
+      : columns_(std::move(columns)), parameters_(std::move(parameters)) {}
 
-  void Execute(std::span<const std::string_view> parameters) override { CheckParameterCount(parameters, parameters_); }
+  void Execute(std::span<const std::string_view> parameters) override {
+    CheckParameterCount(parameters, parameters_.size());
+  }
   bool Next() override { return false; }
   Variant GetDataByName(std::string_view) override { Fail("There is no current row"); }
   Int16 GetColumnCount() override { return Int16(columns_.size()); }
-  std::string GetColumnName(Int16 column) override {
-    if (column < Int16(1) || column > GetColumnCount()) runtime::Raise(runtime::SubscriptOutOfRange);
-    return columns_[static_cast<std::size_t>(column.Value()) - 1];
-  }
-  Int16 GetParamCount() override { return Int16(parameters_); }
+  std::string GetColumnName(Int16 column) override { return At(columns_, column); }
+  Int16 GetParamCount() override { return Int16(parameters_.size()); }
+  std::string GetParamName(Int16 parameter) override { return At(parameters_, parameter); }
   void Close() override {}
 
  private:
-  std::vector<std::string> columns_;
-  std::size_t parameters_;
+  static std::string At(const std::vector<std::string>& names, Int16 number) {
+    if (number < Int16(1) || number > Int16(names.size())) runtime::Raise(runtime::SubscriptOutOfRange);
+    return names[static_cast<std::size_t>(number.Value()) - 1];
+  }
+
+  std::vector<std::string> columns_, parameters_;
 };
 
 class DictionaryFactory : public factory::ObjectFactory {
@@ -173,7 +170,7 @@ class DictionaryFactory : public factory::ObjectFactory {
     find.Reset();
     find.Bind(1, connectString);
     if (!find.Step()) Fail("The dictionary has no system with the connect string '" + connectString + "'");
-    system_ = find.Number(0);
+    system_ = find.Id(0);
   }
   bool Disconnect() override {
     system_.reset();
@@ -205,24 +202,24 @@ class DictionaryFactory : public factory::ObjectFactory {
 
  private:
   std::unique_ptr<factory::ResultSet> ClassQuery(std::string_view className, std::string_view query) {
-    Statement find = store_->File.Prepare(
-        "SELECT id FROM queries WHERE name = ?3 "
-        "AND class = (SELECT id FROM classes WHERE system = ?1 AND name = ?2)");
+    Statement& find = store_->FindQuery;
+    find.Reset();
     find.Bind(1, *system_);
     find.Bind(2, className);
     find.Bind(3, query);
     if (!find.Step()) {
       Fail("The class '" + std::string(className) + "' has no query '" + std::string(query) + "'");
     }
-    const std::int64_t id = find.Number(0);
-    std::vector<std::string> columns;
-    Statement names = store_->File.Prepare("SELECT name FROM query_columns WHERE query = ?1 ORDER BY position");
-    names.Bind(1, id);
-    while (names.Step()) columns.emplace_back(names.Text(0));
-    Statement parameters = store_->File.Prepare("SELECT count(*) FROM query_params WHERE query = ?1");
-    parameters.Bind(1, id);
-    parameters.Step();
-    return std::make_unique<ClassQueryRows>(std::move(columns), static_cast<std::size_t>(parameters.Number(0)));
+    const std::int64_t id = find.Id(0);
+    return std::make_unique<ClassQueryRows>(NamesOf(store_->ListColumns, id), NamesOf(store_->ListParams, id));
+  }
+
+  static std::vector<std::string> NamesOf(Statement& list, std::int64_t query) {
+    std::vector<std::string> names;
+    list.Reset();
+    list.Bind(1, query);
+    while (list.Step()) names.emplace_back(list.Text(0));
+    return names;
   }
 
   std::shared_ptr<Store> store_;

@@ -7,9 +7,8 @@
 
 namespace formwizard::adapters::sqlite {
 
-// support::InputError, naming the file and the remedy, for a file that is missing or no dictionary of this version.
+// support::InputError, naming the file and the remedy, for a file that is missing, cannot be read, or is no dictionary
+// of this version with exactly the tables that such a one has.
 Database OpenDictionaryFile(const std::string& path);
-
-bool IsDictionary(const std::string& path);
 
 }  // namespace formwizard::adapters::sqlite

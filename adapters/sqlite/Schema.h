@@ -1,7 +1,12 @@
-// The tables of a class dictionary.
+// The tables of a class dictionary in SQL, made from what a dictionary consists of.
 #pragma once
 
+#include "wizard/factory/Dictionary.h"
+
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace formwizard::adapters::sqlite {
 
@@ -9,26 +14,20 @@ namespace formwizard::adapters::sqlite {
 inline constexpr std::int64_t ApplicationId = 0x4F465744;  // "OFWD"
 inline constexpr std::int64_t SchemaVersion = 1;
 
-// Rows stand in the order of the import: by id, or by position below their owner.
-inline constexpr const char* Schema = R"sql(
-  CREATE TABLE systems (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, connect TEXT NOT NULL UNIQUE);
-  CREATE TABLE classes (id INTEGER PRIMARY KEY, system INTEGER NOT NULL, name TEXT NOT NULL, is_system INTEGER NOT NULL,
-                        is_persistent INTEGER NOT NULL);
-  CREATE TABLE properties (class INTEGER NOT NULL, position INTEGER NOT NULL, name TEXT NOT NULL, caption TEXT NOT NULL,
-                           type TEXT NOT NULL, datatype INTEGER NOT NULL, serial INTEGER NOT NULL,
-                           collection TEXT NOT NULL, required INTEGER NOT NULL, editable INTEGER NOT NULL,
-                           max_len INTEGER NOT NULL, PRIMARY KEY (class, position)) WITHOUT ROWID;
-  CREATE TABLE queries (id INTEGER PRIMARY KEY, class INTEGER NOT NULL, name TEXT NOT NULL, contain_id INTEGER NOT NULL);
-  CREATE TABLE query_columns (query INTEGER NOT NULL, position INTEGER NOT NULL, name TEXT NOT NULL,
-                              PRIMARY KEY (query, position)) WITHOUT ROWID;
-  CREATE TABLE query_params (query INTEGER NOT NULL, position INTEGER NOT NULL, name TEXT NOT NULL,
-                             PRIMARY KEY (query, position)) WITHOUT ROWID;
-)sql";
-
+std::vector<std::string> CreateTables();
 // Made after the rows are in.
-inline constexpr const char* Indexes = R"sql(
-  CREATE UNIQUE INDEX classes_by_name ON classes (system, name, is_system, is_persistent);
-  CREATE UNIQUE INDEX queries_by_class ON queries (class, id, name, contain_id);
-)sql";
+std::vector<std::string> CreateIndexes();
+
+// Rows of such a table are known by their ids, those of another by owner and position.
+bool HasId(wizard::factory::Table table);
+
+// Takes the row's id when the table has one, its owner when it has one, its position when it has no id, and the values.
+std::string InsertInto(wizard::factory::Table table);
+
+// The table's columns without ids, owner and position; `rest` is what follows the name of the table.
+std::string SelectFrom(wizard::factory::Table table, std::string_view rest);
+
+// A statement with all white space made one blank, as statements are compared.
+std::string OneLine(std::string_view sql);
 
 }  // namespace formwizard::adapters::sqlite

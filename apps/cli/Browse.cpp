@@ -1,5 +1,5 @@
-#include "adapters/sqlite/Dictionary.h"
 #include "apps/cli/Options.h"
+#include "apps/common/Dictionaries.h"
 #include "apps/common/Platform.h"
 #include "runtime/Variant.h"
 #include "support/Failures.h"
@@ -25,7 +25,7 @@ using wizard::factory::SystemsIn;
 class Server {
  public:
   explicit Server(const BrowseOptions& options)
-      : creator_(options.Server ? common::InstalledServer() : adapters::sqlite::OpenDictionary(options.Dictionary)),
+      : creator_(options.Server ? common::InstalledServer() : common::OpenDictionary(options.Dictionary)),
         source_(options.Server ? "the server" : options.Dictionary),
         Factory(creator_->Create()) {}
 

@@ -1,5 +1,4 @@
 #include "adapters/journal/Journal.h"
-#include "adapters/sqlite/Dictionary.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/ConsoleDesktop.h"
@@ -9,6 +8,7 @@
 #include "apps/cli/Summary.h"
 #include "apps/cli/UnifiedDiff.h"
 #include "apps/cli/WizardUser.h"
+#include "apps/common/Dictionaries.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "settings/Profile.h"
@@ -92,7 +92,7 @@ class Run {
         settings_(SettingsFromOptions(options.Settings)),
         profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
         profile_(*profiles_, profileFile_),
-        server_(adapters::sqlite::OpenDictionary(options.Dictionary)),
+        server_(common::OpenDictionary(options.Dictionary)),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     project_.OnChange([this](const vb6files::FileChange& change) { changes_.push_back(change); }, !writes_);
     if (!options.Journal.empty()) {

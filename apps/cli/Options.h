@@ -31,6 +31,7 @@ struct BrowseOptions {
 struct TransferOptions {
   std::string From, To, System;
   bool Server = false;  // export from the installed server, of one system or all
+  bool Force = false;   // replaces whatever file stands there
 };
 
 // Each returns an ExitStatus. Whatever exception one raises, nothing was changed, but for common::FailedAfterSaving.

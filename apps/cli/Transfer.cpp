@@ -1,27 +1,21 @@
-#include "adapters/sqlite/Dictionary.h"
-#include "adapters/sqlite/Snapshot.h"
 #include "apps/cli/Options.h"
-#include "apps/common/Paths.h"
+#include "apps/common/Dictionaries.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
 #include "system/Paths.h"
+#include "system/WholeFile.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <system_error>
 
 namespace formwizard::apps::cli {
-
-namespace fs = std::filesystem;
-
 namespace {
 
 void WriteJson(const TransferOptions& options, std::ostream& out) {
   if (options.Server) {
-    adapters::sqlite::WriteSnapshot(*common::InstalledServer(), options.System, out);
+    common::ExportServer(*common::InstalledServer(), options.System, out);
   } else {
-    adapters::sqlite::ExportDictionary(options.From, out);
+    common::ExportDictionary(options.From, out);
   }
 }
 
@@ -29,15 +23,15 @@ void WriteJson(const TransferOptions& options, std::ostream& out) {
 
 int Import(const TransferOptions& options) {
   if (options.From == "-") {
-    adapters::sqlite::ImportDictionary(std::cin, "standard input", options.To);
+    common::ImportDictionary(std::cin, "standard input", options.To, options.Force);
     return Done;
   }
-  std::ifstream in(system::NativePath(options.From), std::ios::binary);
-  if (!in || in.peek() == std::ifstream::traits_type::eof()) {
-    throw support::InputError(options.From +
-                              ": the file is missing, empty or cannot be read; give a dictionary in JSON");
+  if (!system::RealFileSystem().ReadHead(options.From, 0)) {  // says what is no file and what cannot be read
+    throw support::InputError(options.From + ": there is no such file; give a dictionary in JSON");
   }
-  adapters::sqlite::ImportDictionary(in, options.From, options.To);
+  std::ifstream in(system::NativePath(options.From), std::ios::binary);
+  if (!in) throw support::InputError(options.From + ": the file cannot be read; give a dictionary in JSON");
+  common::ImportDictionary(in, options.From, options.To, options.Force);
   return Done;
 }
 
@@ -46,31 +40,10 @@ int Export(const TransferOptions& options) {
     WriteJson(options, std::cout);
     return Done;
   }
-  const fs::path target = system::NativePath(options.To);
-  fs::path aside = target;
-  aside += ".exporting";
-  std::error_code error;
-  {
-    std::ofstream out(aside, std::ios::binary | std::ios::trunc);
-    if (!out) throw support::SaveError(options.To + ": the file cannot be created");
-    try {
-      WriteJson(options, out);
-    } catch (const std::exception&) {
-      out.close();
-      fs::remove(aside, error);
-      throw;
-    }
-    if (!out.flush()) {
-      out.close();
-      fs::remove(aside, error);
-      throw support::SaveError(options.To + ": writing failed");
-    }
-  }
-  fs::rename(aside, target, error);
-  if (error) {
-    fs::remove(aside, error);
-    throw support::SaveError(options.To + ": the file cannot be replaced");
-  }
+  if (!options.Force) common::CheckIsExport(options.To);
+  system::WholeFile file(system::RealFileSystem(), options.To);
+  WriteJson(options, file.Stream());
+  file.Commit();
   return Done;
 }
 

@@ -156,6 +156,7 @@ int Run(int argc, char** argv, Command& command) {
         *dictionary.add_subcommand(isImport ? "import" : "export", isImport ? "IN.json OUT" : "IN OUT.json");
     AddFile(sub, "in", transfer.From, "what to read; \"-\" for standard input of an import")->required();
     AddFile(sub, "out", transfer.To, "what to write; \"-\" for standard output of an export");
+    sub.add_flag("--force", transfer.Force, "replace the file also when it is something else");
     if (!isImport && common::CanHaveServer()) AddServerToExport(sub, transfer);
     sub.callback([&, isImport] {
       CheckExport(transfer);

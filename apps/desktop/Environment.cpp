@@ -1,6 +1,6 @@
 #include "apps/desktop/Environment.h"
 
-#include "adapters/sqlite/Dictionary.h"
+#include "apps/common/Dictionaries.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "apps/desktop/MenuBars.h"
@@ -40,9 +40,7 @@ void Environment::OpenProject(const std::string& path) {
   project_ = std::move(project);
 }
 
-void Environment::OpenDictionary(const std::string& path) {
-  server_.Dictionary = adapters::sqlite::OpenDictionary(path);
-}
+void Environment::OpenDictionary(const std::string& path) { server_.Dictionary = common::OpenDictionary(path); }
 
 std::string Environment::NewComponentName() const {
   const auto& component = wizard_.State().NewComponent;

@@ -95,7 +95,7 @@ _ostrel_form_wizard() {
     if ((cword == i + 1)); then
       _ostrel_form_wizard_words '--help import export'
     elif [[ $cur == -?* ]]; then
-      _ostrel_form_wizard_words '--help'
+      _ostrel_form_wizard_words '--help --force'
     elif [[ ${words[i + 1]} == import && $cword -eq $((i + 2)) || ${words[i + 1]} == export && $cword -eq $((i + 3)) ]]; then
       _filedir json
     else

@@ -1,7 +1,7 @@
 // The sample's class dictionary, or another one, in a file of its own.
 #pragma once
 
-#include "adapters/sqlite/Dictionary.h"
+#include "apps/common/Dictionaries.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -14,8 +14,8 @@ namespace formwizard::tests {
 inline std::unique_ptr<wizard::factory::FactoryCreator> OpenSampleDictionary(const TemporaryFolder& folder,
                                                                              const std::string& otherJson = "") {
   std::istringstream json(otherJson.empty() ? ReadFile(SourceFolder() + "/samples/dictionary.json") : otherJson);
-  adapters::sqlite::ImportDictionary(json, "dictionary.json", folder / "d.sqlite");
-  return adapters::sqlite::OpenDictionary(folder / "d.sqlite");
+  apps::common::ImportDictionary(json, "dictionary.json", folder / "d.sqlite");
+  return apps::common::OpenDictionary(folder / "d.sqlite");
 }
 
 }  // namespace formwizard::tests

@@ -36,6 +36,15 @@ class ResultSet {
   virtual void Close() = 0;
 };
 
+// What the result set of a class query may be besides: a server tells how many parameters there are, a dictionary also
+// knows what they are called.
+class NamedParameters {
+ public:
+  virtual ~NamedParameters() = default;
+  // `parameter` counts from 1.
+  virtual std::string GetParamName(Int16 parameter) = 0;
+};
+
 // The server's object factory.
 class ObjectFactory {
  public:

@@ -1,5 +1,4 @@
-#include "adapters/sqlite/Dictionary.h"
-
+#include "apps/common/Dictionaries.h"
 #include "support/Failures.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/ErrorNumber.h"
@@ -7,14 +6,17 @@
 
 #include <doctest/doctest.h>
 
+#include <sqlite3.h>
+
 #include <sstream>
 
 using namespace formwizard;
-using namespace formwizard::adapters::sqlite;
+using namespace formwizard::apps::common;
 using namespace formwizard::tests;
 using runtime::Int16;
 using runtime::Int32;
 using runtime::Variant;
+namespace factory = wizard::factory;
 
 namespace {
 
@@ -22,16 +24,59 @@ struct DictionaryFixture {
   TemporaryFolder Folder;
   std::string File = Folder / "d.sqlite";
 
-  void Import(const std::string& json) {
+  void Import(const std::string& json, bool force = false) const {
     std::istringstream in(json);
-    ImportDictionary(in, "in.json", File);
+    ImportDictionary(in, "in.json", File, force);
   }
-  std::string Export() {
+  std::string Export() const {
     std::ostringstream out;
     ExportDictionary(File, out);
     return out.str();
   }
 };
+
+// Changes a database as any program can.
+void Change(const std::string& file, const std::string& sql) {
+  sqlite3* database = nullptr;
+  CHECK(sqlite3_open(file.c_str(), &database) == SQLITE_OK);
+  CHECK_MESSAGE(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK, sqlite3_errmsg(database));
+  CHECK(sqlite3_close(database) == SQLITE_OK);
+}
+
+// Every row and value that a program asks for on the way to a form.
+void ReadAll(factory::FactoryCreator& server) {
+  const auto factory = server.Create();
+  static_cast<void>(factory->SystemList());
+  factory->Connect("local:samples");
+  const std::string_view person = "Sample.Person";
+  for (const auto& [name, query] :
+       {std::pair{"%ClassDefinition", "ClassInfo"}, std::pair{"%CompiledProperty", "PropertyInfo"},
+        std::pair{"%CompiledQuery", "QueryInfo"}}) {
+    const auto rows = factory->ResultSet(name, query);
+    rows->Execute(std::span(&person, static_cast<std::size_t>(rows->GetParamCount().Value())));
+    while (rows->Next()) {
+      for (Int16 i(1); i <= rows->GetColumnCount(); i += Int16(1)) rows->GetDataByName(rows->GetColumnName(i));
+    }
+  }
+  if (!ErrorNumberOf([&] { factory->ResultSet(person, "ByName"); })) {
+    const auto query = factory->ResultSet(person, "ByName");
+    for (Int16 i(1); i <= query->GetColumnCount(); i += Int16(1)) static_cast<void>(query->GetColumnName(i));
+  }
+}
+
+std::string MessageOf(auto call) {
+  try {
+    call();
+  } catch (const support::InputError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+// What a user is told on the way through a dictionary.
+std::string OpeningMessage(const std::string& file) {
+  return MessageOf([&] { ReadAll(*OpenDictionary(file)); });
+}
 
 bool IsRefused(auto call) { return ErrorNumberOf(call) == runtime::AutomationError; }
 
@@ -39,24 +84,24 @@ const std::string Sample = ReadFile(SourceFolder() + "/samples/dictionary.json")
 
 }  // namespace
 
-TEST_CASE("A dictionary comes back as it went in: members in any order, classes, properties and columns in theirs") {
+TEST_CASE("A dictionary comes back as it went in: classes by name, all else in its order") {
   DictionaryFixture dictionary, again;
   dictionary.Import(R"({"systems":[{"classes":[
-    {"queries":[{"columns":["b","a"],"Name":"Q"}],"Name":"P.B","properties":[
+    {"queries":[{"columns":["b","a"],"Name":"Q","params":["to"]}],"Name":"P.B","properties":[
       {"MaxLen":2147483647,"Name":"z","Caption":"Édition","Datatype":0,"Collection":"list","Required":1},{"Name":"a"}]},
-    {"Name":"P.A"}],"connect":"c","name":"S"}]})");
+    {"Name":"%P.A","System":1}],"connect":"c","name":"S"}]})");
   const std::string exported = dictionary.Export();
   CHECK(exported == R"({ "systems": [
   { "name": "S", "connect": "c", "classes": [
+    { "Name": "%P.A", "System": 1, "Persistent": 1, "properties": [], "queries": [] },
     { "Name": "P.B", "System": 0, "Persistent": 1, "properties": [
       { "Name": "z", "Caption": "Édition", "Type": "%Library.String", "Datatype": 0, "Serial": 0, "Collection": "list", )"
                     R"("Required": 1, "Editable": 1, "MaxLen": 2147483647 },
       { "Name": "a", "Caption": "a", "Type": "%Library.String", "Datatype": 1, "Serial": 0, "Collection": "", )"
                     R"("Required": 0, "Editable": 1, "MaxLen": 0 }
     ], "queries": [
-      { "Name": "Q", "ContainId": 1, "columns": ["b", "a"], "params": [] }
-    ] },
-    { "Name": "P.A", "System": 0, "Persistent": 1, "properties": [], "queries": [] }
+      { "Name": "Q", "ContainId": 1, "columns": ["b", "a"], "params": ["to"] }
+    ] }
   ] }
 ] }
 )");
@@ -97,73 +142,114 @@ TEST_CASE("The factory refuses what the server refuses, and result sets do not d
   CHECK_FALSE(factory->IsConnected());
 }
 
-TEST_CASE("Bad input is named by its place, with what was expected") {
-  DictionaryFixture dictionary;
-  const auto system = [](const std::string& classes) {
-    return R"({"systems":[{"name":"S","connect":"c","classes":[)" + classes + "]}]}";
-  };
-  const auto property = [&](const std::string& members) {
-    return system(R"({"Name":"P.A","properties":[{"Name":"a"},{)" + members + "}]}");
-  };
-  struct Case {
-    std::string Json, Message;
-  };
-  for (const Case& c :
-       {Case{"{\n \"systems\": [\n  nonsense", "3:4: this is no valid JSON"},
-        Case{"{\"systems\":[{", "1:14: this is no valid JSON"},
-        Case{"[]", " : expected an object with \"systems\", found an array"},
-        Case{"{}", " systems: this member is missing"},
-        Case{R"({"systems":[{"name":"a;b","connect":"c"}]})", " systems[0].name: must hold neither"},
-        Case{system(R"({"Name":"P.A"},{"Name":"P.A"})"), " systems[0].classes[1]: \"P.A\" stands twice"},
-        Case{property(R"("Name":"a")"), " systems[0].classes[0].properties[1]: \"a\" stands twice"},
-        Case{property("\"Name\":\"\xFF\""), "1:"}}) {
-    CAPTURE(c.Json);
-    CHECK_THROWS_WITH_AS(dictionary.Import(c.Json), doctest::Contains(("in.json:" + c.Message).c_str()),
-                         support::InputError);
-  }
-  for (const Case& c : {Case{R"("Name":"b","MaxLen":"50")", "MaxLen: expected a whole number"},
-                        Case{R"("Name":"b","MaxLen":-1)", "MaxLen: expected a whole number"},
-                        Case{R"("Name":"b","Datatype":2)", "Datatype: expected 0 or 1, found 2"},
-                        Case{R"("Name":"b","Datatype":true)", "Datatype: expected 0 or 1, found true"},
-                        Case{R"("Name":"b","Collection":"set")", R"(Collection: expected "", "list", "array")"},
-                        Case{R"("Name":"b","Colour":1)", "Name: unknown member \"Colour\""},
-                        Case{R"("Name":"b","Name":"c")", "Name: the member stands twice"},
-                        Case{R"("Caption":"b")", "Name: this member is missing"},
-                        Case{R"("Name":"")", "Name: a name must not be empty"},
-                        Case{R"("Name":"a\nb")", "Name: a line break or control character"},
-                        Case{R"("Name":"../a")", "Name: a name must hold none of"}}) {
-    CAPTURE(c.Json);
-    CHECK_THROWS_WITH_AS(dictionary.Import(property(c.Json)),
-                         doctest::Contains(("in.json: systems[0].classes[0].properties[1]." + c.Message).c_str()),
-                         support::InputError);
-  }
-}
-
-TEST_CASE("An import that fails leaves what was there") {
-  DictionaryFixture dictionary;
+TEST_CASE("An import that fails leaves what was there, and only a dictionary is replaced without force") {
+  const DictionaryFixture dictionary;
   dictionary.Import(Sample);
   const auto before = FilesIn(dictionary.Folder.Path());
   CHECK_THROWS_AS(dictionary.Import(Sample.substr(0, Sample.size() - 20)), support::InputError);
   CHECK(FilesIn(dictionary.Folder.Path()) == before);
 
-  WriteFile(dictionary.File, "a text of mine");
-  CHECK_THROWS_WITH_AS(dictionary.Import(Sample), doctest::Contains("is no class dictionary"), support::InputError);
-  CHECK(ReadFile(dictionary.File) == "a text of mine");
+  const std::string good = ReadFile(dictionary.File);
+  for (const std::string& there : {std::string("a text of mine"), std::string(),
+                                   std::string("SQLite format 3\0rubbish", 23), good.substr(0, 200)}) {
+    WriteFile(dictionary.File, there);
+    const std::string refused = MessageOf([&] { dictionary.Import(Sample); });
+    CHECK_MESSAGE(refused.find("\"dictionary import --force\"") != std::string::npos, refused);
+    CHECK(ReadFile(dictionary.File) == there);
+    dictionary.Import(Sample, true);
+    CHECK(OpeningMessage(dictionary.File).empty());
+  }
 }
 
-TEST_CASE("A file that is no dictionary is refused with the remedy") {
-  DictionaryFixture dictionary;
-  CHECK_THROWS_AS(OpenDictionary(dictionary.File), support::InputError);                 // missing
-  CHECK_THROWS_AS(OpenDictionary(Utf8(dictionary.Folder.Path())), support::InputError);  // a folder
+TEST_CASE("A file that is no dictionary, or not one that import has made, is refused with the remedy") {
+  const DictionaryFixture dictionary;
+  const std::string folder = Utf8(dictionary.Folder.Path());
+  CHECK(OpeningMessage(dictionary.File) ==
+        dictionary.File + ": there is no such file; make a class dictionary with \"dictionary import\"");
+  CHECK(OpeningMessage(folder).starts_with(folder + ": "));
   for (const std::string& text : {std::string(), std::string("SQLite format 3\0rubbish", 23), std::string(5000, 'x')}) {
     WriteFile(dictionary.File, text);
-    CHECK_THROWS_AS(OpenDictionary(dictionary.File), support::InputError);
+    CHECK(OpeningMessage(dictionary.File) ==
+          dictionary.File + ": this is no class dictionary; make a class dictionary with \"dictionary import\"");
   }
-  // Damaged behind its head: the error comes when the rows are read.
-  std::filesystem::remove(NativePath(dictionary.File));
-  dictionary.Import(Sample);
-  std::string bytes = ReadFile(dictionary.File);
-  std::fill(bytes.begin() + 4096, bytes.end(), '\x5A');
-  WriteFile(dictionary.File, bytes);
-  CHECK(IsRefused([&] { OpenDictionary(dictionary.File)->Create()->SystemList(); }));
+  for (const char* sql : {
+           "DROP TABLE properties",
+           "DROP TABLE queries; CREATE VIEW queries AS SELECT 1 AS id, 1 AS class, 'Q' AS name, 1 AS contain_id",
+           "DROP TABLE query_params; CREATE VIRTUAL TABLE query_params USING fts5(query, position, name)",
+           "CREATE TRIGGER t AFTER INSERT ON classes BEGIN DELETE FROM classes; END",
+           "DROP INDEX classes_by_name; ALTER TABLE classes DROP COLUMN is_persistent",
+           "PRAGMA user_version = 7",
+           // Values that are not what the tables say.
+           "UPDATE properties SET datatype = 'x'",
+           "UPDATE properties SET max_len = 5000000000",
+           "UPDATE properties SET caption = x'00'",
+           "UPDATE systems SET name = x'00' WHERE id = 1",
+       }) {
+    CAPTURE(sql);
+    dictionary.Import(Sample, true);
+    Change(dictionary.File, sql);
+    const std::string message = OpeningMessage(dictionary.File);
+    CHECK_MESSAGE(message.starts_with(dictionary.File + ": "), message);
+    CHECK_MESSAGE(message.ends_with("make it anew with \"dictionary import --force\""), message);
+  }
+}
+
+TEST_CASE("A damaged page, or one that leads in a circle, is said to be damaged whenever it is met") {
+  const DictionaryFixture dictionary;
+  std::string many = R"({"systems":[{"name":"S","connect":"local:samples","classes":[{"Name":"Sample.Person")";
+  for (int i = 0; i < 3000; ++i) many += "},{\"Name\":\"Sample.Class" + std::to_string(100'000 + i) + '"';
+  dictionary.Import(many + "}]}]}");
+  const std::string good = ReadFile(dictionary.File);
+  constexpr std::size_t page = 4096;
+  const auto word = [&](std::size_t at) {
+    return static_cast<unsigned char>(good[at]) * 256U + static_cast<unsigned char>(good[at + 1]);
+  };
+  int damaged = 0, circles = 0;
+  for (std::size_t at = page; at < good.size(); at += page) {
+    CAPTURE(at);
+    std::string bytes = good;
+    std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), page, '\x5A');
+    WriteFile(dictionary.File, bytes);
+    const std::string message = OpeningMessage(dictionary.File);
+    if (!message.empty()) CHECK(message.starts_with(dictionary.File + ": the class dictionary is damaged ("));
+    damaged += message.empty() ? 0 : 1;
+    constexpr char innerOfIndex = 2;
+    if (good[at] != innerOfIndex) continue;
+    bytes = good;
+    for (std::size_t cell = 0; cell < word(at + 3); ++cell) {  // the next page but one is a leaf, again and again
+      const std::size_t child = at + word(at + 12 + 2 * cell);
+      bytes.replace(child, 4, bytes.substr(at + 8, 4));
+      bytes.replace(child, 4,
+                    std::string{0, 0, static_cast<char>((at / page + 1) / 256), static_cast<char>(at / page + 1)});
+    }
+    WriteFile(dictionary.File, bytes);
+    CHECK(OpeningMessage(dictionary.File).starts_with(dictionary.File + ": the class dictionary is damaged ("));
+    ++circles;
+  }
+  CHECK(damaged > 10);
+  CHECK(circles > 0);
+}
+
+TEST_CASE("What would become code of its own in a database is refused, and can be exported to be corrected") {
+  const DictionaryFixture dictionary;
+  for (const auto& [sql, told] :
+       {std::pair{"UPDATE classes SET name = 'Sample.Per son' WHERE name = 'Sample.Company'",
+                  ": the Name of a class is \"Sample.Per son\""},
+        std::pair{"UPDATE properties SET name = 'Name = Shell(Chr$(99)) ''' WHERE name = 'SSN'",
+                  ": class \"Sample.Person\": the Name of a property is \"Name = Shell(Chr$(99)) '\""},
+        std::pair{"UPDATE properties SET type = 'A\")' WHERE name = 'Spouse'",
+                  ": class \"Sample.Person\": the Type of a property is \"A\")\""},
+        std::pair{"UPDATE properties SET caption = 'a' || char(10) || 'End' WHERE name = 'SSN'",
+                  ": class \"Sample.Person\": the Caption of a property is \"a\\nEnd\""},
+        std::pair{"UPDATE queries SET name = 'a\"b' WHERE name = 'Extent'",
+                  ": class \"Sample.Person\": the Name of a query is \"a\"b\""},
+        std::pair{"UPDATE query_columns SET name = 'x:y' WHERE name = 'DOB'",
+                  ": class \"Sample.Person\": a column of the query \"ByName\" is \"x:y\""}}) {
+    CAPTURE(sql);
+    dictionary.Import(Sample, true);
+    Change(dictionary.File, sql);
+    const std::string message = OpeningMessage(dictionary.File);
+    CHECK_MESSAGE(message.starts_with(dictionary.File + told + ", which would become code of its own; "), message);
+    CHECK(dictionary.Export().starts_with("{ \"systems\": ["));
+  }
 }

@@ -1,7 +1,7 @@
 // The command line that asks the installed server.
 #include "adapters/com/ComFactory.h"
-#include "adapters/sqlite/Snapshot.h"
 #include "apps/cli/Options.h"
+#include "apps/common/Dictionaries.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
 #include "tests/apps/addin-dll/HostFixture.h"
@@ -38,13 +38,13 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
   std::istringstream json(R"({"systems":[{"name":"S","connect":"c","classes":[
     {"Name":"A.B","properties":[{"Name":"P","Caption":"The P","Required":1,"MaxLen":7}],
      "queries":[{"Name":"By","ContainId":2,"columns":["ID","N"],"params":["param1"]}]}]}]})");
-  adapters::sqlite::ImportDictionary(json, "json", folder / "first");
+  apps::common::ImportDictionary(json, "json", folder / "first");
   apps::cli::BrowseOptions browse;
   browse.Server = true;
   browse.Class = "A.B";
   UsedMembers.clear();
   {
-    const HostServer server(adapters::sqlite::OpenDictionary(folder / "first"));
+    const HostServer server(apps::common::OpenDictionary(folder / "first"));
     CHECK(OutputOf(apps::cli::ListSystems, browse) == "S\tc\n");
     CHECK(OutputOf(apps::cli::ListClasses, browse) == "A.B\n");
     CHECK(OutputOf(apps::cli::ListProperties, browse).starts_with("P\tThe P\t"));
@@ -59,7 +59,7 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
         CAPTURE(member);
         CAPTURE(static_cast<int>(how));
         PlannedFailures[member] = {how};
-        CHECK_THROWS_WITH(adapters::sqlite::WriteSnapshot(*apps::common::InstalledServer(), "", nowhere),
+        CHECK_THROWS_WITH(apps::common::ExportServer(*apps::common::InstalledServer(), "", nowhere),
                           doctest::Contains(DescriptionOf(how).c_str()));
       }
     }
@@ -68,10 +68,10 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
     CHECK(ErrorNumberOf([&] { factory->Disconnect(); }) == runtime::InvalidUseOfNull);
   }
   std::istringstream taken(ReadFile(folder / "taken.json"));
-  adapters::sqlite::ImportDictionary(taken, "taken.json", folder / "second");
+  apps::common::ImportDictionary(taken, "taken.json", folder / "second");
   std::ostringstream first, second;
-  adapters::sqlite::ExportDictionary(folder / "first", first);
-  adapters::sqlite::ExportDictionary(folder / "second", second);
+  apps::common::ExportDictionary(folder / "first", first);
+  apps::common::ExportDictionary(folder / "second", second);
   CHECK(second.str() == first.str());
   // Without one that is installed there is a reason and a remedy.
   CHECK_THROWS_AS(OutputOf(apps::cli::ListSystems, browse), support::InputError);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapters/qt/Text.h"
-#include "adapters/sqlite/Dictionary.h"
+#include "apps/common/Dictionaries.h"
 #include "apps/desktop/MainWindow.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
@@ -64,7 +64,7 @@ struct DesktopFixture {
   explicit DesktopFixture(const std::string& language = "", int codePage = 1252) {
     CopySample("new-project", Home);
     std::ifstream in(SourceFolder() + "/samples/dictionary.json");
-    adapters::sqlite::ImportDictionary(in, "dictionary.json", Folder / "d.sqlite");
+    apps::common::ImportDictionary(in, "dictionary.json", Folder / "d.sqlite");
     Window = std::make_unique<apps::desktop::MainWindow>(
         apps::desktop::EnvironmentOptions{Profile, language, SourceFolder() + "/samples/toolbox.ini", codePage});
     Window->show();

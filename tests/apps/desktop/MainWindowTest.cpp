@@ -109,6 +109,33 @@ TEST_CASE("What cannot be opened is said, and what was open stays") {
   CHECK(Components(desktop).currentItem()->text() == "frmPerson");
 }
 
+TEST_CASE("A dictionary that is damaged, or holds what would become code, is refused whenever that is met") {
+  const DesktopFixture desktop;
+  const std::string path = desktop.Folder / "d.sqlite", good = ReadFile(path);
+  std::string bytes = good;
+  const auto toldAtStep = [&](int step) {
+    std::string said;
+    WriteFile(path, bytes);
+    CHECK(desktop.Window->OpenDictionary(QString::fromStdString(path)));
+    desktop.UseWizard([&] {
+      for (int i = 1; i < step; ++i) {
+        if (i == step - 1) Answer(QMessageBox::Ok, said);
+        Find<QAbstractButton>(WizardDesign().cmdNext)->click();
+      }
+      Find<QAbstractButton>(WizardDesign().cmdCancel)->click();
+    });
+    return said;
+  };
+  const std::string_view name = "Sample.Company";
+  for (std::size_t at = bytes.find(name); at != std::string::npos; at = bytes.find(name, at)) bytes[at + 10] = '"';
+  CHECK(toldAtStep(3).starts_with(path + ": the Name of a class is \"Sample.Com\"any\""));
+
+  constexpr std::ptrdiff_t page = 4096;  // the second one holds the systems
+  bytes = good;
+  std::fill_n(bytes.begin() + page, page, '\x5A');
+  CHECK(toldAtStep(2).starts_with(path + ": the class dictionary is damaged ("));
+}
+
 TEST_CASE("A name that the project's code page cannot hold ends the generation, and the wizard can be closed") {
   DesktopFixture desktop;
   std::string said;

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace formwizard::adapters::sqlite {
+namespace formwizard::adapters::dictionary {
 
 inline std::string Quoted(std::string_view text) {
   return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
@@ -30,4 +30,4 @@ class JsonList {
   bool first_ = true;
 };
 
-}  // namespace formwizard::adapters::sqlite
+}  // namespace formwizard::adapters::dictionary

@@ -1,0 +1,30 @@
+// Class dictionaries as the programs use them: the JSON form joined to the store.
+#pragma once
+
+#include "wizard/factory/Factory.h"
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+namespace formwizard::apps::common {
+
+// The server of a dictionary. A name or caption in it that would become code of its own ends in support::InputError, as
+// does a file that cannot be read.
+std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path);
+
+// Makes the dictionary `target` of JSON, which messages call `source`. What is no dictionary is only replaced by force.
+// support::InputError for what is wrong in the JSON, support::SaveError when the dictionary cannot be written; the old
+// one is then as it was.
+void ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force = false);
+
+// Writes a dictionary as JSON, also one that holds names which OpenDictionary refuses: so they can be corrected.
+void ExportDictionary(const std::string& path, std::ostream& out);
+
+// Writes what a server tells of its own classes as JSON, of one system or, when that is empty, of all.
+void ExportServer(wizard::factory::FactoryCreator& server, const std::string& system, std::ostream& out);
+
+// support::InputError when something stands at `path` that is no such JSON, and so must not be replaced by it.
+void CheckIsExport(const std::string& path);
+
+}  // namespace formwizard::apps::common

@@ -1,0 +1,58 @@
+#include "adapters/dictionary/Writer.h"
+
+#include "support/Failures.h"
+#include "tests/support/FakeServer.h"
+
+#include <doctest/doctest.h>
+
+#include <sstream>
+
+using namespace formwizard;
+using namespace formwizard::adapters::dictionary;
+using namespace formwizard::tests;
+
+namespace {
+
+std::string Written(FakeServer& server, const std::string& system, Classes classes = Classes::NoSystemClasses) {
+  std::ostringstream out;
+  WriteDictionary(server, system, classes, out);
+  return out.str();
+}
+
+}  // namespace
+
+TEST_CASE("A server is written with what it tells, without its own classes unless they are wanted") {
+  FakeServer server;
+  server.Data.AddClass("A.B");
+  server.Data.AddClass("%Library.Thing", 0, 1);
+  server.Data.AddProperty("A.B", "P", {{"caption", runtime::Null()}, {"required", true}, {"maxlen", "7"}});
+  server.Data.AddQuery("A.B", "By", 2, {"ID", "N"});
+  const std::string own = R"({ "systems": [
+  { "name": "Archive", "connect": "other", "classes": [
+    { "Name": "A.B", "System": 0, "Persistent": 1, "properties": [
+      { "Name": "P", "Type": "%Library.String", "Datatype": 1, "Serial": 0, "Collection": "", "Required": 1, )"
+                          R"("Editable": 1, "MaxLen": 7 }
+    ], "queries": [
+      { "Name": "By", "ContainId": 2, "columns": ["ID", "N"], "params": ["param1"] }
+    ] })";
+  CHECK(Written(server, "Archive") == own + "\n  ] }\n] }\n");
+  CHECK(Written(server, "Archive", Classes::All) == own + R"(,
+    { "Name": "%Library.Thing", "System": 1, "Persistent": 0, "properties": [], "queries": [] }
+  ] }
+] }
+)");
+}
+
+TEST_CASE("A server that refuses something is named with what it was asked") {
+  FakeServer server;
+  CHECK_THROWS_WITH_AS(Written(server, "U"), "the server has no system \"U\"; it has Samples,conn;Archive,other",
+                       support::InputError);
+  server.Data.AddClass("A.B");
+  server.Data.AddProperty("A.B", "P");
+  server.Data.FailAtRow = 2;
+  CHECK_THROWS_WITH_AS(Written(server, ""), "system \"Samples\": the server failed", support::InputError);
+  server.Data.FailAtRow = 0;
+  server.Data.RefusesConnection = true;
+  CHECK_THROWS_WITH_AS(Written(server, "Archive"), "system \"Archive\": the server refuses the connection",
+                       support::InputError);
+}

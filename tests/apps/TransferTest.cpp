@@ -1,0 +1,94 @@
+// Import and export by the program itself, run as a user runs it.
+#include "tests/support/BuildTree.h"
+#include "tests/support/RunProgram.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+
+using namespace formwizard::tests;
+
+namespace {
+
+const std::string Sample = "\"" + SourceFolder() + "/samples/dictionary.json\"";
+
+struct Place {
+  TemporaryFolder Folder;
+  Place() { CHECK(Run("dictionary import " + Sample + " d.sqlite").Status == 0); }
+  Outcome Run(const std::string& arguments) const {
+    return RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, Folder);
+  }
+};
+
+}  // namespace
+
+TEST_CASE("A dictionary is written to a file or to standard output, from which it can be made again") {
+  const Place place;
+  const Outcome shown = place.Run("dictionary export d.sqlite -");
+  for (int times = 0; times < 2; ++times)
+    CHECK(place.Run("dictionary export d.sqlite \"Ausfuhr 項目.json\"").Status == 0);
+  CHECK(shown.Out.starts_with("{ \"systems\": [\n"));
+  CHECK(ReadFile(place.Folder / "Ausfuhr 項目.json") == shown.Out);
+  CHECK(place.Run("dictionary import \"Ausfuhr 項目.json\" d.sqlite").Status == 0);
+  CHECK(place.Run("dictionary export d.sqlite -").Out == shown.Out);
+}
+
+TEST_CASE("What is not theirs is not overwritten by import and export, unless by force") {
+  const Place place;
+  WriteFile(place.Folder / "App.vbp", "Type=Exe\r\n");
+  const std::string dictionary = ReadFile(place.Folder / "d.sqlite");
+  for (const std::string& command : {"import " + Sample + " App.vbp", std::string("export d.sqlite App.vbp"),
+                                     std::string("export d.sqlite d.sqlite")}) {
+    CAPTURE(command);
+    const auto before = FilesIn(place.Folder.Path());
+    const Outcome refused = place.Run("dictionary " + command);
+    CHECK(refused.Status == 3);
+    CHECK_MESSAGE(refused.Error.find("--force\"") != std::string::npos, refused.Error);
+    CHECK(ReadFile(place.Folder / "App.vbp") == "Type=Exe\r\n");
+    CHECK(ReadFile(place.Folder / "d.sqlite") == dictionary);
+  }
+  CHECK(place.Run("dictionary import --force " + Sample + " App.vbp").Status == 0);
+  CHECK(place.Run("systems --dictionary App.vbp").Out == "Samples\tlocal:samples\nArchive\tlocal:archive\n");
+  CHECK(place.Run("dictionary export --force d.sqlite App.vbp").Status == 0);
+  CHECK(ReadFile(place.Folder / "App.vbp").starts_with("{ \"systems\": ["));
+  // A folder is nobody's to replace.
+  std::filesystem::create_directory(place.Folder.Path() / "sub");
+  for (const char* command : {"import d.json sub", "export d.sqlite sub", "export --force d.sqlite sub",
+                              "import sub d.sqlite", "import none.json d.sqlite"}) {
+    const Outcome refused = place.Run(std::string("dictionary ") + command);
+    CHECK_MESSAGE((refused.Status == 3 || refused.Status == 4), command);
+    CHECK_MESSAGE(
+        (refused.Error.find("sub: ") != std::string::npos || refused.Error.find(".json: ") != std::string::npos),
+        refused.Error);
+  }
+  CHECK(ReadFile(place.Folder / "d.sqlite") == dictionary);
+}
+
+#ifndef _WIN32
+TEST_CASE("Of many imports and exports of one file at once the last one wins whole") {
+  const Place place;
+  const std::string exported = place.Run("dictionary export d.sqlite -").Out;
+  const std::string program = "'" + BuiltProgram("ostrel-form-wizard") + "' dictionary ";
+  const std::string script = "for i in 1 2 3 4 5 6 7 8 9 10; do " + program + "import " + Sample +
+                             " d.sqlite || echo failed & " + program +
+                             "export d.sqlite d.json || echo failed & done; wait";
+  WriteFile(place.Folder / "all.sh", script);
+  const Outcome all = RunProgram("/bin/sh", "all.sh", place.Folder);
+  CHECK_MESSAGE((all.Out + all.Error).empty(), all.Out, all.Error);
+  CHECK(ReadFile(place.Folder / "d.json") == exported);
+  CHECK(place.Run("dictionary export d.sqlite -").Out == exported);
+  CHECK(FilesIn(place.Folder.Path()).size() == 5);  // nothing is left beside them
+}
+
+TEST_CASE("A pipe where a file is needed is refused at once") {
+  const Place place;
+  CHECK(std::system(("mkfifo '" + (place.Folder / "pipe") + "'").c_str()) == 0);
+  for (const char* command :
+       {"dictionary import pipe new.sqlite", "dictionary export pipe new.json", "systems --dictionary pipe",
+        "dictionary export d.sqlite pipe", "dictionary import --force d.json pipe"}) {
+    const Outcome refused = place.Run(command);
+    CHECK_MESSAGE((refused.Status == 3 || refused.Status == 4), command);
+  }
+}
+#endif
