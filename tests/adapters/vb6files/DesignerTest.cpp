@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <array>
+
 using namespace formwizard;
 using namespace formwizard::adapters::vb6files;
 using formwizard::tests::ErrorNumberOf;
@@ -149,59 +151,49 @@ TEST_CASE("A control moves into a container and not into itself or what it holds
 }
 
 TEST_CASE("Places and sizes are given in the units of the container, kept in whole twips and carried along") {
+  constexpr std::array names{"Left", "Width", "Top", "Height"};
   struct Case {
     Scale form;
     std::vector<std::pair<const char*, const char*>> picture;  // its properties; it measures 600 x 300 inside
-    const char *x, *width, *y, *height;                        // what is assigned
-    std::string onForm, onPicture;                             // what is written: left, width, top, height
+    std::array<const char*, 4> given;
+    std::string onForm, onPicture;
   };
   // 2895 twips are 2975 units; a unit is 20 twips from -10 on, its axis downwards runs up.
   const Scale fitted = UsersScale(0, 0, 7195, 2975, 7230, 2895), moved = UsersScale(-10, 100, 50, -100, 1000, 2000);
+  const std::string farthest = "2.45745e5 2.45745e5 -2.45745e5 1 ";
   for (const Case& c :
-       {Case{{}, {}, "12.5", "13.5", "-450", "0.25", "12 14 -450 0 ", "12 14 -450 0 "},
-        Case{fitted, {}, "5980", "7195", "-450", "2975", "6009 7230 -438 2895 ", "5980 7195 -450 2975 "},
-        Case{moved, {}, "-9", "3", "95", "4", "20 60 100 80 ", "-9 3 95 4 "},
-        Case{FixedScale(3), {{"ScaleMode", "3"}}, "7", "2", "1", "3", "105 30 15 45 ", "105 30 15 45 "},
-        Case{FixedScale(4), {{"ScaleMode", "2"}}, "1", "2", "1", "2", "120 240 240 480 ", "20 40 20 40 "},
-        Case{{}, {{"ScaleLeft", "5"}, {"ScaleWidth", "60"}}, "6", "3", "1", "2", "6 3 1 2 ", "10 30 1 2 "},
-        Case{{}, {{"ScaleHeight", "9"}, {"ScaleMode", "1"}}, "6", "3", "1", "2", "6 3 1 2 ", "6 3 1 2 "},
-        Case{{},
-             {},
-             "999999",
-             "999999",
-             "-999999",
-             "1",
-             "2.45745e5 2.45745e5 -2.45745e5 1 ",
-             "2.45745e5 2.45745e5 -2.45745e5 1 "}}) {
+       {Case{{}, {}, {"12.5", "13.5", "-450", "0.25"}, "12 14 -450 0 ", "12 14 -450 0 "},
+        Case{fitted, {}, {"5980", "7195", "-450", "2975"}, "6009 7230 -438 2895 ", "5980 7195 -450 2975 "},
+        Case{moved, {}, {"-9", "3", "95", "4"}, "20 60 100 80 ", "-9 3 95 4 "},
+        Case{FixedScale(3), {{"ScaleMode", "3"}}, {"7", "2", "1", "3"}, "105 30 15 45 ", "105 30 15 45 "},
+        Case{FixedScale(4), {{"ScaleMode", "2"}}, {"1", "2", "1", "2"}, "120 240 240 480 ", "20 40 20 40 "},
+        Case{{}, {{"ScaleLeft", "5"}, {"ScaleWidth", "60"}}, {"6", "3", "1", "2"}, "6 3 1 2 ", "10 30 1 2 "},
+        Case{{}, {{"ScaleHeight", "9"}, {"ScaleMode", "1"}}, {"6", "3", "1", "2"}, "6 3 1 2 ", "6 3 1 2 "},
+        Case{{}, {}, {"999999", "999999", "-999999", "1"}, farthest, farthest}}) {
     CAPTURE(c.onForm);
     DesignerFixture form;
     Control& frame = form.Add("VB.Frame", "fraA");
     Control& picture = form.Add("VB.PictureBox", "picA");
-    for (const auto& [name, value] : {std::pair{"Width", "660"}, std::pair{"Height", "360"}}) {
-      picture.SetProperty(name, std::string_view(value));
-    }
+    picture.SetProperty("Width", std::string_view("660"));
+    picture.SetProperty("Height", std::string_view("360"));
     for (const auto& [name, value] : c.picture) picture.SetProperty(name, std::string_view(value));
     form.FormScale = c.form;
-    std::string written[3];
-    Control* containers[] = {nullptr, &picture, &frame};
-    for (int i = 0; i < 3; ++i) {
-      Control& control = form.Form.Add("VB.CommandButton", containers[i]);
-      for (const auto& [name, value] : {std::pair{"Left", c.x}, std::pair{"Width", c.width}, std::pair{"Top", c.y},
-                                        std::pair{"Height", c.height}}) {
-        control.SetProperty(name, std::string_view(value));
-      }
+    const auto writtenOn = [&](Control* container) {
+      Control& button = form.Form.Add("VB.CommandButton", container);
+      for (std::size_t i = 0; i < names.size(); ++i) button.SetProperty(names[i], std::string_view(c.given[i]));
       // Into the frame it goes with the place and size that it has.
-      if (i < 2) control.SetContainer(std::shared_ptr<Control>(std::make_shared<int>(0), &frame));
+      if (container != &frame) button.SetContainer({std::make_shared<int>(0), &frame});
       const std::string text = form.Text();
-      const std::string button = text.substr(text.find("Begin VB.CommandButton " + control.Name()));
-      for (const std::string name : {"Left", "Width", "Top", "Height"}) {
-        const std::size_t at = button.find("=   ", button.find(" " + name + " ")) + 4;
-        written[i] += button.substr(at, button.find("\r\n", at) - at) + " ";
+      std::string written;
+      for (const char* name : names) {
+        const std::size_t at = text.find("=   ", text.find(name, text.find(button.Name()))) + 4;
+        written += text.substr(at, text.find("\r\n", at) - at) + " ";
       }
-    }
-    CHECK(written[0] == c.onForm);
-    CHECK(written[1] == c.onPicture);
-    if (c.picture.empty()) CHECK(written[2] == c.onPicture);  // twips in both
+      return written;
+    };
+    CHECK(writtenOn(nullptr) == c.onForm);
+    CHECK(writtenOn(&picture) == c.onPicture);
+    if (c.picture.empty()) CHECK(writtenOn(&frame) == c.onPicture);  // twips in both
   }
 }
 
