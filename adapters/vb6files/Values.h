@@ -18,7 +18,7 @@ PropertyData Coerced(const PropertyRow& row, const generator::ide::PropertyValue
 PropertyData DefaultOf(const PropertyRow& row);
 bool IsDefault(const PropertyRow& row, const PropertyData& data);
 
-// A letter, then letters, digits and underscores, at most 255 bytes; letters beyond ASCII are fine. Error 50132
+// A letter, then letters, digits and underscores, at most 40 characters; letters beyond ASCII are fine. Error 50132
 // "Not a legal object name: 'item'" otherwise.
 void CheckObjectName(std::string_view name);
 
