@@ -1,5 +1,6 @@
 #include "adapters/vb6files/ControlClasses.h"
 
+#include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 namespace formwizard::adapters::vb6files {
 namespace {
 
+namespace ide = generator::ide;
 using enum PropertyType;
 
 constexpr ClassBits F = classbit::Form, L = classbit::Label, T = classbit::TextBox, C = classbit::ComboBox,
@@ -262,9 +264,9 @@ constexpr std::array Classes{
     ControlClass{"VB.HScrollBar", "", "HScroll", H, Layer::Windowed, 1215, 255},
     ControlClass{"VB.VScrollBar", "", "VScroll", H, Layer::Windowed, 255, 1215},
     ControlClass{"VB.Menu", "", "Menu", M, Layer::Menu, 0, 0},
-    ControlClass{"MSComctlLib.ListView", "MSComctlLib.ListViewCtrl", "ListView", V, Layer::Windowed, 1215, 495},
+    ControlClass{ide::ListView.Class, ide::ListView.ProgId, "ListView", V, Layer::Windowed, 1215, 495},
     ControlClass{"MSComDlg.CommonDialog", "MSComDlg.CommonDialog", "CommonDialog", D, Layer::Windowed, 0, 0},
-    ControlClass{"OSTRELQUERYLib.OstrelQuery", "OSTRELQUERY.OstrelQueryCtrl", "OstrelQuery", Q, Layer::Windowed, 0, 0},
+    ControlClass{ide::Query.Class, "OSTRELQUERY.OstrelQueryCtrl", "OstrelQuery", Q, Layer::Windowed, 0, 0},
 };
 
 // Rows of the first part of the table stand by their first letter, so a search looks at the rows of one letter.

@@ -3,6 +3,7 @@
 #include "apps/desktop/ClassicLook.h"
 #include "apps/desktop/ShapePictures.h"
 #include "apps/desktop/TabPictures.h"
+#include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
 
 #include <QFontMetrics>
@@ -245,7 +246,7 @@ constexpr std::array Looks{
     Look{"TabDlg.SSTab", DrawPagedTabs, Layer::Focusable},
     Look{"MSComctlLib.TabStrip", DrawTabStrip, Layer::Focusable},
     Look{"ComctlLib.TabStrip", DrawTabStrip, Layer::Focusable},
-    Look{"MSComctlLib.ListView", DrawListView, Layer::Focusable},
+    Look{generator::ide::ListView.Class, DrawListView, Layer::Focusable},
 };
 constexpr Look AnyOther{"", DrawNamedBox, Layer::Focusable};
 
