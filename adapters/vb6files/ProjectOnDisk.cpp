@@ -19,10 +19,8 @@ using namespace generator::ide;
 constexpr std::size_t NameIsWithin = 4096;  // bytes at the start of a form file
 
 std::string ReadProject(const system::FileSystem& files, const std::string& path) {
-  std::optional<std::string> text = files.Read(path);
-  if (!text) {
-    throw support::InputError(path + ": the project file cannot be read; check the path and the permissions");
-  }
+  std::optional<std::string> text = files.Read(path, system::LargestProject);
+  if (!text) throw support::InputError(path + ": there is no such project file; check the path");
   return std::move(*text);
 }
 
@@ -90,6 +88,7 @@ ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path,
       original_(ReadProject(files, path)),
       codePage_(options.CodePageNumber),
       spelling_(files),
+      read_(files),
       toolbox_(files, options.ToolboxFile),
       project_(path, original_) {
   for (const std::string_view value : project_.Objects()) libraries_.Add(toolbox_.Parse(value));
@@ -109,29 +108,42 @@ std::string ProjectOnDisk::FilePath(std::string_view projectPath) const {
 }
 
 // `path` is spelled as the folder spells it afterwards.
-std::optional<std::string> ProjectOnDisk::ReadFile(std::string& path) const {
-  std::optional<std::string> bytes = files_.Read(path);
+template <typename Reader>
+std::optional<std::string> ProjectOnDisk::Found(std::string& path, Reader&& read) const {
+  if (IsForeign(path)) {
+    throw support::InputError(path_ + ": the file " + path +
+                              " is on a drive or a server of Windows, which this system does not reach; copy it into "
+                              "the project's folder and change its line");
+  }
+  std::optional<std::string> bytes = read(path);
   if (bytes) return bytes;
   path = spelling_.Of(path);
-  return files_.Read(path);
+  return read(path);
 }
 
-std::optional<std::string> ProjectOnDisk::ReadHead(std::string& path) const {
-  std::optional<system::FileContent> head = files_.ReadHead(path, NameIsWithin);
-  if (!head) {
-    path = spelling_.Of(path);
-    head = files_.ReadHead(path, NameIsWithin);
-  }
-  if (!head) return std::nullopt;
-  return std::move(head->Bytes);
+// Empty for a form that has none. What is only shown may change before a save.
+std::string ProjectOnDisk::FrxOf(const std::string& frmPath, bool isShown) const {
+  std::string path = frmPath.substr(0, frmPath.rfind('.')) + ".frx";
+  return Found(path, [&](const std::string& file) { return isShown ? files_.Read(file) : read_.Read(file); })
+      .value_or("");
+}
+
+// The path of a new file, whose folder is spelled as it is.
+std::string ProjectOnDisk::NewFile(const std::string& projectPath) const {
+  const std::string path = FilePath(projectPath);
+  const std::string_view part = system::FolderPart(path);
+  const std::string folder = system::FolderOf(path);
+  if (part.empty() || files_.KindOf(folder) != system::FileKind::None) return path;
+  return spelling_.Of(folder) + path.substr(part.size() - 1);
 }
 
 std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
   std::string path = FilePath(item.Path);
-  const std::optional<std::string> head = ReadHead(path);
+  const std::optional<std::string> head =
+      Found(path, [&](const std::string& file) { return read_.ReadHead(file, NameIsWithin); });
   if (!head) {
     throw support::InputError(path_ + ":" + std::to_string(item.Line) + ": the file " + path +
-                              " cannot be read; restore it or take its line out of the project");
+                              " is not there; restore it or take its line out of the project");
   }
   const std::string_view name = ReadComponentName(*head);
   // A form whose name does not stand in its first bytes goes by its file.
@@ -197,12 +209,11 @@ FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
   }
   if (!entry.Document) {
     std::string path = FilePath(entry.Path);
-    const std::optional<std::string> frm = ReadFile(path);
+    const std::optional<std::string> frm = Found(path, [&](const std::string& file) { return read_.Read(file); });
     if (!frm) {
-      throw support::InputError(path + ": the form cannot be read; restore it or take its line out of the project");
+      throw support::InputError(path + ": the form is not there; restore it or take its line out of the project");
     }
-    std::string frxPath = path.substr(0, path.rfind('.')) + ".frx";
-    entry.Document = FormDocument::Parse(path, *frm, ReadFile(frxPath).value_or(""), codePage_, libraries_);
+    entry.Document = FormDocument::Parse(path, *frm, FrxOf(path, false), codePage_, libraries_);
     open_.push_back(&entry);
   }
   return *entry.Document;
@@ -247,7 +258,7 @@ void ProjectOnDisk::Announce(const std::string& path, std::optional<std::string>
 }
 
 Saving& ProjectOnDisk::CurrentSaving() {
-  if (!saving_) saving_ = std::make_unique<Saving>(files_, path_, original_);
+  if (!saving_) saving_ = std::make_unique<Saving>(files_, path_, original_, read_);
   return *saving_;
 }
 
@@ -269,7 +280,7 @@ std::string ProjectOnDisk::NewStem(const Entry& entry) {
 void ProjectOnDisk::Finish(Entry& entry) {
   const std::string stem = NewStem(entry);
   const std::string newPath = ProjectFolderPart(entry.Path) + stem + ".frm";
-  const std::string file = FilePath(newPath);
+  const std::string file = NewFile(newPath);
   const std::string frxFile = file.substr(0, file.size() - 1) + "x";
   FormFiles content = entry.Document->Render(stem);
   if (entry.Path.empty()) {
@@ -354,11 +365,11 @@ FormFiles ProjectOnDisk::TextsOf(std::string_view name) {
   if (!entry) throw support::InputError(path_ + ": the project has no component \"" + std::string(name) + "\"");
   if (entry->Document) return entry->Document->Render(entry->Path.empty() ? entry->Name : StemOf(entry->Path));
   std::string path = FilePath(entry->Path);
-  std::optional<std::string> text = ReadFile(path);
-  if (!text)
-    throw support::InputError(path + ": the file cannot be read; restore it or take its line out of the project");
-  std::string frxPath = path.substr(0, path.rfind('.')) + ".frx";
-  return {std::move(*text), entry->IsForm ? ReadFile(frxPath).value_or("") : ""};
+  std::optional<std::string> text = Found(path, [&](const std::string& file) { return files_.Read(file); });
+  if (!text) {
+    throw support::InputError(path + ": the file is not there; restore it or take its line out of the project");
+  }
+  return {std::move(*text), entry->IsForm ? FrxOf(path, true) : ""};
 }
 
 }  // namespace formwizard::adapters::vb6files

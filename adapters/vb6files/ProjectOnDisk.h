@@ -10,6 +10,7 @@
 #include "generator/ide/Ide.h"
 #include "system/CodePage.h"
 #include "system/FileSystem.h"
+#include "system/FilesRead.h"
 
 #include <deque>
 #include <functional>
@@ -99,8 +100,10 @@ class ProjectOnDisk : public generator::ide::Vbe,
 
   void ReadNames() const;
   std::string NameInFile(const ProjectFile::Item& item) const;
-  std::optional<std::string> ReadFile(std::string& path) const;
-  std::optional<std::string> ReadHead(std::string& path) const;
+  template <typename Reader>
+  std::optional<std::string> Found(std::string& path, Reader&& read) const;
+  std::string FrxOf(const std::string& frmPath, bool isShown) const;
+  std::string NewFile(const std::string& projectPath) const;
   std::string FilePath(std::string_view projectPath) const;
   const Entry* FindEntry(std::string_view bytes) const;
   FormDocument& DocumentOf(Entry& entry);
@@ -117,6 +120,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::string path_, folder_, original_;
   system::CodePage codePage_;
   mutable Spelling spelling_;
+  mutable system::FilesRead read_;  // what a save rests on
   Toolbox toolbox_;
   ProjectFile project_;
   ControlLibraries libraries_;

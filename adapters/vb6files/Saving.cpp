@@ -1,109 +1,232 @@
 #include "adapters/vb6files/Saving.h"
 
+#include "runtime/Conversions.h"
 #include "support/Failures.h"
+#include "system/Aside.h"
 #include "system/Paths.h"
 #include "system/WholeFile.h"
 
+#include <map>
+#include <optional>
+#include <unordered_map>
 #include <utility>
 
 namespace formwizard::adapters::vb6files {
+namespace {
 
-Saving::Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original)
+using support::SaveError;
+
+constexpr const char* Record = "/record";
+constexpr const char* Project = "/project";
+
+// Whatever goes wrong, also with looking, is a save that did not happen.
+template <typename Action>
+void Try(Action&& action) {
+  constexpr const char* unchanged = "; the project is as it was before";
+  try {
+    action();
+  } catch (const support::InputError& error) {
+    throw SaveError(std::string(error.what()) + unchanged);
+  } catch (const SaveError& error) {
+    throw SaveError(std::string(error.what()) + unchanged);
+  }
+}
+
+std::string_view NameIn(std::string_view path) { return path.substr(system::FolderPart(path).size()); }
+
+}  // namespace
+
+Saving::Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original,
+               const system::FilesRead& read)
     : files_(files),
       projectFile_(projectFile),
       original_(original),
+      read_(read),
       folder_(system::FolderOf(projectFile)),
-      stagingFolder_(projectFile + ".saving") {}
+      folderPart_(system::FolderPart(projectFile)),
+      name_(NameIn(projectFile)) {}
 
 Saving::~Saving() { Discard(); }
 
 void Saving::Open() {
-  if (lock_) return;
+  if (!stagingFolder_.empty()) return;
   lock_ = files_.LockFolder(folder_);
-  if (!lock_) {
-    throw support::SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
+  if (!lock_) throw SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
+  for (const std::string& name : files_.NamesIn(folder_).value_or(std::vector<std::string>())) {
+    const std::string path = folderPart_ + name;
+    const bool isOurs = system::IsAsideName(name, name_) && files_.KindOf(path) == system::FileKind::Folder;
+    if (isOurs) Recover(path);
   }
-  RemoveStaging();  // what a crash has left behind
-  files_.CreateFolder(stagingFolder_);
+  const std::string folder = folderPart_ + system::AsideName(name_);
+  files_.CreateFolder(folder);
+  stagingFolder_ = folder;
+}
+
+// Takes back what a save that was cut off has moved into place, unless its last step was done. Where that step replaced
+// a project file that somebody had just changed, it is undone first.
+void Saving::Recover(const std::string& folder) {
+  const std::optional<SaveRecord> record = SaveRecord::Parse(files_.Read(folder + Record).value_or(""));
+  if (record) {
+    const std::uint64_t current = SumOf(projectFile_), aside = SumOf(folder + Project);
+    const bool isDone = current == record->NewProject;
+    const bool isOvertaken = isDone && aside != 0 && aside != record->OldProject && aside != record->NewProject;
+    if (isOvertaken) files_.Replace(folder + Project, projectFile_);
+    const bool isNotDone = !isDone && (current == record->OldProject || aside == record->NewProject);
+    if ((isOvertaken || isNotDone) && !RollBack(record->Files)) return;  // the next save tries again
+  }
+  RemoveStaging(folder);
 }
 
 void Saving::Stage(const std::string& path, std::string_view bytes) {
-  Open();
-  system::WriteNewFile(files_, Aside(targets_.size()), bytes);
-  targets_.push_back(path);
+  Try([&] {
+    Open();
+    system::WriteNewFile(files_, Aside(targets_.size()), bytes);
+    targets_.push_back({path, system::ContentSum(bytes)});
+  });
 }
 
 std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + "/" + std::to_string(number); }
 
-bool Saving::MoveIntoPlace(std::size_t number) {
-  const std::string& target = targets_[number];
-  if (files_.MoveNew(Aside(number), target)) return true;
-  // An interrupted save may have left the very same file.
-  if (files_.Read(target) != files_.Read(Aside(number))) {
-    throw support::SaveError(target +
-                             ": this file exists and does not belong to the project; move it away or add it to the "
-                             "project, then try again. The project is as it was before");
-  }
-  return false;
+// 0 for no file.
+std::uint64_t Saving::SumOf(const std::string& path) const {
+  const std::optional<std::string> bytes = files_.Read(path);
+  return bytes ? system::ContentSum(*bytes) : 0;
 }
 
-// What the new project lists must be on the disk before the project is.
-std::set<std::string> Saving::TargetFolders() const {
-  std::set<std::string> folders;
-  for (const std::string& target : targets_) folders.insert(system::FolderOf(target));
-  return folders;
-}
-
-// A file that cannot be taken back stays without anything that refers to it.
-void Saving::TakeBack(const std::vector<bool>& moved) {
-  for (std::size_t number = 0; number < moved.size(); ++number) {
-    try {
-      if (moved[number]) files_.Remove(targets_[number]);
-    } catch (const support::SaveError&) {
-      continue;
+void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames) {
+  const std::string_view name = NameIn(target.Path);
+  for (const std::string& other : sameNames) {
+    if (other != name) {
+      throw SaveError(target.Path + ": the folder has a file of this name in other letter cases, " + other +
+                      ", which does not belong to the project; move it away or add it to the project, then try again");
+    }
+    target.IsThere = files_.Read(target.Path) == files_.Read(Aside(number));
+    if (!target.IsThere) {
+      throw SaveError(target.Path +
+                      ": this file exists and does not belong to the project; move it away or add it to the project, "
+                      "then try again");
     }
   }
+}
+
+// Lists each folder once. A file of another system may be the same file under a name in other letter cases.
+void Saving::CheckTargets() {
+  std::map<std::string, std::vector<std::size_t>> byFolder;
+  for (std::size_t number = 0; number < targets_.size(); ++number) {
+    byFolder[system::FolderOf(targets_[number].Path)].push_back(number);
+  }
+  for (const auto& [folder, numbers] : byFolder) {
+    std::unordered_map<std::string, std::vector<std::string>> spellings;
+    for (std::string& name : files_.NamesIn(folder).value_or(std::vector<std::string>())) {
+      std::vector<std::string>& same = spellings[runtime::LowerCase(name)];
+      same.push_back(std::move(name));
+    }
+    for (const std::size_t number : numbers) {
+      CheckTarget(targets_[number], number, spellings[runtime::LowerCase(NameIn(targets_[number].Path))]);
+    }
+  }
+}
+
+// Before the first file is moved, the record of what will be is on the disk.
+void Saving::Prepare(std::string_view text) {
+  SaveRecord record{system::ContentSum(original_), system::ContentSum(text), {}};
+  for (const Target& target : targets_) {
+    if (target.IsThere) continue;
+    const bool isInFolder = target.Path.starts_with(folderPart_);
+    record.Files.push_back({target.Path.substr(isInFolder ? folderPart_.size() : 0), target.Sum});
+  }
+  system::WriteNewFile(files_, stagingFolder_ + Project, text, projectFile_);
+  system::WriteNewFile(files_, stagingFolder_ + Record, record.Text());
+  files_.FlushFolder(stagingFolder_);
+  files_.FlushFolder(folder_);
+}
+
+void Saving::MoveIntoPlace() {
+  std::set<std::string> folders;  // what the new project lists must be on the disk before the project is
+  for (std::size_t number = 0; number < targets_.size(); ++number) {
+    const Target& target = targets_[number];
+    folders.insert(system::FolderOf(target.Path));
+    if (target.IsThere) continue;
+    if (!files_.MoveNew(Aside(number), target.Path)) {
+      throw SaveError(target.Path + ": another program has just made this file; move it away, then try again");
+    }
+    moved_.push_back({target.Path, target.Sum});
+  }
+  for (const std::string& folder : folders) files_.FlushFolder(folder);
+}
+
+bool Saving::IsAsRead(const std::string& project, std::string& changed) const {
+  changed = files_.Read(project) == original_ ? read_.Changed() : projectFile_;
+  return changed.empty();
+}
+
+// A file that cannot be taken back stays, without anything that refers to it; false then. One that was changed since is
+// somebody's.
+bool Saving::RollBack(const std::vector<SaveRecord::File>& newFiles) {
+  bool isComplete = true;
+  std::set<std::string> folders;
+  for (const SaveRecord::File& file : newFiles) {
+    const std::string path =
+        system::IsAbsolute(file.Path) || file.Path.starts_with(folderPart_) ? file.Path : folderPart_ + file.Path;
+    try {
+      if (SumOf(path) != file.Sum) continue;
+      files_.Remove(path);
+      folders.insert(system::FolderOf(path));
+    } catch (const support::InputError&) {
+      isComplete = false;
+    } catch (const SaveError&) {
+      isComplete = false;
+    }
+  }
+  for (const std::string& folder : folders) files_.FlushFolder(folder);
+  return isComplete;
 }
 
 void Saving::Commit(std::string_view text) {
-  Open();
-  std::vector<bool> moved;  // by number of the prepared file
-  try {
-    if (files_.Read(projectFile_) != original_) {
-      throw support::SaveError(projectFile_ +
-                               ": another program has changed the project since it was read; nothing was saved, run "
-                               "the command again");
+  Try([&] {
+    Open();
+    try {
+      CheckTargets();
+      Prepare(text);
+      MoveIntoPlace();
+      std::string changed;
+      const auto isAsRead = [&](const std::string& project) { return IsAsRead(project, changed); };
+      if (!system::ReplaceIf(files_, stagingFolder_ + Project, projectFile_, isAsRead)) {
+        throw SaveError(changed +
+                        ": another program has changed this file since it was read; open the project anew or "
+                        "run the command again");
+      }
+    } catch (const std::exception&) {
+      if (!RollBack(std::exchange(moved_, {}))) stagingFolder_.clear();  // its record stays for the next save
+      throw;
     }
-    const std::string newProject = stagingFolder_ + "/project";
-    system::WriteNewFile(files_, newProject, text, projectFile_);
-    for (std::size_t number = 0; number < targets_.size(); ++number) moved.push_back(MoveIntoPlace(number));
-    for (const std::string& folder : TargetFolders()) files_.FlushFolder(folder);
-    files_.Replace(newProject, projectFile_);
-  } catch (const support::SaveError&) {
-    TakeBack(moved);
-    throw;
-  }
+  });
   // The new project is in place; a crash of the machine before the next flush may still bring back the old one.
   try {
     files_.FlushFolder(folder_);
-  } catch (const support::SaveError&) {
+  } catch (const SaveError&) {
     return;
   }
 }
 
-void Saving::RemoveStaging() {
-  for (const std::string& name : files_.NamesIn(stagingFolder_).value_or(std::vector<std::string>())) {
-    files_.Remove(stagingFolder_ + "/" + name);
+// Only what was made here, the record first: what has none needs nothing more than to be removed.
+void Saving::RemoveStaging(const std::string& folder) {
+  files_.Remove(folder + Record);
+  for (const std::string& name : files_.NamesIn(folder).value_or(std::vector<std::string>())) {
+    const bool isNumber = name.find_first_not_of("0123456789") == std::string::npos;
+    if (isNumber || "/" + name == Project || system::IsAsideName(name, name_)) files_.Remove(folder + "/" + name);
   }
-  files_.RemoveFolder(stagingFolder_);
+  files_.RemoveFolder(folder);
 }
 
+// What stays behind is removed by the next save; nothing refers to it.
 void Saving::Discard() noexcept {
-  if (!lock_) return;
+  if (stagingFolder_.empty()) return;
   try {
-    RemoveStaging();
-  } catch (const support::SaveError&) {
-    // What stays behind is removed by the next save; nothing refers to it.
+    RemoveStaging(stagingFolder_);
+  } catch (const support::InputError&) {
+    return;
+  } catch (const SaveError&) {
     return;
   }
 }

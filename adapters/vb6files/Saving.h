@@ -1,9 +1,12 @@
 // Saves a project so that at every moment the folder holds the old project or the new one.
 #pragma once
 
+#include "adapters/vb6files/SaveRecord.h"
 #include "system/FileSystem.h"
+#include "system/FilesRead.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <set>
 #include <string>
@@ -14,12 +17,14 @@ namespace formwizard::adapters::vb6files {
 
 // No component file is ever written over: a new or changed form gets a file of its own, prepared aside, and the project
 // file that refers to it, prepared aside as well, replaces the old one as the very last step. That one replacement
-// makes everything valid; before it the folder holds the old project with at most some files that nothing refers to.
+// makes everything valid; before it the folder holds the old project with at most some files that nothing refers to,
+// and these the next save takes back, by the record that stands beside the prepared files.
 class Saving {
  public:
-  // `projectFile` is the path of the project file, `original` its bytes as they were read. All must outlive this
-  // object.
-  Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original);
+  // `projectFile` is the path of the project file, `original` its bytes as they were read, `read` the other files that
+  // the new project rests on. All must outlive this object.
+  Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original,
+         const system::FilesRead& read);
   // Without a commit everything that was prepared goes.
   ~Saving();
   Saving(const Saving&) = delete;
@@ -30,26 +35,38 @@ class Saving {
   void Stage(const std::string& path, std::string_view bytes);
 
   // Moves the prepared files into place and replaces the project file by `text`. support::SaveError, with everything as
-  // it was before, when a file of another content stands in the way, the project file has changed since it was read, or
-  // an operation fails.
+  // it was before, when a file of another content or of a name in other letter cases stands in the way, a file has
+  // changed since it was read, or an operation fails.
   void Commit(std::string_view text);
 
  private:
+  struct Target {
+    std::string Path;
+    std::uint64_t Sum;
+    bool IsThere = false;  // the very same file
+  };
+
   void Open();
-  std::set<std::string> TargetFolders() const;
+  void Recover(const std::string& folder);
+  void CheckTargets();
+  void CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames);
+  void Prepare(std::string_view text);
+  void MoveIntoPlace();
+  bool IsAsRead(const std::string& project, std::string& changed) const;
   std::string Aside(std::size_t number) const;
-  // False when the very same file was there already.
-  bool MoveIntoPlace(std::size_t number);
-  void TakeBack(const std::vector<bool>& moved);
-  void RemoveStaging();
+  std::uint64_t SumOf(const std::string& path) const;
+  bool RollBack(const std::vector<SaveRecord::File>& newFiles);
+  void RemoveStaging(const std::string& folder);
   void Discard() noexcept;
 
   system::FileSystem& files_;
   const std::string& projectFile_;
   const std::string& original_;
-  std::string folder_, stagingFolder_;
+  const system::FilesRead& read_;
+  std::string folder_, folderPart_, name_, stagingFolder_;
   std::unique_ptr<system::FileLock> lock_;
-  std::vector<std::string> targets_;  // of the prepared files, which are called by their numbers
+  std::vector<Target> targets_;          // of the prepared files, which are called by their numbers
+  std::vector<SaveRecord::File> moved_;  // into place
 };
 
 }  // namespace formwizard::adapters::vb6files

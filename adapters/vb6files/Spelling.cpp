@@ -31,7 +31,7 @@ std::string Spelling::Of(const std::string& path) {
   if (!names) return path;
   auto found = names->find(name);
   if (found == names->end()) found = names->find(runtime::LowerCase(name));
-  return found == names->end() ? path : part + found->second;
+  return part + (found == names->end() ? name : found->second);
 }
 
 }  // namespace formwizard::adapters::vb6files

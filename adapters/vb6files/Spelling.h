@@ -15,7 +15,7 @@ class Spelling {
   // `files` must outlive this object.
   explicit Spelling(const system::FileSystem& files) : files_(files) {}
 
-  // The path as file and folders are really spelled; `path` itself when nothing there differs in letter case only.
+  // The path as file and folders are really spelled; what is not there keeps its spelling.
   std::string Of(const std::string& path);
 
  private:

@@ -6,7 +6,13 @@
 
 #include <doctest/doctest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <filesystem>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -84,5 +90,64 @@ TEST_CASE("A whole file keeps its permissions and links, and leaves nothing besi
   CHECK(FilesIn(temporary.Path()).size() == (error ? 1 : 2));
   CHECK_THROWS_WITH_AS(WriteWholeFile(files, temporary / "a", ""), doctest::Contains("this is a folder"), SaveError);
 }
+
+TEST_CASE("What a crash has left behind goes with the next write, and nothing else") {
+  const TemporaryFolder temporary;
+  system::FileSystem& files = system::RealFileSystem();
+  const std::string file = temporary / "a.json";
+  for (const std::string& name : {system::AsideName("a.json"), system::AsideName("b.json"), std::string("a.json.new"),
+                                  std::string("a.json.0123456789abcdef01234567.new")}) {
+    WriteFile(temporary / name, "left");
+  }
+  system::WholeFile first(files, file), second(files, file);  // does not take the first one's for left behind
+  first.Write("first");
+  second.Write(std::string(300000, '2'));
+  second.Commit();
+  first.Commit();
+  CHECK(ReadFile(file) == "first");
+  CHECK(FilesIn(temporary.Path()).size() == 4);
+  CHECK(FilesIn(temporary.Path()).contains("a.json.new"));
+}
+
+TEST_CASE("Of many writers at once one wins as a whole") {
+  const TemporaryFolder temporary;
+  const std::string file = temporary / "a.json";
+  std::vector<std::thread> writers;
+  for (const char letter : {'a', 'b', 'c', 'd'}) {
+    writers.emplace_back([&file, letter] {
+      for (int i = 0; i < 25; ++i) WriteWholeFile(system::RealFileSystem(), file, std::string(100000, letter));
+    });
+  }
+  bool isWhole = true;
+  for (int i = 0; i < 200; ++i) {
+    const std::string found = system::RealFileSystem().Read(file).value_or("");
+    isWhole = isWhole && (found.empty() || found == std::string(100000, found.front()));
+  }
+  for (std::thread& writer : writers) writer.join();
+  CHECK(isWhole);
+  CHECK(FilesIn(temporary.Path()).size() == 1);
+}
+
+#ifndef _WIN32
+TEST_CASE("A pipe, a device and a path that is none are refused at once, for reading and for writing") {
+  const TemporaryFolder temporary;
+  system::FileSystem& files = system::RealFileSystem();
+  REQUIRE(::mkfifo((temporary / "pipe").c_str(), 0600) == 0);
+  fs::create_symlink("loop", temporary / "loop");
+  std::string deep;
+  for (int i = 0; i < 20000; ++i) deep += "a/";
+  for (const std::string& path : {temporary / "pipe", std::string("/dev/zero"), temporary / "loop", deep + "p.vbp",
+                                  std::string("a\0b", 3), std::string()}) {
+    CAPTURE(path);
+    CHECK_THROWS_AS(files.Read(path), InputError);
+    CHECK_THROWS_AS(WriteWholeFile(files, path, "x"), SaveError);
+  }
+  fs::remove(temporary / "loop");
+  WriteFile(temporary / "kept", "old");
+  fs::create_symlink("kept", temporary / system::AsideName("kept"));  // somebody's link is no file of ours
+  WriteWholeFile(files, temporary / "kept", "new");
+  CHECK(FilesIn(temporary.Path()).size() == 2);
+}
+#endif
 
 }  // namespace

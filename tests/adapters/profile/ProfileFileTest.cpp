@@ -1,6 +1,9 @@
 #include "adapters/profile/ProfileFile.h"
 
+#include "runtime/RuntimeError.h"
 #include "tests/adapters/profile/ProfileCases.h"
+#include "tests/support/ErrorNumber.h"
+#include "tests/support/MemoryFileSystem.h"
 
 #include <tuple>
 
@@ -37,4 +40,27 @@ TEST_CASE("Writing changes the value's text and nothing else") {
     CHECK(profile.Put(key, "3"));
     CHECK(ReadFile(profile.File) == after);
   }
+}
+
+TEST_CASE("A settings file that cannot be read is an error and is never replaced") {
+  for (int look = 1; look < 8; ++look) {
+    CAPTURE(look);
+    MemoryFileSystem files(MemoryFileSystem::Contents{{"ini", "[Wizard]\r\nMenu=0\r\nColumns=2\r\n"}});
+    formwizard::adapters::profile::ProfileFiles profiles(files);
+    files.FailsToRead = look;
+    const std::string all = files.Files.at("ini"), changed = all.substr(0, all.size() - 3) + "3\r\n";
+    if (look == 1) {
+      CHECK(ErrorNumberOf([&] { profiles.GetProfileString("Wizard", "Menu", "1", 9, "ini"); }) ==
+            formwizard::runtime::PathFileAccessError);
+      files.Looks = 0;
+    }
+    const bool isDone = profiles.WriteProfileString("Wizard", "Columns", "3", "ini");
+    CHECK(files.Files.at("ini") == (isDone ? changed : all));
+    CHECK(files.Files.size() == 1);
+  }
+  // What another program changes at the same time stays.
+  MemoryFileSystem files(MemoryFileSystem::Contents{{"ini", "[Wizard]\r\n"}});
+  files.BeforeExchange = [&] { files.Files["ini"] += "Theirs=1\r\n"; };
+  CHECK(formwizard::adapters::profile::ProfileFiles(files).WriteProfileString("Wizard", "Ours", "2", "ini"));
+  CHECK(files.Files.at("ini") == "[Wizard]\r\nTheirs=1\r\nOurs=2\r\n");
 }

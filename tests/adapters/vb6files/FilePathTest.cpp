@@ -28,7 +28,7 @@ TEST_CASE("Paths are cut and joined as the operating system does it") {
                                {"a\\b.vbp", "a\\", "a", "\\c\\f.frm", "\\c\\f.frm"}});
   } else {
     cases.insert(cases.end(), {{"a\\b.vbp", "", ".", "Forms\\f.frm", "Forms/f.frm"},
-                               {"b.vbp", "", ".", "C:\\c\\f.frm", "C:/c/f.frm"}});
+                               {"b.vbp", "", ".", "C:\\c\\f.frm", "C:\\c\\f.frm"}});
   }
   for (const Case& c : cases) {
     CAPTURE(c.path);

@@ -1,4 +1,6 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
+
+#include "runtime/Conversions.h"
 #include "tests/support/MemoryFileSystem.h"
 
 #include <doctest/doctest.h>
@@ -28,7 +30,7 @@ Contents OldProject() {
 }
 
 // Reuses Form1 and adds a form that needs a companion file.
-void Change(ProjectOnDisk& project, bool finishesForms) {
+void Change(ProjectOnDisk& project, bool finishesForms, std::string_view text = "txtNotes") {
   VBComponents& components = project.ActiveVBProject().Components();
   const auto reused = components.Find("Form1");
   reused->SetName("frmPerson");
@@ -38,18 +40,18 @@ void Change(ProjectOnDisk& project, bool finishesForms) {
   added->SetName("frmHome");
   const auto notes = added->DesignerControls()->Add("VB.TextBox", nullptr);
   notes->SetProperty("MultiLine", std::string_view("-1"));
-  notes->SetProperty("Text", std::string_view("txtNotes"));
+  notes->SetProperty("Text", text);
 }
 
-void Generate(system::FileSystem& files) {
+void Generate(system::FileSystem& files, std::string_view text = "txtNotes") {
   ProjectOnDisk project(files, ProjectPath, {});
-  Change(project, true);
+  Change(project, true, text);
   project.Save();
 }
 
-Contents NewProject() {
+Contents NewProject(std::string_view text = "txtNotes") {
   MemoryFileSystem files(OldProject());
-  Generate(files);
+  Generate(files, text);
   return files.Files;
 }
 
@@ -73,25 +75,79 @@ TEST_CASE("A saved project lists the new files, and the old form stays beside th
   CHECK(after.size() == OldProject().size() + 3);
 }
 
-TEST_CASE("A crash at any operation leaves the old or the new project, and the next save completes it") {
-  const Contents before = OldProject(), after = NewProject();
+TEST_CASE("A crash at any operation leaves the old or the new project, and any next save is as if nothing had been") {
+  const Contents before = OldProject(), after = NewProject(), other = NewProject("other fields");
   bool stopped = true;
   for (int operation = 1; stopped; ++operation) {
     CAPTURE(operation);
     REQUIRE(operation < 100);
     MemoryFileSystem files(before, Trouble::Stops, operation);
-    Generate(files);
+    files.CanExchange = operation % 2 == 0 || operation > 40;
+    try {
+      Generate(files);
+    } catch (const support::SaveError&) {
+      CHECK(files.IsStopped);
+    }
     for (const Contents& found : files.AfterCrash()) {
       const bool isOld = found.at(ProjectPath) == before.at(ProjectPath);
       REQUIRE(Holds(found, isOld ? before : after));
       if (!isOld) continue;
       MemoryFileSystem again(found);
       again.Folders = files.Folders;
-      Generate(again);
-      CHECK(again.Files == after);
+      Generate(again, "other fields");
+      CHECK(again.Files == other);
       CHECK(again.Folders.empty());
     }
     stopped = files.IsStopped;
+  }
+}
+
+TEST_CASE("A look that fails is an error, never an empty file: nothing is changed, or all is saved") {
+  const Contents before = OldProject(), after = NewProject();
+  bool failed = true;
+  for (int look = 1; failed; ++look) {
+    CAPTURE(look);
+    REQUIRE(look < 200);
+    MemoryFileSystem files(before);
+    files.FailsToRead = look;
+    try {
+      Generate(files);
+      CHECK(Holds(files.Files, after));
+    } catch (const support::InputError& error) {
+      CHECK(std::string(error.what()).starts_with("P"));
+      CHECK(files.Files == before);
+    } catch (const support::SaveError&) {
+      CHECK(files.Files == before);
+    }
+    failed = files.Looks >= look;
+  }
+}
+
+TEST_CASE("What somebody changes while a run goes on stays, up to the last step") {
+  const std::string other = runtime::ReplaceAll(EmptyForm, "Form1", "frmOther");
+  Contents before = OldProject();
+  before["P/frmOther.frm"] = other;
+  before[ProjectPath] += "Form=frmOther.frm\r\n";
+  for (const auto& [path, bytes] : Contents{{ProjectPath, before.at(ProjectPath) + "Form=frmNew.frm\r\n"},
+                                            {"P/Forms/Form1.frm", EmptyForm + "' mine\r\n"},
+                                            {"P/Forms/Form1.frx", "mine"},
+                                            {"P/frmOther.frm", runtime::ReplaceAll(other, "Other", "Mine")}}) {
+    for (const bool atLastStep : {false, true}) {
+      CAPTURE(path);
+      MemoryFileSystem files(before);
+      ProjectOnDisk project(files, ProjectPath, {});
+      Change(project, true);
+      const auto edit = [&files, &at = path, &text = bytes] { files.Files[at] = text; };
+      if (atLastStep) {
+        files.BeforeExchange = edit;
+      } else {
+        edit();
+      }
+      CHECK_THROWS_WITH_AS(project.Save(), doctest::Contains(path.c_str()), support::SaveError);
+      Contents expected = before;
+      expected[path] = bytes;
+      CHECK(files.Files == expected);
+    }
   }
 }
 
@@ -149,6 +205,7 @@ TEST_CASE("Saving refuses what would destroy somebody's work, and changes nothin
   for (const Case& c : {Case{"P/frmHome.frm", "another form", false, "P/frmHome.frm"},
                         Case{"P/frmHome.frx", "another record", false, "P/frmHome.frx"},
                         Case{"P/Forms/frmPerson.frm", "", false, "P/Forms/frmPerson.frm"},
+                        Case{"P/FRMHOME.FRM", "another form", false, "other letter cases, FRMHOME.FRM"},
                         Case{ProjectPath, "Type=Exe\r\nForm=Forms\\Form1.frm\r\n", false, "changed"},
                         Case{ProjectPath, before.at(ProjectPath), true, "another program is saving"}}) {
     CAPTURE(c.Path);
@@ -165,11 +222,15 @@ TEST_CASE("Saving refuses what would destroy somebody's work, and changes nothin
     CHECK(files.Files == disturbed);
   }
 
-  // The same file left by an interrupted save is no obstacle.
+  // The very same file is no obstacle, and what only looks like ours stays.
   MemoryFileSystem files(before);
+  Contents expected = after;
+  for (const char* own : {"P/Lending.vbp.saving/0", "P/Lending.vbp.0123456789abcdef01234567.new/record"}) {
+    files.Files[own] = expected[own] = "mine";
+  }
   files.Files["P/frmHome.frm"] = after.at("P/frmHome.frm");
   Generate(files);
-  CHECK(files.Files == after);
+  CHECK(files.Files == expected);
 }
 
 TEST_CASE("Nothing is written for an unchanged project or in a dry run, which announces what saving would write") {

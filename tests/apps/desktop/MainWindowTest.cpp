@@ -100,7 +100,7 @@ TEST_CASE("What cannot be opened is said, and what was open stays") {
   std::string said;
   Answer(QMessageBox::Ok, said);
   CHECK_FALSE(desktop.Window->OpenProject("nowhere.vbp"));
-  CHECK(said.starts_with("nowhere.vbp: the project file cannot be read"));
+  CHECK(said.starts_with("nowhere.vbp: there is no such project file"));
   WriteFile(desktop.Folder / "no.sqlite", "no dictionary");
   Answer(QMessageBox::Ok, said);
   CHECK_FALSE(desktop.Window->OpenDictionary(QString::fromStdString(desktop.Folder / "no.sqlite")));

@@ -1,0 +1,62 @@
+#include "adapters/vb6files/SaveRecord.h"
+
+#include "system/Aside.h"
+
+#include <charconv>
+
+namespace formwizard::adapters::vb6files {
+namespace {
+
+constexpr std::string_view Head = "A save of this project is under way, or was cut off.\n";
+constexpr std::string_view Foot = "end\n";
+
+// "SUM LENGTH PATH", because a path may hold anything.
+void Append(std::string& text, std::uint64_t sum, std::string_view path) {
+  text += system::Hexadecimal(sum) + " " + std::to_string(path.size()) + " ";
+  text.append(path).append("\n");
+}
+
+template <typename Number>
+bool Take(std::string_view& text, Number& number, int base) {
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  if (error != std::errc() || !text.starts_with(' ')) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+bool Take(std::string_view& text, SaveRecord::File& file) {
+  std::size_t length = 0;
+  if (!Take(text, file.Sum, 16) || !Take(text, length, 10)) return false;
+  if (length >= text.size() || text[length] != '\n') return false;
+  file.Path = text.substr(0, length);
+  text.remove_prefix(length + 1);
+  return true;
+}
+
+}  // namespace
+
+std::string SaveRecord::Text() const {
+  std::string text(Head);
+  Append(text, OldProject, "");
+  Append(text, NewProject, "");
+  for (const File& file : Files) Append(text, file.Sum, file.Path);
+  return text.append(Foot);
+}
+
+std::optional<SaveRecord> SaveRecord::Parse(std::string_view text) {
+  if (!text.starts_with(Head)) return std::nullopt;
+  text.remove_prefix(Head.size());
+  SaveRecord record;
+  File old, changed, file;
+  if (!Take(text, old) || !Take(text, changed)) return std::nullopt;
+  record.OldProject = old.Sum;
+  record.NewProject = changed.Sum;
+  while (text != Foot) {
+    if (!Take(text, file)) return std::nullopt;
+    record.Files.push_back(file);
+  }
+  return record;
+}
+
+}  // namespace formwizard::adapters::vb6files
