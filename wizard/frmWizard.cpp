@@ -8,8 +8,8 @@
 
 namespace formwizard::wizard {
 
-// One row a step, in their order.
-constexpr std::array<frmWizard::Step, LastStep> frmWizard::Steps{{
+// One row a step, in their order. With fewer rows it does not compile.
+constexpr std::array<frmWizard::Step, LastStep> frmWizard::Steps = std::to_array<frmWizard::Step>({
     {.Picture = Int16(2), .Design = &frmWizard::DesignWelcome},
     {.Picture = Int16(1),
      .Design = &frmWizard::DesignConnection,
@@ -30,14 +30,13 @@ constexpr std::array<frmWizard::Step, LastStep> frmWizard::Steps{{
      .ConnectEvents = &frmWizard::ConnectAttributesEvents,
      .Enter = &frmWizard::EnterAttributes},
     {.MayFinish = true, .Design = &frmWizard::DesignFinish, .Enter = &frmWizard::EnterFinish},
-}};
+});
 
 frmWizard::frmWizard(WizardServices& services, generator::ide::Vbe& environment)
     : ui::Form(services.Desktop),
       services_(services),
       environment_(environment),
       report_(services_.Desktop, services_.Strings) {
-  static_assert(std::ranges::all_of(Steps, [](const Step& step) { return step.Design != nullptr; }));
   Design();
   ConnectEvents();
 }

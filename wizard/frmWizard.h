@@ -91,9 +91,9 @@ class frmWizard : public ui::Form {
  private:
   // What a step is besides the controls in its panel. What is null is not needed.
   struct Step {
-    Int16 Picture = Int16(0);  // of picMain; 0: the one that is shown stays
-    bool MayFinish = false;    // whether Finish can be pressed here before properties are selected
-    void (frmWizard::*Design)(ui::Frame& panel) = nullptr;
+    Int16 Picture = Int16(0);                     // of picMain; 0: the one that is shown stays
+    bool MayFinish = false;                       // whether Finish can be pressed here before properties are selected
+    void (frmWizard::*Design)(ui::Frame& panel);  // always there
     void (frmWizard::*ConnectEvents)() = nullptr;
     void (frmWizard::*Enter)() = nullptr;
     bool (frmWizard::*Leave)() = nullptr;  // false when the user has to stay
