@@ -4,8 +4,6 @@
 #include "settings/Settings.h"
 #include "support/Pieces.h"
 
-#include <algorithm>
-
 namespace formwizard::wizard {
 
 // One row a step, in their order. With fewer rows it does not compile.
