@@ -54,15 +54,16 @@ class Value {
   }
 
   std::string Text() const {
-    if (!json_.is_string()) Fail("a text");
-    std::string text = json_.get<std::string>();
+    std::string text = Line();
     if (text.empty()) Fail("a text that is not empty");
-    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos) Fail("a text without line breaks");
     return text;
   }
-  std::string AnyText() const {
+  // As one types it: a line break would begin a line of code of its own.
+  std::string Line() const {
     if (!json_.is_string()) Fail("a text");
-    return json_.get<std::string>();
+    std::string text = json_.get<std::string>();
+    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos) Fail("a text without line breaks");
+    return text;
   }
   bool Boolean() const {
     if (!json_.is_boolean()) Fail("true or false");
@@ -121,7 +122,7 @@ FieldChoice ReadField(const Value& value) {
   }
   value.Object({"property", "caption", "readOnly", "updateAfter", "rows", "combo"});
   field.Property = value.Required("property").Text();
-  if (const auto member = value.Member("caption")) field.Caption = member->AnyText();
+  if (const auto member = value.Member("caption")) field.Caption = member->Line();
   if (const auto member = value.Member("readOnly")) field.ReadOnly = member->Boolean();
   if (const auto member = value.Member("updateAfter")) field.UpdateAfter = member->Text();
   if (const auto member = value.Member("rows")) field.Rows = member->Integer();

@@ -259,6 +259,8 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
     {"property":"Spouse.Name","combo":{"query":"Statistics","column":"City"}}]})");
   WriteFile(work.Folder / "1e400.json",
             R"({"class":"Sample.Person","fields":["Name",{"property":"Notes","rows":1e400}]})");
+  WriteFile(work.Folder / "lines.json",
+            R"({"class":"Sample.Person","fields":[{"property":"Phones","caption":"a\r\nShell"}]})");
   WriteFile(work.Folder / "deep.json", std::string(100'000, '['));
   WriteFile(work.Folder / "types.json", R"({"class":"Sample.Person","fields":[{"property":"Notes","rows":[")" +
                                             std::string(100'000, 'x') + "\"]}]}");
@@ -290,6 +292,7 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{"rows.json", 3, "rows.json: fields[1].rows: expected a whole number from 1"},
         Case{"query.json", 3, "no query that returns the object id \"Statistics\"; there are Extent, ByName, BySearch"},
         Case{"1e400.json", 3, "1e400.json:1:74: this number is out of range"},
+        Case{"lines.json", 3, "lines.json: fields[0].caption: expected a text without line breaks"},
         Case{"deep.json", 3, "deep.json: nested more than 16 deep"},
         Case{"types.json", 3, "types.json: fields[0].rows: expected a whole number from 1 to 32767, found [\"x"},
         Case{".", 3, ".: this is a folder or a device"},
