@@ -152,6 +152,10 @@ void WholeFile::Settle() {
   }
 }
 
+void MakeFolderOf(FileSystem& files, const std::string& path) {
+  files.CreateFolders(FolderOf(files.BehindLinks(path)));
+}
+
 void WriteWholeFile(FileSystem& files, const std::string& path, std::string_view bytes) {
   WholeFile file(files, path);
   file.Write(bytes);

@@ -56,6 +56,9 @@ class WholeFile {
   std::unique_ptr<std::ostream> stream_;
 };
 
+// The folder that a file of this path would stand in, with those above it.
+void MakeFolderOf(FileSystem& files, const std::string& path);
+
 // All at once.
 void WriteWholeFile(FileSystem& files, const std::string& path, std::string_view bytes);
 

@@ -71,6 +71,7 @@ bool NativeProfile::WriteProfileString(std::string_view section, std::string_vie
   try {
     const std::string path = system::Utf8(Absolute(file));
     const std::optional<std::string> old = files.Read(path, system::LargestSettings);
+    if (!old) system::MakeFolderOf(files, path);
     system::WholeFile changed(files, path);
     changed.Write(old.value_or(""));
     const std::string aside = AnsiPath(system::NativePath(changed.Lend()));

@@ -3,7 +3,6 @@
 #include "adapters/profile/ProfileText.h"
 #include "runtime/RuntimeError.h"
 #include "support/Failures.h"
-#include "system/Paths.h"
 #include "system/WholeFile.h"
 
 #include <optional>
@@ -20,7 +19,7 @@ bool Set(system::FileSystem& files, std::string_view section, std::string_view k
     ProfileText text(old.value_or(""));
     text.Set(section, key, value);
     if (text.Text() == old) return true;
-    if (!old) files.CreateFolders(system::FolderOf(files.BehindLinks(file)));
+    if (!old) system::MakeFolderOf(files, file);
     system::WholeFile changed(files, file);
     changed.Write(text.Text());
     if (changed.CommitOver(old)) return true;

@@ -68,7 +68,7 @@ TEST_CASE("A whole file keeps its permissions and links, and leaves nothing besi
   system::FileSystem& files = system::RealFileSystem();
   const std::string file = temporary / "a/outility.ini";
   CHECK_THROWS_AS(WriteWholeFile(files, file, "one"), SaveError);
-  files.CreateFolders(system::FolderOf(file));
+  MakeFolderOf(files, file);
   WriteWholeFile(files, file, "one");
   fs::permissions(NativePath(file), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write);
   const auto permissions = fs::status(NativePath(file)).permissions();
