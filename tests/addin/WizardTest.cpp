@@ -1,7 +1,7 @@
 #include "addin/Wizard.h"
 
+#include "generator/ide/CommandBars.h"
 #include "resources/Bitmaps.h"
-#include "tests/support/FakeApplication.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeLibraries.h"
 #include "tests/support/FakeProfile.h"
@@ -9,11 +9,117 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <utility>
+
 using namespace formwizard;
 using namespace formwizard::tests;
 using addin::ConnectMode;
+namespace ide = generator::ide;
+using runtime::Int32;
 
 namespace {
+
+// What was done, a line each, before it was done. A line that holds `Refused` is an error instead.
+struct Transcript {
+  std::string Lines, Last, Refused = "\n";
+
+  void Note(const std::string& line) {
+    Last = line;
+    Lines += line + "\n";
+    if (line.find(Refused) != std::string::npos) runtime::Raise(runtime::AutomationError, "refused");
+  }
+};
+
+// A command, or a menu with what stands on it.
+class Entry : public ide::CommandBarControl,
+              public ide::CommandBarControls,
+              public std::enable_shared_from_this<Entry> {
+ public:
+  Entry(Transcript& transcript, std::string name, Entry* owner = nullptr, bool beginsGroup = false)
+      : BeginsGroup(beginsGroup), transcript_(transcript), name_(std::move(name)), owner_(owner) {}
+
+  std::shared_ptr<ide::CommandBarControls> Controls() override { return shared_from_this(); }
+  bool BeginGroup() const override { return BeginsGroup; }
+  void SetBeginGroup(bool value) override {
+    transcript_.Note(std::string("BeginGroup = ") + (value ? "True" : "False"));
+    BeginsGroup = value;
+  }
+  void SetCaption(std::string_view caption) override { transcript_.Note("Caption = " + std::string(caption)); }
+  void SetOnAction(std::string_view action) override { transcript_.Note("OnAction = " + std::string(action)); }
+  void PasteFace() override { transcript_.Note("PasteFace"); }
+  void Delete() override {
+    transcript_.Note("Delete");
+    std::erase(owner_->Items, shared_from_this());
+  }
+
+  Int32 Count() const override { return Int32(Items.size()); }
+  std::shared_ptr<ide::CommandBarControl> Item(Int32 index) override {
+    if (index >= Int32(1) && index <= Count()) return Items[static_cast<std::size_t>(index.Value()) - 1];
+    if (NullOutside) return nullptr;
+    runtime::Raise(runtime::InvalidProcedureCall);
+  }
+  std::shared_ptr<ide::CommandBarControl> Add(ide::CommandBarControlType type) override {
+    transcript_.Note("Add " + std::to_string(static_cast<int>(type)) + " to " + name_);
+    return Append();
+  }
+  std::shared_ptr<Entry> Append(const std::string& name = "", bool beginsGroup = false) {
+    return Items.emplace_back(std::make_shared<Entry>(transcript_, name, this, beginsGroup));
+  }
+
+  std::vector<std::shared_ptr<Entry>> Items;
+  bool BeginsGroup, NullOutside = false;
+
+ private:
+  Transcript& transcript_;
+  std::string name_;
+  Entry* owner_;
+};
+
+// The running environment with its menus, without a project.
+class FakeApplication : public ide::Application, public Transcript {
+ public:
+  FakeApplication(std::string version, int menus) : version_(std::move(version)) {
+    for (int i = 1; i <= menus; ++i) MenuBar->Append("menu " + std::to_string(i));
+  }
+
+  ide::VBProject& ActiveVBProject() override { runtime::Raise(runtime::ObjectVariableNotSet); }
+  std::string Version() const override { return version_; }
+  std::shared_ptr<ide::CommandBarControls> CommandBar(Int32 index) override {
+    if (index != Int32(1)) runtime::Raise(runtime::InvalidProcedureCall);
+    return MenuBar;
+  }
+  std::unique_ptr<ide::CommandBarEvents> ConnectEvents(const std::shared_ptr<ide::CommandBarControl>& control,
+                                                       ide::CommandBarEvents::Click onClick) override {
+    Note("ConnectEvents");
+    clicked_ = control.get();
+    auto listener = std::make_shared<ide::CommandBarEvents::Click>(std::move(onClick));
+    listener_ = listener;
+    struct Events : ide::CommandBarEvents {
+      explicit Events(std::shared_ptr<Click> kept) : Kept(std::move(kept)) {}
+      std::shared_ptr<Click> Kept;
+    };
+    return std::make_unique<Events>(std::move(listener));
+  }
+
+  // Those of a menu of the menu bar, counted from 1.
+  Entry& Menu(int index) { return *MenuBar->Items.at(static_cast<std::size_t>(index) - 1); }
+  // What a user does. False when nobody listens to the control.
+  bool Click(ide::CommandBarControl& control) {
+    const auto listener = listener_.lock();
+    if (!listener || clicked_ != &control) return false;
+    (*listener)(control, Handled, CancelDefault);
+    return true;
+  }
+
+  std::shared_ptr<Entry> MenuBar = std::make_shared<Entry>(*this, "menu bar");
+  bool Handled = false, CancelDefault = true;  // as the last click left them
+
+ private:
+  std::string version_;
+  ide::CommandBarControl* clicked_ = nullptr;
+  std::weak_ptr<ide::CommandBarEvents::Click> listener_;
+};
 
 class WideCharacters : public ui::TextMeasure {
  public:
@@ -21,7 +127,7 @@ class WideCharacters : public ui::TextMeasure {
   double Width = 120;
 };
 
-struct AddInFixture {
+struct AddInFixture : ui::Clipboard {
   explicit AddInFixture(const std::string& version = "6.00", int menus = 12) : Environment(version, menus) {
     Desktop.OnShowModal = [this](ui::Form& form) {
       CHECK(AddIn.FormDisplayed);
@@ -39,7 +145,6 @@ struct AddInFixture {
   FakeProfile Profile;
   FakeServer Server;
   FakeLibraries Libraries;
-  FakeClipboard Clipboard{Environment.Transcript};
   std::string Shown;  // the first step of each dialog, with the text of its button Next
   addin::Wizard AddIn{{.Desktop = Desktop,
                        .Measure = Measure,
@@ -47,11 +152,16 @@ struct AddInFixture {
                        .Factories = Server,
                        .Libraries = Libraries,
                        .ProgramFolder = "/addin/"},
-                      Clipboard};
+                      *this};
+  std::span<const std::byte> Picture;  // on the clipboard
+
+  void SetPicture(std::span<const std::byte> bitmap) override {
+    Environment.Note("Clipboard");
+    Picture = bitmap;
+  }
 
   void Connect(ConnectMode mode = ConnectMode::Startup) { AddIn.IDTExtensibility_OnConnection(Environment, mode); }
   void Disconnect() { AddIn.IDTExtensibility_OnDisconnection(); }
-  tests::Transcript& Transcript() { return Environment.Transcript; }
   // A click on the last command of the Add-Ins menu. False when nobody listens to it.
   bool Click() {
     const auto& commands = Environment.Menu(11).Items;
@@ -66,10 +176,10 @@ TEST_CASE("The command stands on the Add-Ins menu, which the version tells, with
     CAPTURE(std::string(version));
     AddInFixture fixture(version);
     fixture.Connect();
-    CHECK(fixture.Transcript().Joined() ==
+    CHECK(fixture.Environment.Lines ==
           "Add 1 to menu " + std::string(menu) +
               "\nCaption = Ostrel Form Wizard\nOnAction = hello\nClipboard\nPasteFace\nConnectEvents\n");
-    CHECK(std::ranges::equal(fixture.Clipboard.Picture, resources::Bitmap(9999)));
+    CHECK(std::ranges::equal(fixture.Picture, resources::Bitmap(9999)));
     CHECK(fixture.Shown.empty());
   }
 }
@@ -79,10 +189,10 @@ TEST_CASE("The command starts a group when the last command before it does and t
                                        std::pair{"||", false}, std::pair{"|-", false}, std::pair{"|-|", true}}) {
     CAPTURE(std::string(groups));
     AddInFixture fixture;
-    for (const char c : std::string(groups)) fixture.Environment.Menu(11).Append(c == '|');
+    for (const char c : std::string(groups)) fixture.Environment.Menu(11).Append("", c == '|');
     fixture.Connect(ConnectMode::AfterStartup);
     CHECK(fixture.Environment.Menu(11).Items.back()->BeginsGroup == starts);
-    CHECK(fixture.Transcript().Has("PasteFace"));
+    CHECK(fixture.Environment.Lines.find("PasteFace\n") != std::string::npos);
   }
 }
 
@@ -102,7 +212,7 @@ TEST_CASE_FIXTURE(AddInFixture, "Each click shows a fresh wizard, until the add-
   for (int i = 0; i < 2; ++i) Disconnect();
   CHECK(Environment.Menu(11).Items.size() == 1);
   CHECK_FALSE(Environment.Click(*command));
-  CHECK(std::ranges::count(Transcript().Calls, "Delete") == 1);
+  CHECK(Environment.Lines.find("Delete") == Environment.Lines.rfind("Delete"));
   CHECK(Desktop.Texts().empty());
 }
 
@@ -113,7 +223,7 @@ TEST_CASE_FIXTURE(AddInFixture, "Connected by another program the wizard opens a
   }
   Disconnect();
   CHECK(Shown == "1&Next >, ");
-  CHECK(Transcript().Calls.empty());
+  CHECK(Environment.Lines.empty());
   CHECK(Desktop.Texts().empty());
 }
 
@@ -123,7 +233,7 @@ TEST_CASE("An environment without an Add-Ins menu is left alone") {
     fixture.Environment.MenuBar->NullOutside = null;
     fixture.Connect();
     fixture.Disconnect();
-    CHECK(fixture.Transcript().Calls.empty());
+    CHECK(fixture.Environment.Lines.empty());
     CHECK(fixture.Desktop.Texts().empty());
   }
 }
@@ -138,11 +248,11 @@ TEST_CASE("What the environment refuses is passed over in silence") {
         Case{"ConnectEvents", "Delete", false}, Case{"Delete", "Delete", true}}) {
     CAPTURE(c.refused);
     AddInFixture fixture;
-    fixture.Transcript().Refuse[c.refused] = runtime::AutomationError;
+    fixture.Environment.Refused = c.refused;
     fixture.Connect();
     CHECK(fixture.Click() == c.listens);
     fixture.Disconnect();
-    CHECK(fixture.Transcript().Calls.back() == c.last);
+    CHECK(fixture.Environment.Last == c.last);
     CHECK(fixture.Environment.Menu(11).Items.empty() == (c.refused != "Delete"));
     CHECK_FALSE(fixture.Click());
     CHECK(fixture.Desktop.Texts().empty());

@@ -4,6 +4,7 @@
 #include "tests/support/WizardFixture.h"
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 namespace formwizard::tests {
@@ -42,6 +43,64 @@ class User {
   virtual void TypeOver(const ui::Control& box, const std::string& text) = 0;
   // One more in the box beside the arrows.
   virtual void Raise(const ui::UpDown& arrows) = 0;
+};
+
+// Somebody with a keyboard alone.
+class Keyboard : public User {
+ public:
+  void Press(const ui::Control& button) override { StrikeIn(button, Key::Space); }
+  void Open(const ui::Control& tree, const std::string& node) override {
+    Choose(tree, "", node);
+    Strike(Key::Right);
+  }
+  void GoOnWith(const ui::Control& tree, const std::string& node) override {
+    Choose(tree, "", node);
+    Strike(Key::Enter);
+  }
+  void Take(const ui::Control& tree, const std::string& node, const std::string& below,
+            const ui::Control& button) override {
+    Choose(tree, below, node);
+    Press(button);
+  }
+  void ChooseRow(const ui::Control& list, int row) override {
+    StrikeIn(list, Key::Home);
+    for (int i = 0; i < row; ++i) Strike(Key::Down);
+  }
+  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override {
+    GoTo(combo);
+    StrikeUntil(entry);
+  }
+  void TypeOver(const ui::Control& box, const std::string& text) override {
+    GoTo(box);  // the tab key selects what is there
+    Type(text);
+  }
+  void Raise(const ui::UpDown& arrows) override { StrikeIn(*arrows.Buddy, Key::Up); }
+  void GoTo(const ui::Control& control) {
+    for (int i = 0; i < 40 && !HasFocus(control); ++i) Strike(Key::Tab);
+    if (!HasFocus(control)) throw std::runtime_error("the tab key does not reach " + control.Name);
+  }
+
+ protected:
+  enum class Key { Space, Enter, Right, Up, Down, Home, Tab };
+  virtual void Strike(Key key) = 0;
+  virtual void Type(const std::string& text) = 0;
+  virtual bool HasFocus(const ui::Control& control) = 0;
+  virtual std::string ChosenText() = 0;  // of the tree or combo box that has the focus
+
+ private:
+  void StrikeIn(const ui::Control& control, Key key) {
+    GoTo(control);
+    Strike(key);
+  }
+  void StrikeUntil(const std::string& wanted) {
+    for (int i = 0; i < 60 && ChosenText() != wanted; ++i) Strike(Key::Down);
+    if (ChosenText() != wanted) throw std::runtime_error("there is no " + wanted);
+  }
+  void Choose(const ui::Control& tree, const std::string& below, const std::string& node) {
+    StrikeIn(tree, Key::Home);
+    if (!below.empty()) StrikeUntil(below);
+    StrikeUntil(node);
+  }
 };
 
 // Chooses what makes the form of golden/addin-project, up to the step in which it is made. `look` is called in each

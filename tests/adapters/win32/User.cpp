@@ -168,18 +168,6 @@ HWND ShownChild(HWND window, int id) {
   return search.Found;
 }
 
-// Presses a key until the text is reached, which must be so before long.
-void PressUntil(std::wstring_view wanted, WORD key, std::wstring (*text)(HWND)) {
-  for (int i = 0; i < 60 && text(Focus()) != wanted; ++i) Press(key);
-  if (text(Focus()) != wanted) throw std::runtime_error("there is no " + Utf8(wanted));
-}
-
-void Choose(const ui::Control& tree, const std::string& node, const std::string& below) {
-  PressIn(tree, VK_HOME);
-  if (!below.empty()) PressUntil(Wide(below), VK_DOWN, SelectedText);
-  PressUntil(Wide(node), VK_DOWN, SelectedText);
-}
-
 HTREEITEM Next(HWND tree, HTREEITEM item, WPARAM relation) {
   return reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
 }
@@ -298,17 +286,6 @@ HWND WindowOf(const ui::Control& control) {
 
 std::wstring CaptionOf(HWND window) { return adapters::win32::TextOf(window); }
 
-void GoTo(const ui::Control& control) {
-  const HWND window = WindowOf(control);
-  for (int i = 0; i < 40 && Focus() != window; ++i) Press(VK_TAB);
-  if (Focus() != window) throw std::runtime_error("the tab key does not reach " + control.Name);
-}
-
-void PressIn(const ui::Control& control, WORD key) {
-  GoTo(control);
-  Press(key);
-}
-
 void Click(const ui::Control& control, POINT at) { Click(WindowOf(control), at); }
 
 void KeyboardUser::PressAccessKeyOf(const ui::Control& button) {
@@ -321,35 +298,18 @@ void KeyboardUser::PressToOpen(const ui::Control& button, const std::function<vo
   inside();
 }
 
-void KeyboardUser::Open(const ui::Control& tree, const std::string& node) {
-  Choose(tree, node, "");
-  tests::Press(VK_RIGHT);
+void KeyboardUser::Strike(Key key) {
+  constexpr WORD keys[] = {VK_SPACE, VK_RETURN, VK_RIGHT, VK_UP, VK_DOWN, VK_HOME, VK_TAB};
+  tests::Press(keys[static_cast<std::size_t>(key)]);
 }
 
-void KeyboardUser::GoOnWith(const ui::Control& tree, const std::string& node) {
-  Choose(tree, node, "");
-  tests::Press(VK_RETURN);
-}
+void KeyboardUser::Type(const std::string& text) { tests::Type(Wide(text)); }
 
-void KeyboardUser::Take(const ui::Control& tree, const std::string& node, const std::string& below,
-                        const ui::Control& button) {
-  Choose(tree, node, below);
-  Press(button);
-}
+bool KeyboardUser::HasFocus(const ui::Control& control) { return Focus() == WindowOf(control); }
 
-void KeyboardUser::ChooseRow(const ui::Control& list, int row) {
-  PressIn(list, VK_HOME);
-  for (int i = 0; i < row; ++i) tests::Press(VK_DOWN);
-}
-
-void KeyboardUser::ChooseInCombo(const ui::Control& combo, const std::string& entry) {
-  GoTo(combo);
-  PressUntil(Wide(entry), VK_DOWN, CaptionOf);
-}
-
-void KeyboardUser::TypeOver(const ui::Control& box, const std::string& text) {
-  GoTo(box);  // the tab key selects what is there
-  Type(Wide(text));
+std::string KeyboardUser::ChosenText() {
+  const HWND focus = Focus();
+  return Utf8(Next(focus, nullptr, TVGN_CARET) ? SelectedText(focus) : CaptionOf(focus));
 }
 
 void MouseUser::PressToOpen(const ui::Control& button, const std::function<void()>& inside) {

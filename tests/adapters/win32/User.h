@@ -52,25 +52,19 @@ HWND Focus();
 HWND WindowOf(const ui::Control& control);
 std::wstring CaptionOf(HWND window);
 
-// With the tab key.
-void GoTo(const ui::Control& control);
-void PressIn(const ui::Control& control, WORD key);
 // With the mouse.
 void Click(const ui::Control& control, POINT at = {8, 8});
 
-class KeyboardUser : public User {
+class KeyboardUser : public Keyboard {
  public:
-  void Press(const ui::Control& button) override { PressIn(button, VK_SPACE); }
   void PressAccessKeyOf(const ui::Control& button) override;
   void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override;
-  void Open(const ui::Control& tree, const std::string& node) override;
-  void GoOnWith(const ui::Control& tree, const std::string& node) override;
-  void Take(const ui::Control& tree, const std::string& node, const std::string& below,
-            const ui::Control& button) override;
-  void ChooseRow(const ui::Control& list, int row) override;
-  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override;
-  void TypeOver(const ui::Control& box, const std::string& text) override;
-  void Raise(const ui::UpDown& arrows) override { PressIn(*arrows.Buddy, VK_UP); }
+
+ protected:
+  void Strike(Key key) override;
+  void Type(const std::string& text) override;
+  bool HasFocus(const ui::Control& control) override;
+  std::string ChosenText() override;
 };
 
 class MouseUser : public User {

@@ -61,8 +61,7 @@ TEST_CASE("Without a form to write into every step is reported, and the wizard c
   std::string reports;
   host.UseWizard([&] {
     for (int i = 0; i < 3; ++i) PressAccessKey('N');
-    PressIn(WizardDesign().tvwAttributes, VK_HOME);
-    PressIn(WizardDesign().cmdSelectOne, VK_SPACE);
+    KeyboardUser().Take(WizardDesign().tvwAttributes, "Number", "", WizardDesign().cmdSelectOne);
     Finish();
     while (IsAtMessage()) reports += DismissMessage() + "\n";
     PressAccessKey('N');

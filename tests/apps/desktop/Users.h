@@ -11,9 +11,8 @@
 
 namespace formwizard::tests {
 
-class KeyboardUser : public User {
+class KeyboardUser : public Keyboard {
  public:
-  void Press(const ui::Control& button) override { PressIn(button, Qt::Key_Space); }
   // The toolkit shows the button pressed for a while before it is clicked.
   void PressAccessKeyOf(const ui::Control& button) override {
     const QPointer<QAbstractButton> widget = Find<QAbstractButton>(button);
@@ -23,65 +22,33 @@ class KeyboardUser : public User {
   }
   void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override {
     DesktopFixture::WhenShown(inside);
-    Press(button);
-    WaitForFocus();
+    PressAccessKeyOf(button);
   }
-  void Open(const ui::Control& tree, const std::string& node) override {
-    Choose(tree, node, "");
-    PressKey(Qt::Key_Right);
+
+ protected:
+  void Strike(Key key) override {
+    constexpr Qt::Key keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Right, Qt::Key_Up,
+                                Qt::Key_Down,  Qt::Key_Home,   Qt::Key_Tab};
+    PressKey(keys[static_cast<std::size_t>(key)]);
   }
-  void GoOnWith(const ui::Control& tree, const std::string& node) override {
-    Choose(tree, node, "");
-    PressKey(Qt::Key_Return);
-  }
-  void Take(const ui::Control& tree, const std::string& node, const std::string& below,
-            const ui::Control& button) override {
-    Choose(tree, node, below);
-    Press(button);
-  }
-  void ChooseRow(const ui::Control& list, int row) override {
-    PressIn(list, Qt::Key_Home);
-    for (int i = 0; i < row; ++i) PressKey(Qt::Key_Down);
-  }
-  void ChooseInCombo(const ui::Control& combo, const std::string& entry) override {
-    GoTo(combo);
-    PressUntil(entry, [widget = Find<QComboBox>(combo)] { return widget->currentText(); });
-  }
-  void TypeOver(const ui::Control& box, const std::string& text) override {
-    GoTo(box);
-    PressKey(Qt::Key_A, Qt::ControlModifier);
+  void Type(const std::string& text) override {
     QTest::keyClicks(QApplication::focusWidget(), adapters::qt::Text(text));
   }
-  void Raise(const ui::UpDown& arrows) override { PressIn(*arrows.Buddy, Qt::Key_Up); }
+  bool HasFocus(const ui::Control& control) override {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && focus->objectName() == adapters::qt::Text(control.Name);
+  }
+  std::string ChosenText() override {
+    QWidget* focus = QApplication::focusWidget();
+    const auto* combo = qobject_cast<QComboBox*>(focus);
+    const QString text = combo ? combo->currentText() : qobject_cast<QTreeWidget*>(focus)->currentItem()->text(0);
+    return text.toStdString();
+  }
 
  private:
   static void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* target = QApplication::focusWidget();
     QTest::keyClick(target ? target : QApplication::activeModalWidget(), key, modifiers);
-  }
-  static void GoTo(const ui::Control& control) {
-    const QString name = adapters::qt::Text(control.Name);
-    for (int i = 0; i < 40; ++i) {
-      if (QApplication::focusWidget() && QApplication::focusWidget()->objectName() == name) return;
-      PressKey(Qt::Key_Tab);
-    }
-    throw std::runtime_error("the tab key does not reach " + control.Name);
-  }
-  static void PressIn(const ui::Control& control, Qt::Key key) {
-    GoTo(control);
-    PressKey(key);
-  }
-  template <typename Shown>
-  static void PressUntil(const std::string& wanted, Shown shown) {
-    for (int i = 0; i < 60 && shown() != adapters::qt::Text(wanted); ++i) PressKey(Qt::Key_Down);
-    if (shown() != adapters::qt::Text(wanted)) throw std::runtime_error("there is no " + wanted);
-  }
-  static void Choose(const ui::Control& tree, const std::string& node, const std::string& below) {
-    PressIn(tree, Qt::Key_Home);
-    for (const std::string& text : {below, node}) {
-      if (!text.empty())
-        PressUntil(text, [widget = Find<QTreeWidget>(tree)] { return widget->currentItem()->text(0); });
-    }
   }
 };
 
