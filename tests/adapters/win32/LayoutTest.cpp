@@ -74,7 +74,7 @@ struct Texts {
     EnumChildWindows(dialog, Adder::Add, reinterpret_cast<LPARAM>(&windows));
     CHECK(windows.size() > 8);
     for (const HWND window : windows) {
-      CAPTURE(adapters::win32::Utf8(CaptionOf(window)));
+      CAPTURE(adapters::win32::Utf8(std::wstring_view(CaptionOf(window))));
       if (IsOfClass(window, WC_STATICW) || IsOfClass(window, WC_BUTTONW)) CheckRoom(window);
       const RECT place = PlaceIn(GetParent(window), window);
       RECT inside{};

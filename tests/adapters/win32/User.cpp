@@ -309,7 +309,8 @@ bool KeyboardUser::HasFocus(const ui::Control& control) { return Focus() == Wind
 
 std::string KeyboardUser::ChosenText() {
   const HWND focus = Focus();
-  return Utf8(Next(focus, nullptr, TVGN_CARET) ? SelectedText(focus) : CaptionOf(focus));
+  const std::wstring text = Next(focus, nullptr, TVGN_CARET) ? SelectedText(focus) : CaptionOf(focus);
+  return Utf8(std::wstring_view(text));
 }
 
 void MouseUser::PressToOpen(const ui::Control& button, const std::function<void()>& inside) {
@@ -378,7 +379,7 @@ std::string DismissMessage() {
   const HWND box = ActiveWindow();
   const std::wstring shown = CaptionOf(box) + L": " + CaptionOf(GetDlgItem(box, TextOfMessage));
   Press(VK_RETURN);
-  return Utf8(shown);
+  return Utf8(std::wstring_view(shown));
 }
 
 }  // namespace formwizard::tests
