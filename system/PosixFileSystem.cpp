@@ -156,6 +156,14 @@ int CreateLocked(const std::string& path, mode_t mode) {
   }
 }
 
+// Without flags by the call that every file system knows.
+int Rename(const std::string& from, const std::string& to, unsigned flags) {
+  return Again([&] {
+    if (flags == 0) return ::rename(from.c_str(), to.c_str());
+    return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), flags);
+  });
+}
+
 class PosixFileSystem : public FileSystem {
  public:
   std::optional<FileContent> ReadWhole(const std::string& path, std::size_t most) const override {
@@ -206,7 +214,7 @@ class PosixFileSystem : public FileSystem {
     std::array<char, PATH_MAX> target{};
     for (int links = 0; links <= most; ++links) {
       CheckPath(found);
-      const ssize_t length = ::readlink(found.c_str(), target.data(), target.size());
+      const ssize_t length = Again([&] { return ::readlink(found.c_str(), target.data(), target.size()); });
       if (length < 0 && (errno == EINVAL || IsNone(errno))) return found;  // no link, or nothing at all
       if (length < 0) Fail<InputError>(path, "following the link");
       const std::string_view next(target.data(), static_cast<std::size_t>(length));
@@ -225,7 +233,7 @@ class PosixFileSystem : public FileSystem {
   }
 
   void CreateFolder(const std::string& folder) override {
-    if (::mkdir(folder.c_str(), 0777) != 0) Fail<SaveError>(folder, "creating the folder");
+    if (Again([&] { return ::mkdir(folder.c_str(), 0777); }) != 0) Fail<SaveError>(folder, "creating the folder");
   }
 
   void CreateFolders(const std::string& folder) override {
@@ -248,7 +256,7 @@ class PosixFileSystem : public FileSystem {
   }
 
   bool MoveNew(const std::string& from, const std::string& to) override {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+    if (Rename(from, to, RENAME_NOREPLACE) == 0) return true;
     if (errno == EEXIST) return false;
     if (errno != EINVAL && errno != ENOSYS) Fail<SaveError>(to, "moving the new file into place");
     // A file system without that operation: a second name for the file, then the first one goes.
@@ -261,11 +269,11 @@ class PosixFileSystem : public FileSystem {
   }
 
   void Replace(const std::string& from, const std::string& to) override {
-    if (::rename(from.c_str(), to.c_str()) != 0) Fail<SaveError>(to, "replacing the file");
+    if (Rename(from, to, 0) != 0) Fail<SaveError>(to, "replacing the file");
   }
 
   bool Exchange(const std::string& path, const std::string& other) override {
-    if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0) return true;
+    if (Rename(path, other, RENAME_EXCHANGE) == 0) return true;
     if (errno == EINVAL || errno == ENOSYS) return false;
     Fail<SaveError>(other, "replacing the file");
   }
@@ -277,7 +285,8 @@ class PosixFileSystem : public FileSystem {
   }
 
   void Remove(const std::string& path) override {
-    if (::unlink(path.c_str()) != 0 && !IsNone(errno)) Fail<SaveError>(path, "removing the file");
+    if (Again([&] { return ::unlink(path.c_str()); }) != 0 && !IsNone(errno))
+      Fail<SaveError>(path, "removing the file");
   }
 
   void RemoveAbandoned(const std::string& path) override {
@@ -288,7 +297,7 @@ class PosixFileSystem : public FileSystem {
   }
 
   bool RemoveFolder(const std::string& folder) override {
-    if (::rmdir(folder.c_str()) == 0 || IsNone(errno)) return true;
+    if (Again([&] { return ::rmdir(folder.c_str()); }) == 0 || IsNone(errno)) return true;
     if (errno == ENOTEMPTY || errno == EEXIST) return false;
     Fail<SaveError>(folder, "removing the folder");
   }

@@ -214,7 +214,8 @@ void Saving::RemoveStaging(const std::string& folder) {
   files_.Remove(folder + Record);
   for (const std::string& name : files_.NamesIn(folder).value_or(std::vector<std::string>())) {
     const bool isNumber = name.find_first_not_of("0123456789") == std::string::npos;
-    if (isNumber || "/" + name == Project || system::IsAsideName(name, name_)) files_.Remove(folder + "/" + name);
+    const std::string path = std::string(folder).append("/").append(name);
+    if (isNumber || path == folder + Project || system::IsAsideName(name, name_)) files_.Remove(path);
   }
   files_.RemoveFolder(folder);
 }

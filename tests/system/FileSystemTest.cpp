@@ -8,10 +8,11 @@
 
 #ifndef _WIN32
 #include <sys/stat.h>
+
+#include <thread>
 #endif
 
 #include <filesystem>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -109,6 +110,7 @@ TEST_CASE("What a crash has left behind goes with the next write, and nothing el
   CHECK(FilesIn(temporary.Path()).contains("a.json.new"));
 }
 
+#ifndef _WIN32
 TEST_CASE("Of many writers at once one wins as a whole") {
   const TemporaryFolder temporary;
   const std::string file = temporary / "a.json";
@@ -128,7 +130,6 @@ TEST_CASE("Of many writers at once one wins as a whole") {
   CHECK(FilesIn(temporary.Path()).size() == 1);
 }
 
-#ifndef _WIN32
 TEST_CASE("A pipe, a device and a path that is none are refused at once, for reading and for writing") {
   const TemporaryFolder temporary;
   system::FileSystem& files = system::RealFileSystem();
