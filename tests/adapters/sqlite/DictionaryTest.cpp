@@ -175,7 +175,9 @@ TEST_CASE("A file that is no dictionary, or not one that import has made, is ref
   for (const char* sql : {
            "DROP TABLE properties",
            "DROP TABLE queries; CREATE VIEW queries AS SELECT 1 AS id, 1 AS class, 'Q' AS name, 1 AS contain_id",
-           "DROP TABLE query_params; CREATE VIRTUAL TABLE query_params USING fts5(query, position, name)",
+           "PRAGMA writable_schema = ON; UPDATE sqlite_master SET rootpage = 0, sql = 'CREATE VIRTUAL TABLE "
+           "query_params "
+           "USING fts5(query, position, name)' WHERE name = 'query_params'",
            "CREATE TRIGGER t AFTER INSERT ON classes BEGIN DELETE FROM classes; END",
            "DROP INDEX classes_by_name; ALTER TABLE classes DROP COLUMN is_persistent",
            "PRAGMA user_version = 7",
