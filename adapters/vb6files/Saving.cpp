@@ -50,7 +50,7 @@ Saving::~Saving() { Discard(); }
 
 void Saving::Open() {
   if (!stagingFolder_.empty()) return;
-  lock_ = files_.LockFolder(folder_);
+  if (!lock_) lock_ = files_.LockFolder(folder_);  // kept when what follows failed the last time
   if (!lock_) throw SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
   for (const std::string& name : files_.NamesIn(folder_).value_or(std::vector<std::string>())) {
     const std::string path = folderPart_ + name;
