@@ -175,14 +175,14 @@ bool ReplaceIf(FileSystem& files, const std::string& aside, const std::string& t
     files.Replace(aside, target);
     return true;
   }
-  bool isSame = false;
   try {
-    isSame = isExpected(aside);
+    if (isExpected(aside)) return true;
   } catch (const InputError&) {
-    isSame = false;  // what cannot be looked at goes back
+    files.Replace(aside, target);  // what cannot be looked at goes back
+    throw;
   }
-  if (!isSame) files.Replace(aside, target);
-  return isSame;
+  files.Replace(aside, target);
+  return false;
 }
 
 }  // namespace formwizard::system
