@@ -130,7 +130,7 @@ std::string ProjectOnDisk::FrxOf(const std::string& frmPath, bool isShown) const
 
 // The path of a new file, whose folder is spelled as it is.
 std::string ProjectOnDisk::NewFile(const std::string& projectPath) const {
-  const std::string path = FilePath(projectPath);
+  std::string path = FilePath(projectPath);
   const std::string_view part = system::FolderPart(path);
   const std::string folder = system::FolderOf(path);
   if (part.empty() || files_.KindOf(folder) != system::FileKind::None) return path;
