@@ -128,16 +128,17 @@ TEST_CASE("What somebody changes while a run goes on stays, up to the last step"
   Contents before = OldProject();
   before["P/frmOther.frm"] = other;
   before[ProjectPath] += "Form=frmOther.frm\r\n";
-  for (const auto& [path, bytes] : Contents{{ProjectPath, before.at(ProjectPath) + "Form=frmNew.frm\r\n"},
-                                            {"P/Forms/Form1.frm", EmptyForm + "' mine\r\n"},
-                                            {"P/Forms/Form1.frx", "mine"},
-                                            {"P/frmOther.frm", runtime::ReplaceAll(other, "Other", "Mine")}}) {
+  for (const auto& edited : Contents{{ProjectPath, before.at(ProjectPath) + "Form=frmNew.frm\r\n"},
+                                     {"P/Forms/Form1.frm", EmptyForm + "' mine\r\n"},
+                                     {"P/Forms/Form1.frx", "mine"},
+                                     {"P/frmOther.frm", runtime::ReplaceAll(other, "Other", "Mine")}}) {
+    const std::string &path = edited.first, &bytes = edited.second;
     for (const bool atLastStep : {false, true}) {
       CAPTURE(path);
       MemoryFileSystem files(before);
       ProjectOnDisk project(files, ProjectPath, {});
       Change(project, true);
-      const auto edit = [&files, &at = path, &text = bytes] { files.Files[at] = text; };
+      const auto edit = [&] { files.Files[path] = bytes; };
       if (atLastStep) {
         files.BeforeExchange = edit;
       } else {
