@@ -114,6 +114,7 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
       Top().CurrentMember = &member;
       if (member.IsRequired && !Top().CurrentValue().IsSet) Fail("this member is missing", input_.Here());
     }
+    if (Top().Kind == Shape::Property) CheckCaption();
     if (const auto table = TableOf(Top().Kind)) AddRow(*table);
     Pop();
     return true;
@@ -165,6 +166,17 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
   void Check(const Column& column, std::string_view text) {
     const std::string problem = ProblemOf(column, text);
     if (!problem.empty()) Fail(problem);
+  }
+  void CheckCaption() {
+    const auto textOf = [&](std::string_view key) -> std::string_view {
+      const auto members = MembersOf(Shape::Property);
+      Top().CurrentMember = &*std::ranges::find(members, key, &Member::Key);
+      return Top().CurrentValue().IsSet ? Top().CurrentValue().Text : std::string_view();
+    };
+    const std::string_view collection = textOf("Collection"), caption = textOf("Caption");
+    if (StaysQuoted(caption, collection)) return;
+    Fail("a quotation mark must not stand in the caption of a list or an array, found " + Shown(caption),
+         input_.Here());
   }
   void CheckLength(std::size_t most) {
     if (Top().Count >= most) Fail("this list has at most " + std::to_string(most) + " elements");

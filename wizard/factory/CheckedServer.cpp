@@ -66,6 +66,11 @@ class CheckedRows : public ResultSet {
         Refuse("the " + std::string(column.Name) + " of a " + std::string(definition_->Thing), *text);
       }
     }
+    if (definition_->Of == Table::Properties) CheckCaption();
+  }
+  void CheckCaption() {
+    const std::string caption = ToText(rows_->GetDataByName("Caption"));
+    if (!StaysQuoted(caption, ToText(rows_->GetDataByName("Collection")))) Refuse("the Caption of a property", caption);
   }
   [[noreturn]] void Refuse(const std::string& what, std::string_view text) const {
     const bool hasClass = !definition_ || definition_->Of != Table::Classes;

@@ -82,6 +82,10 @@ bool IsName(std::string_view text) { return !text.empty() && AllAre(text, IsName
 
 bool IsLine(std::string_view text) { return AllAre(text, IsLineCharacter); }
 
+bool StaysQuoted(std::string_view caption, std::string_view collection) {
+  return (collection != "list" && collection != "array") || caption.find('"') == std::string_view::npos;
+}
+
 std::string Shown(std::string_view text) {
   std::string shown = "\"";
   while (!text.empty() && shown.size() < MostShown) {

@@ -13,6 +13,10 @@ bool IsName(std::string_view text);
 // No line break or control character, of any script.
 bool IsLine(std::string_view text);
 
+// The code for a list or an array asks the user for elements under the property's caption, which it has between quotes
+// as it is: false for a caption that would end them.
+bool StaysQuoted(std::string_view caption, std::string_view collection);
+
 // As it is shown in a message: between quotes, control characters as "\n" or "\x07", a long text cut off.
 std::string Shown(std::string_view text);
 

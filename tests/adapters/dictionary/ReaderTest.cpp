@@ -114,6 +114,8 @@ TEST_CASE("Bad input is named by its line, its column and its path, with what wa
            Case{R"("Name":"b","Caption":"a\nb")", "24: .Caption: a line break or control character must not stand"},
            Case{R"("Name":"b","Caption":"a\u2028b")", "24: .Caption: a line break or control character must not stand"},
            Case{R"("Name":"b","Caption":")" + std::string(32'001, 'x') + '"', "24: .Caption: at most 32000 bytes"},
+           Case{R"("Collection":"list","Name":"b","Caption":"a\" & b")",
+                "53: .Caption: a quotation mark must not stand"},
            Case{R"("Name":"b","Type":"a b")", "21: .Type: a name must hold nothing but"},
            Case{R"("Name":"b","Colour":1)", "14: : unknown member \"Colour\"; known are \"Name\", \"Caption\""},
            Case{R"("Name":"b","Name":"c")", "14: .Name: the member stands twice"},

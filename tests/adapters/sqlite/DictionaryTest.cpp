@@ -243,6 +243,8 @@ TEST_CASE("What would become code of its own in a database is refused, and can b
                   ": class \"Sample.Person\": the Type of a property is \"A\")\""},
         std::pair{"UPDATE properties SET caption = 'a' || char(10) || 'End' WHERE name = 'SSN'",
                   ": class \"Sample.Person\": the Caption of a property is \"a\\nEnd\""},
+        std::pair{"UPDATE properties SET caption = '\" & x', collection = 'array' WHERE name = 'SSN'",
+                  ": class \"Sample.Person\": the Caption of a property is \"\" & x\""},
         std::pair{"UPDATE queries SET name = 'a\"b' WHERE name = 'Extent'",
                   ": class \"Sample.Person\": the Name of a query is \"a\"b\""},
         std::pair{"UPDATE query_columns SET name = 'x:y' WHERE name = 'DOB'",
