@@ -111,9 +111,10 @@ std::string ProjectOnDisk::FilePath(std::string_view projectPath) const {
 template <typename Reader>
 std::optional<std::string> ProjectOnDisk::Found(std::string& path, Reader&& read) const {
   if (IsForeign(path)) {
-    throw support::InputError(path_ + ": the file " + path +
-                              " is on a drive or a server of Windows, which this system does not reach; copy it into "
-                              "the project's folder and change its line");
+    throw support::InputError(
+        path +
+        ": this is on a drive or a server of Windows, which this system does not reach; copy it into "
+        "the project's folder and change its line");
   }
   std::optional<std::string> bytes = read(path);
   if (bytes) return bytes;
@@ -138,11 +139,16 @@ std::string ProjectOnDisk::NewFile(const std::string& projectPath) const {
 }
 
 std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
+  const std::string place = path_ + ":" + std::to_string(item.Line) + ": ";
   std::string path = FilePath(item.Path);
-  const std::optional<std::string> head =
-      Found(path, [&](const std::string& file) { return read_.ReadHead(file, NameIsWithin); });
+  std::optional<std::string> head;
+  try {
+    head = Found(path, [&](const std::string& file) { return read_.ReadHead(file, NameIsWithin); });
+  } catch (const support::InputError& error) {
+    throw support::InputError(place + error.what());
+  }
   if (!head) {
-    throw support::InputError(path_ + ":" + std::to_string(item.Line) + ": the file " + path +
+    throw support::InputError(place + "the file " + path +
                               " is not there; restore it or take its line out of the project");
   }
   const std::string_view name = ReadComponentName(*head);

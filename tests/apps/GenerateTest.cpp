@@ -362,6 +362,22 @@ TEST_CASE("Output that does not arrive is a failure, but what was saved stays sa
     CHECK(other.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
   }
 }
+
+TEST_CASE("A line of a project that leads to no file is named at once") {
+  Workplace work;
+  std::string folders;
+  for (int i = 0; i < 20'000; ++i) folders += "a\\";
+  for (const auto& [line, message] : {std::pair{std::string("/dev/zero"), ":2: /dev/zero: this is a device"},
+                                      {"C:\\a.frm", ":2: C:"},
+                                      {"none.frm", ":2: the file "},
+                                      {folders + "a.frm", "this path has 40"}}) {
+    WriteFile(work.Project, "Type=Exe\r\nForm=" + line + "\r\n");
+    const Outcome made = work.Generate(Typical);
+    CHECK(made.Status == 3);
+    CHECK(Has(made.Error, work.Project + ":2: "));
+    CHECK_MESSAGE(Has(made.Error, message), made.Error);
+  }
+}
 #endif
 
 TEST_CASE("The dictionary can be looked at") {
