@@ -18,9 +18,13 @@ std::size_t LengthOfCharacter(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text.front());
   if (lead < 0x80) return 1;
   const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  const bool isWhole = lead >= 0xC2 && lead <= 0xF4 && text.size() >= length &&
-                       std::ranges::all_of(text.substr(1, length - 1), IsContinuation);
-  return isWhole ? length : 0;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
+  if (!std::ranges::all_of(text.substr(1, length - 1), IsContinuation)) return 0;
+  // Written longer than it need be, half of a pair, or past the last character.
+  const std::string_view start = text.substr(0, 2);
+  const bool isNone = (lead == 0xE0 && start < "\xE0\xA0") || (lead == 0xED && start >= "\xED\xA0") ||
+                      (lead == 0xF0 && start < "\xF0\x90") || (lead == 0xF4 && start >= "\xF4\x90");
+  return isNone ? 0 : length;
 }
 
 // C0, C1, line and paragraph separator, and what steers the direction of the text.

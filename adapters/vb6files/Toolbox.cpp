@@ -37,12 +37,17 @@ bool IsGuid(std::string_view text) {
   });
 }
 
+// No project could be read that holds one.
+bool HasControlCharacter(std::string_view text) {
+  return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; });
+}
+
 // "{GUID}#version#locale; file"
 bool IsObjectValue(std::string_view value) {
   const std::size_t semicolon = value.find(';');
   const std::string_view id = value.substr(0, semicolon);
   return IsGuid(GuidOf(id)) && std::ranges::count(id, '#') == 2 && semicolon != std::string_view::npos &&
-         !Trimmed(value.substr(semicolon + 1)).empty();
+         !Trimmed(value.substr(semicolon + 1)).empty() && !HasControlCharacter(value);
 }
 
 }  // namespace

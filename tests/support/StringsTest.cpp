@@ -1,5 +1,6 @@
 #include "support/Strings.h"
 
+#include "support/Messages.h"
 #include "support/Pieces.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeLibraries.h"
@@ -48,4 +49,13 @@ TEST_CASE("Pieces are counted from 1 and empty past the last one") {
   CHECK(GetPiece("abc", ";", 1) == "abc");
   CHECK(GetPiece("abc", ";", 2).empty());
   CHECK(GetPiece("a--b--", "--", 2) == "b");
+}
+
+TEST_CASE("A message shows what is no character as an escape") {
+  for (const std::string text : {"\xC3\xA4", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+    CHECK(Shown(text) == text);
+  }
+  for (const char* text : {"\xC0\x8A", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\n"}) {
+    CHECK(Shown(text).starts_with('\\'));
+  }
 }

@@ -69,7 +69,7 @@ TEST_CASE("A damaged toolbox file is refused with the line") {
        {std::string("Query"), std::string("Query="), "Query=" + guid, "Query=" + guid + "; A.OCX",
         "Query=" + guid + "#1.0#0", "Query=" + guid + "#1.0#0; ", "Query=" + guid + "#1.0; A.OCX",
         "=" + guid + "#1.0#0; A.OCX", std::string("Query={5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B64Z}#1.0#0; A.OCX"),
-        "Query=Object=" + guid + "#1.0#0; A.OCX"}) {
+        "Query=Object=" + guid + "#1.0#0; A.OCX", "Query=" + guid + "#1.0#0; A\rObject=B.OCX"}) {
     CAPTURE(line);
     const MemoryFileSystem files(MemoryFileSystem::Contents{{"t.ini", "[Toolbox]\r\n\r\n" + line + "\r\n"}});
     CHECK_THROWS_WITH_AS(Toolbox(files, "t.ini"),

@@ -1,0 +1,61 @@
+// Feeds bytes to the reader of form descriptions: what it takes keeps to the bounds that a user is told, and is read
+// as the same when it is written anew.
+#include "apps/cli/FormDescription.h"
+#include "fuzz/Property.h"
+#include "fuzz/TemporaryInput.h"
+#include "settings/Settings.h"
+
+#include <nlohmann/json.hpp>
+
+using namespace formwizard;
+using namespace formwizard::fuzz;
+using namespace formwizard::apps::cli;
+using Json = nlohmann::json;
+
+namespace {
+
+void CheckBounds(const FormDescription& form) {
+  Require(!form.Class.empty(), "a description names a class");
+  for (const auto& [name, value] : form.Settings) {
+    const settings::SettingKey* key = settings::KeyNamed(name);
+    Require(key && settings::IsAllowed(*key, value), "a setting has a value that it may have");
+  }
+  for (const FieldChoice& field : form.Fields) {
+    Require(!field.Property.empty(), "a field names a property");
+    Require(!field.Rows || (*field.Rows >= 1 && *field.Rows <= 32767), "rows are within their bounds");
+    Require(!field.Combo || (!field.Combo->Query.empty() && !field.Combo->Column.empty()), "a combo is specified");
+  }
+}
+
+Json JsonOf(const FieldChoice& field) {
+  Json json{{"property", field.Property}};
+  if (field.Caption) json["caption"] = *field.Caption;
+  if (field.ReadOnly) json["readOnly"] = *field.ReadOnly;
+  if (field.UpdateAfter) json["updateAfter"] = *field.UpdateAfter;
+  if (field.Rows) json["rows"] = *field.Rows;
+  if (field.Combo) json["combo"] = {{"query", field.Combo->Query}, {"column", field.Combo->Column}};
+  return json;
+}
+
+std::string TextOf(const FormDescription& form) {
+  Json json{{"class", form.Class}, {"settings", Json(form.Settings)}, {"fields", Json::array()}};
+  for (const FieldChoice& field : form.Fields) json["fields"].push_back(JsonOf(field));
+  return json.dump();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const TemporaryInput input;
+  const std::string file = input.Write(data, size);
+  IsAccepted(file + ":", [&] {
+    const FormDescription form = ReadFormDescription(file);
+    CheckBounds(form);
+    const std::string text = TextOf(form);
+    const std::string again = input.Write(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    bool isSame = false;
+    const bool isRead = IsAccepted("", [&] { isSame = TextOf(ReadFormDescription(again)) == text; });
+    Require(isRead && isSame, "a description that is written anew is read as the same");
+  });
+  return 0;
+}
