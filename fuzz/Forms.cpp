@@ -3,8 +3,11 @@
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/FormTree.h"
 #include "fuzz/Property.h"
+#include "runtime/RuntimeError.h"
 #include "system/Text.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 using namespace formwizard;
@@ -22,6 +25,52 @@ void CheckNode(const FormNode& node) {
   for (const FormNode& child : node.Children) CheckNode(child);
 }
 
+// What the wizard does to an empty form; false for one that refuses it.
+bool Fill(FormDocument& form) {
+  try {
+    form.SetName("frmNew");
+    form.SetProperty("Caption", std::string_view("New"));
+    form.SetProperty("BorderStyle", runtime::Int16(1));
+    form.SetProperty("ScaleMode", runtime::Int16(1));
+    form.SetProperty("Width", runtime::Int32(5000));
+    const auto text = form.Controls()->Add("VB.TextBox", nullptr);
+    text->SetProperty("MultiLine", true);
+    text->SetProperty("Text", std::string_view("one\r\ntwo"));
+    text->SetProperty("Left", runtime::Int16(120));
+    form.Code()->CreateEventProc("Load", "Form");
+    return true;
+  } catch (const runtime::RuntimeError&) {
+    return false;
+  }
+}
+
+// Everything that `before` has and nobody changed, besides what stands in the companion file and is no text.
+void CheckKept(const FormNode& before, const FormNode& after) {
+  constexpr std::array<std::string_view, 6> changed{"Caption",   "BorderStyle", "MaxButton",
+                                                    "MinButton", "LinkTopic",   "ShowInTaskbar"};
+  for (const NodeProperty& property : before.Properties) {
+    const std::string& name = property.Name;
+    const bool isPlace = name.find("lient") != std::string::npos || name.find("cale") != std::string::npos;
+    const bool isRecord = before.Text(name).find(".frx\":") != std::string::npos;
+    if (isPlace || isRecord || std::ranges::find(changed, name) != changed.end()) continue;
+    Require(after.Text(name) == before.Text(name), "a filled form keeps its property " + name);
+  }
+}
+
+void CheckFilled(FormDocument& form, const std::string& asRead, const std::string& companion,
+                 const system::CodePage& codePage) {
+  if (!Fill(form)) return;
+  const FormFiles files = form.Render("frmNew");
+  FormTree before, after;
+  if (!IsAccepted("", [&] { before = ReadFormTree("fuzz.frm", asRead, companion, codePage); })) return;
+  const bool isRead = IsAccepted("", [&] { after = ReadFormTree("frmNew.frm", files.Frm, files.Frx, codePage); });
+  Require(isRead && after.Form.Name == "frmNew", "a filled form is read again");
+  const bool hasText = after.Form.Children.size() == 1 && after.Form.Children[0].Text("Text") == "one\r\ntwo";
+  Require(hasText, "a filled form has its new control");
+  Require(after.Code.starts_with(before.Code), "a filled form keeps its code");
+  CheckKept(before.Form, after.Form);
+}
+
 }  // namespace
 
 // The form, and behind the last zero byte its companion file.
@@ -34,6 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   IsAccepted("fuzz.frm:", [&] {
     const auto document = FormDocument::Parse("fuzz.frm", form, companion, codePage, libraries);
     Require(document->Render("fuzz").Frm == form, "a form that was only looked at is written as it was read");
+    CheckFilled(*document, form, companion, codePage);
   });
   return 0;
 }

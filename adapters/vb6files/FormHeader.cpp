@@ -34,6 +34,12 @@ std::size_t ReferenceOffset(std::string_view line) {
   return std::strtoul(digits.c_str(), nullptr, 16);
 }
 
+// 0 for a text that is no number or a larger one than there is.
+double FiniteNumber(std::string_view text) {
+  const double number = runtime::LeadingNumber(text);
+  return std::isfinite(number) ? number : 0;
+}
+
 }  // namespace
 
 FormHeader::FormHeader(std::string_view name) : placed_(true) {
@@ -61,7 +67,7 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
     kept.Name = property.Name;
     kept.Row = FindProperty(classbit::Form, property.Name);
     kept.Lines = property.Lines;
-    kept.Data.Number = std::strtod(property.Lines.substr(property.Lines.find('=') + 1).c_str(), nullptr);
+    kept.Data.Number = FiniteNumber(property.Lines.substr(property.Lines.find('=') + 1));
     if (IsReference(property.Lines)) {
       const std::size_t offset = ReferenceOffset(property.Lines);
       if (offset >= frx.size()) {
