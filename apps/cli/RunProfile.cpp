@@ -24,7 +24,7 @@ std::string RunProfile::GetProfileString(std::string_view section, std::string_v
   try {
     return read_[name] = store_.GetProfileString(section, key, defaultText, size, file);
   } catch (const runtime::RuntimeError& error) {
-    throw support::InputError(error.Description());
+    throw support::InputError(error.Description() + "; mend that, or name other settings with --profile");
   }
 }
 
