@@ -45,7 +45,10 @@ class WholeFile::Buffer : public std::streambuf {
 template <typename Action>
 auto WholeFile::Try(Action&& action) const {
   const auto fail = [&](const std::exception& error) {
-    throw SaveError(std::string(error.what()) + "; " + path_ + " is as it was before");
+    const std::string state = "; " + path_ + " is as it was before";
+    std::string message = error.what();
+    if (!message.ends_with(state)) message += state;  // a stream's last bytes are written when it ends
+    throw SaveError(message);
   };
   try {
     return action();

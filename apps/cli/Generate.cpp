@@ -131,7 +131,11 @@ class Run {
   }
 
   int Save() {
-    KeepJournal();
+    try {
+      KeepJournal();
+    } catch (const support::SaveError& error) {
+      throw support::SaveError(std::string(error.what()) + "; nothing was written");
+    }
     project_.Save();
     if (!writes_) return Finish();
     try {
