@@ -26,8 +26,9 @@ struct TreeNotes : ui::TreeObserver {
   void NodeChanged(ui::Node& node) override { Notes += "~" + node.Text.Get() + " "; }
   void NodeRemoved(ui::Node& node) override { Notes += "-" + node.Text.Get() + " "; }
   void Cleared() override { Notes += "0 "; }
-  ui::Node* NodeAt(float, float) const override { return nullptr; }
+  ui::Node* NodeAt(float x, float y) const override { return x == 3 && y == 5 ? Drawn : nullptr; }
   std::string Notes;
+  ui::Node* Drawn = nullptr;  // at the point (3, 5)
 };
 
 struct OwnDesktop {

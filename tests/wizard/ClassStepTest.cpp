@@ -1,4 +1,4 @@
-#include "tests/support/FakeTreeView.h"
+#include "tests/ui/TestForm.h"
 #include "tests/wizard/Walk.h"
 
 #include <doctest/doctest.h>
@@ -13,11 +13,16 @@ TEST_CASE_FIXTURE(Walk, "Persistent classes stand below their packages and the f
         "Sample[Sample,,8]\n Company[,Sample.Company,1]\n Person[,Sample.Person,1]\n");
   CHECK(Dialog.tvwClasses.SelectedItem->Tag == "Billing.Core.Invoice");
   CHECK(Where() == "3 BN-C");
-  FakeTreeView view(Dialog.tvwClasses);
-  for (const auto& [row, where] : {std::pair{9, "3 BN-C"}, std::pair{2, "3 B--C"}, std::pair{4, "4 B--C"}}) {
-    view.DoubleClickRow(row);  // beside all nodes, on a package, on a class
+  TreeNotes view;
+  Dialog.tvwClasses.Observe(&view);
+  for (const auto& [node, where] : {std::pair{0, "3 BN-C"}, std::pair{3, "3 B--C"}, std::pair{5, "4 B--C"}}) {
+    view.Drawn = node == 0 ? nullptr : &Dialog.tvwClasses.Nodes.Item(node);  // beside all, on a package, on a class
+    Dialog.tvwClasses.PressMouse(3, 5);
+    if (view.Drawn) Dialog.tvwClasses.ClickNode(*view.Drawn);
+    Dialog.tvwClasses.DoubleClick();
     CHECK(Where() == where);
   }
+  Dialog.tvwClasses.Observe(nullptr);
 }
 
 TEST_CASE("A class list that goes wrong is reported and keeps what it has") {

@@ -2,12 +2,12 @@
 #include "adapters/satellite/Satellites.h"
 #include "adapters/satellite/StringResources.h"
 
-#include "tests/support/Environment.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
 
 #include <array>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <string_view>
@@ -78,6 +78,15 @@ std::string LibraryOfSharedBlocks(std::size_t count) {
   return file;
 }
 
+// In this process' environment; null removes it.
+void SetVariable(const char* name, const char* value) {
+#ifdef _WIN32
+  ::_putenv_s(name, value ? value : "");
+#else
+  static_cast<void>(value ? ::setenv(name, value, 1) : ::unsetenv(name));
+#endif
+}
+
 }  // namespace
 
 TEST_CASE("Texts are read out of 32- and 64-bit libraries, in the first of their languages") {
@@ -86,14 +95,12 @@ TEST_CASE("Texts are read out of 32- and 64-bit libraries, in the first of their
     WriteFile(folder / "x.dll", LibraryOfTexts(is64));
     const auto library = Satellites().LoadAsData(folder / "x.dll");
     REQUIRE(library);
-    CHECK(library->LoadString(401, 1024) == "Größe");
-    CHECK(library->LoadString(402, 1024) == "日本");
-    CHECK(library->LoadString(403, 1024) == "😀");
-    CHECK(library->LoadString(404, 1024) == "\uFFFDx");
-    CHECK(library->LoadString(400, 1024).empty());
-    CHECK(library->LoadString(500, 1024).empty());
-    CHECK(library->LoadString(404, 1).empty());
-    CHECK(library->LoadString(402, 2) == "日");  // the size counts characters
+    using Case = std::tuple<int, std::size_t, const char*>;  // the size counts characters
+    for (const auto& [id, size, text] :
+         {Case{401, 1024, "Größe"}, Case{402, 1024, "日本"}, Case{403, 1024, "😀"}, Case{404, 1024, "\uFFFDx"},
+          Case{400, 1024, ""}, Case{500, 1024, ""}, Case{404, 1, ""}, Case{402, 2, "日"}}) {
+      CHECK(library->LoadString(id, size) == text);
+    }
   }
 }
 
@@ -151,19 +158,16 @@ TEST_CASE("A locale's name leads to the platform's number and abbreviation") {
 }
 
 TEST_CASE("The user's locale is that of the first variable that is set") {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) RemoveVariable(name);
-  const auto check = [](int id, const char* language) {
+  const std::array names{"LC_ALL", "LC_MESSAGES", "LANG"};
+  for (const char* name : names) SetVariable(name, nullptr);
+  using Case = std::tuple<const char*, const char*, int, const char*>;
+  for (const auto& [name, value, id, language] :
+       {Case{"LANG", nullptr, 1033, "ENU"}, Case{"LANG", "de_DE.UTF-8", 1031, "DEU"},
+        Case{"LC_MESSAGES", "fr_CA", 3084, "FRC"}, Case{"LC_ALL", "", 3084, "FRC"},  // as if unset
+        Case{"LC_ALL", "C", 1033, "ENU"}}) {
+    SetVariable(name, value);
     CHECK(Satellites().UserLocaleId() == id);
     CHECK(Satellites().UserLanguage() == language);
-  };
-  check(1033, "ENU");
-  SetVariable("LANG", "de_DE.UTF-8");
-  check(1031, "DEU");
-  SetVariable("LC_MESSAGES", "fr_CA");
-  check(3084, "FRC");
-  SetVariable("LC_ALL", "");  // as if unset
-  check(3084, "FRC");
-  SetVariable("LC_ALL", "C");
-  check(1033, "ENU");
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) RemoveVariable(name);
+  }
+  for (const char* name : names) SetVariable(name, nullptr);
 }
