@@ -91,4 +91,9 @@ void TreeView::CollapseNode(Node& node) {
   if (selected && selected->IsBelow(node)) ClickNode(node);
 }
 
+void TreeView::Observe(TreeObserver* observer) {
+  Control::Observe(observer);
+  observer_ = observer;
+}
+
 }  // namespace formwizard::ui

@@ -110,10 +110,7 @@ class TreeView : public Control {
   // A selection inside the node moves to the node.
   void CollapseNode(Node& node);
 
-  void Observe(TreeObserver* observer) {
-    Control::Observe(observer);
-    observer_ = observer;
-  }
+  void Observe(TreeObserver* observer);
 
  private:
   friend class Node;
