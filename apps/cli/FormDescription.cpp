@@ -3,6 +3,7 @@
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
+#include "system/Limits.h"
 #include "system/Paths.h"
 
 #include <nlohmann/json.hpp>
@@ -20,8 +21,8 @@ namespace {
 
 using Json = nlohmann::json;
 using support::InputError;
+using system::LargestDescription;
 
-constexpr std::size_t LargestDescription = std::size_t{16} << 20U;  // bytes
 constexpr int DeepestDescription = 16;
 
 // A value of the description and where it stands, for messages: "FILE: fields[0].rows".
