@@ -2,6 +2,7 @@
 
 #include "support/Failures.h"
 #include "system/CodePageConverter.h"
+#include "system/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +11,19 @@
 namespace formwizard::system {
 namespace {
 
-constexpr std::array Known{874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 65001};
+constexpr std::array Known{874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258};
+
+constexpr int Utf8CodePage = 65001;
+
+// Operating systems differ in what they take for UTF-8, such as characters of six bytes.
+class Utf8Converter : public CodePageConverter {
+ public:
+  void Convert(std::string_view& text, std::string& result) override {
+    const std::string_view whole = WholeStart(text);
+    result += whole;
+    text.remove_prefix(whole.size());
+  }
+};
 
 constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
 
@@ -36,7 +49,10 @@ std::string CharacterName(std::string_view text) {
 }  // namespace
 
 CodePage::CodePage(int number) : number_(number) {
-  if (std::ranges::find(Known, number) != Known.end()) {
+  if (number == Utf8CodePage) {
+    encoder_ = std::make_unique<Utf8Converter>();
+    decoder_ = std::make_unique<Utf8Converter>();
+  } else if (std::ranges::find(Known, number) != Known.end()) {
     encoder_ = MakeEncoder(number);
     decoder_ = MakeDecoder(number);
   }

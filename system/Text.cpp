@@ -87,19 +87,20 @@ To Converted(From text) {
 }
 
 template <typename From>
-bool AllWhole(From text) {
-  while (!text.empty()) {
-    if (!Take(text).IsWhole) return false;
+From StartOf(From text) {
+  From rest = text;
+  for (From next = rest; !rest.empty() && Take(next).IsWhole; rest = next) {
   }
-  return true;
+  return text.substr(0, text.size() - rest.size());
 }
 
 }  // namespace
 
 std::string Utf8(std::u16string_view text) { return Converted<std::string>(text); }
 std::u16string Utf16(std::string_view utf8) { return Converted<std::u16string>(utf8); }
-bool IsWhole(std::u16string_view text) { return AllWhole(text); }
-bool IsUtf8(std::string_view text) { return AllWhole(text); }
+bool IsWhole(std::u16string_view text) { return StartOf(text).size() == text.size(); }
+bool IsUtf8(std::string_view text) { return StartOf(text).size() == text.size(); }
+std::string_view WholeStart(std::string_view utf8) { return StartOf(utf8); }
 
 #ifdef _WIN32
 std::string Utf8(std::wstring_view text) { return Utf8(std::u16string(text.begin(), text.end())); }

@@ -13,6 +13,8 @@ std::u16string Utf16(std::string_view utf8);
 // Whether nothing has to be replaced.
 bool IsWhole(std::u16string_view text);
 bool IsUtf8(std::string_view text);
+// The bytes before the first that would have to be.
+std::string_view WholeStart(std::string_view utf8);
 
 // The same for the wide characters of Windows, which are units of UTF-16.
 #ifdef _WIN32

@@ -50,7 +50,7 @@ std::size_t LengthOfUtf8(char lead) {
 class WindowsConverter : public CodePageConverter {
  public:
   WindowsConverter(UINT from, UINT to)
-      : from_(from), to_(to), hasStandIns_(from != to), hasSingleBytes_(HasSingleBytes(from == CP_UTF8 ? to : from)) {}
+      : from_(from), to_(to), hasSingleBytes_(HasSingleBytes(from == CP_UTF8 ? to : from)) {}
 
   void Convert(std::string_view& text, std::string& result) override {
     Units units{};
@@ -58,7 +58,7 @@ class WindowsConverter : public CodePageConverter {
     while (!text.empty()) {
       const std::string_view character = text.substr(0, std::min(LengthOfNext(text), text.size()));
       const int count = Decoded(from_, character, units);
-      if (count == 0 || (hasStandIns_ && IsStandIn(units[0], hasSingleBytes_))) return;
+      if (count == 0 || IsStandIn(units[0], hasSingleBytes_)) return;
       const int size = Encoded(to_, units, count, bytes);
       if (size == 0) return;
       result.append(bytes.data(), static_cast<std::size_t>(size));
@@ -73,7 +73,7 @@ class WindowsConverter : public CodePageConverter {
   }
 
   UINT from_, to_;
-  bool hasStandIns_, hasSingleBytes_;
+  bool hasSingleBytes_;
 };
 
 std::unique_ptr<CodePageConverter> Make(UINT from, UINT to) {

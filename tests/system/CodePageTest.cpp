@@ -27,7 +27,8 @@ TEST_CASE("Texts turn into the code page's bytes and back") {
   }
   // Undefined bytes and halves of characters.
   for (const Case& c : {Case{1252, "a\uFFFDz", "a\x81z"}, Case{932, "\uFFFD", "\x82"},
-                        Case{932, "\uFFFD\x01z", "\x82\x01z"}, Case{65001, "ä\uFFFD\uFFFDz", "ä\xE2\x82z"}}) {
+                        Case{932, "\uFFFD\x01z", "\x82\x01z"}, Case{65001, "ä\uFFFD\uFFFDz", "ä\xE2\x82z"},
+                        Case{65001, "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDz", "\xF8\x88\x80\x80\x80z"}}) {
     CAPTURE(c.Text);
     CHECK(CodePage(c.Number).Decode(c.Bytes) == c.Text);
   }
@@ -45,5 +46,6 @@ TEST_CASE("A character that the code page lacks is named, and nothing takes its 
     CHECK_THROWS_AS(CodePage(1252).Encode(text), InputError);
   }
   CHECK_THROWS_AS(CodePage(65001).Encode("\xED\xA0\x80"), InputError);
+  CHECK_THROWS_WITH_AS(CodePage(932).Encode("入¥力"), doctest::Contains("U+00A5"), InputError);
   CHECK_THROWS_AS(CodePage(4711), InputError);
 }
