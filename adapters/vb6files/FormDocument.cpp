@@ -12,8 +12,6 @@ namespace {
 
 using namespace generator::ide;
 
-constexpr std::string_view NameAttribute = "Attribute VB_Name";
-
 std::vector<std::string> NewAttributes() {
   return {"Attribute VB_Name = \"\"\r\n", "Attribute VB_GlobalNameSpace = False\r\n",
           "Attribute VB_Creatable = False\r\n", "Attribute VB_PredeclaredId = True\r\n",
@@ -131,8 +129,8 @@ void FormDocument::AppendHead(std::string& out) const {
 
 void FormDocument::AppendAttributes(std::string& out) const {
   for (const std::string& line : attributeLines_) {
-    if (line.starts_with(NameAttribute)) {
-      out += std::string(NameAttribute) + " = \"" + name_ + "\"\r\n";
+    if (IsNameAttribute(line)) {
+      out += "Attribute VB_Name = \"" + name_ + "\"\r\n";
     } else {
       out += line;
     }

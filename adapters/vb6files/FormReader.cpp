@@ -69,8 +69,9 @@ class Reader {
       const std::string_view value = lines_.Property().Value;
       if (!IsWhole(value)) lines_.Fail("an attribute as \"Attribute Name = Value\"");
       if (runtime::EqualIgnoringCase(name, "VB_Exposed")) isExposedSaid = true;
-      if (runtime::EqualIgnoringCase(name, "VB_Name")) {
+      if (IsNameAttribute(lines_.Line())) {
         hasName = true;
+        if (!value.starts_with('"')) lines_.Fail("a name in quotes behind \"Attribute VB_Name\"");
         // The attribute's spelling counts where it differs from that of the Begin line.
         if (value.size() > 2) parts_.Name = value.substr(1, value.size() - 2);
       }
@@ -92,6 +93,10 @@ class Reader {
 
 }  // namespace
 
+bool IsNameAttribute(std::string_view line) {
+  return StartsWith(line, "Attribute") && runtime::EqualIgnoringCase(Word(line, 1), "VB_Name");
+}
+
 FormParts ReadForm(const std::string& path, std::string_view frm) { return Reader(path, frm).Read(); }
 
 std::string_view ReadComponentName(std::string_view head) {
@@ -100,10 +105,9 @@ std::string_view ReadComponentName(std::string_view head) {
     head.remove_prefix(std::min(line.size() + 1, head.size()));
     if (line.ends_with('\r')) line.remove_suffix(1);
     if (StartsWith(line, "Begin") && !Word(line, 2).empty()) return Word(line, 2);
-    if (StartsWith(line, "Attribute") && runtime::EqualIgnoringCase(Word(line, 1), "VB_Name")) {
-      const std::size_t open = line.find('"');
-      return line.substr(std::min(open + 1, line.size()), line.rfind('"') - open - 1);
-    }
+    const std::size_t open = line.find('"');
+    const std::size_t close = line.rfind('"');
+    if (IsNameAttribute(line) && open < close) return line.substr(open + 1, close - open - 1);
   }
   return {};
 }

@@ -28,6 +28,9 @@ struct FormParts {
 // support::InputError, naming `path` and the line, for a text that is no form.
 FormParts ReadForm(const std::string& path, std::string_view frm);
 
+// Whether a line is the attribute that gives the name, in any case of its letters.
+bool IsNameAttribute(std::string_view line);
+
 // The name in the first "Begin Class Name" line of a form's first bytes, or after "Attribute VB_Name" of another
 // component's; empty when neither is there.
 std::string_view ReadComponentName(std::string_view head);

@@ -53,7 +53,7 @@ TEST_CASE("An empty form keeps what it has besides the changes, its pictures in 
       "   BeginProperty Font \r\n      Name            =   \"Arial\"\r\n   EndProperty\r\n"
       "   Icon            =   \"Form1.frx\":0004\r\n   LockControls    =   -1  'True\r\n"
       "   Picture         =   \"Form1.frx\":0008\r\n   ScaleHeight     =   3195\r\n"
-      "   ScaleWidth      =   4680\r\nEnd\r\nAttribute VB_Name = \"Form1\"\r\nAttribute VB_Exposed = False\r\n"
+      "   ScaleWidth      =   4680\r\nEnd\r\nattribute vb_Name  =  \"Form1\"\r\nAttribute VB_Exposed = False\r\n"
       "Attribute VB_Description = \"mine\"\r\n' a comment\r\n";
   CHECK_THROWS_AS(environment.Parse(before, "1234"), support::InputError);
   const auto form = environment.Parse(before, "1234ICONPICTURE");

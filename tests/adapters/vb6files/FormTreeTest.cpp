@@ -122,6 +122,7 @@ TEST_CASE("A damaged form is refused by file and line, however it is damaged") {
         std::pair{Head + Nested(control, "End", 64) + Foot, "x.frm:66: expected at most 64 levels"},
         std::pair{Head + Nested(control, "End", 200000) + Foot, "x.frm:66: expected at most 64 levels"},
         std::pair{Head + "Begin A B\n" + Nested(group, endGroup, 500) + "End\n" + Foot, "at most 64 levels"},
+        std::pair{Head + "End\nAttribute VB_Name = True\n", "x.frm:4: expected a name in quotes"},
         std::pair{Head + "End\nSub A()\nEnd Sub\n", "x.frm:4: expected \"Attribute VB_Name\""}}) {
     CAPTURE(message);
     CHECK_THROWS_WITH_AS(ReadFormTree("x.frm", frm, "", system::CodePage(1252)), doctest::Contains(message),
