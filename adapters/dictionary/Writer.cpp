@@ -8,6 +8,7 @@
 
 #include <ostream>
 #include <string_view>
+#include <unordered_set>
 #include <variant>
 #include <vector>
 
@@ -33,6 +34,18 @@ std::string MembersText(Shape shape, ResultSet& row) {
   }
   return text;
 }
+
+// Names of which each may come once. A damaged dictionary could tell of one as often as it has rows, every time with
+// all that belongs to it.
+class Once {
+ public:
+  void Take(const std::string& name, const std::string& what) {
+    if (!names_.insert(name).second) throw support::InputError(what + ": the server tells of it twice");
+  }
+
+ private:
+  std::unordered_set<std::string> names_;
+};
 
 class SystemWriter {
  public:
@@ -62,12 +75,14 @@ class SystemWriter {
 
   std::vector<ClassRow> ReadClasses() {
     std::vector<ClassRow> classes;
+    Once names;
     const auto rows = server_.ResultSet("%ClassDefinition", "ClassInfo");
     rows->Execute({});
     while (rows->Next()) {
       const bool isSystem = !runtime::EqualsNumber(rows->GetDataByName("System"), runtime::Int32(0));
       if (isSystem && classes_ == Classes::NoSystemClasses) continue;
       classes.push_back({ToText(rows->GetDataByName("Name")), MembersText(Shape::Class, *rows)});
+      names.Take(classes.back().Name, Place() + ", class " + classes.back().Name);
     }
     rows->Close();
     return classes;
@@ -86,8 +101,11 @@ class SystemWriter {
     const auto rows = server_.ResultSet("%CompiledQuery", "QueryInfo");
     rows->Execute({className});
     JsonList list(out_, "      ");
+    Once names;
     while (rows->Next()) {
-      const auto query = server_.ResultSet(className, ToText(rows->GetDataByName("Name")));
+      const std::string name = ToText(rows->GetDataByName("Name"));
+      names.Take(name, Place() + ", query " + name);
+      const auto query = server_.ResultSet(className, name);
       auto* const named = dynamic_cast<NamedParameters*>(query.get());
       list.Next() << MembersText(Shape::Query, *rows) << ", \"columns\": [";
       WriteNames(query->GetColumnCount(), [&](Int16 column) { return query->GetColumnName(column); });
@@ -134,9 +152,11 @@ void WriteDictionary(FactoryCreator& server, const std::string& system, Classes 
   out << DocumentBegin;
   JsonList list(out, "  ");
   bool isKnown = system.empty();
+  Once connects;
   for (const System& each : SystemsIn(systems)) {
     if (!system.empty() && each.Name != system) continue;
     isKnown = true;
+    connects.Take(each.Connect, "system \"" + each.Name + "\", its connect string");
     list.Next();
     WriteSystem(server, each, classes, out);
   }

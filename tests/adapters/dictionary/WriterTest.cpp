@@ -56,3 +56,19 @@ TEST_CASE("A server that refuses something is named with what it was asked") {
   CHECK_THROWS_WITH_AS(Written(server, "Archive"), "system \"Archive\": the server refuses the connection",
                        support::InputError);
 }
+
+TEST_CASE("A server that tells of something twice, as a damaged dictionary could without end, is refused") {
+  FakeServer server;
+  server.Data.AddClass("A.B");
+  server.Data.AddQuery("A.B", "By", 1, {});
+  for (const auto& [add, message] :
+       {std::pair{+[](ServerData& data) { data.Systems = "Samples,conn;Again,conn"; },
+                  "system \"Again\", its connect string"},
+        std::pair{+[](ServerData& data) { data.AddQuery("A.B", "By", 1, {}); }, "class A.B, query By"},
+        std::pair{+[](ServerData& data) { data.AddClass("A.B"); }, "system \"Samples\", class A.B"}}) {
+    FakeServer other = server;
+    add(other.Data);
+    CHECK_THROWS_WITH_AS(Written(other, ""), doctest::Contains((std::string(message) + ": the server tells").c_str()),
+                         support::InputError);
+  }
+}
