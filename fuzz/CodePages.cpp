@@ -31,7 +31,10 @@ void CheckCodePage(const CodePage& page, const std::string& bytes) {
   }
   if (IsAccepted("the text", [&] { encoded = page.Encode(bytes); })) {
     Require(system::IsUtf8(bytes), "only UTF-8 is encoded");
-    Require(page.Decode(encoded) == bytes, "no character is replaced by a similar one");
+    const std::string again = page.Decode(encoded);
+    // Where a mark follows its letter, the two may come back as one character.
+    const bool isSame = page.Number() == 1255 || page.Number() == 1258 ? page.Encode(again) == encoded : again == bytes;
+    Require(isSame, "no character is replaced by a similar one");
   }
 }
 

@@ -18,6 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::ostringstream all;
   const bool isRead = IsAccepted("", [&] { apps::common::ExportDictionary(file, all); });
   Require(!isRead || nlohmann::json::accept(all.str()), "what is exported is JSON");
+  Require(all.str().size() <= 100 * size + 100, "no more is exported than the file can hold");
   const bool isOpen = IsAccepted(file + ":", [&] { apps::common::OpenDictionary(file); });
   Require(isOpen || !isRead, "what is exported can be opened");
   return 0;

@@ -36,12 +36,21 @@ void CheckValue(const factory::Column& column, const MemoryDictionary::Value& va
           "a system stays one entry of the list of systems");
 }
 
+// The code for these asks for an element under the caption, as it is.
+void CheckCaption(const MemoryDictionary::Row& property) {
+  const std::string& caption = property.Text(1);
+  const std::string& collection = property.Text(5);
+  Require((collection != "list" && collection != "array") || caption.find('"') == std::string::npos,
+          "a caption stays between its quotes");
+}
+
 void CheckValues(const MemoryDictionary& dictionary) {
   for (std::size_t table = 0; table < factory::TableCount; ++table) {
     const auto columns = factory::ColumnsOf(static_cast<factory::Table>(table));
     for (const auto& row : dictionary.Tables.at(table)) {
       Require(row.Values.size() == columns.size(), "a row has all its values");
       for (std::size_t i = 0; i < columns.size(); ++i) CheckValue(columns[i], row.Values[i]);
+      if (static_cast<factory::Table>(table) == factory::Table::Properties) CheckCaption(row);
     }
   }
 }

@@ -1,7 +1,12 @@
-// Feeds bytes to the reader of settings files: what is set is got, and nothing else in the file changes.
+// Feeds bytes to the reader of settings files: what is set is got, nothing else in the file changes, and settings are
+// loaded or refused as the language refuses a value.
+#include "adapters/profile/ProfileFile.h"
 #include "adapters/profile/ProfileText.h"
 #include "fuzz/Property.h"
 #include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
+#include "settings/Settings.h"
+#include "tests/support/MemoryFileSystem.h"
 
 #include <algorithm>
 #include <optional>
@@ -48,16 +53,30 @@ void CheckSet(const std::string& before, const Key& key, const std::string& valu
   Require(text.Text() == once, "setting the same again changes nothing");
 }
 
+void CheckLoading(const std::string& text) {
+  tests::MemoryFileSystem files({{"fuzz.ini", text}});
+  const adapters::profile::ProfileFiles store(files);
+  settings::Settings loaded;
+  try {
+    settings::LoadSettings(loaded, store, "fuzz.ini");
+  } catch (const runtime::RuntimeError& error) {
+    Require(error.Number() == runtime::TypeMismatch || error.Number() == runtime::Overflow,
+            "a setting that cannot be loaded is no number or too large");
+  }
+  Require(files.Operations == 0, "loading changes nothing");
+}
+
 }  // namespace
 
 // The file, and behind zero bytes the key's section, the key and its value.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string text = TextOf(data, size);
+  CheckLoading(text);
   const std::string value = TakeLast(text);
   Key key;
   key.Name = TakeLast(text);
   key.Section = TakeLast(text);
-  const Key known{"SETTINGS", "Columns"};
+  const Key known{"OSTRELFORMWIZARD", "Columns"};
   if (!value.empty() && !IsPlain(value)) return 0;
   CheckSet(text, known, value, key);
   if (IsPlain(key.Section) && IsPlain(key.Name)) CheckSet(text, key, value, known);

@@ -1,14 +1,18 @@
-// Feeds bytes to the reader of project files: what is not changed is written as it was read, and what is added is read
-// again.
+// Feeds bytes to the readers of project files and of what they list: what is not changed is written as it was read,
+// what is added is read again.
+#include "adapters/vb6files/FilePath.h"
 #include "adapters/vb6files/ProjectFile.h"
+#include "adapters/vb6files/ProjectOnDisk.h"
 #include "fuzz/Property.h"
+#include "tests/support/MemoryFileSystem.h"
 
 using namespace formwizard;
 using namespace formwizard::fuzz;
-using adapters::vb6files::ProjectFile;
+using namespace formwizard::adapters::vb6files;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string text = TextOf(data, size);
+namespace {
+
+void CheckFile(const std::string& text) {
   IsAccepted("fuzz.vbp:", [&] {
     ProjectFile project("fuzz.vbp", text);
     Require(project.Text() == text, "a project that was only looked at is written as it was read");
@@ -19,5 +23,45 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(changed.Objects().size() == project.Objects().size(), "a library that is added is one more line");
     Require(changed.Text() == project.Text(), "a project that was changed is written as it was read");
   });
+}
+
+// The project with all its components, which have the same content.
+tests::MemoryFileSystem FilesOf(const std::string& text, const std::string& content) {
+  tests::MemoryFileSystem::Contents files;
+  IsAccepted("", [&] {
+    const ProjectFile project("fuzz.vbp", text);
+    for (const ProjectFile::Item& item : project.Items()) files[FileIn("P/", item.Path)] = content;
+  });
+  files["P/fuzz.vbp"] = text;
+  return tests::MemoryFileSystem(files);
+}
+
+void CheckEnvironment(const std::string& text, const std::string& content) {
+  tests::MemoryFileSystem files = FilesOf(text, content);
+  const ProjectOptions options{1252, ""};
+  IsAccepted("", [&] {
+    ProjectOnDisk project(files, "P/fuzz.vbp", options);
+    const auto before = project.Summaries();
+    for (const ComponentSummary& component : before) {
+      IsAccepted("", [&] { project.TextsOf(component.Name); });
+    }
+    Require(!project.IsChanged() && files.Operations == 0, "looking changes nothing");
+    const auto form = project.ActiveVBProject().Components().Add(generator::ide::ComponentType::Form);
+    form->SetProperty("Caption", std::string_view("New"));
+    project.Save();
+    ProjectOnDisk saved(files, "P/fuzz.vbp", options);
+    Require(saved.Summaries().size() == before.size() + 1, "a project has the form that was added");
+    Require(saved.Summaries().back().IsForm, "what was added is a form");
+  });
+}
+
+}  // namespace
+
+// The project, and behind the last zero byte the content of all its components.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string text = TextOf(data, size);
+  const std::string content = TakeLast(text);
+  CheckFile(text);
+  CheckEnvironment(text, content);
   return 0;
 }
