@@ -16,7 +16,7 @@ class CodePageConverter {
   virtual void Convert(std::string_view& text, std::string& result) = 0;
 };
 
-// From UTF-8 and to UTF-8, of a code page that is not UTF-8 itself. Null when the operating system does not know the code page.
+// From UTF-8 and to UTF-8, of a code page that is not UTF-8 itself. Null when the operating system does not know it.
 std::unique_ptr<CodePageConverter> MakeEncoder(int codePage);
 std::unique_ptr<CodePageConverter> MakeDecoder(int codePage);
 
