@@ -229,7 +229,7 @@ TEST_CASE("The desktop program ends with a message and a status where there is n
   };
   for (const Case& c :
        {Case{"--help", ">/dev/full", 4, "standard output: "}, Case{"--version", ">&-", 4, "standard output: "},
-        Case{"", "", 3, "there is no display"}, Case{"--render out.txt /dev/null", "", 3, "out.txt:1: "},
+        Case{"", "", 3, "there is no display"}, Case{"--render out.txt x.png", "", 3, "out.txt:1: "},
         Case{"--render none.frm x.png", "", 3, "none.frm: "}}) {
     CAPTURE(c.Arguments);
     const Outcome made = RunProgram(BuiltProgram("ostrel-form-wizard-desktop"), c.Arguments, folder, c.Redirection,
