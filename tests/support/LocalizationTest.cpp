@@ -62,7 +62,7 @@ struct Fixture {
 
 TEST_CASE("A tag names caption, font size and font name, up to its first circumflex") {
   struct Case {
-    std::string Tag, Caption, Font;
+    std::string Tag, Caption, Font, Override = "";
   };
   for (const Case& c :
        {Case{"114", "Ca&ption:", "8 MS Sans Serif 1"}, Case{"105^140", "Please select a class:", "8 MS Sans Serif 1"},
@@ -70,9 +70,13 @@ TEST_CASE("A tag names caption, font size and font name, up to its first circumf
         Case{",,31", "-", "8 Courier New 1"}, Case{"", "-", "9 Design 0"}, Case{"^140", "-", "9 Design 0"},
         // Assignments that fail are passed over one by one.
         Case{"9999,9999,31", "-", "9 Courier New 1"}, Case{"100,30", "Welcome!", "9 MS Sans Serif 1"},
-        Case{"100,10,9999", "Welcome!", "10 Design 1"}}) {
+        Case{"100,10,9999", "Welcome!", "10 Design 1"},
+        // A size of the host's overrides every other, unless it is none.
+        Case{"100,24", "Welcome!", "11 MS Sans Serif 1", "11"}, Case{"100,24", "Welcome!", "9 MS Sans Serif 1", "big"},
+        Case{"", "-", "9 Design 0", "11"}}) {
     CAPTURE(c.Tag);
     Fixture fixture;
+    fixture.Localization.FontSizeOverride = c.Override;
     Dialog dialog(fixture.Desktop);
     dialog.label.Tag = c.Tag;
     fixture.Localization.Localize(dialog);
@@ -114,18 +118,6 @@ TEST_CASE_FIXTURE(Fixture, "A satellite library gives the texts, one that it lac
   CHECK(dialog.Caption == "-");
   CHECK(dialog.tabs.TabCaptions == Texts{"Willkommen!", "-", "-"});
   CHECK(Shown(dialog.tabs.Font) == "9 Tahoma 1");
-}
-
-TEST_CASE("A font size of the host's overrides every other, unless it is none") {
-  for (const auto& [override, shown] : {std::pair{"11", "11 MS Sans Serif 1"}, std::pair{"big", "9 MS Sans Serif 1"}}) {
-    CAPTURE(std::string(override));
-    Fixture fixture;
-    Dialog dialog(fixture.Desktop);
-    fixture.Localization.FontSizeOverride = override;
-    dialog.label.Tag = "100,24";
-    fixture.Localization.Localize(dialog);
-    for (const ui::Font* font : {&dialog.Font, &dialog.label.Font}) CHECK(Shown(*font) == shown);
-  }
 }
 
 TEST_CASE("The character set follows the user's locale as it was when it was first needed") {

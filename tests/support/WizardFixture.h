@@ -7,6 +7,9 @@
 #include "tests/support/GenerationFixture.h"
 #include "wizard/frmWizard.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace formwizard::tests {
 
 struct WizardFixture {
@@ -48,9 +51,6 @@ struct WizardFixture {
   void Next(int times = 1) {
     for (int i = 0; i < times; ++i) Dialog.cmdNext.Click();
   }
-  void Back(int times = 1) {
-    for (int i = 0; i < times; ++i) Dialog.cmdBack.Click();
-  }
   // Walks to the Properties step and selects properties in the tree.
   void GoToProperties(std::initializer_list<const char*> properties = {}, const std::string& name = "Sample.Person") {
     Next(2);
@@ -62,18 +62,16 @@ struct WizardFixture {
     tree.ClickNode(node);
     tree.DoubleClick();
   }
-  void ChooseClass(const std::string& name) { Dialog.tvwClasses.ClickNode(NodeWithTag(Dialog.tvwClasses, name)); }
-  static ui::Node& NodeWithTag(ui::TreeView& tree, const std::string& tag) {
-    for (ui::Node& node : tree.Nodes.All()) {
-      if (node.Tag == tag) return node;
-    }
-    throw std::runtime_error("no node " + tag);
+  void ChooseClass(const std::string& name) {
+    Dialog.tvwClasses.ClickNode(NodeIn(Dialog.tvwClasses, [&](const ui::Node& node) { return node.Tag == name; }));
+  }
+  static ui::Node& NodeIn(ui::TreeView& tree, const std::function<bool(const ui::Node&)>& isMeant) {
+    const auto found = std::ranges::find_if(tree.Nodes.All(), isMeant);
+    if (found == tree.Nodes.All().end()) throw std::runtime_error("there is no such node");
+    return *found;
   }
   ui::Node& Property(const std::string& text) {
-    for (ui::Node& node : Dialog.tvwAttributes.Nodes.All()) {
-      if (node.Text == text) return node;
-    }
-    throw std::runtime_error("no property " + text);
+    return NodeIn(Dialog.tvwAttributes, [&](const ui::Node& node) { return node.Text == text; });
   }
   void Select(const std::string& text) { Select(Property(text)); }
   void Select(ui::Node& node) {

@@ -16,7 +16,6 @@ using namespace formwizard::tests;
 using runtime::Int16;
 using runtime::Int32;
 using runtime::Variant;
-namespace factory = wizard::factory;
 
 namespace {
 
@@ -43,27 +42,6 @@ void Change(const std::string& file, const std::string& sql) {
   CHECK(sqlite3_close(database) == SQLITE_OK);
 }
 
-// Every row and value that a program asks for on the way to a form.
-void ReadAll(factory::FactoryCreator& server) {
-  const auto factory = server.Create();
-  static_cast<void>(factory->SystemList());
-  factory->Connect("local:samples");
-  const std::string_view person = "Sample.Person";
-  for (const auto& [name, query] :
-       {std::pair{"%ClassDefinition", "ClassInfo"}, std::pair{"%CompiledProperty", "PropertyInfo"},
-        std::pair{"%CompiledQuery", "QueryInfo"}}) {
-    const auto rows = factory->ResultSet(name, query);
-    rows->Execute(std::span(&person, static_cast<std::size_t>(rows->GetParamCount().Value())));
-    while (rows->Next()) {
-      for (Int16 i(1); i <= rows->GetColumnCount(); i += Int16(1)) rows->GetDataByName(rows->GetColumnName(i));
-    }
-  }
-  if (!ErrorNumberOf([&] { factory->ResultSet(person, "ByName"); })) {
-    const auto query = factory->ResultSet(person, "ByName");
-    for (Int16 i(1); i <= query->GetColumnCount(); i += Int16(1)) static_cast<void>(query->GetColumnName(i));
-  }
-}
-
 std::string MessageOf(auto call) {
   try {
     call();
@@ -73,9 +51,10 @@ std::string MessageOf(auto call) {
   return "";
 }
 
-// What a user is told on the way through a dictionary.
+// What a user is told on the way through every row of a dictionary.
 std::string OpeningMessage(const std::string& file) {
-  return MessageOf([&] { ReadAll(*OpenDictionary(file)); });
+  std::ostringstream all;
+  return MessageOf([&] { ExportServer(*OpenDictionary(file), "", all); });
 }
 
 bool IsRefused(auto call) { return ErrorNumberOf(call) == runtime::AutomationError; }
@@ -246,7 +225,7 @@ TEST_CASE("What would become code of its own in a database is refused, and can b
         std::pair{"UPDATE properties SET caption = '\" & x', collection = 'array' WHERE name = 'SSN'",
                   ": class \"Sample.Person\": the Caption of a property is \"\" & x\""},
         std::pair{"UPDATE queries SET name = 'a\"b' WHERE name = 'Extent'",
-                  ": class \"Sample.Person\": the Name of a query is \"a\"b\""},
+                  ": class \"Sample.Company\": the Name of a query is \"a\"b\""},
         std::pair{"UPDATE query_columns SET name = 'x:y' WHERE name = 'DOB'",
                   ": class \"Sample.Person\": a column of the query \"ByName\" is \"x:y\""}}) {
     CAPTURE(sql);
