@@ -107,19 +107,6 @@ TEST_CASE_FIXTURE(Fixture, "Every kind of control takes its texts in its own way
   CHECK(Shown(dialog.combo.Font) == "8 MS Sans Serif 1");  // a list needs no tag for its font
 }
 
-TEST_CASE_FIXTURE(Fixture, "A satellite library gives the texts, one that it lacks leaves what was designed") {
-  Libraries.Texts = {{8, "9"}, {30, "Tahoma"}, {100, "Willkommen!"}};
-  std::string language;
-  Strings.LoadResourceLibrary("OstrelFormWizard", language);
-  Dialog dialog(Desktop);
-  dialog.Tag = "500";
-  dialog.tabs.Tag = "100-108";
-  Localization.Localize(dialog);
-  CHECK(dialog.Caption == "-");
-  CHECK(dialog.tabs.TabCaptions == Texts{"Willkommen!", "-", "-"});
-  CHECK(Shown(dialog.tabs.Font) == "9 Tahoma 1");
-}
-
 TEST_CASE("The character set follows the user's locale as it was when it was first needed") {
   for (const auto& [locale, charset] : {std::pair{1042, 129}, std::pair{1028, 136}, std::pair{1041, 128},
                                         std::pair{2052, 134}, std::pair{1033, 1}, std::pair{3076, 1}}) {

@@ -33,15 +33,6 @@ TEST_CASE("A satellite library replaces the whole table, without one the English
   CHECK(tests::ErrorNumberOf([&] { (void)strings.LoadResStringLocal(3160); }) == runtime::ResourceNotFound);
 }
 
-TEST_CASE("A numeric value stands for the string of that id, any other for itself") {
-  const tests::FakeLibraries libraries;
-  const Strings strings(libraries, "");
-  for (const Variant& id : {Variant("105"), Variant(runtime::Int16(105))}) {
-    CHECK(strings.LoadResStringValue(id) == Variant("Please select a class:"));
-  }
-  for (const char* text : {"Name", ""}) CHECK(strings.LoadResStringValue(Variant(text)) == Variant(text));
-}
-
 TEST_CASE("Pieces are counted from 1 and empty past the last one") {
   for (const auto& [index, piece] : {std::pair{1, "a"}, std::pair{2, ""}, std::pair{3, "c"}, std::pair{4, ""}}) {
     CHECK(GetPiece("a;;c", ";", index) == piece);

@@ -51,13 +51,6 @@ struct WizardFixture {
   void Next(int times = 1) {
     for (int i = 0; i < times; ++i) Dialog.cmdNext.Click();
   }
-  // Walks to the Properties step and selects properties in the tree.
-  void GoToProperties(std::initializer_list<const char*> properties = {}, const std::string& name = "Sample.Person") {
-    Next(2);
-    ChooseClass(name);
-    Next();
-    for (const char* property : properties) Select(property);
-  }
   static void DoubleClick(ui::TreeView& tree, ui::Node& node) {
     tree.ClickNode(node);
     tree.DoubleClick();

@@ -45,22 +45,6 @@ TEST_CASE("A list of systems ends at its first empty entry, and the remembered s
   }
 }
 
-TEST_CASE_FIXTURE(Walk, "Systems are connected once, and remembered") {
-  auto& systems = Dialog.tvwConnection;
-  CHECK(Server.Data.Calls.empty());  // before the step is entered
-  Profile.Values["LastConnect"] = "Archive";
-  Do("> system=1");
-  CHECK(Status() == "conn");
-  Do(">");
-  CHECK(Systems(*this) == "*Samples:conn5 Archive:other4 ");
-  CHECK(Connected() == "Samples");
-  CHECK(Profile.Values["LastConnect"] == "Samples");
-  Do("< > <");  // still connected to it: no new attempt
-  DoubleClick(systems, systems.Nodes.Item(2));
-  CHECK(Connected() == "Archive");
-  CHECK(ConnectionCalls(*this) == "Connect conn, Disconnect, Connect other, ");
-}
-
 TEST_CASE("Another system means another connection, class list and selection") {
   for (const std::string answer : {"at once", "refuses", "Create", "Disconnect"}) {  // the last two: a call that fails
     CAPTURE(answer);
@@ -77,6 +61,7 @@ TEST_CASE("Another system means another connection, class list and selection") {
     wizard.Next();
     CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, Connect other, ");
     CHECK(Systems(wizard) == "Samples:conn4 *Archive:other5 ");
+    CHECK(wizard.Profile.Values["LastConnect"] == "Archive");
     CHECK(std::ranges::count(wizard.Server.Data.Calls, "ResultSet %ClassDefinition") == 2);
     CHECK(wizard.Do("class=Sample.Person >") == "4 B--C");  // of the same name as before
     CHECK(wizard.Dialog.lstSelected.ListCount() == 0);
@@ -102,7 +87,7 @@ TEST_CASE("Every ending closes the connection, whatever the server answers") {
       Walk wizard;
       wizard.Server.Data.RefusesDisconnect = answer == "no";
       wizard.Server.Data.FailingCall = answer == "error" ? "Disconnect" : "";
-      wizard.GoToProperties({"Age"});
+      wizard.Do("> > class=Sample.Person > +Age");
       end(wizard);
       CHECK(wizard.Dialog.IsUnloaded());
       CHECK(ConnectionCalls(wizard) == "Connect conn, Disconnect, ");

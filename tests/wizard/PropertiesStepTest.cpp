@@ -1,4 +1,4 @@
-#include "tests/support/WizardFixture.h"
+#include "tests/wizard/Walk.h"
 
 #include <doctest/doctest.h>
 
@@ -15,10 +15,9 @@ std::string Described(const model::FieldRecord& field) {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(WizardFixture,
-                  "Properties become records and nodes of their kind, objects load when they are opened") {
+TEST_CASE_FIXTURE(Walk, "Properties become records and nodes of their kind, objects load when they are opened") {
   Profile.Values["MultilineRows"] = "7";
-  GoToProperties();
+  Do("> > class=Sample.Person >");
   CHECK(Tree(Dialog.tvwAttributes) ==
         "*Name[1key,%Library.String,2]\nAge[2key,%Library.String,2]\nHome[3key,Sample.Address,6]\n [,,0]\n"
         "Spouse[4key,Sample.Person,6]\n [,,0]\nColors[5key,%Library.String,2]\nNotes[6key,%Library.String,2]\n");
@@ -40,14 +39,14 @@ TEST_CASE_FIXTURE(WizardFixture,
   CHECK(Described(Field(8)) == "Spouse.Name|Spouse|Spouse Name 3x1 500 Name@Sample.Person");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "Inside an object only its simple properties are offered") {
+TEST_CASE_FIXTURE(Walk, "Inside an object only its simple properties are offered") {
   ServerData& data = Server.Data;
   data.AddProperty("Sample.Address", "Country", {{"datatype", "0"}, {"serial", "1"}});
   data.AddProperty("Sample.Address", "Lines", {{"collection", "list"}});
   data.AddProperty("Sample.Address", "Raw", {{"type", "%Library.List"}});
   data.AddProperty("Sample.Address", "Zip", {{"required", "1"}, {"editable", "0"}, {"caption", runtime::Null()}});
   data.Queries["%CompiledProperty/PropertyInfo/Sample.Person"][2]["editable"] = "0";  // of the object itself
-  GoToProperties();
+  Do("> > class=Sample.Person >");
   Dialog.tvwAttributes.ExpandNode(Property("Home"));
   ui::Node& zip = *Property("Home").Children().back();
   REQUIRE(Property("Home").Children().size() == 2);
@@ -61,9 +60,8 @@ TEST_CASE_FIXTURE(WizardFixture, "Inside an object only its simple properties ar
   CHECK(Field(8).IntName == "HomeZip");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "Properties that fail half way are reported and keep what was read") {
-  Next(2);
-  ChooseClass("Sample.Person");
+TEST_CASE_FIXTURE(Walk, "Properties that fail half way are reported and keep what was read") {
+  Do("> > class=Sample.Person");
   Server.Data.FailAtRow = 4;
   Next();
   CHECK(Dialog.tvwAttributes.Nodes.Count() == 4);  // one of them in the object
@@ -76,8 +74,8 @@ TEST_CASE_FIXTURE(WizardFixture, "Properties that fail half way are reported and
   CHECK(Where() == "4 BNFC");
 }
 
-TEST_CASE_FIXTURE(WizardFixture, "The selection follows the user, tree and list always agree") {
-  GoToProperties();
+TEST_CASE_FIXTURE(Walk, "The selection follows the user, tree and list always agree") {
+  Do("> > class=Sample.Person >");
   const auto selected = [&] { return Entries(Dialog.lstSelected); };
   const auto press = [&](std::initializer_list<ui::CommandButton*> buttons) {
     for (ui::CommandButton* button : buttons) button->Click();
