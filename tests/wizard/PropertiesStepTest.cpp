@@ -76,36 +76,20 @@ TEST_CASE_FIXTURE(Walk, "Properties that fail half way are reported and keep wha
 
 TEST_CASE_FIXTURE(Walk, "The selection follows the user, tree and list always agree") {
   Do("> > class=Sample.Person >");
-  const auto selected = [&] { return Entries(Dialog.lstSelected); };
-  const auto press = [&](std::initializer_list<ui::CommandButton*> buttons) {
-    for (ui::CommandButton* button : buttons) button->Click();
-    return selected();
-  };
-  CHECK(press({&Dialog.cmdSelectOne}).empty());                  // no node is selected in the tree
-  for (const char* name : {"Age", "Age", "Home"}) Select(name);  // a second time is refused, and an object is
-  CHECK(selected() == "*Age ");
-  Dialog.tvwAttributes.ExpandNode(Property("Home"));
-  Dialog.tvwAttributes.CollapseNode(Property("Home"));
-  CHECK(press({&Dialog.cmdSelectAll}) == "Age Name Colors *Notes ");  // nothing of what is collapsed
-  Property("Home").Expanded = true;
-  CHECK(press({&Dialog.cmdSelectAll}) == "Age Name Colors Notes *Home.City ");
-  CHECK(press({&Dialog.cmdMoveUp, &Dialog.cmdMoveUp}) == "Age Name *Home.City Colors Notes ");
-  CHECK(press({&Dialog.cmdMoveDown}) == "Age Name Colors *Home.City Notes ");
-  Dialog.lstSelected.ClickItem(4);
-  CHECK(press({&Dialog.cmdMoveDown}) == "Age Name Colors Home.City *Notes ");
-  CHECK(press({&Dialog.cmdDeSelectOne}) == "Age Name Colors *Home.City ");
-  CHECK(Property("Notes").Image == Int16(2));
-  DoubleClick(Dialog.tvwAttributes, Property("*Name"));
-  CHECK(selected() == "Age *Colors Home.City ");
-  DoubleClick(Dialog.tvwAttributes, Property("*Name"));
-  CHECK(selected() == "Age Colors Home.City *Name ");
-  Dialog.lstSelected.ClickItem(0);
-  CHECK(press({&Dialog.cmdMoveUp}) == "*Age Colors Home.City Name ");
-  Dialog.lstSelected.DoubleClickItem(1);
-  CHECK(selected() == "Age *Home.City Name ");
-  CHECK(press({&Dialog.cmdDeSelectAll}).empty());
-  CHECK(Where() == "4 B--C");
+  for (const auto& [script, selected] :
+       {std::pair{"select", ""},                                          // no node is selected in the tree
+        std::pair{"+Age +Age +Home", "*Age "},                            // a second time is refused, and an object is
+        std::pair{"open=Home shut=Home all", "Age Name Colors *Notes "},  // nothing of what is collapsed
+        std::pair{"open=Home all", "Age Name Colors Notes *Home.City "},
+        std::pair{"up up", "Age Name *Home.City Colors Notes "}, std::pair{"down", "Age Name Colors *Home.City Notes "},
+        std::pair{"at=4 down", "Age Name Colors Home.City *Notes "}, std::pair{"drop", "Age Name Colors *Home.City "},
+        std::pair{"twice=*Name", "Age *Colors Home.City "}, std::pair{"twice=*Name", "Age Colors Home.City *Name "},
+        std::pair{"at=0 up", "*Age Colors Home.City Name "}, std::pair{"-=1", "Age *Home.City Name "},
+        std::pair{"none", ""}, std::pair{"drop up", ""}}) {
+    CAPTURE(script);
+    CHECK(Do(script) == (*selected ? "4 BNFC" : "4 B--C"));
+    CHECK(Entries(Dialog.lstSelected) == selected);
+  }
   for (const ui::Node& node : Dialog.tvwAttributes.Nodes.All()) CHECK(node.Image != Int16(3));
-  press({&Dialog.cmdDeSelectOne, &Dialog.cmdMoveUp});
   CHECK(Desktop.Texts().empty());
 }
