@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -45,14 +46,15 @@ TEST_CASE("A project keeps its own line of a library, a missing one comes from t
 
 TEST_CASE("A class that nothing knows is refused with what to supply and where") {
   const MemoryFileSystem files(MemoryFileSystem::Contents{{"empty.ini", "[Toolbox]\r\n"}});
-  for (const auto& [file, where] :
-       {std::pair{"", "none was given"}, std::pair{"empty.ini", "empty.ini has no such line"}}) {
-    const auto find = [&, path = file] { Toolbox(files, path).Find("Other.Control"); };
-    const std::string message =
-        "ActiveX control 'Other.Control' not found: copy what stands behind \"Object=\" in a project that uses it into "
-        "the section [Toolbox] of a toolbox file, as \"Other.Control={GUID}#version#0; FILE.OCX\", and name that file "
-        "with --toolbox (" +
-        std::string(where) + ")";
+  for (const auto& [file, progId, where] :
+       {std::tuple{"", std::string(Query), std::string("none was given")},
+        std::tuple{"empty.ini", std::string("Other.Control"), std::string("empty.ini has no such line")}}) {
+    const auto find = [&, path = file, id = progId] { Toolbox(files, path).Find(id); };
+    const std::string message = "ActiveX control '" + progId +
+                                "' not found: copy what stands behind \"Object=\" in a project that uses it into the "
+                                "section [Toolbox] of a toolbox file, as \"" +
+                                progId + "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" + where +
+                                ")";
     CHECK_THROWS_WITH_AS(find(), message.c_str(), runtime::RuntimeError);
     CHECK(formwizard::tests::ErrorNumberOf(find) == runtime::ControlNotFound);
   }
