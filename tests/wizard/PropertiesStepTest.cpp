@@ -86,7 +86,6 @@ TEST_CASE_FIXTURE(Walk, "The selection follows the user, tree and list always ag
         std::pair{"twice=*Name", "Age *Colors Home.City "}, std::pair{"twice=*Name", "Age Colors Home.City *Name "},
         std::pair{"at=0 up", "*Age Colors Home.City Name "}, std::pair{"-=1", "Age *Home.City Name "},
         std::pair{"none", ""}, std::pair{"drop up", ""}}) {
-    CAPTURE(script);
     CHECK(Do(script) == (*selected ? "4 BNFC" : "4 B--C"));
     CHECK(Entries(Dialog.lstSelected) == selected);
   }
