@@ -111,6 +111,7 @@ TEST_CASE("The factory refuses what the server refuses, and result sets do not d
   CHECK(rows->Next());
   CHECK(IsRefused([&] { rows->GetDataByName("Colour"); }));
   CHECK(rows->GetDataByName("REQUIRED") == Variant(Int32(1)));
+  CHECK(rows->GetColumnName(Int16(1)) + rows->GetColumnName(rows->GetColumnCount()) == "NameMaxLen");
   const auto others = factory->ResultSet("%CompiledProperty", "PropertyInfo");
   others->Execute({"No.Such"});
   CHECK_FALSE(others->Next());
