@@ -3,6 +3,7 @@
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/FormTree.h"
 #include "fuzz/Property.h"
+#include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
 #include "system/Text.h"
 
@@ -46,11 +47,11 @@ bool Fill(FormDocument& form) {
 
 // Everything that `before` has and nobody changed, besides what stands in the companion file and is no text.
 void CheckKept(const FormNode& before, const FormNode& after) {
-  constexpr std::array<std::string_view, 6> changed{"Caption",   "BorderStyle", "MaxButton",
-                                                    "MinButton", "LinkTopic",   "ShowInTaskbar"};
+  constexpr std::array<std::string_view, 6> changed{"caption",   "borderstyle", "maxbutton",
+                                                    "minbutton", "linktopic",   "showintaskbar"};
   for (const NodeProperty& property : before.Properties) {
-    const std::string& name = property.Name;
-    const bool isPlace = name.find("lient") != std::string::npos || name.find("cale") != std::string::npos;
+    const std::string name = runtime::LowerCase(property.Name);
+    const bool isPlace = name.starts_with("client") || name.starts_with("scale");
     const bool isRecord = before.Text(name).find(".frx\":") != std::string::npos;
     if (isPlace || isRecord || std::ranges::find(changed, name) != changed.end()) continue;
     Require(after.Text(name) == before.Text(name), "a filled form keeps its property " + name);
