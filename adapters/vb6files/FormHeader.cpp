@@ -22,7 +22,11 @@ constexpr std::string_view ReferenceMark = ".frx\":";
 
 bool Precedes(std::string_view a, std::string_view b) { return runtime::LowerCase(a) < runtime::LowerCase(b); }
 
-bool IsReference(std::string_view lines) { return lines.find(ReferenceMark) != std::string_view::npos; }
+// The mark, and before it a quotation mark with which the file's name begins.
+bool IsReference(std::string_view lines) {
+  const std::size_t at = lines.find(ReferenceMark);
+  return at != std::string_view::npos && lines.substr(0, at).find('"') != std::string_view::npos;
+}
 
 // Where a line's reference begins, its "$" included, and the offset that it gives.
 std::size_t ReferenceStart(std::string_view line) {
