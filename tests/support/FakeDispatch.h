@@ -3,6 +3,7 @@
 #pragma once
 
 #include "adapters/com/ComPtr.h"
+#include "adapters/com/Counted.h"
 #include "adapters/com/Failures.h"
 #include "adapters/com/Text.h"
 #include "adapters/com/Value.h"
@@ -15,6 +16,7 @@
 #include <oleauto.h>
 
 #include <algorithm>
+#include <any>
 #include <array>
 #include <concepts>
 #include <cstring>
@@ -30,35 +32,17 @@ namespace formwizard::tests {
 
 namespace com = adapters::com;
 
-// A COM object with a reference count. `Living` is the number of those that exist.
-inline int Living = 0;
-
+// A COM object, one of com::LivingObjects.
 template <typename First, typename... Others>
-class FakeObject : public First, public Others... {
+class FakeObject : public com::Counted<First, Others...> {
  public:
-  FakeObject() { ++Living; }
-  FakeObject(const FakeObject&) = delete;
-  FakeObject& operator=(const FakeObject&) = delete;
-
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     *object = id == __uuidof(IUnknown) || id == __uuidof(First) ? static_cast<First*>(this) : nullptr;
     ((id == __uuidof(Others) ? void(*object = static_cast<Others*>(this)) : void()), ...);
     if (!*object) return E_NOINTERFACE;
-    AddRef();
+    this->AddRef();
     return S_OK;
   }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
- protected:
-  virtual ~FakeObject() { --Living; }
-
- private:
-  ULONG references_ = 0;
 };
 
 // A type description that says nothing but who it is.
@@ -93,13 +77,8 @@ inline std::string DescriptionOf(Failure how) {
   return descriptions.at(static_cast<std::size_t>(how));
 }
 
-// Once, at a call of a member after `Skip` calls that succeed.
-struct PlannedFailure {
-  Failure How;
-  int Skip = 0;
-};
-// By "Kind.Member". What has happened is taken out.
-inline std::map<std::string, PlannedFailure> PlannedFailures;
+// Once, at a call of "Kind.Member". What has happened is taken out.
+inline std::map<std::string, Failure> PlannedFailures;
 // What was called, by the same names.
 inline std::set<std::string> UsedMembers;
 
@@ -112,7 +91,7 @@ struct NothingIsLeft {
   NothingIsLeft(const NothingIsLeft&) = delete;
   NothingIsLeft& operator=(const NothingIsLeft&) = delete;
   ~NothingIsLeft() {
-    CHECK(Living == 0);
+    CHECK(com::LivingObjects == 0);
     for (const auto& [member, plan] : PlannedFailures) FAIL_CHECK("did not fail: ", member);
     ::CoUninitialize();
   }
@@ -140,7 +119,8 @@ class FakeDispatch : public FakeObject<IDispatch> {
   using Handler = std::function<com::Value(const Call&)>;
 
   // Objects of one kind are of one type.
-  explicit FakeDispatch(std::string kind) : Type(GUID{0x5B1F0000, 0, 0x4000, {}}), kind_(std::move(kind)) {
+  explicit FakeDispatch(std::string kind, std::any played = {})
+      : Played(std::move(played)), Type(GUID{0x5B1F0000, 0, 0x4000, {}}), kind_(std::move(kind)) {
     const std::size_t hash = std::hash<std::string>()(kind_);
     std::memcpy(Type->Data4, &hash, sizeof(hash));
   }
@@ -148,15 +128,16 @@ class FakeDispatch : public FakeObject<IDispatch> {
   // A member does what `work` does, which takes the call or nothing, and yields its result if it has one. A run-time
   // error becomes an exception of automation.
   template <typename Work>
-  FakeDispatch& On(const std::string& name, Work work) {
+  com::ComPtr<FakeDispatch> On(const std::string& name, Work work) {
     return Add(static_cast<DISPID>(1000 + 10 * members_.size() + kind_.size()), name, true, HandlerOf(std::move(work)));
   }
   // One that is only called by its id. The name is that of its failures.
   template <typename Work>
-  FakeDispatch& OnId(DISPID id, const std::string& name, Work work) {
+  com::ComPtr<FakeDispatch> OnId(DISPID id, const std::string& name, Work work) {
     return Add(id, name, false, HandlerOf(std::move(work)));
   }
 
+  const std::any Played;  // what this object stands for
   std::optional<GUID> Type;
   bool RefusesEnglish = false;
   std::function<HRESULT(EXCEPINFO&)> Outcome;  // of every call, instead of what the members do
@@ -177,7 +158,7 @@ class FakeDispatch : public FakeObject<IDispatch> {
       return member.HasName && ::lstrcmpiW(com::Wide(member.Name).c_str(), names[0]) == 0;
     });
     *id = DISPID_UNKNOWN;
-    if (found == members_.end() || TakeMissing(found->Name)) return DISP_E_UNKNOWNNAME;
+    if (found == members_.end() || TakeFailure(found->Name, true)) return DISP_E_UNKNOWNNAME;
     *id = found->Id;
     return S_OK;
   }
@@ -206,6 +187,13 @@ class FakeDispatch : public FakeObject<IDispatch> {
 
   static com::Value ValueOf(com::Value value) { return value; }
   static com::Value ValueOf(const runtime::Variant& value) { return com::Value::Of(value); }
+  static com::Value ValueOf(com::ComPtr<IUnknown> object) {
+    com::Value value;
+    VARIANT& raw = *value.Receive();
+    raw.vt = VT_UNKNOWN;
+    raw.punkVal = object.Detach();
+    return value;
+  }
   template <std::derived_from<IDispatch> Class>
   static com::Value ValueOf(const com::ComPtr<Class>& object) {
     return com::Value(com::ComPtr<IDispatch>(object.Get()));
@@ -228,30 +216,21 @@ class FakeDispatch : public FakeObject<IDispatch> {
       }
     };
   }
-  FakeDispatch& Add(DISPID id, const std::string& name, bool hasName, Handler handler) {
+  com::ComPtr<FakeDispatch> Add(DISPID id, const std::string& name, bool hasName, Handler handler) {
     members_.push_back({id, name, hasName, std::move(handler)});
-    return *this;
+    return com::ComPtr<FakeDispatch>(this);
   }
 
-  // The failure that is due at this call, if there is one.
-  std::optional<Failure> TakeFailure(const std::string& name) const {
+  // The failure that is due, if there is one: at this call, or before it when the name is looked up.
+  std::optional<Failure> TakeFailure(const std::string& name, bool isLookedUp) const {
     const auto found = PlannedFailures.find(kind_ + "." + name);
-    if (found == PlannedFailures.end() || found->second.Skip-- > 0) return {};
-    const Failure failure = found->second.How;
-    PlannedFailures.erase(found);
-    return failure;
-  }
-  bool TakeMissing(const std::string& name) const {
-    const auto found = PlannedFailures.find(kind_ + "." + name);
-    const bool isDue =
-        found != PlannedFailures.end() && found->second.How == Failure::MissingName && found->second.Skip <= 0;
-    if (isDue) PlannedFailures.erase(found);
-    return isDue;
+    if (found == PlannedFailures.end() || (isLookedUp && found->second != Failure::MissingName)) return {};
+    return PlannedFailures.extract(found).mapped();
   }
 
   HRESULT Answer(const Member& member, const Call& call, VARIANT* result) const {
     UsedMembers.insert(kind_ + "." + member.Name);
-    const auto failure = TakeFailure(member.Name);
+    const auto failure = TakeFailure(member.Name, false);
     if (failure == Failure::MissingName) return DISP_E_MEMBERNOTFOUND;
     if (failure == Failure::Hresult) return E_ACCESSDENIED;
     if (failure == Failure::Exception) runtime::Raise(1234, "The host refuses");
@@ -273,19 +252,30 @@ class FakeDispatch : public FakeObject<IDispatch> {
 
 using FakePtr = com::ComPtr<FakeDispatch>;
 
-inline FakePtr NewFake(std::string kind) { return FakePtr(new FakeDispatch(std::move(kind))); }
+inline FakePtr NewFake(std::string kind, std::any played = {}) {
+  return FakePtr(new FakeDispatch(std::move(kind), std::move(played)));
+}
+
+// What the object in a value stands for; error 13 when it is none of these.
+template <typename Played>
+Played PlayedBy(const com::Value& value) {
+  const com::ComPtr<IDispatch> object = value.ToDispatch();
+  const auto* fake = dynamic_cast<const FakeDispatch*>(object.Get());
+  const auto* played = fake ? std::any_cast<Played>(&fake->Played) : nullptr;
+  if (!played) runtime::Raise(runtime::TypeMismatch);
+  return *played;
+}
 
 // `item` gets what is between the brackets; null is a member that is missing.
 inline FakePtr NewCollection(const std::string& kind, std::function<runtime::Int32()> count,
                              std::function<FakePtr(const Call&)> item) {
-  auto collection = NewFake(kind);
-  collection->On("Count", std::move(count));
-  collection->OnId(DISPID_VALUE, "Item", [item = std::move(item)](const Call& call) {
-    const FakePtr found = item(call);
-    if (!found) runtime::Raise(runtime::SubscriptOutOfRange);
-    return found;
-  });
-  return collection;
+  return NewFake(kind)
+      ->On("Count", std::move(count))
+      ->OnId(DISPID_VALUE, "Item", [item = std::move(item)](const Call& call) {
+        const FakePtr found = item(call);
+        if (!found) runtime::Raise(runtime::SubscriptOutOfRange);
+        return found;
+      });
 }
 
 }  // namespace formwizard::tests

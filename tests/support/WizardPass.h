@@ -30,12 +30,16 @@ class User {
   virtual void Press(const ui::Control& button) = 0;
   virtual void PressAccessKeyOf(const ui::Control& button) { Press(button); }
   // A button that opens a dialog, which is closed when `inside` returns.
-  virtual void PressToOpen(const ui::Control& button, const std::function<void()>& inside) = 0;
+  virtual void PressToOpen(const ui::Control& button, const std::function<void()>& inside) {
+    PressAccessKeyOf(button);
+    inside();
+  }
   // Shows what is below a node.
-  virtual void Open(const ui::Control& tree, const std::string& node) = 0;
+  virtual void Open(const ui::Control& tree, const std::string& node) { Take(tree, node, "", tree); }
   // Chooses a node and goes on from the step.
-  virtual void GoOnWith(const ui::Control& tree, const std::string& node) = 0;
-  // Chooses a node, which may stand below another one, and presses the button that takes it.
+  virtual void GoOnWith(const ui::Control& tree, const std::string& node) { Take(tree, node, "", tree); }
+  // Chooses a node, which may stand below another one, and presses the button that takes it. By mouse a double click
+  // does it, as it opens a node or goes on.
   virtual void Take(const ui::Control& tree, const std::string& node, const std::string& below,
                     const ui::Control& button) = 0;
   virtual void ChooseRow(const ui::Control& list, int row) = 0;

@@ -27,7 +27,7 @@ Object Wrapped(const FakePtr& fake) { return Object(ComPtr<IDispatch>(fake.Get()
 
 std::pair<int, std::string> ErrorOf(std::function<HRESULT(EXCEPINFO&)> outcome) {
   const auto fake = NewFake("fake");
-  fake->On("Fail", [] {}).Outcome = std::move(outcome);
+  fake->On("Fail", [] {})->Outcome = std::move(outcome);
   try {
     Wrapped(fake).Call(L"Fail");
   } catch (const runtime::RuntimeError& error) {
@@ -94,7 +94,7 @@ TEST_CASE("Calls arrive with their kind, their arguments in order and with the t
     }
     return Int16(7);
   };
-  fake->On("Member", member).OnId(26, "", member);
+  fake->On("Member", member)->OnId(26, "", member);
   const Object object = Wrapped(fake), child = Wrapped(fake);
   const auto after = [&](const Value&) { return arrived; };
 
@@ -176,14 +176,8 @@ TEST_CASE("A failed call has the number and the description that the language sh
 TEST_CASE("Nothing, a missing member and a value that is no object are errors of their own") {
   const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");
-  fake->On("Nothing", [] { return FakePtr(); }).On("Text", [] { return std::string("Form1"); });
-  fake->On("Unscriptable", [] {
-    Value object;
-    VARIANT& raw = *object.Receive();
-    raw.vt = VT_UNKNOWN;
-    raw.punkVal = ComPtr<IUnknown>(new tests::FakeObject<IUnknown>).Detach();
-    return object;
-  });
+  fake->On("Nothing", [] { return FakePtr(); })->On("Text", [] { return std::string("Form1"); });
+  fake->On("Unscriptable", [] { return ComPtr<IUnknown>(new tests::FakeObject<IUnknown>); });
   const Object object = Wrapped(fake);
   CHECK_FALSE(object.Child(L"Nothing"));
   for (const Object& nothing : {Object(), object.Child(L"Nothing")}) {
@@ -202,7 +196,7 @@ TEST_CASE("An object lives as long as it is called, though the call is the end o
   Object object = Wrapped(fake);
   fake->On("Close", [&] {
     object = Object();
-    CHECK(tests::Living == 1);
+    CHECK(com::LivingObjects == 1);
   });
   fake = {};
   object.Call(L"Close");
@@ -211,7 +205,7 @@ TEST_CASE("An object lives as long as it is called, though the call is the end o
 TEST_CASE("An object that knows no English is asked in the user's language") {
   const tests::NothingIsLeft test;
   const auto fake = NewFake("fake");
-  fake->On("Version", [] { return std::string("6.00"); }).RefusesEnglish = true;
+  fake->On("Version", [] { return std::string("6.00"); })->RefusesEnglish = true;
   CHECK(Wrapped(fake).Get(L"Version").ToText() == "6.00");
   CHECK(fake->NameQueries == 2);
 }

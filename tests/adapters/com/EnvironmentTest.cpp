@@ -60,7 +60,7 @@ TEST_CASE("However a member of the environment fails, it is reported, and what w
       CAPTURE(member);
       CAPTURE(static_cast<int>(how));
       Automated automated;
-      PlannedFailures[member] = {how};
+      PlannedFailures[member] = how;
       std::string shown, passed;
       try {
         automated.Run.Generate();

@@ -62,16 +62,7 @@ struct Texts {
 
   // All captions that are shown; and nothing lies on another or outside of what it stands in.
   void Check(HWND dialog) {
-    std::vector<HWND> windows;
-    struct Adder {
-      static BOOL CALLBACK Add(HWND window, LPARAM list) {
-        if (IsWindowVisible(window) && GetDlgCtrlID(window) != 0) {
-          reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        }
-        return TRUE;
-      }
-    };
-    EnumChildWindows(dialog, Adder::Add, reinterpret_cast<LPARAM>(&windows));
+    const std::vector<HWND> windows = ShownControls(dialog);
     CHECK(windows.size() > 8);
     for (const HWND window : windows) {
       CAPTURE(adapters::win32::Utf8(std::wstring_view(CaptionOf(window))));

@@ -69,11 +69,13 @@ void Send(std::vector<INPUT> inputs) {
   Settle();
 }
 
+// Of a key or, with KEYEVENTF_UNICODE, of a character.
 INPUT KeyInput(WORD key, DWORD flags) {
+  const bool isCharacter = (flags & KEYEVENTF_UNICODE) != 0;
   INPUT input{};
   input.type = INPUT_KEYBOARD;
-  input.ki.wVk = key;
-  input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+  input.ki.wVk = isCharacter ? WORD{0} : key;
+  input.ki.wScan = isCharacter ? key : static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
   input.ki.dwFlags = flags;
   return input;
 }
@@ -113,16 +115,9 @@ GUITHREADINFO ThreadInfo() {
   return info;
 }
 
-std::vector<HWND> TopWindows() {
-  std::vector<HWND> windows;
-  struct Adder {
-    static BOOL CALLBACK Add(HWND window, LPARAM list) {
-      reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-      return TRUE;
-    }
-  };
-  EnumThreadWindows(WindowThread, Adder::Add, reinterpret_cast<LPARAM>(&windows));
-  return windows;
+BOOL CALLBACK AddTo(HWND window, LPARAM list) {
+  reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
 }
 
 // Closes whatever is open, the last opened first, and at last ends the loops of what does not close.
@@ -152,20 +147,6 @@ DWORD WINAPI RunWork(void* work) {
   }
   CloseAll();
   return 0;
-}
-
-HWND ShownChild(HWND window, int id) {
-  struct Search {
-    int Id;
-    HWND Found = nullptr;
-    static BOOL CALLBACK Compare(HWND child, LPARAM self) {
-      auto& search = *reinterpret_cast<Search*>(self);
-      if (GetDlgCtrlID(child) == search.Id && IsWindowVisible(child)) search.Found = child;
-      return search.Found ? FALSE : TRUE;
-    }
-  } search{id};
-  EnumChildWindows(window, Search::Compare, reinterpret_cast<LPARAM>(&search));
-  return search.Found;
 }
 
 HTREEITEM Next(HWND tree, HTREEITEM item, WPARAM relation) {
@@ -251,36 +232,39 @@ void Press(WORD key, WORD modifier) {
   Send(inputs);
 }
 
-void PressTimes(WORD key, int times) {
-  for (int i = 0; i < times; ++i) Press(key);
-}
-
 void PressAccessKey(char key) { Press(static_cast<WORD>(key), VK_MENU); }
 
 void Type(std::wstring_view text) {
   for (const wchar_t character : text) {
-    INPUT down{};
-    down.type = INPUT_KEYBOARD;
-    down.ki.wScan = character;
-    down.ki.dwFlags = KEYEVENTF_UNICODE;
-    INPUT up = down;
-    up.ki.dwFlags |= KEYEVENTF_KEYUP;
-    Send({down, up});
+    Send({KeyInput(character, KEYEVENTF_UNICODE), KeyInput(character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
   }
 }
 
 void Click(HWND window, POINT at) { PressMouse(window, at, 1); }
-void DoubleClick(HWND window, POINT at) { PressMouse(window, at, 2); }
 
 HWND ActiveWindow() { return ThreadInfo().hwndActive; }
 std::wstring ActiveTitle() { return CaptionOf(ActiveWindow()); }
 HWND Focus() { return ThreadInfo().hwndFocus; }
-int CountWindows() { return static_cast<int>(TopWindows().size()); }
+
+int CountWindows() {
+  std::vector<HWND> windows;
+  EnumThreadWindows(WindowThread, AddTo, reinterpret_cast<LPARAM>(&windows));
+  return static_cast<int>(windows.size());
+}
+
+std::vector<HWND> ShownControls(HWND window) {
+  std::vector<HWND> windows;
+  EnumChildWindows(window, AddTo, reinterpret_cast<LPARAM>(&windows));
+  std::erase_if(windows, [](HWND child) { return !IsWindowVisible(child) || GetDlgCtrlID(child) == 0; });
+  return windows;
+}
 
 HWND WindowOf(const ui::Control& control) {
   const auto& controls = control.Parent->Controls();
   const int id = static_cast<int>(std::ranges::find(controls, &control) - controls.begin()) + 1;
-  if (const HWND child = ShownChild(ActiveWindow(), id)) return child;
+  const std::vector<HWND> shown = ShownControls(ActiveWindow());
+  const auto found = std::ranges::find(shown, id, GetDlgCtrlID);
+  if (found != shown.end()) return *found;
   throw std::runtime_error("nothing shows " + control.Name);
 }
 
@@ -291,11 +275,6 @@ void Click(const ui::Control& control, POINT at) { Click(WindowOf(control), at);
 void KeyboardUser::PressAccessKeyOf(const ui::Control& button) {
   const std::wstring caption = CaptionOf(WindowOf(button));
   tests::PressAccessKey(static_cast<char>(caption.at(caption.find(L'&') + 1)));
-}
-
-void KeyboardUser::PressToOpen(const ui::Control& button, const std::function<void()>& inside) {
-  PressAccessKeyOf(button);
-  inside();
 }
 
 void KeyboardUser::Strike(Key key) {
@@ -313,15 +292,10 @@ std::string KeyboardUser::ChosenText() {
   return Utf8(std::wstring_view(text));
 }
 
-void MouseUser::PressToOpen(const ui::Control& button, const std::function<void()>& inside) {
-  Press(button);
-  inside();
-}
-
 void MouseUser::Take(const ui::Control& tree, const std::string& node, const std::string& below, const ui::Control&) {
   const HWND window = WindowOf(tree);
   const HTREEITEM owner = below.empty() ? TVI_ROOT : ItemOf(window, Wide(below));
-  DoubleClick(window, PlaceOf(window, ItemOf(window, Wide(node), owner)));
+  PressMouse(window, PlaceOf(window, ItemOf(window, Wide(node), owner)), 2);
 }
 
 void MouseUser::ChooseRow(const ui::Control& list, int row) {

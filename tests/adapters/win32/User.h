@@ -10,6 +10,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::tests {
 
@@ -37,11 +38,9 @@ void UseWindows(const std::function<void()>& show, const std::function<void()>& 
 
 // All that follows is for `work`. Each action returns when the windows have nothing more to do.
 void Press(WORD key, WORD modifier = 0);
-void PressTimes(WORD key, int times);
 void PressAccessKey(char key);
 void Type(std::wstring_view text);
 void Click(HWND window, POINT at = {8, 8});
-void DoubleClick(HWND window, POINT at = {8, 8});
 
 // The window that has the user's input, and its title.
 HWND ActiveWindow();
@@ -50,6 +49,8 @@ HWND Focus();
 // The shown window of a control in the active dialog; an error when there is none. It bears the number of the control's
 // place in the tab order, so the control of another dialog with the same design will do.
 HWND WindowOf(const ui::Control& control);
+// All shown windows of the controls in a window.
+std::vector<HWND> ShownControls(HWND window);
 std::wstring CaptionOf(HWND window);
 
 // With the mouse.
@@ -58,7 +59,6 @@ void Click(const ui::Control& control, POINT at = {8, 8});
 class KeyboardUser : public Keyboard {
  public:
   void PressAccessKeyOf(const ui::Control& button) override;
-  void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override;
 
  protected:
   void Strike(Key key) override;
@@ -70,9 +70,6 @@ class KeyboardUser : public Keyboard {
 class MouseUser : public User {
  public:
   void Press(const ui::Control& button) override { Click(button); }
-  void PressToOpen(const ui::Control& button, const std::function<void()>& inside) override;
-  void Open(const ui::Control& tree, const std::string& node) override { Take(tree, node, "", tree); }
-  void GoOnWith(const ui::Control& tree, const std::string& node) override { Take(tree, node, "", tree); }
   void Take(const ui::Control& tree, const std::string& node, const std::string& below, const ui::Control&) override;
   void ChooseRow(const ui::Control& list, int row) override;
   void ChooseInCombo(const ui::Control& combo, const std::string& entry) override;

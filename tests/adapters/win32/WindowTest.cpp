@@ -177,7 +177,7 @@ TEST_CASE("Keys move the choice among options and entries, and values of a check
     CHECK(shown(form.check) == BST_UNCHECKED);
     KeyboardUser().GoTo(form.combo);
     Press(VK_DOWN, VK_MENU);  // drops the list down, where passing an entry does not choose it yet
-    PressTimes(VK_DOWN, 2);
+    for (int i = 0; i < 2; ++i) Press(VK_DOWN);
     CHECK(form.combo.ListIndex() == -1);
     Press(VK_RETURN);
     CHECK(form.combo.Text() == "b");
@@ -207,7 +207,13 @@ TEST_CASE("While a dialog works, input waits") {
     MSG message{};
     quitWaits = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.wParam == 7;
   };
-  sample.Use([] { PressAccessKey('W'); });
+  sample.Use([&] {
+    sample.Main.Run([&] { form.Enabled = false; });
+    Type(L"y");
+    CHECK(CaptionOf(WindowOf(form.box)).empty());
+    sample.Main.Run([&] { form.Enabled = true; });
+    PressAccessKey('W');
+  });
   CHECK(clicksMeanwhile == 0);
   CHECK(form.OtherClicks == 1);
   CHECK(form.box.Text() == "xshown");

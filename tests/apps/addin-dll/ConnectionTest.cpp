@@ -219,7 +219,7 @@ TEST_CASE("An environment in which a member fails goes on without the command, a
       CAPTURE(static_cast<int>(failure));
       HostFixture host;
       host.AddInsMenu()[1]->BeginGroup = true;  // so the command begins one too
-      PlannedFailures[member] = {failure};
+      PlannedFailures[member] = failure;
       host.Connect();
       const bool isHeard = host.WizardCommand() && !host.WizardCommand()->Sources.empty();
       const bool isNeeded = !member.ends_with("Window") && member != "Window.HWnd";
@@ -233,6 +233,6 @@ TEST_CASE("An environment in which a member fails goes on without the command, a
   }
   HostFixture host;
   host.Connect();
-  PlannedFailures["CommandBarButton.Delete"] = {Failure::Exception};
+  PlannedFailures["CommandBarButton.Delete"] = Failure::Exception;
   host.Disconnect();  // is not told
 }

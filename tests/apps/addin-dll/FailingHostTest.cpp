@@ -27,12 +27,10 @@ void GoBackAndNext() {
 TEST_CASE("A server that fails is reported, and the step can be tried again") {
   HostFixture host(OneClass);
   host.Connect();
-  const PlannedFailure refuses{Failure::Exception};
-  PlannedFailures = {{"Server.Create", refuses},
-                     {"Factory.SystemList", refuses},
-                     {"Factory.Connect", refuses},
-                     {"Factory.ResultSet", refuses},
-                     {"ResultSet.Next", refuses}};
+  for (const char* member :
+       {"Server.Create", "Factory.SystemList", "Factory.Connect", "Factory.ResultSet", "ResultSet.Next"}) {
+    PlannedFailures[member] = Failure::Exception;
+  }
   host.UseWizard([&] {
     PressAccessKey('N');
     CHECK(DismissMessage() == Report("PopulateConnection", "ActiveX component can't create object"));
@@ -57,7 +55,7 @@ TEST_CASE("A server that fails is reported, and the step can be tried again") {
 TEST_CASE("Without a form to write into every step is reported, and the wizard can only be cancelled") {
   HostFixture host(OneClass);
   host.Connect();
-  PlannedFailures = {{"VBComponents.Item", {Failure::Hresult}}, {"VBComponents.Add", {Failure::Exception}}};
+  PlannedFailures = {{"VBComponents.Item", Failure::Hresult}, {"VBComponents.Add", Failure::Exception}};
   std::string reports;
   host.UseWizard([&] {
     for (int i = 0; i < 3; ++i) PressAccessKey('N');

@@ -35,88 +35,61 @@ FakePtr NewProperties(const std::shared_ptr<Owner>& owner) {
   return NewCollection(
       "Properties", [] { return Int32(0); },
       [owner](const Call& index) {
-        auto property = NewFake("Property");
-        property->On("Value", [owner, name = index.Text(0)](const Call& call) {
+        return NewFake("Property")->On("Value", [owner, name = index.Text(0)](const Call& call) {
           if (!call.IsPut() && name != "Name") runtime::Raise(runtime::PropertyNotFound);
           if (call.IsPut()) Put(*owner, name, call.Value(0));
           return owner->Name();
         });
-        return property;
       });
 }
 
-class HostControl : public FakeDispatch {
- public:
-  HostControl(const std::shared_ptr<ide::VBControls>& all, std::shared_ptr<ide::VBControl> control);
-  const std::shared_ptr<ide::VBControl>& Control() const { return control_; }
+using Control = std::shared_ptr<ide::VBControl>;
 
- private:
-  std::shared_ptr<ide::VBControl> control_;
-};
-
-// Error 13 for what is no control.
-std::shared_ptr<ide::VBControl> ControlIn(const Value& value) {
-  const auto* control = dynamic_cast<HostControl*>(value.ToDispatch().Get());
-  if (!control) runtime::Raise(runtime::TypeMismatch);
-  return control->Control();
+FakePtr NewControl(const std::shared_ptr<ide::VBControls>& all, const Control& control) {
+  return NewFake("VBControl", control)
+      ->On("Properties", [control] { return NewProperties(control); })
+      ->On("ContainedVBControls",
+           [all, control] {
+             return NewFake("ContainedVBControls")->On("Add", [all, control](const Call& call) {
+               // The container is an argument too.
+               if (PlayedBy<Control>(call.Value(1)) != control) runtime::Raise(runtime::InvalidProcedureCall);
+               return NewControl(all, all->Add(call.Text(0), control));
+             });
+           })
+      ->On("Container", [control](const Call& call) {
+        if ((call.Flags & DISPATCH_PROPERTYPUTREF) == 0) runtime::Raise(runtime::PropertyReadOnly);
+        control->SetContainer(PlayedBy<Control>(call.Value(0)));
+      });
 }
 
-FakePtr NewControl(const std::shared_ptr<ide::VBControls>& all, std::shared_ptr<ide::VBControl> control) {
-  return FakePtr(new HostControl(all, std::move(control)));
-}
-
-// The controls in a container. Adding takes the container as argument too.
-FakePtr NewContained(const std::shared_ptr<ide::VBControls>& all, const std::shared_ptr<ide::VBControl>& container) {
-  auto contained = NewFake("ContainedVBControls");
-  contained->On("Add", [all, container](const Call& call) {
-    if (ControlIn(call.Value(1)) != container) runtime::Raise(runtime::InvalidProcedureCall);
-    return NewControl(all, all->Add(call.Text(0), container));
+FakePtr NewDesigner(const std::shared_ptr<ide::VBControls>& all) {
+  if (!all) return {};
+  return NewFake("VBForm")->On("VBControls", [all] {
+    return NewFake("VBControls")->On("Count", [all] { return all->Count(); })->On("Add", [all](const Call& call) {
+      return NewControl(all, all->Add(call.Text(0), nullptr));
+    });
   });
-  return contained;
-}
-
-HostControl::HostControl(const std::shared_ptr<ide::VBControls>& all, std::shared_ptr<ide::VBControl> control)
-    : FakeDispatch("VBControl"), control_(std::move(control)) {
-  On("Properties", [owner = control_] { return NewProperties(owner); });
-  On("ContainedVBControls", [all, owner = control_] { return NewContained(all, owner); });
-  On("Container", [owner = control_](const Call& call) {
-    if ((call.Flags & DISPATCH_PROPERTYPUTREF) == 0) runtime::Raise(runtime::PropertyReadOnly);
-    owner->SetContainer(ControlIn(call.Value(0)));
-  });
-}
-
-FakePtr NewDesigner(const std::shared_ptr<ide::VBComponent>& component) {
-  auto designer = NewFake("VBForm");
-  designer->On("VBControls", [component] {
-    const std::shared_ptr<ide::VBControls> all = component->DesignerControls();
-    auto controls = NewFake("VBControls");
-    controls->On("Count", [all] { return all->Count(); });
-    controls->On("Add", [all](const Call& call) { return NewControl(all, all->Add(call.Text(0), nullptr)); });
-    return controls;
-  });
-  return designer;
 }
 
 FakePtr NewCodeModule(const std::shared_ptr<ide::CodeModule>& code) {
-  auto module = NewFake("CodeModule");
-  module->On("CountOfLines", [code] { return code->CountOfLines(); });
-  module->On("InsertLines", [code](const Call& call) { code->InsertLines(call.Number(0), call.Text(1)); });
-  module->On("CreateEventProc", [code](const Call& call) { return code->CreateEventProc(call.Text(0), call.Text(1)); });
-  return module;
+  return NewFake("CodeModule")
+      ->On("CountOfLines", [code] { return code->CountOfLines(); })
+      ->On("InsertLines", [code](const Call& call) { code->InsertLines(call.Number(0), call.Text(1)); })
+      ->On("CreateEventProc", [code](const Call& call) { return code->CreateEventProc(call.Text(0), call.Text(1)); });
 }
 
 FakePtr NewComponent(const std::shared_ptr<ide::VBComponent>& component) {
   if (!component) return {};
-  auto object = NewFake("VBComponent");
-  object->On("Name", [component](const Call& call) {
-    if (call.IsPut()) component->SetName(call.Text(0));
-    return component->Name();
-  });
-  object->On("Properties", [component] { return NewProperties(component); });
-  object->On("Designer", [component] { return component->DesignerControls() ? NewDesigner(component) : FakePtr(); });
-  object->On("CodeModule", [component] { return NewCodeModule(component->Code()); });
-  object->On("Activate", [component] { component->Activate(); });
-  return object;
+  return NewFake("VBComponent")
+      ->On("Name",
+           [component](const Call& call) {
+             if (call.IsPut()) component->SetName(call.Text(0));
+             return component->Name();
+           })
+      ->On("Properties", [component] { return NewProperties(component); })
+      ->On("Designer", [component] { return NewDesigner(component->DesignerControls()); })
+      ->On("CodeModule", [component] { return NewCodeModule(component->Code()); })
+      ->On("Activate", [component] { component->Activate(); });
 }
 
 // By its number, as the wizard asks for it.
@@ -127,40 +100,33 @@ FakePtr ComponentAt(MemoryProject& project, Int32 index) {
   return NewComponent(project.ActiveVBProject().Components().Find(summaries[place - 1].Name));
 }
 
-FakePtr NewComponents(MemoryProject& project) {
-  auto components = NewCollection(
-      "VBComponents", [&project] { return Int32(project.OnDisk().Summaries().size()); },
-      [&project](const Call& call) { return ComponentAt(project, call.Number(0)); });
-  components->On("Add", [&project](const Call& call) {
-    const auto type = static_cast<ide::ComponentType>(call.Number(0).Value());
-    return NewComponent(project.ActiveVBProject().Components().Add(type));
-  });
-  return components;
-}
-
 FakePtr NewProject(MemoryProject& project) {
-  auto object = NewFake("VBProject");
-  object->On("AddToolboxProgID",
-             [&project](const Call& call) { project.ActiveVBProject().AddToolboxProgID(call.Text(0)); });
-  object->On("VBComponents", [&project] { return NewComponents(project); });
-  return object;
+  return NewFake("VBProject")
+      ->On("AddToolboxProgID",
+           [&project](const Call& call) { project.ActiveVBProject().AddToolboxProgID(call.Text(0)); })
+      ->On("VBComponents", [&project] {
+        return NewCollection(
+                   "VBComponents", [&project] { return Int32(project.OnDisk().Summaries().size()); },
+                   [&project](const Call& call) { return ComponentAt(project, call.Number(0)); })
+            ->On("Add", [&project](const Call& call) {
+              const auto type = static_cast<ide::ComponentType>(call.Number(0).Value());
+              return NewComponent(project.ActiveVBProject().Components().Add(type));
+            });
+      });
 }
 
 }  // namespace
 
 FakePtr HostEnvironment::Root() {
-  auto root = NewFake("VBE");
-  root->On("Version", [this] { return Version; });
-  root->On("CommandBars", [this] { return Menus.CommandBars(); });
-  root->On("Events", HostMenus::Events);
-  root->On("ActiveVBProject", [this] { return NewProject(project_); });
-  root->On("MainWindow", [this] {
-    auto window = NewFake("Window");
-    window->On("HWnd",
-               [this] { return runtime::Int32(static_cast<std::int32_t>(reinterpret_cast<LONG_PTR>(mainWindow_))); });
-    return window;
-  });
-  return root;
+  return NewFake("VBE")
+      ->On("Version", [this] { return Version; })
+      ->On("CommandBars", [this] { return Menus.CommandBars(); })
+      ->On("Events", HostMenus::Events)
+      ->On("ActiveVBProject", [this] { return NewProject(project_); })
+      ->On("MainWindow", [this] {
+        const Int32 handle(static_cast<std::int32_t>(reinterpret_cast<LONG_PTR>(mainWindow_)));
+        return NewFake("Window")->On("HWnd", [handle] { return handle; });
+      });
 }
 
 }  // namespace formwizard::tests::host

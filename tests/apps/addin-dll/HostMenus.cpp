@@ -37,26 +37,17 @@ auto Kept(const std::shared_ptr<Command>& command, Member Command::*member, Conv
   };
 }
 
-class HostButton : public FakeDispatch {
- public:
-  HostButton(const std::shared_ptr<Menu>& menu, const std::shared_ptr<Command>& command)
-      : FakeDispatch("CommandBarButton"), Clicked(command) {
-    On("Caption", Kept(command, &Command::Caption, &Value::ToText));
-    On("OnAction", Kept(command, &Command::OnAction, &Value::ToText));
-    On("BeginGroup", Kept(command, &Command::BeginGroup, &Value::ToBool));
-    On("PasteFace", [command] { command->Face = ClipboardBitmap(); });
-    On("Delete", [menu, command] {
-      if (!command->Sources.empty()) runtime::Raise(runtime::AutomationError, "Somebody still listens to the command");
-      if (std::erase(*menu, command) == 0) runtime::Raise(runtime::AutomationError, "The command has been deleted");
-      command->IsDeleted = true;
-    });
-  }
-
-  const std::shared_ptr<Command> Clicked;
-};
-
 FakePtr NewButton(const std::shared_ptr<Menu>& menu, const std::shared_ptr<Command>& command) {
-  return FakePtr(new HostButton(menu, command));
+  return NewFake("CommandBarButton", command)
+      ->On("Caption", Kept(command, &Command::Caption, &Value::ToText))
+      ->On("OnAction", Kept(command, &Command::OnAction, &Value::ToText))
+      ->On("BeginGroup", Kept(command, &Command::BeginGroup, &Value::ToBool))
+      ->On("PasteFace", [command] { command->Face = ClipboardBitmap(); })
+      ->On("Delete", [menu, command] {
+        if (!command->Sources.empty()) runtime::Raise(runtime::AutomationError, "Somebody listens to the command");
+        if (std::erase(*menu, command) == 0) runtime::Raise(runtime::AutomationError, "The command has been deleted");
+        command->IsDeleted = true;
+      });
 }
 
 // What stands in a collection, counted from 1.
@@ -67,29 +58,25 @@ const typename Items::value_type* ElementAt(const Items& items, const Call& call
 }
 
 FakePtr NewControls(const std::shared_ptr<Menu>& menu) {
-  auto controls = NewCollection(
-      "CommandBarControls", [menu] { return Int32(menu->size()); },
-      [menu](const Call& call) {
-        const auto* command = ElementAt(*menu, call);
-        return command ? NewButton(menu, *command) : FakePtr();
+  return NewCollection(
+             "CommandBarControls", [menu] { return Int32(menu->size()); },
+             [menu](const Call& call) {
+               const auto* command = ElementAt(*menu, call);
+               return command ? NewButton(menu, *command) : FakePtr();
+             })
+      ->On("Add", [menu](const Call& call) {
+        if (call.Number(0) != Int32(1)) runtime::Raise(runtime::InvalidProcedureCall);
+        return NewButton(menu, menu->emplace_back(std::make_shared<Command>()));
       });
-  controls->On("Add", [menu](const Call& call) {
-    if (call.Number(0) != Int32(1)) runtime::Raise(runtime::InvalidProcedureCall);
-    return NewButton(menu, menu->emplace_back(std::make_shared<Command>()));
-  });
-  return controls;
 }
 
 // Menus have a number of their own for what bars have too, whatever type both say they have.
 FakePtr NewPopup(const std::shared_ptr<Menu>& menu) {
-  auto popup = NewFake("CommandBarPopup");
-  popup->On("CommandBar", [menu] {
-    auto bar = NewFake("CommandBar");
-    bar->On("Name", [] { return std::string("Menu"); });
-    bar->On("Controls", [menu] { return NewControls(menu); });
-    return bar;
+  return NewFake("CommandBarPopup")->On("CommandBar", [menu] {
+    return NewFake("CommandBar")->On("Name", [] { return std::string("Menu"); })->On("Controls", [menu] {
+      return NewControls(menu);
+    });
   });
-  return popup;
 }
 
 }  // namespace
@@ -149,8 +136,7 @@ FakePtr HostMenus::CommandBars() {
       "CommandBars", [] { return Int32(1); },
       [this](const Call& index) {
         if (index.Number(0) != Int32(1)) return FakePtr();
-        auto bar = NewFake("CommandBar");
-        bar->On("Controls", [this] {
+        return NewFake("CommandBar")->On("Controls", [this] {
           return NewCollection(
               "CommandBarControls", [this] { return Int32(menus_.size()); },
               [this](const Call& call) {
@@ -158,23 +144,14 @@ FakePtr HostMenus::CommandBars() {
                 return menu ? NewPopup(*menu) : FakePtr();
               });
         });
-        return bar;
       });
 }
 
 FakePtr HostMenus::Events() {
-  auto events = NewFake("Events");
-  events->On("CommandBarEvents", [](const Call& call) {
-    const ComPtr<IDispatch> control = call.Value(0).ToDispatch();
-    const auto* button = dynamic_cast<HostButton*>(control.Get());
-    if (!button) runtime::Raise(runtime::TypeMismatch);
-    Value source;
-    VARIANT& raw = *source.Receive();
-    raw.vt = VT_UNKNOWN;
-    raw.punkVal = ComPtr<IConnectionPointContainer>(new ClickSource(button->Clicked)).Detach();
-    return source;
+  return NewFake("Events")->On("CommandBarEvents", [](const Call& call) {
+    IConnectionPoint* source = new ClickSource(PlayedBy<std::shared_ptr<Command>>(call.Value(0)));
+    return ComPtr<IUnknown>(source);
   });
-  return events;
 }
 
 ComPtr<IDispatch> ListenerOf(const std::shared_ptr<Command>& command) {

@@ -19,14 +19,9 @@ namespace {
 // What a command writes to standard output.
 std::string OutputOf(int (*command)(const apps::cli::BrowseOptions&), const apps::cli::BrowseOptions& options) {
   const std::ostringstream out;
-  std::streambuf* const before = std::cout.rdbuf(out.rdbuf());
-  try {
-    command(options);
-  } catch (const support::InputError&) {
-    std::cout.rdbuf(before);
-    throw;
-  }
-  std::cout.rdbuf(before);
+  const auto putBack = [](std::streambuf* before) { std::cout.rdbuf(before); };
+  const std::unique_ptr<std::streambuf, decltype(putBack)> before(std::cout.rdbuf(out.rdbuf()), putBack);
+  command(options);
   return out.str();
 }
 
@@ -58,12 +53,12 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
         if (how == Failure::Null || (how == Failure::WrongType && withoutResult.contains(member))) continue;
         CAPTURE(member);
         CAPTURE(static_cast<int>(how));
-        PlannedFailures[member] = {how};
+        PlannedFailures[member] = how;
         CHECK_THROWS_WITH(apps::common::ExportServer(*apps::common::InstalledServer(), "", nowhere),
                           doctest::Contains(DescriptionOf(how).c_str()));
       }
     }
-    PlannedFailures["Factory.Disconnect"] = {Failure::Null};
+    PlannedFailures["Factory.Disconnect"] = Failure::Null;
     const auto factory = com::ComFactoryCreator("OstrelObject.Factory").Create();
     CHECK(ErrorNumberOf([&] { factory->Disconnect(); }) == runtime::InvalidUseOfNull);
   }

@@ -82,6 +82,9 @@ TEST_CASE("Saving that fails is said, leaves the form open, and can be tried aga
   // A second form follows the first one into the project.
   MakePersonForm(desktop);
   CHECK(Components(desktop).currentItem()->text() == "frmPerson2");
+  Components(desktop).setCurrentRow(0);
+  desktop.UseWizard([] { Find<QAbstractButton>(WizardDesign().cmdCancel)->click(); });
+  CHECK(Components(desktop).currentRow() == 0);  // what is looked at stays when nothing was made
   desktop.Save();
   CHECK(FilesIn(desktop.Home).contains("frmPerson2.frm"));
 }

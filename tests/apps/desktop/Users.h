@@ -64,10 +64,12 @@ class MouseUser : public User {
     Press(button);
     WaitForFocus();
   }
-  void Open(const ui::Control& tree, const std::string& node) override { DoubleClickNode(tree, node, ""); }
-  void GoOnWith(const ui::Control& tree, const std::string& node) override { DoubleClickNode(tree, node, ""); }
-  void Take(const ui::Control& tree, const std::string& node, const std::string& below, const ui::Control&) override {
-    DoubleClickNode(tree, node, below);
+  void Take(const ui::Control& control, const std::string& node, const std::string& below,
+            const ui::Control&) override {
+    auto* tree = Find<QTreeWidget>(control);
+    QTreeWidgetItem* item = FindItem(*tree, node, below);
+    tree->scrollToItem(item);
+    DoubleClick(*tree->viewport(), tree->visualItemRect(item).center());
   }
   void ChooseRow(const ui::Control& list, int row) override {
     auto* widget = Find<QListWidget>(list);
@@ -98,14 +100,6 @@ class MouseUser : public User {
   }
   static void DoubleClick(QWidget& widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseDClick(widget.window()->windowHandle(), button, {}, widget.mapTo(widget.window(), at));
-  }
-
- private:
-  static void DoubleClickNode(const ui::Control& control, const std::string& node, const std::string& below) {
-    auto* tree = Find<QTreeWidget>(control);
-    QTreeWidgetItem* item = FindItem(*tree, node, below);
-    tree->scrollToItem(item);
-    DoubleClick(*tree->viewport(), tree->visualItemRect(item).center());
   }
 };
 
