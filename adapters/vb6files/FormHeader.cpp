@@ -22,10 +22,12 @@ constexpr std::string_view ReferenceMark = ".frx\":";
 
 bool Precedes(std::string_view a, std::string_view b) { return runtime::LowerCase(a) < runtime::LowerCase(b); }
 
-// The mark, and before it a quotation mark with which the file's name begins.
+// The mark, and before it an equals sign and a quotation mark with which the file's name begins.
 bool IsReference(std::string_view lines) {
   const std::size_t at = lines.find(ReferenceMark);
-  return at != std::string_view::npos && lines.substr(0, at).find('"') != std::string_view::npos;
+  if (at == std::string_view::npos) return false;
+  const std::string_view before = lines.substr(0, at);
+  return before.rfind('"') != std::string_view::npos && before.find('=') < before.rfind('"');
 }
 
 // Where a line's reference begins, its "$" included, and the offset that it gives.

@@ -38,7 +38,7 @@ TEST_CASE("A form that nothing changes keeps its line ends") {
   const std::string frm =
       "VERSION 5.00\nBegin VB.Form A \nEnd\nAttribute VB_Name = \"A\"\nAttribute VB_Exposed = False\ncode";
   CHECK(Environment().Parse(frm)->Render("A").Frm == frm);
-  for (const char* number : {"nan", "-1E999", "99", "1\n   .frx\":0000 = 1"}) {  // of a style that there is not
+  for (const char* number : {"nan", "-1E999", "99", "1\n   $\"x.frx\":0000 = 1"}) {  // of a style that there is not
     std::string strange = frm;
     strange.insert(strange.find("End"), std::string("   BorderStyle = ") + number + "\n");
     CHECK(Environment().Parse(strange)->Render("A").Frm == strange);
