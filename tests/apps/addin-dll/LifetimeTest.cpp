@@ -15,9 +15,8 @@ namespace {
 
 // What a leak makes more of. Programs have heaps of their own; the process' heap is what the system's libraries use.
 struct Usage {
-  std::size_t Blocks = 0, SystemBlocks = 0;
-  int Windows = 0;
-  int GdiObjects = 0;
+  std::size_t Blocks, SystemBlocks;
+  int Windows, GdiObjects;
 };
 
 std::size_t CountBlocks(HANDLE heap) {
@@ -39,9 +38,7 @@ int CountGdiObjects() {
 }
 
 Usage CurrentUsage() {
-  Usage usage;
-  usage.GdiObjects = CountGdiObjects();
-  usage.Windows = CountWindows();
+  Usage usage{0, 0, CountWindows(), CountGdiObjects()};
   std::array<HANDLE, 100> heaps{};
   const DWORD count = ::GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
   for (DWORD i = 0; i < count; ++i) {
