@@ -16,6 +16,7 @@ const QRegularExpression Ideographs("[\\x{2E80}-\\x{FFFF}]");
 void CheckFits() {
   QApplication::processEvents();
   const QWidget* window = QApplication::activeModalWidget();
+  CHECK(QRect(0, 0, 1024, 768).contains(window->rect()));  // a small screen
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
     if (!widget->isVisible()) continue;
     CAPTURE(widget->objectName().toStdString());
