@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
+#include <locale>
 #include <optional>
+#include <sstream>
 
 namespace formwizard::runtime {
 namespace {
@@ -59,8 +60,17 @@ NumberScan ScanNumber(std::string_view text, bool skipBlanksInside) {
   return scan;
 }
 
-// Locale-independent, unlike strtod alone: the digits are plain ASCII and the program never sets a locale.
-double ValueOf(const NumberScan& scan) { return scan.HasDigit ? std::strtod(scan.Digits.c_str(), nullptr) : 0.0; }
+// Has a point for a decimal sign whatever the user's locale is, which toolkits make the program's. Infinite when it is
+// too large for a number.
+double ValueOf(const NumberScan& scan) {
+  double value = 0;
+  if (!scan.HasDigit) return value;
+  std::istringstream digits(scan.Digits);
+  digits.imbue(std::locale::classic());
+  digits >> value;
+  if (digits.fail()) return std::copysign(HUGE_VAL, value);
+  return value;
+}
 
 std::optional<double> WholeNumber(std::string_view text) {
   const std::string_view trimmed = Trimmed(text, Blanks);

@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <locale>
+
 using namespace formwizard::runtime;
 using formwizard::tests::ErrorNumberOf;
 
@@ -16,6 +18,15 @@ TEST_CASE("The leading number of a text ends where the number does") {
     CAPTURE(text);
     CHECK(LeadingNumber(text) == value);
   }
+}
+
+TEST_CASE("The decimal sign is a point whatever the locale has") {
+  struct Comma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+  };
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Comma));
+  CHECK(LeadingNumber("1.5e1") == 15.0);
+  std::locale::global(before);
 }
 
 TEST_CASE("Rounding takes halves to the even number and refuses what does not fit") {
