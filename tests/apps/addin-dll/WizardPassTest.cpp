@@ -21,8 +21,9 @@ void TakePicture(const std::string& name) {
   if (!folder) return;
   RECT place{};
   ::GetWindowRect(ActiveWindow(), &place);
-  BITMAPINFO description{{sizeof(BITMAPINFOHEADER), place.right - place.left, place.bottom - place.top, 1, 24}, {}};
-  const BITMAPINFOHEADER& header = description.bmiHeader;
+  BITMAPINFO description{};
+  BITMAPINFOHEADER& header = description.bmiHeader;
+  header = {sizeof(header), place.right - place.left, place.bottom - place.top, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
   void* pixels = nullptr;
   const formwizard::adapters::win32::Owned<HBITMAP> bitmap(
       ::CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &pixels, nullptr, 0));
