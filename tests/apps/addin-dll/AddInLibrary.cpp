@@ -29,13 +29,13 @@ AddInLibrary::~AddInLibrary() { ::FreeLibrary(handle_); }
 
 HRESULT AddInLibrary::Call(const char* name) const { return Export<HRESULT(STDMETHODCALLTYPE*)()>(handle_, name)(); }
 
-com::ComPtr<IUnknown> AddInLibrary::Create(REFIID id) const {
+com::ComPtr<IUnknown> AddInLibrary::Create(REFIID id, IUnknown* outer) const {
   const auto getClassObject =
       Export<HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**)>(handle_, "DllGetClassObject");
   com::ComPtr<IClassFactory> factory;
   com::Check(getClassObject(apps::addin::ClassId, IID_IClassFactory, factory.ReceiveVoid()));
   com::ComPtr<IUnknown> addIn;
-  com::Check(factory->CreateInstance(nullptr, id, addIn.ReceiveVoid()));
+  com::Check(factory->CreateInstance(outer, id, addIn.ReceiveVoid()));
   return addIn;
 }
 

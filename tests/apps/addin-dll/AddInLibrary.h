@@ -54,7 +54,7 @@ class AddInLibrary {
   // An export that takes nothing, such as DllCanUnloadNow.
   HRESULT Call(const char* name) const;
   // From the library's own class factory, without the system's list of classes.
-  com::ComPtr<IUnknown> Create(REFIID id) const;
+  com::ComPtr<IUnknown> Create(REFIID id, IUnknown* outer = nullptr) const;
 
  private:
   TemporaryFolder folder_;

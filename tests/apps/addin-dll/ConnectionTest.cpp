@@ -1,6 +1,7 @@
 // The add-in's class in the system and its command in the environment.
 #include "resources/Bitmaps.h"
 #include "tests/apps/addin-dll/HostFixture.h"
+#include "tests/support/ErrorNumber.h"
 
 #include <doctest/doctest.h>
 
@@ -109,6 +110,7 @@ TEST_CASE("The class factory makes independent objects of both interfaces, and n
   const ComPtr<IUnknown> first = library.Create(Extensibility);
   const ComPtr<IUnknown> second = library.Create(Extensibility2);
   CHECK(first.Get() != second.Get());
+  CHECK(ErrorNumberOf([&] { library.Create(IID_IUnknown, first.Get()); }) == CLASS_E_NOAGGREGATION);
   for (const IID& id : {IID_IUnknown, IID_IDispatch, Extensibility}) {
     ComPtr<IUnknown> same;
     CHECK(first->QueryInterface(id, same.ReceiveVoid()) == S_OK);
