@@ -12,8 +12,6 @@
 
 namespace formwizard::adapters::win32 {
 
-inline constexpr int DesignedDotsPerInch = 96;
-
 int DotsPerInch();
 int PixelsOf(int twips);
 

@@ -5,7 +5,7 @@
 #include "adapters/com/ComFactory.h"
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/native/NativeProfile.h"
-#include "adapters/win32/Win32TextMeasure.h"
+#include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "addin/Wizard.h"
 #include "apps/addin-dll/AddInDesktop.h"
 #include "apps/addin-dll/Module.h"
@@ -44,7 +44,7 @@ class Session : public std::enable_shared_from_this<Session> {
   ModuleHold hold_;  // the wizard may be open when nobody holds the add-in any more
   Environment environment_;
   AddInDesktop desktop_;
-  adapters::win32::Win32TextMeasure measure_;
+  adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::native::NativeProfile profiles_;
   adapters::native::NativeLibraries libraries_;
   adapters::com::ComFactoryCreator factories_;

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "adapters/satellite/Satellites.h"
+#include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/win32/Win32Desktop.h"
-#include "adapters/win32/Win32TextMeasure.h"
 #include "tests/adapters/win32/User.h"
 #include "tests/support/SampleDictionary.h"
 
@@ -30,7 +30,7 @@ struct DialogFixture {
 
   MainWindow Main;
   adapters::win32::Win32Desktop Desktop{Main.Handle()};
-  adapters::win32::Win32TextMeasure Measure;
+  adapters::textmeasure::BuiltInTextMeasure Measure;
   WizardFixture Fakes;
   TemporaryFolder Folder;
   std::unique_ptr<wizard::factory::FactoryCreator> Dictionary = OpenSampleDictionary(Folder);

@@ -1,5 +1,6 @@
 // A click on the command, and the wizard used in its windows until the environment has a new form.
 #include "adapters/win32/Handles.h"
+#include "tests/adapters/win32/Densities.h"
 #include "tests/apps/addin-dll/HostFixture.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
@@ -71,15 +72,17 @@ void ChooseByMouse() {
 
 // tests/golden/addin-project is what the command line makes, on any system, of the same choices.
 TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the one that the command line makes") {
-  for (const auto choose : {ChooseByKeyboard, ChooseByMouse}) {
-    const bool byKeyboard = choose == ChooseByKeyboard;
-    CAPTURE(byKeyboard);
-    HostFixture host;
-    host.Connect();
-    host.UseWizard(choose);
-    CheckSameFiles(host.Project.Saved(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
-    CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
-  }
+  AtEveryDensity([](int) {
+    for (const auto choose : {ChooseByKeyboard, ChooseByMouse}) {
+      const bool byKeyboard = choose == ChooseByKeyboard;
+      CAPTURE(byKeyboard);
+      HostFixture host;
+      host.Connect();
+      host.UseWizard(choose);
+      CheckSameFiles(host.Project.Saved(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
+      CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
+    }
+  });
 }
 
 TEST_CASE("Code goes behind more lines than 16 bits count, until an event procedure is to have such a line") {
