@@ -7,9 +7,6 @@
 
 namespace formwizard::apps::addin {
 
-inline constexpr wchar_t ProgId[] = L"OstrelFormWizard.Wizard";
-inline constexpr GUID ClassId{0x21C062AC, 0x2BC3, 0x4D75, {0xA2, 0xFD, 0x04, 0x51, 0x7B, 0x9C, 0xF2, 0x98}};
-
 HINSTANCE ThisModule();
 
 // The path of the library, and its folder with the trailing backslash.

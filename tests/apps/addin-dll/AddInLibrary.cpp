@@ -1,7 +1,7 @@
 #include "tests/apps/addin-dll/AddInLibrary.h"
 
 #include "adapters/com/Failures.h"
-#include "apps/addin-dll/Module.h"
+#include "apps/registration/Entries.h"
 #include "tests/support/BuildTree.h"
 
 #include <filesystem>
@@ -29,11 +29,15 @@ AddInLibrary::~AddInLibrary() { ::FreeLibrary(handle_); }
 
 HRESULT AddInLibrary::Call(const char* name) const { return Export<HRESULT(STDMETHODCALLTYPE*)()>(handle_, name)(); }
 
+HRESULT AddInLibrary::Install(bool install, const wchar_t* scope) const {
+  return Export<HRESULT(STDMETHODCALLTYPE*)(BOOL, PCWSTR)>(handle_, "DllInstall")(install, scope);
+}
+
 com::ComPtr<IUnknown> AddInLibrary::Create(REFIID id, IUnknown* outer) const {
   const auto getClassObject =
       Export<HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**)>(handle_, "DllGetClassObject");
   com::ComPtr<IClassFactory> factory;
-  com::Check(getClassObject(apps::addin::ClassId, IID_IClassFactory, factory.ReceiveVoid()));
+  com::Check(getClassObject(apps::registration::ClassId, IID_IClassFactory, factory.ReceiveVoid()));
   com::ComPtr<IUnknown> addIn;
   com::Check(factory->CreateInstance(outer, id, addIn.ReceiveVoid()));
   return addIn;

@@ -53,6 +53,8 @@ class AddInLibrary {
   HMODULE Handle() const { return handle_; }
   // An export that takes nothing, such as DllCanUnloadNow.
   HRESULT Call(const char* name) const;
+  // DllInstall.
+  HRESULT Install(bool install, const wchar_t* scope) const;
   // From the library's own class factory, without the system's list of classes.
   com::ComPtr<IUnknown> Create(REFIID id, IUnknown* outer = nullptr) const;
 

@@ -1,4 +1,4 @@
-// The add-in's class in the system and its command in the environment.
+// The add-in's object and its command in the environment.
 #include "resources/Bitmaps.h"
 #include "tests/apps/addin-dll/HostFixture.h"
 #include "tests/support/ErrorNumber.h"
@@ -13,30 +13,6 @@ using namespace formwizard::tests::host;
 using formwizard::adapters::com::ComPtr;
 
 namespace {
-
-constexpr wchar_t AddInsKey[] = L"Software\\Microsoft\\Visual Basic\\6.0\\Addins\\OstrelFormWizard.Wizard";
-
-bool HasKey(HKEY hive, const std::wstring& name) {
-  HKEY key = nullptr;
-  if (::RegOpenKeyExW(hive, name.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
-  ::RegCloseKey(key);
-  return true;
-}
-
-DWORD NumberIn(HKEY hive, const wchar_t* key, const wchar_t* name) {
-  DWORD number = 999, size = sizeof(number);
-  ::RegGetValueW(hive, key, name, RRF_RT_REG_DWORD, nullptr, &number, &size);
-  return number;
-}
-
-HRESULT CreateRegistered(ComPtr<IUnknown>& addIn) {
-  CLSID id{};
-  const HRESULT result = ::CLSIDFromProgID(AddInProgId, &id);
-  if (FAILED(result)) return result;
-  return ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, Extensibility, addIn.ReceiveVoid());
-}
-
-UINT InOlderList() { return ::GetPrivateProfileIntW(L"Add-Ins32", AddInProgId, 99, L"vbaddin.ini"); }
 
 void ClearClipboard() {
   REQUIRE(::OpenClipboard(nullptr));
@@ -81,28 +57,6 @@ struct NamedCall {
 };
 
 }  // namespace
-
-TEST_CASE("Registration enters the class and the add-in, and takes them out again") {
-  const NothingIsLeft test;
-  const AddInLibrary library;
-  ComPtr<IUnknown> addIn;
-  CHECK(FAILED(CreateRegistered(addIn)));
-  for (int i = 0; i < 2; ++i) CHECK(library.Call("DllRegisterServer") == S_OK);  // again over what is there
-  CHECK(CreateRegistered(addIn) == S_OK);
-  CHECK(NumberIn(HKEY_CURRENT_USER, AddInsKey, L"LoadBehavior") == 1);
-  CHECK(NumberIn(HKEY_CURRENT_USER, AddInsKey, L"CommandLineSafe") == 0);
-  CHECK(InOlderList() == 1);
-  CHECK(library.Call("DllCanUnloadNow") == S_FALSE);
-  addIn = {};
-  for (int i = 0; i < 2; ++i) CHECK(library.Call("DllUnregisterServer") == S_OK);
-  CHECK(FAILED(CreateRegistered(addIn)));
-  CHECK_FALSE(HasKey(HKEY_CURRENT_USER, AddInsKey));
-  CHECK_FALSE(HasKey(HKEY_CLASSES_ROOT, AddInProgId));
-  CHECK_FALSE(HasKey(HKEY_CLASSES_ROOT, L"CLSID\\{21C062AC-2BC3-4D75-A2FD-04517B9CF298}"));
-  CHECK(InOlderList() == 99);
-  CHECK(library.Call("DllCanUnloadNow") == S_OK);
-  ::CoFreeUnusedLibrariesEx(0, 0);
-}
 
 TEST_CASE("The class factory makes independent objects of both interfaces, and nothing else") {
   const NothingIsLeft test;
