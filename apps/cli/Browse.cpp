@@ -1,11 +1,13 @@
-#include "apps/cli/Options.h"
+#include "apps/cli/Commands.h"
 #include "apps/common/Dictionaries.h"
+#include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
 #include "runtime/Variant.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
 #include "wizard/factory/SystemList.h"
 
+#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include <functional>
@@ -20,6 +22,11 @@ using wizard::factory::ObjectFactory;
 using wizard::factory::ResultSet;
 using wizard::factory::System;
 using wizard::factory::SystemsIn;
+
+struct BrowseOptions {
+  std::string Dictionary, System, Class;
+  bool Server = false, Json = false, All = false;  // the installed server instead of a dictionary
+};
 
 // A factory that is connected to the system asked for, or to the first one.
 class Server {
@@ -91,7 +98,7 @@ class Table {
   // Only a whole table is valid JSON.
   int End() {
     if (json_) std::cout << (first_ ? "]\n" : "\n]\n");
-    return Done;
+    return common::Done;
   }
 
  private:
@@ -106,8 +113,6 @@ Json RowOf(ResultSet& rows) {
   }
   return row;
 }
-
-}  // namespace
 
 int ListSystems(const BrowseOptions& options) {
   const Server server(options);
@@ -168,6 +173,62 @@ int ListQueries(const BrowseOptions& options) {
     table.Row(row);
   }
   return table.End();
+}
+
+// Where a server can be installed it can take the place of the file.
+void AddSource(CLI::App& command, BrowseOptions& options) {
+  CLI::Option& file = *AddFile(command, "--dictionary", options.Dictionary, "the class dictionary");
+  if (common::CanHaveServer()) {
+    file.excludes(command.add_flag("--server", options.Server, "ask the installed server instead"));
+  } else {
+    file.required();
+  }
+}
+
+// What a listing takes: a dictionary, which has systems, which have classes.
+enum class Takes { Dictionary, System, Class };
+
+// The command, to which options of its own can be added.
+CLI::App& AddListing(CLI::App& program, Task& task, const char* name, const char* about, Takes takes,
+                     int (*list)(const BrowseOptions&), const std::shared_ptr<BrowseOptions>& options) {
+  CLI::App& command = *program.add_subcommand(name, about);
+  AddSource(command, *options);
+  command.add_flag("--json", options->Json, "show the result as JSON");
+  if (takes != Takes::Dictionary) {
+    command.add_option("--system", options->System, "the system (default: the first one)")->type_name("NAME");
+  }
+  if (takes == Takes::Class) {
+    command.add_option("--class", options->Class, "the class")->required()->type_name("NAME");
+  }
+  command.callback([&task, list, options] {
+    if (options->Dictionary.empty() && !options->Server) throw CLI::RequiredError("--dictionary or --server");
+    task = {[list, options] { return list(*options); }, options->Dictionary};
+  });
+  return command;
+}
+
+}  // namespace
+
+void AddSystems(CLI::App& program, Task& task) {
+  AddListing(program, task, "systems", "list the systems of a dictionary", Takes::Dictionary, ListSystems,
+             std::make_shared<BrowseOptions>());
+}
+
+void AddClasses(CLI::App& program, Task& task) {
+  const auto options = std::make_shared<BrowseOptions>();
+  AddListing(program, task, "classes", "list the classes that a form can be made for", Takes::System, ListClasses,
+             options)
+      .add_flag("--all", options->All, "system and not persistent classes too");
+}
+
+void AddProperties(CLI::App& program, Task& task) {
+  AddListing(program, task, "properties", "list the properties of a class", Takes::Class, ListProperties,
+             std::make_shared<BrowseOptions>());
+}
+
+void AddQueries(CLI::App& program, Task& task) {
+  AddListing(program, task, "queries", "list the queries of a class", Takes::Class, ListQueries,
+             std::make_shared<BrowseOptions>());
 }
 
 }  // namespace formwizard::apps::cli

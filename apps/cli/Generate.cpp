@@ -1,14 +1,16 @@
 #include "adapters/journal/Journal.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
+#include "apps/cli/Commands.h"
 #include "apps/cli/ConsoleDesktop.h"
+#include "apps/cli/FormDescription.h"
 #include "apps/cli/JournalFile.h"
-#include "apps/cli/Options.h"
 #include "apps/cli/RunProfile.h"
 #include "apps/cli/Summary.h"
 #include "apps/cli/UnifiedDiff.h"
 #include "apps/cli/WizardUser.h"
 #include "apps/common/Dictionaries.h"
+#include "apps/common/Endings.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "settings/Profile.h"
@@ -16,6 +18,7 @@
 #include "support/Messages.h"
 #include "system/Paths.h"
 
+#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
@@ -32,6 +35,16 @@ namespace {
 
 namespace vb6files = adapters::vb6files;
 using Json = nlohmann::ordered_json;
+using common::Done;
+using common::Incomplete;
+using common::UsageError;
+
+struct GenerateOptions {
+  std::string Project, Dictionary, Class, System, Profile, Language, Journal, Toolbox;
+  std::vector<std::string> Fields, Settings, Descriptions;
+  int CodePage = 1252;
+  bool DryRun = false, Diff = false, Check = false, Json = false, Force = false;
+};
 
 SettingTexts SettingsFromOptions(const std::vector<std::string>& settings) {
   SettingTexts texts;
@@ -255,8 +268,6 @@ void MakeAll(Run& run, const GenerateOptions& options) {
   for (const std::string& file : options.Descriptions) run.Make(ReadFormDescription(file));
 }
 
-}  // namespace
-
 int Generate(const GenerateOptions& options) {
   CheckUsage(options);
   Run run(options);
@@ -270,6 +281,50 @@ int Generate(const GenerateOptions& options) {
     throw;
   }
   return run.Save();
+}
+
+void AddOptions(CLI::App& command, GenerateOptions& options) {
+  AddFile(command, "--project", options.Project, "the VB6 project file (.vbp)")->required();
+  AddFile(command, "--dictionary", options.Dictionary, "the class dictionary")->required();
+  command.add_option("--system", options.System, "the system (default: the remembered one, else the first)")
+      ->type_name("NAME");
+  command.add_option("--class", options.Class, "the persistent class of the form")->type_name("NAME");
+  command.add_option("--fields", options.Fields, "its properties in order, separated by commas: Name,Home.City")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->type_name("PROPERTIES");
+  command.add_option("--set", options.Settings, "a setting for this run, such as Columns=2; may be repeated")
+      ->allow_extra_args(false)
+      ->type_name("KEY=VALUE");
+  command.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
+      ->capture_default_str()
+      ->type_name("N");
+  AddFile(command, "--toolbox", options.Toolbox, "control libraries that the project does not refer to yet");
+  AddFile(command, "--profile", options.Profile,
+          "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
+  command.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")
+      ->type_name("ABC");
+  command.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
+  command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
+  command.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");
+  AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
+  command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
+  command.add_flag("--json", options.Json, "show the summary as JSON");
+  command.add_option("descriptions", options.Descriptions, "form descriptions in JSON, \"-\" for standard input")
+      ->type_name("FORM.json")
+      ->check(CheckedPath);
+}
+
+}  // namespace
+
+void AddGenerate(CLI::App& program, Task& task) {
+  const auto options = std::make_shared<GenerateOptions>();
+  CLI::App& command = *program.add_subcommand("generate", "create forms in a project");
+  AddOptions(command, *options);
+  command.callback([&task, options] {
+    const bool saves = (!options->DryRun && !options->Check) || !options->Journal.empty();
+    task = {[options] { return Generate(*options); }, options->Project, saves};
+  });
 }
 
 }  // namespace formwizard::apps::cli

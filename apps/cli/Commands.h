@@ -1,0 +1,34 @@
+// The commands of the program. Each is a file, which declares its options and says what it does, and a row in
+// Program.cpp.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace formwizard::apps::cli {
+
+// What the command line asks for.
+struct Task {
+  // Returns an ExitStatus. Whatever exception it raises, nothing was changed, but for common::FailedAfterSaving.
+  std::function<int()> Do;
+  std::string Subject;  // the file that it is about: begins messages of failures that name none
+  bool Saves = false;   // files, and not only to standard output
+};
+
+// Adds a command, with its options and help, to the program. Its callback, which the parser calls when the command line
+// names it and is right so far, sets the task, or raises CLI::ParseError for what the parser itself cannot see.
+using AddCommand = void(CLI::App& program, Task& task);
+AddCommand AddGenerate, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary;
+
+// An option, or an argument when the name has no dashes, that takes a path. One that no file can have ends in
+// support::InputError.
+CLI::Option* AddFile(CLI::App& command, const char* name, std::string& file, const char* about);
+// The check that this makes, for options that take several; what it returns is what is wrong.
+std::string CheckedPath(const std::string& path);
+
+}  // namespace formwizard::apps::cli

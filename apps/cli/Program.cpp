@@ -1,0 +1,75 @@
+#include "apps/cli/Program.h"
+
+#include "apps/cli/Commands.h"
+#include "apps/common/Endings.h"
+#include "apps/common/Platform.h"
+#include "support/Messages.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <sstream>
+#include <utility>
+
+namespace formwizard::apps::cli {
+namespace {
+
+// In the order of the help text.
+constexpr std::array<AddCommand*, 6> Commands{
+    AddGenerate, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary,
+};
+
+int Say(const common::Failure& failure) {
+  std::cout.flush();
+  std::cerr << "ostrel-form-wizard: " << support::Shown(failure.Message) << '\n';
+  return failure.Status;
+}
+
+// What the parser itself has to say: a help text, the version, or what is wrong.
+int EndOfParsing(const CLI::App& app, const CLI::ParseError& end) {
+  std::ostringstream out;
+  std::ostringstream wrong;
+  if (app.exit(end, out, wrong) != 0) {
+    return Say({common::WrongUsage, std::string(end.what()) + "; see \"ostrel-form-wizard --help\""});
+  }
+  std::cout << out.str();
+  common::FlushOutput();
+  return common::Done;
+}
+
+int Run(std::vector<std::string> arguments, Task& task) {
+  CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
+               "ostrel-form-wizard");
+  app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
+  app.require_subcommand(1);
+  app.footer(
+      "Exit status: 0 done, 1 a form is incomplete, --check found something to write or what came after saving\n"
+      "failed, 2 wrong usage, 3 an input is missing or invalid, 4 saving failed and nothing was changed.");
+  for (AddCommand* add : Commands) add(app, task);
+  try {
+    std::ranges::reverse(arguments);  // as the parser wants them
+    app.parse(std::move(arguments));
+  } catch (const CLI::ParseError& end) {
+    return EndOfParsing(app, end);
+  }
+  // A listing ends quietly with whoever reads it, as listings do; a command that saves says how it ended.
+  if (task.Saves) common::SurviveFailedWrites();
+  const int status = task.Do();
+  common::FlushOutput();
+  return status;
+}
+
+}  // namespace
+
+int RunProgram(const std::function<std::vector<std::string>()>& arguments) {
+  Task task;
+  try {
+    return Run(arguments(), task);
+  } catch (...) {
+    return Say(common::CurrentFailure(task.Subject));
+  }
+}
+
+}  // namespace formwizard::apps::cli
