@@ -1,5 +1,7 @@
 #include "system/Aside.h"
 
+#include "system/ContentSum.h"
+
 #include <algorithm>
 #include <random>
 
@@ -18,17 +20,11 @@ std::string_view StemOf(std::string_view name) {
 }
 
 std::string CheckSum(std::string_view name, std::string_view random) {
-  const std::uint64_t sum = ContentSum(std::string(name) + "." + std::string(random));
+  const std::uint64_t sum = BytewiseSum(std::string(name) + "." + std::string(random));
   return Hexadecimal((sum ^ (sum >> 32)) & 0xFFFFFFFF, 8);
 }
 
 }  // namespace
-
-std::uint64_t ContentSum(std::string_view bytes) {
-  std::uint64_t sum = 0xCBF29CE484222325;  // FNV-1a
-  for (const char byte : bytes) sum = (sum ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
-  return sum;
-}
 
 std::string Hexadecimal(std::uint64_t value, int digits) {
   std::string text(static_cast<std::size_t>(digits), '0');

@@ -12,9 +12,6 @@ namespace formwizard::system {
 std::string AsideName(std::string_view name);
 bool IsAsideName(std::string_view aside, std::string_view name);
 
-// Tells contents apart; it is no defence against somebody who looks for two of the same sum.
-std::uint64_t ContentSum(std::string_view bytes);
-
 // With `digits` lower-case hexadecimal digits.
 std::string Hexadecimal(std::uint64_t value, int digits = 16);
 

@@ -1,6 +1,6 @@
 #include "system/FilesRead.h"
 
-#include "system/Aside.h"
+#include "system/ContentSum.h"
 
 namespace formwizard::system {
 namespace {

@@ -7,7 +7,8 @@
 namespace formwizard::adapters::vb6files {
 namespace {
 
-constexpr std::string_view Head = "A save of this project is under way, or was cut off.\n";
+constexpr std::string_view Head = "A save of this project is under way, or was cut off. Sums by words.\n";
+constexpr std::string_view BytewiseHead = "A save of this project is under way, or was cut off.\n";  // with older sums
 constexpr std::string_view Foot = "end\n";
 
 // "SUM LENGTH PATH", because a path may hold anything.
@@ -45,9 +46,11 @@ std::string SaveRecord::Text() const {
 }
 
 std::optional<SaveRecord> SaveRecord::Parse(std::string_view text) {
-  if (!text.starts_with(Head)) return std::nullopt;
-  text.remove_prefix(Head.size());
+  const bool isBytewise = text.starts_with(BytewiseHead);
+  if (!isBytewise && !text.starts_with(Head)) return std::nullopt;
+  text.remove_prefix(isBytewise ? BytewiseHead.size() : Head.size());
   SaveRecord record;
+  if (isBytewise) record.Sum = system::BytewiseSum;
   File old, changed, file;
   if (!Take(text, old) || !Take(text, changed)) return std::nullopt;
   record.OldProject = old.Sum;

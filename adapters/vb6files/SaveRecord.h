@@ -2,6 +2,8 @@
 // has cut off.
 #pragma once
 
+#include "system/ContentSum.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,9 +20,12 @@ struct SaveRecord {
     std::uint64_t Sum;
   };
 
+  // How contents were summed when the record was written.
+  std::uint64_t (*Sum)(std::string_view bytes) = system::ContentSum;
   std::uint64_t OldProject = 0, NewProject = 0;  // sums of the project file
   std::vector<File> Files;
 
+  // Of a record with the sums of today.
   std::string Text() const;
   // Nothing for a text that is cut off or no record.
   static std::optional<SaveRecord> Parse(std::string_view text);

@@ -67,12 +67,12 @@ void Saving::Open() {
 void Saving::Recover(const std::string& folder) {
   const std::optional<SaveRecord> record = SaveRecord::Parse(files_.Read(folder + Record).value_or(""));
   if (record) {
-    const std::uint64_t current = SumOf(projectFile_), aside = SumOf(folder + Project);
+    const std::uint64_t current = SumOf(projectFile_, *record), aside = SumOf(folder + Project, *record);
     const bool isDone = current == record->NewProject;
     const bool isOvertaken = isDone && aside != 0 && aside != record->OldProject && aside != record->NewProject;
     if (isOvertaken) files_.Replace(folder + Project, projectFile_);
     const bool isNotDone = !isDone && (current == record->OldProject || aside == record->NewProject);
-    if ((isOvertaken || isNotDone) && !RollBack(record->Files)) return;  // the next save tries again
+    if ((isOvertaken || isNotDone) && !RollBack(*record)) return;  // the next save tries again
   }
   RemoveStaging(folder);
 }
@@ -87,10 +87,10 @@ void Saving::Stage(const std::string& path, std::string_view bytes) {
 
 std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + "/" + std::to_string(number); }
 
-// 0 for no file.
-std::uint64_t Saving::SumOf(const std::string& path) const {
+// As the record has sums; 0 for no file.
+std::uint64_t Saving::SumOf(const std::string& path, const SaveRecord& record) const {
   const std::optional<std::string> bytes = files_.Read(path);
-  return bytes ? system::ContentSum(*bytes) : 0;
+  return bytes ? record.Sum(*bytes) : 0;
 }
 
 void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames) {
@@ -129,7 +129,9 @@ void Saving::CheckTargets() {
 
 // Before the first file is moved, the record of what will be is on the disk.
 void Saving::Prepare(std::string_view text) {
-  SaveRecord record{system::ContentSum(original_), system::ContentSum(text), {}};
+  SaveRecord record;
+  record.OldProject = record.Sum(original_);
+  record.NewProject = record.Sum(text);
   for (const Target& target : targets_) {
     if (target.IsThere) continue;
     const bool isInFolder = target.Path.starts_with(folderPart_);
@@ -150,7 +152,7 @@ void Saving::MoveIntoPlace() {
     if (!files_.MoveNew(Aside(number), target.Path)) {
       throw SaveError(target.Path + ": another program has just made this file; move it away, then try again");
     }
-    moved_.push_back({target.Path, target.Sum});
+    moved_.Files.push_back({target.Path, target.Sum});
   }
   for (const std::string& folder : folders) files_.FlushFolder(folder);
 }
@@ -162,14 +164,14 @@ bool Saving::IsAsRead(const std::string& project, std::string& changed) const {
 
 // A file that cannot be taken back stays, without anything that refers to it; false then. One that was changed since is
 // somebody's.
-bool Saving::RollBack(const std::vector<SaveRecord::File>& newFiles) {
+bool Saving::RollBack(const SaveRecord& record) {
   bool isComplete = true;
   std::set<std::string> folders;
-  for (const SaveRecord::File& file : newFiles) {
+  for (const SaveRecord::File& file : record.Files) {
     const std::string path =
         system::IsAbsolute(file.Path) || file.Path.starts_with(folderPart_) ? file.Path : folderPart_ + file.Path;
     try {
-      if (SumOf(path) != file.Sum) continue;
+      if (SumOf(path, record) != file.Sum) continue;
       files_.Remove(path);
       folders.insert(system::FolderOf(path));
     } catch (const support::InputError&) {

@@ -54,8 +54,8 @@ class Saving {
   void MoveIntoPlace();
   bool IsAsRead(const std::string& project, std::string& changed) const;
   std::string Aside(std::size_t number) const;
-  std::uint64_t SumOf(const std::string& path) const;
-  bool RollBack(const std::vector<SaveRecord::File>& newFiles);
+  std::uint64_t SumOf(const std::string& path, const SaveRecord& record) const;
+  bool RollBack(const SaveRecord& record);
   void RemoveStaging(const std::string& folder);
   void Discard() noexcept;
 
@@ -65,8 +65,8 @@ class Saving {
   const system::FilesRead& read_;
   std::string folder_, folderPart_, name_, stagingFolder_;
   std::unique_ptr<system::FileLock> lock_;
-  std::vector<Target> targets_;          // of the prepared files, which are called by their numbers
-  std::vector<SaveRecord::File> moved_;  // into place
+  std::vector<Target> targets_;  // of the prepared files, which are called by their numbers
+  SaveRecord moved_;             // the files that are in place
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -1,5 +1,6 @@
 #include "support/Failures.h"
 #include "system/Aside.h"
+#include "system/ContentSum.h"
 #include "system/Paths.h"
 #include "system/WholeFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -13,6 +14,8 @@
 #endif
 
 #include <filesystem>
+#include <numeric>
+#include <set>
 #include <vector>
 
 namespace {
@@ -23,6 +26,25 @@ using support::InputError;
 using support::SaveError;
 
 namespace fs = std::filesystem;
+
+TEST_CASE("The sum of a content tells it from any that differs in a byte or in its length, on every machine") {
+  std::string bytes(56, '\0');
+  std::iota(bytes.begin(), bytes.end(), '\xC8');
+  CHECK(system::ContentSum(bytes) == 0x43BA780A900BE6AD);
+  std::set<std::uint64_t> sums;
+  for (std::size_t length = 0; length <= 100; ++length) {
+    bytes.assign(length, '\0');
+    sums.insert(system::ContentSum(bytes));
+    for (char& byte : bytes) {
+      for (const char other : {'\x01', '\x80'}) {
+        byte = other;
+        sums.insert(system::ContentSum(bytes));
+      }
+      byte = '\0';
+    }
+  }
+  CHECK(sums.size() == 101 + 2 * 5050);
+}
 
 TEST_CASE("The file system of this machine keeps what saving relies on") {
   const TemporaryFolder temporary;

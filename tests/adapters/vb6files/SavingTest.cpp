@@ -1,6 +1,8 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 
 #include "runtime/Conversions.h"
+#include "system/Aside.h"
+#include "system/ContentSum.h"
 #include "tests/support/MemoryFileSystem.h"
 
 #include <doctest/doctest.h>
@@ -100,6 +102,20 @@ TEST_CASE("A crash at any operation leaves the old or the new project, and any n
     }
     stopped = files.IsStopped;
   }
+}
+
+TEST_CASE("What a save of an older version has left is taken back by the sums that it wrote down") {
+  const auto line = [](std::string_view bytes, const std::string& path) {
+    return system::Hexadecimal(system::BytewiseSum(bytes)) + " " + std::to_string(path.size()) + " " + path + "\n";
+  };
+  CHECK(system::BytewiseSum("a") == 0xAF63DC4C8601EC8C);
+  MemoryFileSystem files(OldProject());
+  files.Files["P/frmHome.frm"] = "moved already";
+  files.Files["P/" + system::AsideName("Lending.vbp") + "/record"] =
+      "A save of this project is under way, or was cut off.\n" + line(files.Files[ProjectPath], "") +
+      line("new project", "") + line("moved already", "frmHome.frm") + "end\n";
+  Generate(files);
+  CHECK(files.Files == NewProject());
 }
 
 TEST_CASE("A look that fails is an error, never an empty file: nothing is changed, or all is saved") {
