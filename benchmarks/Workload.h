@@ -1,0 +1,63 @@
+// What the benchmarks run the command line program on: dictionaries, form descriptions and projects in a folder of
+// their own, and the template from which the reference program makes the same forms.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace benchmarks {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Die(const std::string& message);
+
+std::string ReadFile(const fs::path& path);
+void WriteFile(const fs::path& path, const std::string& text);
+
+// Some forms of 20 fields for one project.
+struct Job {
+  int Forms = 1;
+  int Classes = 1;       // of the dictionary
+  bool OneClass = true;  // else every form is of another class
+  int Components = 0;    // that the project has besides
+  int Properties = 20;   // of each class
+  std::string Option{};  // of the program, such as "--json"
+};
+
+class Workload {
+ public:
+  // `folder` is made anew, and removed at the end; `programs` is the folder of the built programs.
+  Workload(fs::path folder, fs::path programs);
+  ~Workload();
+  Workload(const Workload&) = delete;
+  Workload& operator=(const Workload&) = delete;
+
+  // Makes a dictionary unless it is there; also by the arguments of a job.
+  std::vector<std::string> Import(int classes, int properties) const;
+  std::string Dictionary(int classes, int properties) const;
+  // Makes a new project for a job; called before each run. Its name tells it from those of other runs.
+  fs::path NewProject(const Job& job, const std::string& name = "project") const;
+  // What makes the forms of a job in a new project: the program, and the reference, which knows no options.
+  std::vector<std::string> Generate(const Job& job, const fs::path& project) const;
+  std::vector<std::string> Reference(const Job& job, const fs::path& project) const;
+  // Whether both make the same files. Needed before a reference is run, as it makes the template.
+  void CheckReference() const;
+
+  const fs::path& Home() const { return home_; }
+
+ private:
+  void MakeDescriptions(int count) const;
+  void MakeTemplate() const;
+  std::vector<std::string> Descriptions(const Job& job) const;
+
+  fs::path home_, programs_;
+};
+
+// Runs a program to its end, its output into `output`, and gives its exit status.
+int Run(const std::vector<std::string>& arguments, const std::string& output = "/dev/null");
+// Becomes that program, in a process that was made for it.
+[[noreturn]] void Become(const std::vector<std::string>& arguments, const std::string& output = "/dev/null");
+
+}  // namespace benchmarks
