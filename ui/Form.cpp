@@ -32,10 +32,14 @@ void Form::Add(Control& control, const Design& design) {
 }
 
 void Form::Load() {
+  Reopen();
+  OnLoad();
+}
+
+void Form::Reopen() {
   unloaded_ = false;
   activeControl_ = nullptr;
   Enabled = true;
-  OnLoad();
 }
 
 void Form::Unload() {

@@ -76,6 +76,9 @@ class Form : public Observed {
   // Puts a member of the form behind all others in tab order.
   void Add(Control& control, const Design& design);
 
+  // What every loading begins with: a form that can be used and has no focus yet.
+  void Reopen();
+
   virtual void OnLoad() {}
   virtual void OnUnload() {}
 

@@ -78,8 +78,6 @@ void frmWizard::DesignReadOnly(std::size_t panel) {
   Add(chkReadOnly, {"chkReadOnly", frame, 150, 1050, 2700, 255, "115"});
   Add(lblUpdateAfter, {"lblUpdateAfter", frame, 150, 1440, 2700, 225, "116"});
   Add(lstUpdateAfter, {"lstUpdateAfter", frame, 150, 1680, 2680, 315, ""});
-  lblUpdateAfter.Enabled = false;  // until the field is made read-only
-  lstUpdateAfter.Enabled = false;
 }
 
 void frmWizard::DesignRefCombo(std::size_t panel) {

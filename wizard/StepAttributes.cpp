@@ -41,6 +41,24 @@ void frmWizard::EnterAttributes() {
   if (lstFields.ListCount() > 0) lstFields.SetListIndex(0);
 }
 
+// While no field is the current one, so that the events change none.
+void frmWizard::ForgetAttributes() {
+  for (ui::ListBox* list :
+       std::initializer_list<ui::ListBox*>{&lstFields, &lstUpdateAfter, &lstQueryName, &lstQueryColumn}) {
+    list->Clear();
+  }
+  for (ui::CheckBox* box : {&chkReadOnly, &chkRefCombo}) box->SetValue(0);
+  for (std::size_t panel = 0; panel < PanelCount; ++panel) {
+    txtCaption[panel].SetText("");
+    txtRowHeight[panel].SetText("");
+  }
+  lblUpdateAfter.Enabled = false;  // until the field is made read-only
+  lstUpdateAfter.Enabled = false;
+  ShowComboSpecification(false);
+  ui::ShowOnly(frmProperty, 0);
+  LetLeaveField(true);
+}
+
 // Any other kind shows the first panel.
 std::size_t frmWizard::PanelOf(Int16 fieldKind) {
   static constexpr auto isFor = [](const Panel& panel, Int16 wanted) {

@@ -30,6 +30,11 @@ bool frmWizard::IsClass(const ui::Node& node) { return node.Key().empty(); }
 
 void frmWizard::ClearClassList() {
   tvwClasses.Nodes.Clear();
+  hasAllClasses_ = false;
+  ForgetClass();
+}
+
+void frmWizard::ForgetClass() {
   selectedClass_ = nullptr;
   Allow(cmdNext, false);  // until a class is chosen
 }
@@ -40,10 +45,7 @@ void frmWizard::PopulateClassList() {
     SetBusy(true);
     ClearClassList();
     AddClassNodes();
-    if (tvwClasses.Nodes.Count() >= 2) {
-      tvwClasses.SelectedItem = &tvwClasses.Nodes.Item(2);  // the first class of the first package
-      tvwClasses_NodeClick(*tvwClasses.SelectedItem.Get());
-    }
+    ChooseFirstClass();
   });
   SetBusy(false);
   StatusMessage(readyText_);
@@ -76,6 +78,13 @@ void frmWizard::AddClassNodes() {
     node.Tag = name;
   }
   rows->Close();
+  hasAllClasses_ = true;
+}
+
+void frmWizard::ChooseFirstClass() {
+  if (tvwClasses.Nodes.Count() < 2) return;
+  tvwClasses.SelectedItem = &tvwClasses.Nodes.Item(2);  // the first class of the first package
+  tvwClasses_NodeClick(*tvwClasses.SelectedItem.Get());
 }
 
 void frmWizard::tvwClasses_NodeClick(ui::Node& node) {

@@ -96,15 +96,19 @@ void frmWizard::ConnectPropertiesEvents() {
 void frmWizard::EnterProperties() {
   if (!selectedClass_) runtime::Raise(runtime::ObjectVariableNotSet);
   if (selectedClass_->Tag != populatedClass_) {
-    tvwAttributes.Nodes.Clear();
-    lstSelected.Clear();
-    lstFields.Clear();  // the records of its entries no longer exist
+    ForgetProperties();
     services_.Desktop.ProcessMessages();
     Model().ResetFieldRecords();
     PopulateAttributeList(nullptr, selectedClass_->Tag, false);
     populatedClass_ = selectedClass_->Tag;
   }
   if (lstSelected.ListCount() == 0) Allow(cmdNext, false);
+}
+
+void frmWizard::ForgetProperties() {
+  tvwAttributes.Nodes.Clear();
+  lstSelected.Clear();
+  lstFields.Clear();  // the records of its entries no longer exist
 }
 
 std::string frmWizard::ConvertKeyNameToIntName(std::string_view name) {

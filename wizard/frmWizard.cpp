@@ -51,20 +51,15 @@ void frmWizard::ConnectEvents() {
 }
 
 void frmWizard::Form_Load() {
-  populatedClass_.clear();
-  isGenerating_ = false;
-  cmdCancel.Enabled = true;
   Width = Int32(9210);
   Height = Int32(6000);
-  lblLabelWidth.Caption = "M";
-  Model().CharWidth = runtime::RoundToInt16(services_.Measure.WidthOf(lblLabelWidth.Caption));
-  Model().SixCharWidth = Int16(6) * Model().CharWidth;
+  MeasureCharacters();
   PlaceFrames();
   std::string language = services_.Language;
   services_.Strings.LoadResourceLibrary(support::ApplicationName, language);
   services_.Localization.Localize(*this);
   SetToolTips();
-  ShowComboSpecification(false);
+  ForgetChoices();
   readyText_ = Text(407);
   SetStep(Int16(1));
   InitStep();
@@ -85,7 +80,12 @@ void frmWizard::PlaceFrames() {
     panel.Left = lstFields.Left + lstFields.Width + Int32(200);
     panel.Height = lstFields.Height + lblStep4_2.Height;
   }
-  ui::ShowOnly(frmProperty, 0);
+}
+
+void frmWizard::MeasureCharacters() {
+  lblLabelWidth.Caption = "M";
+  Model().CharWidth = runtime::RoundToInt16(services_.Measure.WidthOf(lblLabelWidth.Caption));
+  Model().SixCharWidth = Int16(6) * Model().CharWidth;
 }
 
 void frmWizard::SetToolTips() {
@@ -93,6 +93,31 @@ void frmWizard::SetToolTips() {
     const std::string_view id = support::GetPiece(control->Tag, "^", 2);
     if (!id.empty()) control->ToolTipText = ToText(services_.Strings.LoadResStringValue(std::string(id)));
   }
+}
+
+// Everything that a user can choose for a form, and what a generation leaves behind.
+void frmWizard::ForgetChoices() {
+  populatedClass_.clear();
+  isGenerating_ = false;
+  cmdCancel.Enabled = true;
+  ForgetProperties();
+  ForgetAttributes();
+  lblStep5_2.Caption = Text(120);  // with its gap for the class
+}
+
+bool frmWizard::LoadAgain() {
+  if (!hasAllClasses_) return false;
+  Reopen();
+  MeasureCharacters();
+  ForgetChoices();
+  ConnectToSystem();
+  if (!IsConnected()) return false;
+  SetStep(Int16(3));
+  LoadSettings();
+  ForgetClass();
+  ChooseFirstClass();
+  StatusMessage(readyText_);
+  return true;
 }
 
 // Not counted: one call with false ends any number of calls with true.

@@ -66,6 +66,11 @@ class frmWizard : public ui::Form {
   // Each of these is one rule of the wizard; the events of the controls call them.
   void Form_Load();
   void Form_Unload() { CloseConnection(); }
+  // For a program that has the next form made by the same dialog. Loads it once more and connects it as it was; shows
+  // its class step as a new dialog would that somebody has brought there. Texts, fonts and the lists of systems and of
+  // classes are not read again. False when they have not been read to their end, or the connection fails: only a new
+  // dialog will do then.
+  bool LoadAgain();
   void SetStep(Int16 step);
   void MoveStep(Int16 delta);  // shows another step; does not run its entry work
   void InitStep();             // entry work of the current step
@@ -128,6 +133,8 @@ class frmWizard : public ui::Form {
   std::string Text(int id) const { return services_.Strings.LoadResStringLocal(id); }
   void SetBusy(bool busy);
   void LoadSettings();
+  void MeasureCharacters();
+  void ForgetChoices();
   // Whether Back, Next or Finish can be pressed; once a generation has begun none of them ever can.
   void Allow(ui::CommandButton& button, bool allowed) { button.Enabled = allowed && !isGenerating_; }
 
@@ -157,6 +164,8 @@ class frmWizard : public ui::Form {
   void PopulateClassList();
   void ClearClassList();
   void AddClassNodes();
+  void ChooseFirstClass();
+  void ForgetClass();
   static bool IsClass(const ui::Node& node);
   void tvwClasses_NodeClick(ui::Node& node);
   void tvwClasses_DblClick();
@@ -164,6 +173,7 @@ class frmWizard : public ui::Form {
   // Properties
   void ConnectPropertiesEvents();
   void EnterProperties();
+  void ForgetProperties();
   void PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly);
   void ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly);
   void AddProperty(ui::Node* parent, factory::ResultSet& row);
@@ -178,6 +188,7 @@ class frmWizard : public ui::Form {
   // Attributes
   void ConnectAttributesEvents();
   void EnterAttributes();
+  void ForgetAttributes();
   model::FieldRecord* CurrentField();
   void lstFields_Click();
   void ShowChoice(ui::CheckBox& box, bool made);
@@ -208,6 +219,7 @@ class frmWizard : public ui::Form {
   bool isGenerating_ = false;  // or it has failed
   std::string readyText_;
   std::string populatedClass_;  // the class whose properties are loaded; empty after a connection attempt
+  bool hasAllClasses_ = false;  // the class list was read to its end
   ui::Node* selectedClass_ = nullptr;
   float classesX_ = 0, classesY_ = 0;  // where the mouse was last pressed in tvwClasses
   std::unique_ptr<settings::frmSettings> settingsDialog_;

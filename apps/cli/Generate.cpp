@@ -113,25 +113,15 @@ class Run {
       journalled_ = adapters::journal::Journalled(project_, journal_->Out());
     }
     CheckProfile();
+    user_.emplace(services_, journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_), options.System);
   }
 
   void Make(const FormDescription& form) {
     SettingTexts settings = form.Settings;
     for (const auto& [key, value] : settings_) settings[key] = value;  // the command line wins
     profile_.Override(settings);
-    // As by a freshly loaded add-in: a form comes out the same alone and in a batch.
-    wizard::WizardServices services({.Desktop = desktop_,
-                                     .Measure = measure_,
-                                     .Profiles = profile_,
-                                     .Factories = *server_,
-                                     .Libraries = *satellites_,
-                                     .ProfileFile = profileFile_,
-                                     .ProgramFolder = common::ProgramFolder(),
-                                     .Language = options_.Language});
-    wizard::frmWizard dialog(services, Environment());
-    WalkThrough(dialog, options_.System, form);
-    dialog.Unload();
-    FinishForm(form, services.State);
+    user_->Make(form);
+    FinishForm(form, services_.State);
   }
 
   // The journal of a run that stops tells how far it came.
@@ -160,10 +150,6 @@ class Run {
   }
 
  private:
-  generator::ide::Vbe& Environment() {
-    return journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_);
-  }
-
   // A profile that the wizard would stumble over is an input like any other.
   void CheckProfile() {
     for (const settings::SettingKey& key : settings::SettingKeys()) {
@@ -256,6 +242,15 @@ class Run {
   vb6files::ProjectOnDisk project_;
   std::optional<JournalFile> journal_;
   std::unique_ptr<generator::ide::Vbe> journalled_;
+  wizard::WizardServices services_{{.Desktop = desktop_,
+                                    .Measure = measure_,
+                                    .Profiles = profile_,
+                                    .Factories = *server_,
+                                    .Libraries = *satellites_,
+                                    .ProfileFile = profileFile_,
+                                    .ProgramFolder = common::ProgramFolder(),
+                                    .Language = options_.Language}};
+  std::optional<WizardUser> user_;
   std::vector<vb6files::FileChange> changes_;  // that are not reported yet
   std::string report_;                         // that is not printed yet
   Json summary_{{"forms", Json::array()}, {"warnings", Json::array()}};

@@ -3,7 +3,7 @@
 #include "support/Failures.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace formwizard::apps::cli {
@@ -22,25 +22,27 @@ std::string Listed(const std::vector<std::string>& choices) {
   return text;
 }
 
-class User {
+// Of the nodes that have one.
+template <typename TextOf>
+std::string Listed(ui::TreeView& tree, TextOf textOf) {
+  std::vector<std::string> texts;
+  for (const ui::Node& node : tree.Nodes.All()) {
+    if (!textOf(node).empty()) texts.push_back(textOf(node));
+  }
+  return Listed(texts);
+}
+
+const std::string& TextOf(const ui::Node& node) { return node.Text; }
+const std::string& TagOf(const ui::Node& node) { return node.Tag; }
+
+[[noreturn]] void Fail(const FormDescription& form, const std::string& what) {
+  throw InputError(form.Source + ": " + what);
+}
+
+// Chooses the properties of one form and sets their attributes.
+class FieldsUser {
  public:
-  User(frmWizard& dialog, const FormDescription& form) : dialog_(dialog), form_(form) {}
-
-  void ChooseSystem(const std::string& name) {
-    if (!name.empty()) {
-      dialog_.tvwConnection.ClickNode(
-          FindNode(dialog_.tvwConnection, "system", name, [](const ui::Node& node) { return node.Text.Get(); }));
-    }
-    Next();
-    if (!dialog_.IsConnected()) Fail(dialog_.barStatus.Panels[0].Get() + "; see \"ostrel-form-wizard systems\"");
-  }
-
-  void ChooseClass() {
-    ui::Node& node =
-        FindNode(dialog_.tvwClasses, "persistent class", form_.Class, [](const ui::Node& n) { return n.Tag; });
-    dialog_.tvwClasses.ClickNode(node);
-    Next();
-  }
+  FieldsUser(frmWizard& dialog, const FormDescription& form) : dialog_(dialog), form_(form) {}
 
   void ChooseFields() {
     if (form_.Fields.empty()) Fail("choose at least one property");
@@ -56,7 +58,7 @@ class User {
   // The Attributes step is only visited when something is to be set there.
   void SetAttributes() {
     if (std::ranges::none_of(form_.Fields, HasAttributes)) return;
-    Next();
+    dialog_.cmdNext.Click();
     for (std::size_t i = 0; i < form_.Fields.size(); ++i) {
       if (!HasAttributes(form_.Fields[i])) continue;
       dialog_.lstFields.ClickItem(static_cast<int>(i));
@@ -64,22 +66,11 @@ class User {
     }
   }
 
-  void Next() { dialog_.cmdNext.Click(); }
-
  private:
-  [[noreturn]] void Fail(const std::string& what) const { throw InputError(form_.Source + ": " + what); }
+  [[noreturn]] void Fail(const std::string& what) const { cli::Fail(form_, what); }
 
   static bool HasAttributes(const FieldChoice& field) {
     return field.Caption || field.ReadOnly || field.UpdateAfter || field.Rows || field.Combo;
-  }
-
-  ui::Node& FindNode(ui::TreeView& tree, const std::string& what, const std::string& name, auto textOf) {
-    std::vector<std::string> known;
-    for (ui::Node& node : tree.Nodes.All()) {
-      if (textOf(node) == name) return node;
-      if (!textOf(node).empty()) known.push_back(textOf(node));
-    }
-    Fail("there is no " + what + " \"" + name + "\"; " + Listed(known));
   }
 
   // A node's text without the star of a required property.
@@ -166,15 +157,53 @@ class User {
 
 }  // namespace
 
-void WalkThrough(frmWizard& dialog, const std::string& system, const FormDescription& form) {
-  User user(dialog, form);
-  dialog.Load();
-  user.Next();
-  user.ChooseSystem(system);
-  user.ChooseClass();
+WizardUser::WizardUser(wizard::WizardServices& services, generator::ide::Vbe& environment, std::string system)
+    : services_(services), environment_(environment), system_(std::move(system)) {}
+
+void WizardUser::Make(const FormDescription& form) {
+  services_.State = {};
+  if (!dialog_ || !dialog_->LoadAgain()) OpenDialog(form);
+  ChooseClass(form);
+  FieldsUser user(*dialog_, form);
   user.ChooseFields();
   user.SetAttributes();
-  dialog.cmdFinish.Click();
+  dialog_->cmdFinish.Click();
+  dialog_->Unload();
+}
+
+// As far as the class step.
+void WizardUser::OpenDialog(const FormDescription& form) {
+  classes_.clear();
+  dialog_ = std::make_unique<frmWizard>(services_, environment_);
+  dialog_->Load();
+  dialog_->cmdNext.Click();
+  ChooseSystem(form);
+  for (ui::Node& node : dialog_->tvwClasses.Nodes.All()) {
+    if (!node.Tag.empty()) classes_.emplace(node.Tag, &node);
+  }
+}
+
+void WizardUser::ChooseSystem(const FormDescription& form) {
+  ui::TreeView& tree = dialog_->tvwConnection;
+  if (!system_.empty()) {
+    const auto found = std::ranges::find(tree.Nodes.All(), system_, TextOf);
+    if (found == tree.Nodes.All().end()) {
+      Fail(form, "there is no system \"" + system_ + "\"; " + Listed(tree, TextOf));
+    }
+    tree.ClickNode(*found);
+  }
+  dialog_->cmdNext.Click();
+  if (dialog_->IsConnected()) return;
+  Fail(form, dialog_->barStatus.Panels[0].Get() + "; see \"ostrel-form-wizard systems\"");
+}
+
+void WizardUser::ChooseClass(const FormDescription& form) {
+  const auto found = classes_.find(form.Class);
+  if (found == classes_.end()) {
+    Fail(form, "there is no persistent class \"" + form.Class + "\"; " + Listed(dialog_->tvwClasses, TagOf));
+  }
+  dialog_->tvwClasses.ClickNode(*found->second);
+  dialog_->cmdNext.Click();
 }
 
 }  // namespace formwizard::apps::cli

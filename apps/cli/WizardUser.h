@@ -1,16 +1,38 @@
-// Somebody who walks through the wizard as a form description says.
+// Somebody who walks through the wizard as form descriptions say.
 #pragma once
 
 #include "apps/cli/FormDescription.h"
 #include "wizard/frmWizard.h"
 
+#include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace formwizard::apps::cli {
 
-// Performs a user's actions on the dialog: chooses the system, the class and the properties, sets their attributes and
-// presses Finish. `system` is empty for the one that the dialog proposes. support::InputError for a choice that the
-// dialog does not offer, with what it offers; nothing has been generated then.
-void WalkThrough(wizard::frmWizard& dialog, const std::string& system, const FormDescription& form);
+// Has one form after the other made, each as by a freshly loaded add-in, so that it comes out the same alone and in a
+// batch. What is the same for all of them, such as the list of classes, is read once.
+class WizardUser {
+ public:
+  // The first two must outlive this object. `system` is empty for the one that the dialog proposes.
+  WizardUser(wizard::WizardServices& services, generator::ide::Vbe& environment, std::string system);
+
+  // Performs a user's actions on the dialog: chooses the system, the class and the properties, sets their attributes
+  // and presses Finish. What became of it stands in the state of the services. support::InputError for a choice that
+  // the dialog does not offer, with what it offers; nothing has been generated then.
+  void Make(const FormDescription& form);
+
+ private:
+  void OpenDialog(const FormDescription& form);
+  void ChooseSystem(const FormDescription& form);
+  void ChooseClass(const FormDescription& form);
+
+  wizard::WizardServices& services_;
+  generator::ide::Vbe& environment_;
+  std::string system_;
+  std::unique_ptr<wizard::frmWizard> dialog_;
+  std::unordered_map<std::string_view, ui::Node*> classes_;  // those that the dialog shows, by their full names
+};
 
 }  // namespace formwizard::apps::cli

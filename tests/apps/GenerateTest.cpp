@@ -13,6 +13,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
+#include <memory>
+#include <random>
+#include <regex>
 
 using namespace formwizard::tests;
 
@@ -125,16 +129,62 @@ TEST_CASE("A start-up form that has code is reused with a note, a module of its 
   }
 }
 
-TEST_CASE("A form comes out the same alone and in a batch, and names go on counting") {
-  const Workplace alone, batch;
-  CheckDone(alone.Generate("--class Sample.Company --fields Name,Revenue"));
-  WriteFile(batch.Folder / "person.json",
-            R"({"class":"Sample.Person","settings":{"Columns":2},"fields":["Name","SSN"]})");
-  WriteFile(batch.Folder / "company.json", R"({"class":"Sample.Company","fields":["Name","Revenue"]})");
-  CheckDone(batch.Generate("person.json company.json company.json"));
-  CHECK(batch.Files().contains("frmPerson.frm"));
-  CHECK(batch.Files().contains("frmCompany2.frm"));
-  CHECK(batch.Files().at("frmCompany.frm") == alone.Files().at("frmCompany.frm"));
+TEST_CASE("A form comes out the same alone and in a batch, whatever was made before it, and names go on counting") {
+  using nlohmann::json;
+  std::vector<std::string> descriptions{
+      R"({"class":"Sample.Person","settings":{"Columns":2},"fields":["Name","SSN"]})",
+      R"({"class":"Sample.Company","fields":["Name","Revenue"]})",
+      R"({"class":"Sample.Person","settings":{"Menu":false,"CollectionRows":7},"fields":["Phones","Spouse.Name","Notes"]})",
+      R"({"class":"Sample.Person","fields":["Age",{"property":"Name","readOnly":true,"updateAfter":"Age"}]})",  // fails
+      R"({"class":"Sample.Person","fields":[{"property":"Name","caption":"Naam"},{"property":"Notes","rows":7},
+          {"property":"Spouse.Name","combo":{"query":"ByName","column":"Name"}}]})",
+      R"({"class":"Sample.Person","settings":{"Columns":4,"Button":false},"fields":["Name","Age","Photo","Home.City"]})"};
+  auto dictionary = json::parse(ReadFile(Samples + "dictionary.json"));
+  dictionary["systems"][0]["classes"].push_back({{"Name", "Undotted"}});  // an error in each list of classes
+  // What a form looks like but for the number in its name, and what is said of it.
+  const auto look = [](const Workplace& work, json form) {
+    std::string texts;
+    for (const std::string ending : {".frm", ".frx"}) {
+      texts += work.Files()[form["component"].get<std::string>() + ending];
+    }
+    form.erase("component");
+    form.erase("files");
+    return std::regex_replace(texts, std::regex("(frm[A-Z][a-z]+)[0-9]*"), "$1") + form.dump();
+  };
+  for (const bool listFails : {false, true}) {
+    std::map<std::string, Outcome> alone;
+    std::map<std::string, std::string> looks;
+    const auto workplace = [&] {
+      auto work = std::make_unique<Workplace>();
+      WriteFile(work->Folder / "undotted.json", dictionary.dump());
+      if (listFails) CheckDone(work->Run("dictionary import undotted.json " + work->Dictionary));
+      return work;
+    };
+    for (const std::string& description : descriptions) {
+      const auto work = workplace();
+      alone[description] = work->Describe(description, "--json");
+      looks[description] = look(*work, json::parse(alone[description].Out)["forms"][0]);
+    }
+    std::mt19937 random(1);
+    for (int order = 0; order < 4; ++order) {
+      std::ranges::shuffle(descriptions, random);
+      const auto work = workplace();
+      std::string files, errors;
+      for (const std::string& description : descriptions) {
+        const std::string file = std::to_string(&description - descriptions.data()) + ".json";
+        WriteFile(work->Folder / file, description);
+        files += file + " ";
+        errors += alone[description].Error;
+      }
+      const Outcome made = work->Generate(files + "--json");
+      CHECK(made.Status == 1);
+      CHECK(made.Error == errors);
+      const auto forms = json::parse(made.Out)["forms"];
+      REQUIRE(forms.size() == descriptions.size());
+      for (std::size_t i = 0; i < forms.size(); ++i) CHECK(look(*work, forms[i]) == looks[descriptions[i]]);
+      CHECK(work->Files().contains("frmPerson5.frm"));
+    }
+  }
 }
 
 TEST_CASE("Every kind of field and setting goes through the description") {

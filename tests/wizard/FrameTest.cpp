@@ -120,3 +120,47 @@ TEST_CASE_FIXTURE(
   Next(2);
   CHECK(State.Settings.Columns == Int16(4));
 }
+
+TEST_CASE("A dialog that is loaded again shows what a new one shows on its class step, without reading the classes") {
+  const auto shown = [](Walk& user) {
+    std::string all = user.Where() + user.Dialog.Caption.Get() + (user.Dialog.IsUnloaded() ? " unloaded\n" : "\n");
+    for (ui::Control* control : user.Dialog.Controls()) {
+      all += control->Name + (control->Visible ? " V" : " -") + (control->Enabled ? "E " : "- ");
+      all += control->CaptionText();
+      if (auto* box = dynamic_cast<ui::TextBox*>(control)) all += box->Text();
+      if (auto* box = dynamic_cast<ui::CheckBox*>(control)) all += std::to_string(box->Value());
+      if (auto* list = dynamic_cast<ui::ListBox*>(control)) all += Walk::Entries(*list);
+      if (auto* bar = dynamic_cast<ui::StatusBar*>(control)) all += bar->Panels[0].Get() + bar->Panels[1].Get();
+      if (auto* tree = dynamic_cast<ui::TreeView*>(control)) {
+        all += Walk::Tree(*tree) + (tree->SelectedItem.Get() ? tree->SelectedItem->Text.Get() : "");
+      }
+      all += "\n";
+    }
+    return all;
+  };
+  Walk fresh;
+  fresh.Do("> >");
+  for (const char* script :
+       {"> > class=Sample.Person > +Age +*Name !", "> > class=Sample.Company > +Name > field=0 caption=x > !",
+        "> > class=Sample.Person > +Age +Colors +Notes +Spouse. > field=0 readonly caption=x field=2 field=1 !",
+        "> > class=Sample.Person > +Age +Spouse. > field=0 readonly readonly after=1 field=1 combo query=0 column=1 !",
+        "> > class=Sample.Person > +Spouse. > field=0 combo query=0", "> > package=1",
+        "> > class=Sample.Person > +Age"}) {
+    CAPTURE(script);
+    for (const bool fails : {false, true}) {
+      Walk user;
+      if (fails) user.Profile.Values["Columns"] = "0";
+      user.Do(script);
+      user.Dialog.Unload();
+      REQUIRE(user.Dialog.LoadAgain());
+      CHECK(shown(user) == shown(fresh));
+      CHECK(std::ranges::count(user.Server.Data.Calls, "ResultSet %ClassDefinition") == 1);
+      CHECK(user.Do("class=Sample.Person > +Age +*Name") == "4 BNFC");
+    }
+  }
+  Walk broken;
+  broken.Server.Data.FailAtRow = 3;
+  broken.Do("> >");
+  broken.Dialog.Unload();
+  CHECK_FALSE(broken.Dialog.LoadAgain());
+}
