@@ -1,4 +1,5 @@
 #include "apps/cli/Commands.h"
+#include "apps/cli/ProjectOptions.h"
 #include "system/Paths.h"
 
 #include <CLI/CLI.hpp>
@@ -12,6 +13,22 @@ CLI::Option* AddFile(CLI::App& command, const char* name, std::string& file, con
 std::string CheckedPath(const std::string& path) {
   system::CheckPath(path);
   return "";
+}
+
+void AddInputs(CLI::App& command, ProjectOptions& options) {
+  AddFile(command, "--project", options.Project, "the VB6 project file (.vbp)")->required();
+  AddFile(command, "--dictionary", options.Dictionary, "the class dictionary")->required();
+}
+
+void AddSurroundings(CLI::App& command, ProjectOptions& options) {
+  command.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
+      ->capture_default_str()
+      ->type_name("N");
+  AddFile(command, "--toolbox", options.Toolbox, "control libraries that the project does not refer to yet");
+  AddFile(command, "--profile", options.Profile,
+          "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
+  command.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")
+      ->type_name("ABC");
 }
 
 }  // namespace formwizard::apps::cli

@@ -5,6 +5,7 @@
 #include "apps/cli/ConsoleDesktop.h"
 #include "apps/cli/FormDescription.h"
 #include "apps/cli/JournalFile.h"
+#include "apps/cli/ProjectOptions.h"
 #include "apps/cli/RunProfile.h"
 #include "apps/cli/Summary.h"
 #include "apps/cli/UnifiedDiff.h"
@@ -39,10 +40,9 @@ using common::Done;
 using common::Incomplete;
 using common::UsageError;
 
-struct GenerateOptions {
-  std::string Project, Dictionary, Class, System, Profile, Language, Journal, Toolbox;
+struct GenerateOptions : ProjectOptions {
+  std::string Class, System, Journal;
   std::vector<std::string> Fields, Settings, Descriptions;
-  int CodePage = 1252;
   bool DryRun = false, Diff = false, Check = false, Json = false, Force = false;
 };
 
@@ -62,17 +62,6 @@ SettingTexts SettingsFromOptions(const std::vector<std::string>& settings) {
   return texts;
 }
 
-// Not even by --force: the run would read its own journal.
-void CheckJournal(const GenerateOptions& options) {
-  std::vector<std::string> inputs = options.Descriptions;
-  inputs.insert(inputs.end(), {options.Project, options.Dictionary, options.Toolbox, options.Profile});
-  for (const std::string& input : inputs) {
-    std::error_code error;
-    if (!std::filesystem::equivalent(system::NativePath(input), system::NativePath(options.Journal), error)) continue;
-    throw UsageError(options.Journal + ": the run reads this file, so it cannot be the journal");
-  }
-}
-
 void CheckUsage(const GenerateOptions& options) {
   const bool byOptions = !options.Class.empty() || !options.Fields.empty();
   if (byOptions && !options.Descriptions.empty()) {
@@ -84,7 +73,9 @@ void CheckUsage(const GenerateOptions& options) {
   if (byOptions && (options.Class.empty() || options.Fields.empty())) {
     throw UsageError("--class and --fields belong together");
   }
-  CheckJournal(options);
+  std::vector<std::string> inputs = options.Descriptions;
+  inputs.insert(inputs.end(), {options.Project, options.Dictionary, options.Toolbox, options.Profile});
+  CheckJournal(options.Journal, inputs);
 }
 
 FormDescription DescriptionFromOptions(const GenerateOptions& options) {
@@ -140,13 +131,7 @@ class Run {
       throw support::SaveError(std::string(error.what()) + "; nothing was written");
     }
     project_.Save();
-    if (!writes_) return Finish();
-    try {
-      return Finish();
-    } catch (...) {
-      throw common::FailedAfterSaving(options_.Project + ": the project was saved; after that: " +
-                                      common::CurrentFailure(options_.Project).Message);
-    }
+    return writes_ ? common::AfterSaving(options_.Project, [this] { return Finish(); }) : Finish();
   }
 
  private:
@@ -178,9 +163,7 @@ class Run {
     if (options_.Json) {
       summary_["forms"].push_back(Described(result, state.Form, state.Settings, measure_));
     } else if (!options_.Diff) {
-      report_ += support::Escaped(result.Component) + ": " +
-                 std::to_string(state.Form.SelectedFields.UpperBound().Value()) + " fields of " +
-                 support::Escaped(form.Class) + (result.Failures.empty() ? "" : ", incomplete") + '\n';
+      report_ += LineOf(result, state.Form);
     }
     if (!writes_) PrintReport();
   }
@@ -194,7 +177,7 @@ class Run {
       if (options_.Diff) {
         report_ += UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New);
       } else if (!options_.Json) {
-        report_ += (writes_ ? "wrote " : "would write ") + name + '\n';
+        report_ += LineOf(change, writes_);
       }
     }
     allFiles_.insert(allFiles_.end(), files.begin(), files.end());
@@ -279,8 +262,7 @@ int Generate(const GenerateOptions& options) {
 }
 
 void AddOptions(CLI::App& command, GenerateOptions& options) {
-  AddFile(command, "--project", options.Project, "the VB6 project file (.vbp)")->required();
-  AddFile(command, "--dictionary", options.Dictionary, "the class dictionary")->required();
+  AddInputs(command, options);
   command.add_option("--system", options.System, "the system (default: the remembered one, else the first)")
       ->type_name("NAME");
   command.add_option("--class", options.Class, "the persistent class of the form")->type_name("NAME");
@@ -291,14 +273,7 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
   command.add_option("--set", options.Settings, "a setting for this run, such as Columns=2; may be repeated")
       ->allow_extra_args(false)
       ->type_name("KEY=VALUE");
-  command.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
-      ->capture_default_str()
-      ->type_name("N");
-  AddFile(command, "--toolbox", options.Toolbox, "control libraries that the project does not refer to yet");
-  AddFile(command, "--profile", options.Profile,
-          "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
-  command.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")
-      ->type_name("ABC");
+  AddSurroundings(command, options);
   command.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
   command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
   command.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");

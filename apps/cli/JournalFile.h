@@ -5,8 +5,13 @@
 
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace formwizard::apps::cli {
+
+// common::UsageError when the journal is a file that the run reads. Not even --force replaces those: the run would read
+// its own journal.
+void CheckJournal(const std::string& journal, const std::vector<std::string>& inputs);
 
 // Takes the place of an older journal when it is kept, and of nothing else unless `force` says so.
 class JournalFile {

@@ -1,6 +1,7 @@
 #include "apps/cli/Summary.h"
 
 #include "runtime/Conversions.h"
+#include "support/Messages.h"
 
 #include <nlohmann/json.hpp>
 
@@ -30,6 +31,15 @@ Json Columns(const runtime::OneBased<Int32>& values, Int16 columns) {
 }
 
 }  // namespace
+
+std::string LineOf(const FormResult& result, const model::FormModel& form) {
+  return support::Escaped(result.Component) + ": " + std::to_string(form.SelectedFields.UpperBound().Value()) +
+         " fields of " + support::Escaped(form.ClassName) + (result.Failures.empty() ? "\n" : ", incomplete\n");
+}
+
+std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten) {
+  return (isWritten ? "wrote " : "would write ") + support::Escaped(change.Path) + '\n';
+}
 
 Json Described(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
                const ui::TextMeasure& measure) {

@@ -1,7 +1,7 @@
-// What a run of "generate" has made, for people and for programs.
+// What a run has made, for people and for programs.
 #pragma once
 
-#include "apps/cli/FormDescription.h"
+#include "adapters/vb6files/ProjectOnDisk.h"
 #include "model/FormModel.h"
 #include "settings/Settings.h"
 #include "ui/TextMeasure.h"
@@ -19,6 +19,10 @@ struct FormResult {
   std::vector<std::string> Failures;
   std::vector<std::string> Notes;  // what the user is to look at though nothing failed
 };
+
+// What a form has become, and what becomes of a file that changed, as a line for people.
+std::string LineOf(const FormResult& result, const model::FormModel& form);
+std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten);
 
 // One form for the JSON summary: its component and files, the fields in order with what the layout gave them, the
 // layout values under their names, the failures and notes.

@@ -44,6 +44,14 @@ Failure CurrentFailure(const std::string& subject) {
   }
 }
 
+int AfterSaving(const std::string& project, const std::function<int()>& work) {
+  try {
+    return work();
+  } catch (...) {
+    throw FailedAfterSaving(project + ": the project was saved; after that: " + CurrentFailure(project).Message);
+  }
+}
+
 void FlushOutput() {
   if (std::cout.flush()) return;
   throw support::SaveError("standard output: what was printed did not arrive; is it closed, or its disk full?");

@@ -1,6 +1,7 @@
 // How a run ends, and what an exception means to the user.
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -36,6 +37,9 @@ struct Failure {
 // begins the message of an exception that names none, such as one about memory. But for FailedAfterSaving, nothing was
 // changed.
 Failure CurrentFailure(const std::string& subject);
+
+// Does what follows after `project` was saved, and returns its status. Whatever it raises ends in FailedAfterSaving.
+int AfterSaving(const std::string& project, const std::function<int()>& work);
 
 // Raises support::SaveError when something that was printed on standard output did not arrive there.
 void FlushOutput();

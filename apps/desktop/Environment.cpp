@@ -61,10 +61,17 @@ std::shared_ptr<CommandBarControls> Environment::CommandBar(Int32 index) {
 
 std::unique_ptr<CommandBarEvents> Environment::ConnectEvents(const std::shared_ptr<CommandBarControl>& control,
                                                              CommandBarEvents::Click onClick) {
-  return ConnectClicks(control, [this, onClick = std::move(onClick)](auto&... answers) {
-    RunAddIn([&] { onClick(answers...); });
-    if (OnAddInDone) OnAddInDone();
-  });
+  return ConnectClicks(
+      control, [this, onClick = std::move(onClick)](auto&... answers) { RunCommand([&] { onClick(answers...); }); });
+}
+
+void Environment::OpenWizard() {
+  RunCommand([this] { wizard_.MenuHandler_Click(); });
+}
+
+void Environment::RunCommand(const std::function<void()>& command) {
+  RunAddIn(command);
+  if (OnAddInDone) OnAddInDone();
 }
 
 std::unique_ptr<wizard::factory::ObjectFactory> Environment::Server::Create() {

@@ -32,6 +32,9 @@ class Environment : public generator::ide::Application {
   void OpenProject(const std::string& path);
   void OpenDictionary(const std::string& path);
 
+  // As a click on the wizard's command does; returns when the wizard is closed.
+  void OpenWizard();
+
   // Runs an add-in's command; no exception may pass through the toolkit, so this is where they are caught.
   std::function<void(const std::function<void()>&)> RunAddIn = [](const auto& command) { command(); };
   // Called when an add-in has done what its command was clicked for.
@@ -56,6 +59,8 @@ class Environment : public generator::ide::Application {
     std::unique_ptr<wizard::factory::ObjectFactory> Create() override;
     std::unique_ptr<wizard::factory::FactoryCreator> Dictionary;
   };
+
+  void RunCommand(const std::function<void()>& command);
 
   QMenu& addInsMenu_;
   EnvironmentOptions options_;

@@ -14,6 +14,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -115,6 +116,12 @@ bool MainWindow::OpenDictionary(const QString& path) {
   const bool opened = Try([&] { environment_->OpenDictionary(Utf8(path)); });
   if (opened) statusBar()->showMessage("Class dictionary: " + QFileInfo(path).fileName());
   return opened;
+}
+
+void MainWindow::Open(const QString& project, const QString& dictionary, bool wizard) {
+  const bool opened = project.isEmpty() || OpenProject(project);
+  if (!dictionary.isEmpty() && !OpenDictionary(dictionary)) return;
+  if (wizard && opened) QTimer::singleShot(0, this, [this] { environment_->OpenWizard(); });
 }
 
 void MainWindow::AskForProject() {

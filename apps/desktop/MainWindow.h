@@ -23,6 +23,10 @@ class MainWindow : public QMainWindow {
   bool OpenProject(const QString& path);
   bool OpenDictionary(const QString& path);
 
+  // Opens what is named. When all of it could be opened and `wizard` is set, the wizard opens as soon as the program
+  // runs, as by its command: nothing is saved, the new form is shown, and asked about when the window is closed.
+  void Open(const QString& project, const QString& dictionary, bool wizard);
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -88,6 +88,7 @@ void AddOptions(QCommandLineParser& parser) {
                      {"language", "Three-letter language of the texts, such as DEU.", "ABC"},
                      {"code-page", "The Windows code page of the project's files (default: 1252).", "N", "1252"},
                      {"toolbox", "Control libraries that the project does not refer to yet.", "FILE"},
+                     {"wizard", "Open the wizard at once."},
                      {"render", "Draw the form file into a picture (PNG) and end; needs no display.", "FORM.frm"}});
   parser.addPositionalArgument("file", "The project to open (.vbp); with --render, the picture to write.", "[FILE]");
 }
@@ -117,12 +118,12 @@ int Run(int argc, char** argv) {
     return common::Done;
   }
   if (files.size() > 1) return Misused("one project can be open at a time");
+  if (parser.isSet("wizard") && files.isEmpty()) return Misused("--wizard takes a project: --wizard PROJECT.vbp");
 
   MainWindow window({parser.value("profile").toStdString(), parser.value("language").toStdString(),
                      parser.value("toolbox").toStdString(), codePage});
   window.show();
-  if (!files.isEmpty()) window.OpenProject(files.front());
-  if (parser.isSet("dictionary")) window.OpenDictionary(parser.value("dictionary"));
+  window.Open(files.value(0), parser.value("dictionary"), parser.isSet("wizard"));
   return QApplication::exec();
 }
 

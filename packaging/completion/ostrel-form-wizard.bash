@@ -80,7 +80,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | systems | classes | properties | queries | dictionary)
+      generate | wizard | systems | classes | properties | queries | dictionary)
         command=${words[i]}
         break
         ;;
@@ -88,7 +88,7 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate systems classes properties queries dictionary'
+    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary'
     return
   fi
   if [[ $command == dictionary ]]; then
@@ -115,6 +115,9 @@ _ostrel_form_wizard() {
         _filedir json
       fi
       ;;
+    wizard)
+      _ostrel_form_wizard_words '--help --project --dictionary --code-page --toolbox --profile --language'
+      ;;
     systems) _ostrel_form_wizard_words '--help --dictionary --json' ;;
     classes) _ostrel_form_wizard_words '--help --dictionary --json --system --all' ;;
     properties | queries) _ostrel_form_wizard_words '--help --dictionary --json --system --class' ;;
@@ -139,7 +142,7 @@ _ostrel_form_wizard_desktop() {
   if ((cword > 2)) && [[ ${words[cword - 2]} == --render ]]; then
     _filedir png
   elif [[ $cur == -* ]]; then
-    _ostrel_form_wizard_words '--help --version --dictionary --profile --language --code-page --toolbox --render'
+    _ostrel_form_wizard_words '--help --version --dictionary --profile --language --code-page --toolbox --wizard --render'
   else
     _filedir vbp
   fi

@@ -1,30 +1,16 @@
 // The command line that asks the installed server.
 #include "adapters/com/ComFactory.h"
-#include "apps/cli/Program.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Platform.h"
 #include "tests/apps/addin-dll/HostFixture.h"
 #include "tests/support/ErrorNumber.h"
+#include "tests/support/RunHere.h"
 
-#include <iostream>
 #include <sstream>
 
 using namespace formwizard;
 using namespace formwizard::tests;
 using namespace formwizard::tests::host;
-
-namespace {
-
-// What the program writes to a stream.
-std::string OutputOf(const std::vector<std::string>& arguments, std::ostream& stream = std::cout) {
-  const std::ostringstream out;
-  const auto putBack = [&](std::streambuf* before) { stream.rdbuf(before); };
-  const std::unique_ptr<std::streambuf, decltype(putBack)> before(stream.rdbuf(out.rdbuf()), putBack);
-  apps::cli::RunProgram([&] { return arguments; });
-  return out.str();
-}
-
-}  // namespace
 
 TEST_CASE("The installed server is looked at, and a dictionary is taken from it, by the command line") {
   const NothingIsLeft atTheEnd;
@@ -36,11 +22,11 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
   UsedMembers.clear();
   {
     const HostServer server(apps::common::OpenDictionary(folder / "first"));
-    CHECK(OutputOf({"systems", "--server"}) == "S\tc\n");
-    CHECK(OutputOf({"classes", "--server"}) == "A.B\n");
-    CHECK(OutputOf({"properties", "--server", "--class", "A.B"}).starts_with("P\tThe P\t"));
-    CHECK(OutputOf({"queries", "--server", "--class", "A.B"}).starts_with("By\t2\t"));
-    CHECK(OutputOf({"dictionary", "export", "--server", folder / "taken.json"}, std::cerr).empty());
+    CHECK(RunHere({"systems", "--server"}).Out == "S\tc\n");
+    CHECK(RunHere({"classes", "--server"}).Out == "A.B\n");
+    CHECK(RunHere({"properties", "--server", "--class", "A.B"}).Out.starts_with("P\tThe P\t"));
+    CHECK(RunHere({"queries", "--server", "--class", "A.B"}).Out.starts_with("By\t2\t"));
+    CHECK(RunHere({"dictionary", "export", "--server", folder / "taken.json"}).Error.empty());
     std::ostringstream nowhere;
     const std::set<std::string> members = UsedMembers;
     const std::set<std::string> withoutResult{"Factory.Connect", "ResultSet.Execute", "ResultSet.Close"};
@@ -65,5 +51,5 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
   apps::common::ExportDictionary(folder / "second", second);
   CHECK(second.str() == first.str());
   // Without one that is installed there is a reason and a remedy.
-  CHECK(OutputOf({"systems", "--server"}, std::cerr).find("install the server's client") != std::string::npos);
+  CHECK(RunHere({"systems", "--server"}).Error.find("install the server's client") != std::string::npos);
 }

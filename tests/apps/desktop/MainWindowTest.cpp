@@ -112,6 +112,25 @@ TEST_CASE("What cannot be opened is said, and what was open stays") {
   CHECK(Components(desktop).currentItem()->text() == "frmPerson");
 }
 
+TEST_CASE("The wizard opens at once where it is asked for, unless what it needs cannot be opened") {
+  const DesktopFixture desktop;
+  const QString project = QString::fromStdString(desktop.Home + "/Project1.vbp");
+  const auto dictionary = [&](const char* name) { return QString::fromStdString(desktop.Folder / name); };
+  std::string title, said;
+  DesktopFixture::WhenShown([&] {
+    title = QApplication::activeModalWidget()->windowTitle().toStdString();
+    Find<QAbstractButton>(WizardDesign().cmdCancel)->click();
+  });
+  desktop.Window->Open(project, dictionary("d.sqlite"), true);
+  QApplication::processEvents();
+  CHECK(title == "Ostrel Form Wizard - Step 1 of 6");
+  Answer(QMessageBox::Ok, said);
+  desktop.Window->Open(project, dictionary("none.sqlite"), true);
+  QApplication::processEvents();
+  CHECK(said.find("none.sqlite: ") != std::string::npos);
+  CHECK_FALSE(QApplication::activeModalWidget());
+}
+
 TEST_CASE("A dictionary that is damaged, or holds what would become code, is refused whenever that is met") {
   const DesktopFixture desktop;
   const std::string path = desktop.Folder / "d.sqlite", good = ReadFile(path);

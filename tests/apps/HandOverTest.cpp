@@ -1,0 +1,47 @@
+// The command that opens the wizard where its dialogs are those of another program.
+#ifndef _WIN32
+#include "tests/support/BuildTree.h"
+#include "tests/support/RunProgram.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+
+using namespace formwizard::tests;
+namespace fs = std::filesystem;
+
+TEST_CASE("The wizard is opened by the desktop program, beside this one or on the path, over inputs that are right") {
+  const TemporaryFolder folder;
+  const std::string program = folder / "ostrel-form-wizard", other = "/ostrel-form-wizard-desktop";
+  fs::copy_file(BuiltProgram("ostrel-form-wizard"), program);
+  CopySample("new-project", folder / "my project");
+  const auto run = [&](const std::string& arguments) {
+    return RunProgram(program, arguments, folder, "", "PATH=on:/usr/bin:/bin");
+  };
+  CHECK(run("dictionary import \"" + SourceFolder() + "/samples/dictionary.json\" d").Status == 0);
+  const std::string wizard = "wizard --project \"my project/Project1.vbp\" --dictionary ";
+
+  const Outcome alone = run(wizard + "d");
+  CHECK(alone.Status == 3);
+  CHECK_MESSAGE(alone.Error.find("neither beside this program nor on the path; install it") != std::string::npos,
+                alone.Error);
+  for (const char* place : {"on", "."}) {  // the one beside comes first
+    fs::create_directories(folder.Path() / place);
+    const std::string script = folder / place + other;
+    WriteFile(script, "#!/bin/sh\necho " + std::string(place) + "; printf '<%s>\\n' \"$@\"; exit 7\n");
+    fs::permissions(script, fs::perms::owner_all);
+    const Outcome opened = run(wizard + "d --toolbox \"" + SourceFolder() + "/samples/toolbox.ini\" --language DEU");
+    CHECK(opened.Status == 7);
+    CHECK(opened.Out == std::string(place) +
+                            "\n<--wizard>\n<--dictionary=d>\n<--code-page=1252>\n<--toolbox=" + SourceFolder() +
+                            "/samples/toolbox.ini>\n<--language=DEU>\n<-->\n<my project/Project1.vbp>\n");
+  }
+  for (const char* wrong : {"none", "d --toolbox none"}) {
+    const Outcome refused = run(wizard + wrong);
+    CHECK(refused.Status == 3);
+    CHECK(refused.Out.empty());
+    CHECK_MESSAGE(refused.Error.starts_with("ostrel-form-wizard: none: "), refused.Error);
+  }
+}
+#endif
