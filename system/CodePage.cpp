@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::array Known{874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258};
 
-constexpr int Utf8CodePage = 65001;
-
 // Operating systems differ in what they take for UTF-8, such as characters of six bytes.
 class Utf8Converter : public CodePageConverter {
  public:

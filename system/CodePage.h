@@ -9,6 +9,8 @@ namespace formwizard::system {
 
 class CodePageConverter;
 
+inline constexpr int Utf8CodePage = 65001;
+
 class CodePage {
  public:
   // `number` is a Windows code page such as 1252 or 932; support::InputError for one that is not known.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/ProfileStore.h"
+#include "system/CodePage.h"
 #include "system/FileSystem.h"
 
 #include <string>
@@ -9,12 +10,14 @@
 
 namespace formwizard::adapters::profile {
 
-// Texts are UTF-8, in memory and in the file. A write replaces the file as a whole or not at all; what another program
-// changes in it meanwhile stays.
+// A write replaces the file as a whole or not at all; what another program changes in it meanwhile stays. Sizes count
+// the file's bytes.
 class ProfileFiles : public settings::ProfileStore {
  public:
-  // `files` must outlive this object.
-  explicit ProfileFiles(system::FileSystem& files = system::RealFileSystem()) : files_(files) {}
+  // Texts in files are in the code page, or in UTF-16 where a file's first bytes say so, as they do on Windows; what
+  // the code page lacks is not written. `files` must outlive this object.
+  explicit ProfileFiles(system::FileSystem& files = system::RealFileSystem(), int codePage = system::Utf8CodePage)
+      : files_(files), codePage_(codePage) {}
 
   std::string GetProfileString(std::string_view section, std::string_view key, std::string_view defaultText,
                                std::size_t size, const std::string& file) const override;
@@ -23,6 +26,7 @@ class ProfileFiles : public settings::ProfileStore {
 
  private:
   system::FileSystem& files_;
+  system::CodePage codePage_;
 };
 
 }  // namespace formwizard::adapters::profile

@@ -20,9 +20,10 @@ std::filesystem::path ConfigurationRoot();
 // What `main` was given behind the program's name, as UTF-8.
 std::vector<std::string> Arguments(int argc, char** argv);
 
-// Windows' own profile calls and libraries there, files that are read by the same rules elsewhere. Without a `profile`
-// settings last as long as the program.
+// Files by the rules of Windows' profile calls; there also in the machine's code page, so that the add-in reads what this
+// program writes. Without a `profile` settings last as long as the program.
 std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile);
+// Windows' own libraries there, files that are read by the same rules elsewhere.
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries();
 
 // Whether a server of the database can be installed on this system, and its object factory, which is asked for when it

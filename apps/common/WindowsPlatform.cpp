@@ -1,6 +1,7 @@
 #include "adapters/com/ComFactory.h"
 #include "adapters/native/NativeLibraries.h"
-#include "adapters/native/NativeProfile.h"
+#include "adapters/profile/ProfileFile.h"
+
 #include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
@@ -13,6 +14,8 @@
 #include <shellapi.h>
 #include <shlobj.h>
 #include <stdio.h>
+
+#include <array>
 
 namespace formwizard::apps::common {
 
@@ -40,6 +43,17 @@ class ComServer : public wizard::factory::FactoryCreator {
  private:
   adapters::com::ComFactoryCreator creator_;
 };
+
+// The one in which programs without a manifest like ours read and write their settings. GetACP tells this program's
+// own, which is UTF-8.
+int CodePageOfMachine() {
+  std::array<wchar_t, 16> text{};
+  DWORD size = sizeof text;
+  const LSTATUS status = ::RegGetValueW(HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Control\\Nls\\CodePage",
+                                        L"ACP", RRF_RT_REG_SZ, nullptr, text.data(), &size);
+  const int number = status == ERROR_SUCCESS ? ::_wtoi(text.data()) : 0;
+  return number == 0 ? system::Utf8CodePage : number;  // a locale that knows nothing but Unicode
+}
 
 }  // namespace
 
@@ -73,7 +87,7 @@ std::vector<std::string> Arguments(int, char**) {
 
 std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile) {
   if (profile.empty()) return std::make_unique<MemoryProfile>();
-  return std::make_unique<adapters::native::NativeProfile>();
+  return std::make_unique<adapters::profile::ProfileFiles>(system::RealFileSystem(), CodePageOfMachine());
 }
 
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {

@@ -10,8 +10,32 @@
 using namespace formwizard::tests;
 using Fixture = ProfileFixture<formwizard::adapters::profile::ProfileFiles>;
 
-TEST_CASE("A profile file keeps the platform's rules, in UTF-8") {
+namespace {
+struct WesternFiles : formwizard::adapters::profile::ProfileFiles {
+  WesternFiles() : ProfileFiles(formwizard::system::RealFileSystem(), 1252) {}
+};
+}  // namespace
+
+TEST_CASE("A profile file keeps the platform's rules, in UTF-8, in a code page and in UTF-16") {
   CheckStore<formwizard::adapters::profile::ProfileFiles>([](std::string_view utf8) { return std::string(utf8); });
+  CheckStore<WesternFiles>([](std::string_view utf8) { return formwizard::system::CodePage(1252).Encode(utf8); });
+  ProfileFixture<WesternFiles> profile;
+  CHECK(profile.Put("Size", "weiß"));
+  CHECK_FALSE(profile.Put("Size", "重さ"));  // what cannot be written is not written as something else
+  CHECK(profile.Get("Size", "", 4) == "wei");
+  CHECK(profile.Get("None", "Größe") == "Größe");
+  const auto utf16 = [](std::string_view ascii) {
+    std::string bytes = "\xFF\xFE";
+    for (const char c : ascii) (bytes += c) += '\0';
+    return bytes;
+  };
+  WriteFile(profile.File, utf16("[Wizard]\r\nSize=5\r\n"));
+  CHECK(profile.Get("size") == "5");
+  CHECK(profile.Put("Size", "\u00DF"));
+  CHECK(profile.Get("size") == "ß");
+  CHECK(ReadFile(profile.File) == utf16("[Wizard]\r\nSize=\xDF\r\n"));
+  WriteFile(profile.File, utf16("[Wizard]\r\nSize=5\r\n") + "x");
+  CHECK_FALSE(profile.Put("Size", "6"));
 }
 
 TEST_CASE("Comments, keys without a value and sections that are not meant give nothing") {
