@@ -21,9 +21,9 @@ std::string Megabytes(std::uint64_t bytes) { return std::to_string((bytes + (1U 
 
 }  // namespace
 
-std::filesystem::path NativePath(const std::string& utf8) {
-  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
+#ifndef _WIN32
+std::filesystem::path NativePath(const std::string& utf8) { return utf8; }
+#endif
 
 std::string Utf8(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();

@@ -9,7 +9,8 @@
 
 namespace formwizard::system {
 
-// Between UTF-8 and the operating system's own form.
+// Between UTF-8 and the operating system's own form. On Windows a path that is too long for its older calls becomes one
+// from the root that all of them take.
 std::filesystem::path NativePath(const std::string& utf8);
 std::string Utf8(const std::filesystem::path& path);
 

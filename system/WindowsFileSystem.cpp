@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <system_error>
+#include <memory>
 #include <utility>
 
 namespace formwizard::system {
@@ -37,14 +37,10 @@ template <typename Error>
   throw Error(path + ": " + action + " failed: " + ReasonText(reason));
 }
 
-template <typename Error>
-[[noreturn]] void Fail(const std::string& path, const char* action, const std::error_code& error) {
-  const bool isPlatforms = error.category() == std::system_category();
-  throw Error(path + ": " + action +
-              " failed: " + (isPlatforms ? ReasonText(static_cast<DWORD>(error.value())) : error.message()));
+// A name that no file can have, such as "*.frm", is one that none has.
+bool IsNone(DWORD reason) {
+  return reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND || reason == ERROR_INVALID_NAME;
 }
-
-bool IsNone(DWORD reason) { return reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND; }
 
 // Scanners and indexers open a file that is new or has changed for a moment, and a file that is about to vanish with
 // its last handle refuses access; so a call is made again for about half a second.
@@ -210,49 +206,49 @@ class WindowsFileSystem : public FileSystem {
 
   FileKind KindOf(const std::string& path) const override {
     CheckPath(path);
-    std::error_code error;
-    const fs::file_status status = fs::symlink_status(NativePath(path), error);
-    switch (status.type()) {
-      case fs::file_type::not_found:
-        return FileKind::None;
-      case fs::file_type::none:
-        Fail<InputError>(path, "looking for the file", error);
-      case fs::file_type::regular:
-        return FileKind::File;
-      case fs::file_type::directory:
-        return FileKind::Folder;
-      case fs::file_type::symlink:
-        return FileKind::Link;
-      default:
-        return FileKind::Other;
+    const Handle file =
+        Open(path, 0, SharedByAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
+    if (!file && IsNone(::GetLastError())) return FileKind::None;
+    if (file && ::GetFileType(file.Value) != FILE_TYPE_DISK) return FileKind::Other;
+    FILE_ATTRIBUTE_TAG_INFO info{};
+    if (!file || !::GetFileInformationByHandleEx(file.Value, FileAttributeTagInfo, &info, sizeof info)) {
+      Fail<InputError>(path, "looking for the file");
     }
+    // What else is no plain file, such as one that is still in a cloud, is read like one.
+    const bool isMarked = (info.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    if (isMarked && info.ReparseTag == IO_REPARSE_TAG_SYMLINK) return FileKind::Link;
+    return (info.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::Folder : FileKind::File;
   }
 
   std::optional<std::vector<std::string>> NamesIn(const std::string& folder) const override {
     CheckPath(folder);
-    std::error_code error;
-    fs::directory_iterator entries(NativePath(folder), error);
-    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) return std::nullopt;
-    std::vector<std::string> names;
-    for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
-      names.push_back(Utf8(entries->path().filename()));
+    WIN32_FIND_DATAW entry{};
+    const HANDLE search = ::FindFirstFileW(NativePath(folder + "/*").c_str(), &entry);
+    const DWORD reason = ::GetLastError();
+    if (search == INVALID_HANDLE_VALUE) {
+      if (IsNone(reason) || reason == ERROR_DIRECTORY) return std::nullopt;
+      Fail<InputError>(folder, "listing the folder", reason);
     }
-    if (error) Fail<InputError>(folder, "listing the folder", error);
+    const std::unique_ptr<void, decltype(&::FindClose)> closed(search, ::FindClose);
+    std::vector<std::string> names;
+    do {
+      const std::wstring_view name = entry.cFileName;
+      if (name != L"." && name != L"..") names.push_back(Utf8(name));
+    } while (::FindNextFileW(search, &entry));
+    if (::GetLastError() != ERROR_NO_MORE_FILES) Fail<InputError>(folder, "listing the folder");
     return names;
   }
 
   std::string BehindLinks(const std::string& path) const override {
-    constexpr int most = 40;
-    CheckPath(path);
-    std::error_code error;
-    fs::path found = NativePath(path);
-    for (int links = 0; links < most && fs::is_symlink(found, error); ++links) {
-      const fs::path target = fs::read_symlink(found, error);
-      if (error) Fail<InputError>(path, "following the link", error);
-      found = target.is_absolute() ? target : found.parent_path() / target;
-    }
-    if (fs::is_symlink(found, error)) throw InputError(path + ": this link leads to itself; mend it");
-    return found == NativePath(path) ? path : Utf8(found);
+    if (KindOf(path) != FileKind::Link) return path;
+    const Handle file = Open(path, 0, SharedByAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    std::wstring found(LongestPath + 1, L'\0');
+    const DWORD length =
+        file ? ::GetFinalPathNameByHandleW(file.Value, found.data(), static_cast<DWORD>(found.size()), VOLUME_NAME_DOS)
+             : 0;
+    if (length == 0 || length >= found.size()) Fail<InputError>(path, "following the link");
+    found.resize(length);
+    return Utf8(std::wstring_view(found));
   }
 
   std::unique_ptr<FileLock> LockFolder(const std::string& folder) override {
@@ -273,9 +269,15 @@ class WindowsFileSystem : public FileSystem {
   }
 
   void CreateFolders(const std::string& folder) override {
-    std::error_code error;
-    fs::create_directories(NativePath(folder), error);
-    if (error) Fail<SaveError>(folder, "creating the folder", error);
+    std::vector<std::string> missing;
+    for (std::string next = folder; KindOf(next) == FileKind::None; next = FolderOf(missing.back())) {
+      missing.push_back(next);
+      if (FolderOf(next) == next) break;  // a drive that is not there
+    }
+    for (; !missing.empty(); missing.pop_back()) {
+      if (::CreateDirectoryW(NativePath(missing.back()).c_str(), nullptr)) continue;
+      if (::GetLastError() != ERROR_ALREADY_EXISTS) Fail<SaveError>(missing.back(), "creating the folder");
+    }
   }
 
   std::unique_ptr<OutputFile> Create(const std::string& path, const std::string& like) override {

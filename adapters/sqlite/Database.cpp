@@ -1,6 +1,7 @@
 #include "adapters/sqlite/Database.h"
 
 #include "support/Failures.h"
+#include "system/FileSystem.h"
 #include "system/Paths.h"
 
 #include <sqlite3.h>
@@ -9,9 +10,14 @@
 #include <cstdio>
 #include <filesystem>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace formwizard::adapters::sqlite {
+
+constexpr bool HasDrives = std::filesystem::path::preferred_separator == '\\';
+// By which SQLite opens files: on Windows those without a limit for paths.
+constexpr const char* FileCalls = HasDrives ? "win32-longpath" : nullptr;
 
 // The handle with what messages and limits need.
 class Connection {
@@ -20,7 +26,7 @@ class Connection {
 
   Connection(const std::string& name, std::string shown, Use use) : shown_(std::move(shown)), use_(use) {
     const int flags = use == Use::Reading ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
-    const int result = sqlite3_open_v2(name.c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(name.c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX, FileCalls);
     if (result != SQLITE_OK) {
       const std::string reason = sqlite3_errstr(result);
       sqlite3_close(handle_);
@@ -89,16 +95,15 @@ class Connection {
 
 namespace {
 
-constexpr bool HasDrives = std::filesystem::path::preferred_separator == '\\';
-
 // The path as a URI that says that nobody changes the file: no locks, no look for a journal.
 std::string ImmutableUri(const std::string& path) {
   std::string uri = "file:";
+  const bool isLong = HasDrives && path.starts_with(R"(\\?\)");  // of which the system takes no other spelling
   const bool isOnDrive = HasDrives && path.substr(1, 1) == ":";
-  const bool isFromRoot = path.starts_with('/') || (HasDrives && path.starts_with('\\'));
+  const bool isFromRoot = !isLong && (path.starts_with('/') || (HasDrives && path.starts_with('\\')));
   if (isOnDrive || isFromRoot) uri += isOnDrive ? "///" : "//";  // a host without a name
   for (const char c : path) {
-    if (c == '?' || c == '#' || c == '%') {
+    if (c == '?' || c == '#' || c == '%' || (isLong && c == '\\')) {
       std::array<char, 4> code{};
       std::snprintf(code.data(), code.size(), "%%%02X", static_cast<unsigned>(c));
       uri += code.data();
@@ -116,17 +121,18 @@ Database::Database(Database&&) noexcept = default;
 Database::~Database() = default;
 
 Database Database::OpenForReading(const std::string& path) {
-  auto connection = std::make_unique<Connection>(ImmutableUri(path), path, Connection::Use::Reading);
-  std::error_code error;
-  const auto size = std::filesystem::file_size(system::NativePath(path), error);
-  connection->Distrust(error ? 0 : static_cast<std::int64_t>(size));
+  auto connection = std::make_unique<Connection>(ImmutableUri(system::Utf8(system::NativePath(path))), path,
+                                                 Connection::Use::Reading);
+  const std::optional<system::FileStamp> stamp = system::RealFileSystem().StampOf(path);
+  connection->Distrust(stamp ? static_cast<std::int64_t>(stamp->Size) : 0);
   Database database(std::move(connection));
   database.Run("PRAGMA cell_size_check = ON");
   return database;
 }
 
 Database Database::OpenForFilling(const std::string& path, const std::string& shown) {
-  return Database(std::make_unique<Connection>(path, shown, Connection::Use::Filling));
+  return Database(
+      std::make_unique<Connection>(system::Utf8(system::NativePath(path)), shown, Connection::Use::Filling));
 }
 
 Statement Database::Prepare(std::string_view sql) {

@@ -3,6 +3,7 @@
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
+#include "system/FileSystem.h"
 #include "system/Limits.h"
 #include "system/Paths.h"
 
@@ -168,11 +169,11 @@ std::string NameOf(const std::string& file) { return file == "-" ? "standard inp
 // A pipe will do as well as a file, as a shell makes one of a command's output.
 std::string ReadAll(const std::string& file) {
   if (file == "-") return ReadStream(std::cin, NameOf(file));
+  if (!system::RealFileSystem().StampOf(file)) throw InputError(file + ": there is no such file; check the path");
   namespace fs = std::filesystem;
   std::error_code error;
   const fs::file_type type = fs::status(system::NativePath(file), error).type();
-  if (type == fs::file_type::not_found) throw InputError(file + ": there is no such file; check the path");
-  if (type != fs::file_type::none && type != fs::file_type::regular && type != fs::file_type::fifo) {
+  if (!error && type != fs::file_type::regular && type != fs::file_type::fifo) {
     throw InputError(file + ": this is a folder or a device; a form description is a file, or \"-\"");
   }
   std::ifstream in(system::NativePath(file), std::ios::binary);

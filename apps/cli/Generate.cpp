@@ -17,17 +17,15 @@
 #include "settings/Profile.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
-#include "system/Paths.h"
+#include "system/FileSystem.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -293,7 +291,11 @@ void AddGenerate(CLI::App& program, Task& task) {
   AddOptions(command, *options);
   command.callback([&task, options] {
     const bool saves = (!options->DryRun && !options->Check) || !options->Journal.empty();
-    task = {[options] { return Generate(*options); }, options->Project, saves};
+    const auto generate = [options] {
+      options->Descriptions = common::FilesMeant(options->Descriptions);
+      return Generate(*options);
+    };
+    task = {generate, options->Project, saves};
   });
 }
 

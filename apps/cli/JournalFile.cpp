@@ -2,11 +2,10 @@
 
 #include "apps/common/Endings.h"
 #include "support/Failures.h"
-#include "system/Paths.h"
+#include "system/FileSystem.h"
 
-#include <filesystem>
+#include <optional>
 #include <string_view>
-#include <system_error>
 
 namespace formwizard::apps::cli {
 namespace {
@@ -24,9 +23,10 @@ const std::string& Checked(const std::string& file, bool force) {
 }  // namespace
 
 void CheckJournal(const std::string& journal, const std::vector<std::string>& inputs) {
-  for (const std::string& input : inputs) {
-    std::error_code error;
-    if (!std::filesystem::equivalent(system::NativePath(input), system::NativePath(journal), error)) continue;
+  const auto own = journal.empty() ? std::nullopt : system::RealFileSystem().StampOf(journal);
+  for (const std::string& input : own ? inputs : std::vector<std::string>()) {
+    const auto stamp = input.empty() ? std::nullopt : system::RealFileSystem().StampOf(input);
+    if (!stamp || stamp->Device != own->Device || stamp->File != own->File) continue;
     throw common::UsageError(journal + ": the run reads this file, so it cannot be the journal");
   }
 }

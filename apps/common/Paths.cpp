@@ -23,8 +23,7 @@ std::string ProgramFolder() {
 
 std::string DefaultProfile() {
   const fs::path beside = NativePath(ProgramFolder()) / settings::ProfileName;
-  std::error_code error;
-  if (fs::exists(beside, error)) return Utf8(beside);
+  if (system::RealFileSystem().StampOf(Utf8(beside))) return Utf8(beside);
   const fs::path root = ConfigurationRoot();
   return root.empty() ? "" : Utf8(root / "ostrel-form-wizard" / settings::ProfileName);
 }

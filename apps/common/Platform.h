@@ -20,8 +20,12 @@ std::filesystem::path ConfigurationRoot();
 // What `main` was given behind the program's name, as UTF-8.
 std::vector<std::string> Arguments(int argc, char** argv);
 
-// Files by the rules of Windows' profile calls; there also in the machine's code page, so that the add-in reads what this
-// program writes. Without a `profile` settings last as long as the program.
+// On Windows, whose shells leave that to programs, the files that names with "*" or "?" in their last part stand for,
+// in order, quoted or not; a name that no file fits stays as it is. Elsewhere the names themselves.
+std::vector<std::string> FilesMeant(const std::vector<std::string>& names);
+
+// Files by the rules of Windows' profile calls; there also in the machine's code page, so that the add-in reads what
+// this program writes. Without a `profile` settings last as long as the program.
 std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile);
 // Windows' own libraries there, files that are read by the same rules elsewhere.
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries();
@@ -32,7 +36,8 @@ bool CanHaveServer();
 std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer();
 
 // As long as the result is kept, standard input and output are the very bytes that the program reads and writes, and a
-// console shows them as UTF-8. A stream that the caller has closed fails, and no file that is opened takes its place.
+// console shows what they are in UTF-8, whatever its code page. To be called when std::cout has its last buffer. A
+// stream that the caller has closed fails, and no file that is opened takes its place.
 std::shared_ptr<void> UseStandardStreams();
 
 // From now on, writing to a pipe that nobody reads any more, or more than a file may hold, fails instead of ending the

@@ -4,7 +4,10 @@
 
 #include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
+#include "apps/common/WindowsConsole.h"
 #include "support/Failures.h"
+#include "system/FileSystem.h"
+#include "system/Paths.h"
 #include "system/Text.h"
 
 #include <windows.h>
@@ -13,8 +16,10 @@
 #include <io.h>
 #include <shellapi.h>
 #include <shlobj.h>
+#include <shlwapi.h>
 #include <stdio.h>
 
+#include <algorithm>
 #include <array>
 
 namespace formwizard::apps::common {
@@ -55,6 +60,22 @@ int CodePageOfMachine() {
   return number == 0 ? system::Utf8CodePage : number;  // a locale that knows nothing but Unicode
 }
 
+// Those that a name with "*" or "?" stands for, in order; none for any other name.
+std::vector<std::string> FilesLike(const std::string& name) {
+  const system::FileSystem& files = system::RealFileSystem();
+  const std::string folder(system::FolderPart(name));
+  const std::wstring pattern = system::Wide(name.substr(folder.size()));
+  std::vector<std::string> found;
+  if (pattern.find_first_of(L"*?") == std::wstring::npos) return found;
+  for (const std::string& each : files.NamesIn(system::FolderOf(name)).value_or(std::vector<std::string>())) {
+    const bool matches =
+        ::PathMatchSpecExW(system::Wide(each).c_str(), pattern.c_str(), PMSF_DONT_STRIP_SPACES) == S_OK;
+    if (matches && files.KindOf(folder + each) != system::FileKind::Folder) found.push_back(folder + each);
+  }
+  std::ranges::sort(found);
+  return found;
+}
+
 }  // namespace
 
 fs::path RunningProgram() {
@@ -85,6 +106,16 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
+std::vector<std::string> FilesMeant(const std::vector<std::string>& names) {
+  std::vector<std::string> files;
+  for (const std::string& name : names) {
+    const std::vector<std::string> found = FilesLike(name);
+    if (found.empty()) files.push_back(name);
+    files.insert(files.end(), found.begin(), found.end());
+  }
+  return files;
+}
+
 std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile) {
   if (profile.empty()) return std::make_unique<MemoryProfile>();
   return std::make_unique<adapters::profile::ProfileFiles>(system::RealFileSystem(), CodePageOfMachine());
@@ -99,9 +130,7 @@ std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer() { return std:
 
 std::shared_ptr<void> UseStandardStreams() {
   for (FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
-  const UINT before = ::GetConsoleOutputCP();
-  if (before == 0 || !::SetConsoleOutputCP(CP_UTF8)) return nullptr;
-  return {nullptr, [before](void*) { ::SetConsoleOutputCP(before); }};
+  return ShowOnConsole();
 }
 
 void SurviveFailedWrites() {}  // as it is on this system
