@@ -13,7 +13,7 @@ namespace {
 enum class From { Literal, ControlName, ControlHeight, RowsHeight, NextTabIndex };
 
 struct PropertyRow {
-  std::string_view Name;
+  ide::PropertyName Name;
   From Source;
   std::string_view Literal = "";
 };

@@ -27,7 +27,7 @@ std::string UniqueComponentName(std::string_view base, std::string_view prefix, 
 
 void WriteFormProperties(Generation& run, auto& step) {
   const model::FormModel& form = run.Form;
-  const auto put = [&](std::string_view name, auto valueOf) {
+  const auto put = [&](const ide::PropertyName& name, auto valueOf) {
     step([&] { Required(run.NewComponent).SetProperty(name, valueOf()); });
   };
   put("Caption", [&] { return std::string_view(form.ClassCaption); });

@@ -3,14 +3,16 @@
 
 #include <array>
 #include <initializer_list>
-#include <utility>
 
 namespace formwizard::generator {
 namespace {
 
-using Properties = std::initializer_list<std::pair<std::string_view, std::string_view>>;
+struct Property {
+  ide::PropertyName Name;
+  std::string_view Text;
+};
 
-void SetProperties(Generation& run, Properties properties) {
+void SetProperties(Generation& run, std::initializer_list<Property> properties) {
   for (const auto& [name, text] : properties) run.SetProperty(name, text);
 }
 

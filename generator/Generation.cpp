@@ -11,7 +11,7 @@ void Generation::AddControl(std::string_view progId, std::string_view name) {
   SetProperty("Name", name);
 }
 
-void Generation::SetProperty(std::string_view name, std::string_view text) {
+void Generation::SetProperty(const ide::PropertyName& name, std::string_view text) {
   Required(CurrentControl).SetProperty(name, text);
 }
 

@@ -50,7 +50,7 @@ class Generation {
   // Adds a control without a container, makes it CurrentControl and names it.
   void AddControl(std::string_view progId, std::string_view name);
   // Sets a property of CurrentControl; every value is given as text. Error 91 without a current control.
-  void SetProperty(std::string_view name, std::string_view text);
+  void SetProperty(const ide::PropertyName& name, std::string_view text);
   // Gives CurrentControl the next tab index.
   void SetTabIndex();
   // Moves CurrentControl into MainFrame.

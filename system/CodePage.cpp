@@ -62,6 +62,12 @@ CodePage::CodePage(int number) : number_(number) {
 
 CodePage::~CodePage() = default;
 
+std::string_view CodePage::Encoded(std::string_view utf8, std::string& room) const {
+  if (IsAscii(utf8)) return utf8;
+  room = Encode(utf8);
+  return room;
+}
+
 std::string CodePage::Encode(std::string_view utf8) const {
   if (IsAscii(utf8)) return std::string(utf8);
   std::string bytes;

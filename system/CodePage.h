@@ -23,6 +23,8 @@ class CodePage {
   // support::InputError, naming the text and the character, when the code page lacks a character or the text is no
   // UTF-8. No character is replaced by a similar one.
   std::string Encode(std::string_view utf8) const;
+  // The same without a copy of a text that is ASCII, as most are; `room` takes any other.
+  std::string_view Encoded(std::string_view utf8, std::string& room) const;
   // Bytes that the code page does not define become U+FFFD.
   std::string Decode(std::string_view bytes) const;
 

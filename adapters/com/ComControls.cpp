@@ -28,8 +28,8 @@ Object ControlsIn(const Object& parent, const Object& all) {
 
 std::string ComControl::Name() const { return PropertyOf(control_, "Name").ToText(); }
 
-void ComControl::SetProperty(std::string_view name, const ide::PropertyValue& value) {
-  SetPropertyOf(control_, name, value);
+void ComControl::SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) {
+  SetPropertyOf(control_, name.Text(), value);
 }
 
 void ComControl::SetContainer(const std::shared_ptr<ide::VBControl>& container) {

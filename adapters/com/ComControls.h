@@ -15,7 +15,7 @@ class ComControl : public generator::ide::VBControl {
   explicit ComControl(Object control) : control_(std::move(control)) {}
 
   std::string Name() const override;
-  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value) override;
+  void SetProperty(const generator::ide::PropertyName& name, const generator::ide::PropertyValue& value) override;
   void SetContainer(const std::shared_ptr<generator::ide::VBControl>& container) override;
 
   const Object& Automation() const { return control_; }

@@ -29,8 +29,8 @@ std::string ComComponent::Name() const { return NameOf(component_); }
 
 void ComComponent::SetName(std::string_view name) { component_.Put(L"Name", name); }
 
-void ComComponent::SetProperty(std::string_view name, const ide::PropertyValue& value) {
-  SetPropertyOf(component_, name, value);
+void ComComponent::SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) {
+  SetPropertyOf(component_, name.Text(), value);
 }
 
 std::shared_ptr<ide::VBControls> ComComponent::DesignerControls() {

@@ -16,7 +16,7 @@ class ComComponent : public generator::ide::VBComponent {
 
   std::string Name() const override;
   void SetName(std::string_view name) override;
-  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value) override;
+  void SetProperty(const generator::ide::PropertyName& name, const generator::ide::PropertyValue& value) override;
   std::shared_ptr<generator::ide::VBControls> DesignerControls() override;
   std::shared_ptr<generator::ide::CodeModule> Code() override;
   void Activate() override;

@@ -81,8 +81,8 @@ class Control : public ide::VBControl {
   Control(Writer& writer, std::shared_ptr<ide::VBControl> inner) : writer_(writer), Inner(std::move(inner)) {}
 
   std::string Name() const override { return Inner->Name(); }
-  void SetProperty(std::string_view name, const ide::PropertyValue& value) override {
-    Json line{{"call", "VBControl.Properties"}, {"control", Inner->Name()}, {"name", name}};
+  void SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) override {
+    Json line{{"call", "VBControl.Properties"}, {"control", Inner->Name()}, {"name", name.Text()}};
     if (!std::holds_alternative<std::string_view>(value)) line["type"] = TypeOf(value);
     line["value"] = ValueOf(value);
     writer_.Note(std::move(line), [&] { Inner->SetProperty(name, value); });
@@ -156,10 +156,12 @@ class Component : public ide::VBComponent {
   void SetName(std::string_view name) override {
     writer_.Note(Json{{"call", "VBComponent.Name"}, {"value", name}}, [&] { inner_->SetName(name); });
   }
-  void SetProperty(std::string_view name, const ide::PropertyValue& value) override {
-    writer_.Note(
-        Json{{"call", "VBComponent.Properties"}, {"name", name}, {"type", TypeOf(value)}, {"value", ValueOf(value)}},
-        [&] { inner_->SetProperty(name, value); });
+  void SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) override {
+    writer_.Note(Json{{"call", "VBComponent.Properties"},
+                      {"name", name.Text()},
+                      {"type", TypeOf(value)},
+                      {"value", ValueOf(value)}},
+                 [&] { inner_->SetProperty(name, value); });
   }
   std::shared_ptr<ide::VBControls> DesignerControls() override {
     std::shared_ptr<ide::VBControls> controls = inner_->DesignerControls();

@@ -19,12 +19,17 @@ std::string_view TakeWord(std::string_view& line) {
   return word;
 }
 
-void ForEachLine(std::string_view text, auto action) {
-  while (!text.empty()) {
+constexpr std::string_view LineEnd = "\r\n";
+
+// Returns how many there are.
+std::size_t ForEachLine(std::string_view text, auto action) {
+  std::size_t count = 0;
+  for (; !text.empty(); ++count) {
     const std::string_view line = text.substr(0, text.find('\n'));
     action(line);
     text.remove_prefix(std::min(line.size() + 1, text.size()));
   }
+  return count;
 }
 
 bool IsOneOf(std::string_view word, auto... words) { return (runtime::EqualIgnoringCase(word, words) || ...); }
@@ -40,19 +45,28 @@ std::string_view ProcedureBegunBy(std::string_view line) {
   return IsOneOf(word, "Sub", "Function") ? TakeWord(line) : std::string_view();
 }
 
+// A quick look at the first letter spares most lines the rest.
+bool MayBeginProcedure(std::string_view line) {
+  const std::size_t first = line.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return false;
+  const char letter = line[first];
+  return letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's';
+}
+
+// Returns how many lines there are.
+std::size_t ForEachProcedure(std::string_view code, auto action) {
+  return ForEachLine(code, [&](std::string_view line) {
+    if (!MayBeginProcedure(line)) return;
+    const std::string_view name = ProcedureBegunBy(line);
+    if (!name.empty()) action(name);
+  });
+}
+
 }  // namespace
 
 std::vector<std::string_view> ProceduresIn(std::string_view code) {
   std::vector<std::string_view> names;
-  ForEachLine(code, [&](std::string_view line) {
-    // A quick look at the first letter spares most lines the rest.
-    const auto first = std::ranges::find_if_not(line, [](char c) { return c == ' ' || c == '\t'; });
-    const char letter = first == line.end() ? ' ' : *first;
-    if (letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's') {
-      const std::string_view name = ProcedureBegunBy(line);
-      if (!name.empty()) names.push_back(name);
-    }
-  });
+  ForEachProcedure(code, [&](std::string_view name) { names.push_back(name); });
   return names;
 }
 
@@ -65,38 +79,46 @@ bool HoldsCode(std::string_view code) {
   return holds;
 }
 
-CodeText::CodeText(std::string bytes) : bytes_(std::move(bytes)) {
-  IndexLines(0);
-  NoteProcedures(bytes_);
+CodeText::CodeText(std::string bytes) : bytes_(std::move(bytes)) { Note(bytes_); }
+
+// The lines and procedures of a text that is new.
+void CodeText::Note(std::string_view text) {
+  lines_ += ForEachProcedure(text, [this](std::string_view name) { procedures_.emplace(name); });
 }
 
-void CodeText::IndexLines(std::size_t from) {
-  while (from < bytes_.size()) {
-    starts_.push_back(from);
-    from = std::min(bytes_.find('\n', from), bytes_.size() - 1) + 1;
+bool CodeText::HasProcedure(std::string_view name) const { return procedures_.contains(name); }
+
+void CodeText::FinishLastLine() {
+  if (!bytes_.empty() && !bytes_.ends_with('\n')) bytes_ += LineEnd;
+}
+
+// Lines are inserted near the end.
+std::size_t CodeText::StartOf(std::size_t line) const {
+  std::size_t start = bytes_.size();
+  for (std::size_t behind = lines_ + 1; behind > line; --behind) {
+    start = start < 2 ? 0 : bytes_.rfind('\n', start - 2) + 1;
   }
+  return start;
 }
-
-void CodeText::NoteProcedures(std::string_view text) {
-  for (const std::string_view name : ProceduresIn(text)) procedures_.insert(runtime::LowerCase(name));
-}
-
-bool CodeText::HasProcedure(std::string_view name) const { return procedures_.contains(runtime::LowerCase(name)); }
 
 void CodeText::Insert(std::size_t line, std::string_view text) {
-  if (line > starts_.size()) {
-    if (!bytes_.empty() && !bytes_.ends_with('\n')) bytes_ += "\r\n";
-    const std::size_t end = bytes_.size();
-    bytes_ += text;
-    bytes_ += "\r\n";
-    IndexLines(end);
+  if (line > lines_) {
+    FinishLastLine();
+    bytes_.append(text).append(LineEnd);
   } else {
-    const std::size_t at = starts_[line - 1];
-    bytes_.insert(at, std::string(text) + "\r\n");
-    starts_.resize(line - 1);
-    IndexLines(at);
+    const std::size_t start = StartOf(line);
+    bytes_.insert(start, LineEnd).insert(start, text);
   }
-  NoteProcedures(text);
+  Note(text);
+  if (text.empty() || text.ends_with('\n')) ++lines_;  // an empty one behind it
+}
+
+std::size_t CodeText::AppendSub(std::string_view name, std::string_view parameters) {
+  FinishLastLine();
+  bytes_.append("\r\nPrivate Sub ").append(name).append("(").append(parameters).append(")\r\n\r\nEnd Sub\r\n");
+  procedures_.emplace(name);
+  lines_ += 4;
+  return lines_ - 2;
 }
 
 }  // namespace formwizard::adapters::vb6files

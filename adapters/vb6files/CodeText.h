@@ -1,8 +1,9 @@
 // The code of a module: lines that end in CRLF, in the project's code page.
 #pragma once
 
+#include "adapters/vb6files/Caseless.h"
+
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -22,22 +23,25 @@ class CodeText {
   // Code as a file holds it; kept byte for byte.
   explicit CodeText(std::string bytes);
 
-  std::size_t CountOfLines() const { return starts_.size(); }
+  std::size_t CountOfLines() const { return lines_; }
   // Before the one-based line; past the end it appends. The text's CRLFs separate lines, so a text that ends in CRLF
   // leaves an empty line after it. The line end of an unfinished last line is added when text goes behind it.
   void Insert(std::size_t line, std::string_view text);
+  // Appends an empty line and a Sub without lines of its own, and returns the one-based line where it begins.
+  std::size_t AppendSub(std::string_view name, std::string_view parameters);
   // Whether a Sub, Function or Property of this name stands in the code; in any case of its letters.
   bool HasProcedure(std::string_view name) const;
 
   const std::string& Bytes() const { return bytes_; }
 
  private:
-  void IndexLines(std::size_t from);
-  void NoteProcedures(std::string_view text);
+  void Note(std::string_view text);
+  void FinishLastLine();
+  std::size_t StartOf(std::size_t line) const;
 
   std::string bytes_;
-  std::vector<std::size_t> starts_;             // where each line begins
-  std::unordered_set<std::string> procedures_;  // in lower case
+  std::size_t lines_ = 0;
+  std::unordered_set<std::string, CaselessHash, CaselessEqual> procedures_;
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <typeinfo>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -15,58 +16,59 @@ constexpr double DropDownListStyle = 2;
 // ActiveX controls measure themselves in hundredths of a millimetre.
 double Himetric(double twips) { return std::round(twips * 2540 / 1440); }
 
-bool IsNamed(const PropertyRow& row, std::string_view name) { return row.Name == name; }
-bool IsScale(const PropertyRow& row) { return row.Name.starts_with("Scale"); }
+bool IsScale(const PropertyRow& row) { return row.Name.Text().starts_with("Scale"); }
 
 }  // namespace
 
-Control::Control(Designer& designer, const ControlClass& controlClass, std::string name)
-    : designer_(designer), class_(controlClass), name_(std::move(name)) {
+Control::Control(Designer& designer, const ControlClass& controlClass, std::string_view name)
+    : designer_(designer), class_(controlClass), name_(name), values_(&designer.memory_), children_(&designer.memory_) {
   values_.reserve(12);
   for (const std::uint8_t index : AlwaysWritten(class_.Bit)) {
     const PropertyRow& row = PropertyRows()[index];
-    values_.push_back({&row, DefaultOf(row)});
-    if (IsNamed(row, "Width")) values_.back().Data.Number = class_.Width;
-    if (IsNamed(row, "Height")) values_.back().Data.Number = class_.Height;
+    const double number = row.Is("Width") ? class_.Width : row.Is("Height") ? class_.Height : row.DefaultNumber;
+    values_.push_back({&row, {number, row.Type == PropertyType::Text ? row.Default : ""}});
   }
+  if (class_.Bit == classbit::Menu) return;
   // A new control shows its name.
-  const bool isMenu = class_.Bit == classbit::Menu;
-  for (const std::string_view shown : {"Caption", "Text"}) {
-    const PropertyRow* row = isMenu ? nullptr : FindProperty(class_.Bit, shown);
-    if (row) Set(*row, {0, name_});
+  for (const PropertyName& shown : {PropertyName("Caption"), PropertyName("Text")}) {
+    if (const PropertyRow* row = FindProperty(class_.Bit, shown)) Set(*row, {0, name_});
   }
+}
+
+Control* OwnControl(generator::ide::VBControl* control) {
+  return control && typeid(*control) == typeid(Control) ? static_cast<Control*>(control) : nullptr;
 }
 
 std::string Control::Name() const { return designer_.CodePageOfForm.Decode(name_); }
 
-void Control::Set(const PropertyRow& row, PropertyData data) {
+void Control::Set(const PropertyRow& row, const PropertyData& data) {
   const auto at = std::ranges::lower_bound(values_, &row, {}, &Value::Row);
   if (at != values_.end() && at->Row == &row) {
-    at->Data = std::move(data);
+    at->Data = data;
   } else {
-    values_.insert(at, {&row, std::move(data)});
+    values_.insert(at, {&row, data});
   }
 }
 
-const PropertyData* Control::ValueOf(std::string_view name) const {
-  const auto found = std::ranges::find_if(values_, [&](const Value& v) { return v.Row->Name == name; });
+const PropertyData* Control::ValueOf(const PropertyName& name) const {
+  const auto found = std::ranges::find_if(values_, [&](const Value& v) { return v.Row->Is(name); });
   return found == values_.end() ? nullptr : &found->Data;
 }
 
-double Control::NumberOf(std::string_view name) const {
+double Control::NumberOf(const PropertyName& name) const {
   if (const PropertyData* data = ValueOf(name)) return data->Number;
-  return DefaultOf(*FindProperty(class_.Bit, name)).Number;
+  return FindProperty(class_.Bit, name)->DefaultNumber;
 }
 
 void Control::CheckSettable(const PropertyRow& row) const {
   // The font decides the height of a drop-down box.
-  if (class_.Bit == classbit::ComboBox && IsNamed(row, "Height")) {
+  if (class_.Bit == classbit::ComboBox && row.Is("Height")) {
     runtime::Raise(runtime::PropertyReadOnly, "'Height' property is read-only");
   }
 }
 
-void Control::SetProperty(std::string_view name, const generator::ide::PropertyValue& value) {
-  if (runtime::EqualIgnoringCase(name, "Name")) {
+void Control::SetProperty(const PropertyName& name, const generator::ide::PropertyValue& value) {
+  if (name == PropertyName("Name")) {
     const auto* text = std::get_if<std::string_view>(&value);
     if (!text) runtime::Raise(runtime::TypeMismatch);
     designer_.Rename(*this, *text);
@@ -75,47 +77,51 @@ void Control::SetProperty(std::string_view name, const generator::ide::PropertyV
   const PropertyRow* row = FindProperty(class_.Bit, name);
   if (!row) {
     runtime::Raise(runtime::PropertyNotFound,
-                   "Property '" + std::string(name) + "' not found in " + std::string(class_.Name));
+                   "Property '" + std::string(name.Text()) + "' not found in " + std::string(class_.Name));
   }
   CheckSettable(*row);
-  PropertyData data = Coerced(*row, value, designer_.CodePageOfForm);
-  if (IsNamed(*row, "TabIndex")) {
-    designer_.SetTabIndex(*this, static_cast<int>(data.Number));
+  if (row->Type == PropertyType::Text) {
+    Set(*row, {0, designer_.Kept(CoercedText(value, designer_.CodePageOfForm))});
+    return;
+  }
+  const double number = CoercedNumber(*row, value);
+  if (row->Is("TabIndex")) {
+    designer_.SetTabIndex(*this, static_cast<int>(number));
   } else if (IsScale(*row)) {
-    SetScale(*row, std::move(data));
+    SetScale(*row, number);
   } else if (row->Type == PropertyType::Single) {
-    SetPlace(*row, data.Number);
+    SetPlace(*row, number);
   } else {
-    Set(*row, std::move(data));
+    Set(*row, {number});
   }
 }
 
 // Given in the units of the container, kept in twips: the number changes with the container, the place does not.
 void Control::SetPlace(const PropertyRow& row, double value) {
   const Scale scale = parent_ ? parent_->ClientScale() : designer_.formScale_;
-  const Axis& axis = IsNamed(row, "Left") || IsNamed(row, "Width") ? scale.X : scale.Y;
-  const bool isOffset = IsNamed(row, "Left") || IsNamed(row, "Top");
-  Set(row, {WholeTwips(isOffset ? axis.TwipsTo(value) : axis.TwipsIn(value)), {}});
+  const Axis& axis = row.Is("Left") || row.Is("Width") ? scale.X : scale.Y;
+  const bool isOffset = row.Is("Left") || row.Is("Top");
+  Set(row, {WholeTwips(isOffset ? axis.TwipsTo(value) : axis.TwipsIn(value))});
 }
 
 // Setting a part of a scale makes it the user's own, with the other parts as they are.
-void Control::SetScale(const PropertyRow& row, PropertyData data) {
-  if (IsNamed(row, "ScaleMode")) {
+void Control::SetScale(const PropertyRow& row, double value) {
+  if (row.Is("ScaleMode")) {
     SetNumber("ScaleLeft", 0);
     SetNumber("ScaleTop", 0);
   } else if (NumberOf("ScaleMode") != UserScale) {
-    const double width = ScaleExtent("Width");
-    SetNumber("ScaleHeight", ScaleExtent("Height"));
+    const double width = ScaleWidth();
+    SetNumber("ScaleHeight", ScaleHeight());
     SetNumber("ScaleWidth", width);
     SetNumber("ScaleMode", UserScale);
   }
-  Set(row, std::move(data));
+  Set(row, {value});
 }
 
-void Control::SetNumber(std::string_view name, double value) { Set(*FindProperty(class_.Bit, name), {value, {}}); }
+void Control::SetNumber(const PropertyName& name, double value) { Set(*FindProperty(class_.Bit, name), {value}); }
 
 void Control::SetContainer(const std::shared_ptr<generator::ide::VBControl>& container) {
-  auto* own = dynamic_cast<Control*>(container.get());
+  Control* own = OwnControl(container.get());
   if (!own) runtime::Raise(runtime::ObjectVariableNotSet);
   if (&own->designer_ != &designer_) runtime::Raise(runtime::InvalidPropertyValue);
   designer_.Move(*this, *own);
@@ -127,18 +133,20 @@ bool Control::IsVisible() const {
 }
 
 // Of a picture box, in twips.
-double Control::ClientExtent(std::string_view dimension) const {
+double Control::ClientExtent(const PropertyName& dimension) const {
   const double extent = NumberOf(dimension);
   if (NumberOf("BorderStyle") == 0) return extent;
   return extent - (NumberOf("Appearance") != 0 ? RaisedBorder : FlatBorder);
 }
 
 // The same in its own units.
-double Control::ScaleExtent(std::string_view dimension) const {
+double Control::ScaleWidth() const {
   const double mode = NumberOf("ScaleMode");
-  if (mode == UserScale) return NumberOf("Scale" + std::string(dimension));
-  const Scale scale = FixedScale(mode);
-  return ClientExtent(dimension) / (dimension == "Width" ? scale.X : scale.Y).Twips;
+  return mode == UserScale ? NumberOf("ScaleWidth") : ClientExtent("Width") / FixedScale(mode).X.Twips;
+}
+double Control::ScaleHeight() const {
+  const double mode = NumberOf("ScaleMode");
+  return mode == UserScale ? NumberOf("ScaleHeight") : ClientExtent("Height") / FixedScale(mode).Y.Twips;
 }
 
 // Of what stands on the control; a frame has twips always.
@@ -150,32 +158,32 @@ Scale Control::ClientScale() const {
                     ClientExtent("Width"), ClientExtent("Height"));
 }
 
-std::string Control::WrittenValue(const Value& value, FrxBuilder& frx) const {
+void Control::AppendWritten(std::string& out, const Value& value, FrxBuilder& frx) const {
   const PropertyRow& row = *value.Row;
-  const auto number = [&](double n) { return ValueText(row, {n, {}}, frx); };
-  if (IsNamed(row, "TabIndex")) return number(static_cast<double>(tabIndex_));
-  if (class_.Bit == classbit::ListView && IsNamed(row, "_ExtentX")) return number(Himetric(NumberOf("Width")));
-  if (class_.Bit == classbit::ListView && IsNamed(row, "_ExtentY")) return number(Himetric(NumberOf("Height")));
-  if (IsNamed(row, "ScaleWidth")) return number(ScaleExtent("Width"));
-  if (IsNamed(row, "ScaleHeight")) return number(ScaleExtent("Height"));
-  if (class_.Bit == classbit::TextBox && IsNamed(row, "Text") && NumberOf("MultiLine") != 0) {
-    return frx.AddMultiLineText(value.Data.Text);
+  const auto append = [&](double number) { AppendValue(out, row, {number}, frx); };
+  if (row.Is("TabIndex")) return append(static_cast<double>(tabIndex_));
+  if (class_.Bit == classbit::ListView && row.Is("_ExtentX")) return append(Himetric(NumberOf("Width")));
+  if (class_.Bit == classbit::ListView && row.Is("_ExtentY")) return append(Himetric(NumberOf("Height")));
+  if (row.Is("ScaleWidth")) return append(ScaleWidth());
+  if (row.Is("ScaleHeight")) return append(ScaleHeight());
+  if (class_.Bit == classbit::TextBox && row.Is("Text") && NumberOf("MultiLine") != 0) {
+    out += frx.AddMultiLineText(value.Data.Text);
+    return;
   }
-  return ValueText(row, value.Data, frx);
+  AppendValue(out, row, value.Data, frx);
 }
 
 bool Control::IsWritten(const Value& value) const {
   if ((value.Row->AlwaysIn & class_.Bit) != 0) return true;
   // A drop-down list shows an entry, never a text of its own.
-  if (class_.Bit == classbit::ComboBox && IsNamed(*value.Row, "Text") && NumberOf("Style") == DropDownListStyle) {
-    return false;
-  }
+  if (class_.Bit == classbit::ComboBox && value.Row->Is("Text") && NumberOf("Style") == DropDownListStyle) return false;
   return !IsDefault(*value.Row, value.Data);
 }
 
 void Control::AppendProperties(std::string& out, int level, FrxBuilder& frx) const {
   for (const Value& value : values_) {
-    if (IsWritten(value)) AppendPropertyLine(out, level, value.Row->Name, WrittenValue(value, frx));
+    if (!IsWritten(value)) continue;
+    AppendPropertyLine(out, level, value.Row->Name.Text(), [&] { AppendWritten(out, value, frx); });
   }
 }
 

@@ -269,34 +269,31 @@ constexpr std::array Classes{
     ControlClass{ide::Query.Class, "OSTRELQUERY.OstrelQueryCtrl", "OstrelQuery", Q, Layer::Windowed, 0, 0},
 };
 
-// Rows of the first part of the table stand by their first letter, so a search looks at the rows of one letter.
-constexpr std::size_t ActiveXStart =
-    static_cast<std::size_t>(std::ranges::find(Rows, std::string_view("_ExtentX"), &PropertyRow::Name) - Rows.begin());
+// Every property of every class, found by both: 0 is a free slot, anything else one more than the index of a row. What
+// finds its slot taken stands in the next that is free.
+constexpr std::size_t Slots = 1024;
 
-constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr std::size_t SlotOf(ClassBits classBit, std::uint32_t key) {
+  return (key ^ (key >> 16) ^ (static_cast<std::size_t>(std::countr_zero(classBit)) * 73)) % Slots;
+}
 
-constexpr auto LetterStarts = [] {
-  std::array<std::size_t, 27> starts{};
-  std::size_t row = 0;
-  for (std::size_t letter = 0; letter < starts.size(); ++letter) {
-    while (row < ActiveXStart && static_cast<std::size_t>(Lower(Rows[row].Name[0]) - 'a') < letter) ++row;
-    starts[letter] = row;
-  }
-  return starts;
-}();
-
-static_assert(std::ranges::is_sorted(Rows.begin(), Rows.begin() + ActiveXStart, {},
-                                     [](const PropertyRow& row) { return Lower(row.Name[0]); }));
-
-template <typename Row>
-const Row* Find(const auto& rows, ClassBits classBit, std::string_view name) {
-  for (const Row& row : rows) {
-    if ((row.Classes & classBit) != 0 && row.Name.size() == name.size() && runtime::EqualIgnoringCase(row.Name, name)) {
-      return &row;
+constexpr auto RowsByName = [] {
+  static_assert(Rows.size() < 255);
+  std::array<std::uint8_t, Slots> slots{};
+  for (std::size_t row = 0; row < Rows.size(); ++row) {
+    for (ClassBits left = Rows[row].Classes; left != 0; left = static_cast<ClassBits>(left & (left - 1))) {
+      std::size_t slot = SlotOf(left, Rows[row].Name.Key());
+      while (slots[slot] != 0) slot = (slot + 1) % Slots;
+      slots[slot] = static_cast<std::uint8_t>(row + 1);
     }
   }
-  return nullptr;
-}
+  return slots;
+}();
+
+static_assert(std::ranges::all_of(Rows, [](const PropertyRow& row) {
+  return std::ranges::all_of(Rows,
+                             [&](const PropertyRow& other) { return row.Is(other.Name) == (row.Name == other.Name); });
+}));
 
 }  // namespace
 
@@ -322,25 +319,19 @@ std::span<const std::uint8_t> AlwaysWritten(ClassBits classBit) {
   return {indexes.Rows.data(), indexes.Count};
 }
 
-const PropertyRow* FindProperty(ClassBits classBit, std::string_view name) {
-  if (name.empty()) return nullptr;
-  const char first = Lower(name[0]);
-  if (first >= 'a' && first <= 'z') {
-    const auto letter = static_cast<std::size_t>(first - 'a');
-    const std::span<const PropertyRow> all(Rows);
-    const auto rows = all.subspan(LetterStarts[letter], LetterStarts[letter + 1] - LetterStarts[letter]);
-    if (const PropertyRow* row = Find<PropertyRow>(rows, classBit, name)) return row;
+const PropertyRow* FindProperty(ClassBits classBit, const PropertyName& name) {
+  for (std::size_t slot = SlotOf(classBit, name.Key()); RowsByName[slot] != 0; slot = (slot + 1) % Slots) {
+    const PropertyRow& row = Rows[RowsByName[slot] - 1u];
+    if ((row.Classes & classBit) != 0 && row.Name == name) return &row;
   }
-  constexpr ClassBits activeX = V | D | Q;
-  if ((classBit & activeX) == 0) return nullptr;
-  return Find<PropertyRow>(std::span<const PropertyRow>(Rows).subspan(ActiveXStart), classBit, name);
+  return nullptr;
 }
 
-const EventRow* FindEvent(ClassBits classBit, std::string_view name) { return Find<EventRow>(Events, classBit, name); }
-
-std::string_view ControlClass::Library() const {
-  const std::string_view library = Name.substr(0, Name.find('.'));
-  return library == "VB" ? std::string_view() : library;
+const EventRow* FindEvent(ClassBits classBit, std::string_view name) {
+  for (const EventRow& row : Events) {
+    if ((row.Classes & classBit) != 0 && runtime::EqualIgnoringCase(row.Name, name)) return &row;
+  }
+  return nullptr;
 }
 
 const ControlClass* FindControlClass(std::string_view progId) {

@@ -1,12 +1,16 @@
 // The control classes that this environment knows: their properties, events, names and sizes.
 #pragma once
 
+#include "generator/ide/PropertyName.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace formwizard::adapters::vb6files {
+
+using generator::ide::PropertyName;
 
 using ClassBits = std::uint16_t;
 
@@ -28,13 +32,24 @@ enum class PropertyType : std::uint8_t {
   Object,       // a picture, font or list: not set through a text
 };
 
+// The number that the digits of a table give, 0 for none.
+constexpr double WholeNumberIn(std::string_view digits) {
+  double number = 0;
+  for (const char digit : digits.substr(digits.starts_with('-') ? 1 : 0)) number = number * 10 + (digit - '0');
+  return digits.starts_with('-') ? -number : number;
+}
+
 struct PropertyRow {
-  std::string_view Name;
+  PropertyName Name;
   PropertyType Type;
-  std::string_view Default;  // as the text that a program would assign
+  std::string_view Default;  // a whole number, or the text of a text
   ClassBits Classes;
   ClassBits AlwaysIn = 0;       // the classes that write it also at its default
   std::string_view Names = "";  // of an enumeration: the names of 0, 1, 2 ..., separated by "|"
+  double DefaultNumber = WholeNumberIn(Default);
+
+  // For names that stand in the table, of which no two have one key.
+  constexpr bool Is(const PropertyName& name) const { return Name.Key() == name.Key(); }
 };
 
 // In the order in which files list properties: those of the environment's own classes and of the container by name,
@@ -44,8 +59,8 @@ std::span<const PropertyRow> PropertyRows();
 // The rows that a class writes also at their default, by index into PropertyRows, in its order.
 std::span<const std::uint8_t> AlwaysWritten(ClassBits classBit);
 
-// The row of a class's property, without regard to case; null when the class lacks it.
-const PropertyRow* FindProperty(ClassBits classBit, std::string_view name);
+// The row of a class's property; null when the class lacks it.
+const PropertyRow* FindProperty(ClassBits classBit, const PropertyName& name);
 
 struct EventRow {
   std::string_view Name;
@@ -55,6 +70,11 @@ struct EventRow {
 
 // Without regard to case; null when the class lacks the event.
 const EventRow* FindEvent(ClassBits classBit, std::string_view name);
+
+// "MSComctlLib" of "MSComctlLib.ListView"; empty for the environment's own classes.
+constexpr std::string_view LibraryIn(std::string_view className) {
+  return className.starts_with("VB.") ? std::string_view() : className.substr(0, className.find('.'));
+}
 
 // Windowed controls stand before lightweight ones in a file, menus last.
 enum class Layer : std::uint8_t { Windowed, Lightweight, Menu };
@@ -66,9 +86,7 @@ struct ControlClass {
   ClassBits Bit;
   Layer FileLayer;
   int Width, Height;  // of a new control, in twips; 0: it has none
-
-  // The control library it comes from, "MSComctlLib"; empty for the environment's own.
-  std::string_view Library() const;
+  std::string_view Library = LibraryIn(Name);
 };
 
 // By its name or its ProgID, which may have a version behind it (".2"), without regard to case; null for an unknown

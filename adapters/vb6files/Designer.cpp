@@ -4,6 +4,7 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
+#include <memory_resource>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -18,14 +19,16 @@ bool TakesChildren(const Control& container, const ControlClass& child) {
 
 Control& Designer::Add(std::string_view progId, Control* container) {
   const ControlClass* known = FindControlClass(progId);
-  if (!known || (!known->Library().empty() && !libraries_.Find(known->Library()))) {
+  if (!known || (!known->Library.empty() && !libraries_.Find(known->Library))) {
     runtime::Raise(runtime::ControlNotFound, "ActiveX control '" + std::string(progId) +
                                                  "' not found: the project does not refer to its library");
   }
   if (container && !TakesChildren(*container, *known)) runtime::Raise(runtime::InvalidPropertyValue);
 
-  Control& control = controls_.emplace_back(*this, *known, DefaultName(known->NameStem));
-  byName_.emplace(runtime::LowerCase(control.name_), &control);
+  const std::string name = DefaultName(known->NameStem);
+  if (unlisted_) byName_.emplace(unlisted_->name_, unlisted_);
+  Control& control = controls_.emplace_back(*this, *known, Kept(name));
+  unlisted_ = &control;
   control.parent_ = container;
   (container ? container->children_ : topLevel_).push_back(&control);
   if (FindProperty(known->Bit, "TabIndex")) tabOrder_.push_back(&control);
@@ -34,28 +37,40 @@ Control& Designer::Add(std::string_view progId, Control* container) {
 
 std::string Designer::DefaultName(std::string_view stem) const {
   for (int number = 1;; ++number) {
-    std::string name = std::string(stem) + std::to_string(number);
-    if (!byName_.contains(runtime::LowerCase(name))) return name;
+    std::string name(stem);
+    name += std::to_string(number);
+    if (!Named(name)) return name;
   }
 }
 
-const Control* Designer::Find(std::string_view name) const {
-  const auto found = byName_.find(runtime::LowerCase(name));
+Control* Designer::Named(std::string_view name) const {
+  if (unlisted_ && runtime::EqualIgnoringCase(unlisted_->name_, name)) return unlisted_;
+  const auto found = byName_.find(name);
   return found == byName_.end() ? nullptr : found->second;
 }
 
+// As long as the designer lives.
+std::string_view Designer::Kept(std::string_view text) {
+  char* copy = std::pmr::polymorphic_allocator<char>(&memory_).allocate(text.size());
+  std::ranges::copy(text, copy);
+  return {copy, text.size()};
+}
+
 void Designer::Rename(Control& control, std::string_view name) {
-  std::string bytes = CodePageOfForm.Encode(name);
+  const std::string bytes = CodePageOfForm.Encode(name);
   if (bytes == control.name_) return;
   CheckObjectName(name);
-  const std::string key = runtime::LowerCase(bytes);
-  const auto found = byName_.find(key);
-  if (found != byName_.end() && found->second != &control) {
+  const Control* other = Named(bytes);
+  if (other && other != &control) {
     runtime::Raise(runtime::NameConflict, "Name conflicts: the form already has a control '" + std::string(name) + "'");
   }
-  byName_.erase(runtime::LowerCase(control.name_));
-  byName_.emplace(key, &control);
-  control.name_ = std::move(bytes);
+  if (&control == unlisted_) {
+    unlisted_ = nullptr;
+  } else {
+    byName_.erase(control.name_);
+  }
+  control.name_ = Kept(bytes);
+  byName_.emplace(control.name_, &control);
 }
 
 void Designer::Move(Control& control, Control& container) {
@@ -65,7 +80,7 @@ void Designer::Move(Control& control, Control& container) {
   if (!TakesChildren(container, control.class_) || control.class_.Bit == classbit::Menu) {
     runtime::Raise(runtime::InvalidPropertyValue);
   }
-  std::vector<Control*>& old = control.parent_ ? control.parent_->children_ : topLevel_;
+  std::pmr::vector<Control*>& old = control.parent_ ? control.parent_->children_ : topLevel_;
   // Usually the youngest control moves, which stands last.
   old.erase(std::next(std::find(old.rbegin(), old.rend(), &control)).base());
   container.children_.push_back(&control);
@@ -86,7 +101,7 @@ void Designer::SetTabIndex(Control& control, int index) {
 }
 
 bool Designer::UsesLibrary(std::string_view library) const {
-  return std::ranges::any_of(controls_, [&](const Control& c) { return c.class_.Library() == library; });
+  return std::ranges::any_of(controls_, [&](const Control& c) { return c.class_.Library == library; });
 }
 
 bool Designer::HasMenuBar() const {
@@ -100,7 +115,7 @@ void Designer::AppendTo(std::string& out, FrxBuilder& frx) const {
 }
 
 // Of the first two layers the youngest control comes first; menus stand in the order of the bar.
-void Designer::AppendLayers(const std::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx) {
+void Designer::AppendLayers(const std::pmr::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx) {
   for (const Layer layer : {Layer::Windowed, Layer::Lightweight}) {
     for (auto control = controls.rbegin(); control != controls.rend(); ++control) {
       if ((*control)->class_.FileLayer == layer) (*control)->AppendTo(out, level, frx);

@@ -1,6 +1,7 @@
 // The controls of one form: their classes, properties, order, containers and places in the tab order.
 #pragma once
 
+#include "adapters/vb6files/Caseless.h"
 #include "adapters/vb6files/ControlClasses.h"
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/PropertyText.h"
@@ -9,6 +10,7 @@
 #include "system/CodePage.h"
 
 #include <deque>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -20,10 +22,11 @@ class Designer;
 
 class Control final : public generator::ide::VBControl {
  public:
-  Control(Designer& designer, const ControlClass& controlClass, std::string name);
+  // The name is kept by the designer.
+  Control(Designer& designer, const ControlClass& controlClass, std::string_view name);
 
   std::string Name() const override;
-  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value) override;
+  void SetProperty(const PropertyName& name, const generator::ide::PropertyValue& value) override;
   void SetContainer(const std::shared_ptr<generator::ide::VBControl>& container) override;
 
   const ControlClass& Class() const { return class_; }
@@ -38,28 +41,32 @@ class Control final : public generator::ide::VBControl {
     PropertyData Data;
   };
 
-  void Set(const PropertyRow& row, PropertyData data);
-  const PropertyData* ValueOf(std::string_view name) const;
-  double NumberOf(std::string_view name) const;
+  void Set(const PropertyRow& row, const PropertyData& data);
+  const PropertyData* ValueOf(const PropertyName& name) const;
+  double NumberOf(const PropertyName& name) const;
   void CheckSettable(const PropertyRow& row) const;
   void AppendProperties(std::string& out, int level, FrxBuilder& frx) const;
-  std::string WrittenValue(const Value& value, FrxBuilder& frx) const;
+  void AppendWritten(std::string& out, const Value& value, FrxBuilder& frx) const;
   bool IsWritten(const Value& value) const;
   void SetPlace(const PropertyRow& row, double value);
-  void SetScale(const PropertyRow& row, PropertyData data);
-  void SetNumber(std::string_view name, double value);
-  double ClientExtent(std::string_view dimension) const;
-  double ScaleExtent(std::string_view dimension) const;
+  void SetScale(const PropertyRow& row, double value);
+  void SetNumber(const PropertyName& name, double value);
+  double ClientExtent(const PropertyName& dimension) const;
+  double ScaleWidth() const;
+  double ScaleHeight() const;
   Scale ClientScale() const;
 
   Designer& designer_;
   const ControlClass& class_;
-  std::string name_;                // bytes in the code page
-  std::vector<Value> values_;       // in the order of the file
-  std::vector<Control*> children_;  // oldest first
+  std::string_view name_;                // bytes in the code page
+  std::pmr::vector<Value> values_;       // in the order of the file
+  std::pmr::vector<Control*> children_;  // oldest first
   Control* parent_ = nullptr;
   mutable std::size_t tabIndex_ = 0;  // as of the last rendering
 };
+
+// The control behind a handle; null for none, and for another environment's.
+Control* OwnControl(generator::ide::VBControl* control);
 
 class Designer {
  public:
@@ -74,7 +81,7 @@ class Designer {
   // takes no such control.
   Control& Add(std::string_view progId, Control* container);
   // Null when the form has no such control; in any case of its letters.
-  const Control* Find(std::string_view name) const;
+  const Control* Find(std::string_view name) const { return Named(name); }
 
   bool UsesLibrary(std::string_view library) const;
   // A menu bar is there when a menu of the top level is visible.
@@ -88,17 +95,21 @@ class Designer {
   friend class Control;
 
   std::string DefaultName(std::string_view stem) const;
+  Control* Named(std::string_view name) const;
+  std::string_view Kept(std::string_view text);
   void Rename(Control& control, std::string_view name);
   void Move(Control& control, Control& container);
   void SetTabIndex(Control& control, int index);
-  static void AppendLayers(const std::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx);
+  static void AppendLayers(const std::pmr::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx);
 
   const ControlLibraries& libraries_;
   const Scale& formScale_;
-  std::deque<Control> controls_;
-  std::unordered_map<std::string, Control*> byName_;  // in lower case
-  std::vector<Control*> topLevel_;                    // oldest first
-  std::vector<Control*> tabOrder_;
+  std::pmr::monotonic_buffer_resource memory_{16384};  // of all that follows, and of names and texts
+  std::pmr::deque<Control> controls_{&memory_};
+  std::pmr::unordered_map<std::string_view, Control*, CaselessHash, CaselessEqual> byName_{&memory_};
+  Control* unlisted_ = nullptr;                    // the youngest, as long as it has its default name: most are renamed
+  std::pmr::vector<Control*> topLevel_{&memory_};  // oldest first
+  std::pmr::vector<Control*> tabOrder_{&memory_};
 };
 
 }  // namespace formwizard::adapters::vb6files

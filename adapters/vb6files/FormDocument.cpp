@@ -74,7 +74,7 @@ void FormDocument::SetName(std::string_view name) {
   name_ = std::move(bytes);
 }
 
-void FormDocument::SetProperty(std::string_view name, const PropertyValue& value) {
+void FormDocument::SetProperty(const PropertyName& name, const PropertyValue& value) {
   BeginChange();
   header_.SetProperty(name, value, codePage_, designer_.HasMenuBar());
 }
@@ -87,14 +87,15 @@ Int32 FormDocument::Count() const { return Int32(controlsAsRead_ + designer_.Cou
 
 std::shared_ptr<VBControl> FormDocument::Add(std::string_view progId, const std::shared_ptr<VBControl>& container) {
   BeginChange();
-  return {shared_from_this(), &designer_.Add(progId, dynamic_cast<Control*>(container.get()))};
+  return {shared_from_this(), &designer_.Add(progId, OwnControl(container.get()))};
 }
 
 Int32 FormDocument::CountOfLines() const { return Int32(code_.CountOfLines()); }
 
 void FormDocument::InsertLines(Int32 line, std::string_view text) {
   if (line < Int32(1)) runtime::Raise(runtime::SubscriptOutOfRange);
-  const std::string bytes = codePage_.Encode(text);
+  std::string room;
+  const std::string_view bytes = codePage_.Encoded(text, room);
   BeginChange();
   code_.Insert(static_cast<std::size_t>(line.Value()), bytes);
 }
@@ -114,9 +115,7 @@ Int32 FormDocument::CreateEventProc(std::string_view event, std::string_view obj
                                                       : isForm || control ? ": there is no such event"
                                                                           : ": there is no such object"));
   }
-  const std::size_t line = code_.CountOfLines() + 2;
-  code_.Insert(line, "\r\nPrivate Sub " + procedure + "(" + std::string(row->Parameters) + ")\r\n\r\nEnd Sub");
-  return Int32(line);
+  return Int32(code_.AppendSub(procedure, row->Parameters));
 }
 
 // Libraries whose controls are on the form, in the order of the project.
@@ -158,7 +157,8 @@ FormFiles FormDocument::Render(std::string_view stem) const {
   if (!changed_) return {original_, originalFrx_};
   FrxBuilder frx(stem);
   FormFiles files;
-  files.Frm.reserve(2 * code_.Bytes().size() + 16384);
+  constexpr std::size_t ofControl = 400;  // bytes, of most
+  files.Frm.reserve(code_.Bytes().size() + designer_.Count() * ofControl + 4096);
   AppendHead(files.Frm);
   files.Frm += "Begin " + class_ + " " + name_ + " \r\n";
   header_.AppendTo(files.Frm, frx, designer_.HasMenuBar());

@@ -42,7 +42,7 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   std::string Name() const;
   // Error 50132 for a text that is no legal name. Whether another component has the name is the project's question.
   void SetName(std::string_view name);
-  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value);
+  void SetProperty(const generator::ide::PropertyName& name, const generator::ide::PropertyValue& value);
   // Handles keep the document alive.
   std::shared_ptr<generator::ide::VBControls> Controls();
   std::shared_ptr<generator::ide::CodeModule> Code();

@@ -20,7 +20,10 @@ constexpr double SystemPlaced = 3;    // StartUpPosition "Windows Default"
 
 constexpr std::string_view ReferenceMark = ".frx\":";
 
-bool Precedes(std::string_view a, std::string_view b) { return runtime::LowerCase(a) < runtime::LowerCase(b); }
+bool Precedes(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : static_cast<unsigned char>(c); };
+  return std::ranges::lexicographical_compare(a, b, {}, lower, lower);
+}
 
 // The mark, and before it an equals sign and a quotation mark with which the file's name begins.
 bool IsReference(std::string_view lines) {
@@ -49,12 +52,13 @@ double FiniteNumber(std::string_view text) {
 }  // namespace
 
 FormHeader::FormHeader(std::string_view name) : placed_(true) {
-  Set("Caption", {0, std::string(name)});
+  properties_.reserve(16);
+  SetText("Caption", name);
   SetNumber("ClientHeight", 3195);
   SetNumber("ClientLeft", 0);
   SetNumber("ClientTop", 0);
   SetNumber("ClientWidth", 4680);
-  Set("LinkTopic", {0, std::string(name)});
+  SetText("LinkTopic", name);
   SetNumber("StartUpPosition", SystemPlaced);
   RecomputeScale();
 }
@@ -71,9 +75,10 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
   for (const FormProperty& property : properties) {
     Property kept;
     kept.Name = property.Name;
+    kept.Key = PropertyName(property.Name).Key();
     kept.Row = FindProperty(classbit::Form, property.Name);
     kept.Lines = property.Lines;
-    kept.Data.Number = FiniteNumber(property.Lines.substr(property.Lines.find('=') + 1));
+    kept.Number = FiniteNumber(property.Lines.substr(property.Lines.find('=') + 1));
     if (IsReference(property.Lines)) {
       const std::size_t offset = ReferenceOffset(property.Lines);
       if (offset >= frx.size()) {
@@ -89,20 +94,15 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
   UpdateScale();
 }
 
-FormHeader::Property* FormHeader::Find(std::string_view name) {
-  const auto found =
-      std::ranges::find_if(properties_, [&](const Property& p) { return runtime::EqualIgnoringCase(p.Name, name); });
+const FormHeader::Property* FormHeader::Find(const PropertyName& name) const {
+  const auto found = std::ranges::find_if(properties_, [&](const Property& p) { return p.Is(name); });
   return found == properties_.end() ? nullptr : &*found;
 }
 
-const FormHeader::Property* FormHeader::Find(std::string_view name) const {
-  return const_cast<FormHeader*>(this)->Find(name);
-}
-
-double FormHeader::NumberOf(std::string_view name) const {
-  if (const Property* property = Find(name)) return property->Data.Number;
+double FormHeader::NumberOf(const PropertyName& name) const {
+  if (const Property* property = Find(name)) return property->Number;
   const PropertyRow* row = FindProperty(classbit::Form, name);
-  return row ? DefaultOf(*row).Number : 0;
+  return row ? row->DefaultNumber : 0;
 }
 
 const ui::WindowFrame& FormHeader::Frame() const {
@@ -110,15 +110,20 @@ const ui::WindowFrame& FormHeader::Frame() const {
   return ui::WindowFrames[static_cast<std::size_t>(std::clamp(NumberOf("BorderStyle"), 0.0, last))];
 }
 
-void FormHeader::Set(std::string_view name, PropertyData data) {
-  if (Property* property = Find(name)) {
-    property->Data = std::move(data);
-    property->Lines.clear();
-    property->Record.clear();
-    return;
+// The property that is about to be set: what it was read from no longer holds.
+FormHeader::Property& FormHeader::Put(const PropertyName& name) {
+  const auto found = std::ranges::find_if(properties_, [&](const Property& p) { return p.Is(name); });
+  if (found != properties_.end()) {
+    found->Lines.clear();
+    found->Record.clear();
+    return *found;
   }
-  const auto at = std::ranges::find_if(properties_, [&](const Property& p) { return Precedes(name, p.Name); });
-  properties_.insert(at, {std::string(name), FindProperty(classbit::Form, name), std::move(data), "", ""});
+  const auto at = std::ranges::find_if(properties_, [&](const Property& p) { return Precedes(name.Text(), p.Name); });
+  Property added;
+  added.Name = name.Text();
+  added.Key = name.Key();
+  added.Row = FindProperty(classbit::Form, name);
+  return *properties_.insert(at, std::move(added));
 }
 
 // Choosing a fixed style switches the buttons off that only a sizable form has; they can be switched on again.
@@ -134,9 +139,9 @@ void FormHeader::SetBorderStyle(double style) {
 }
 
 // Setting a part of a scale makes it the user's own, whatever it is set to.
-void FormHeader::SetScale(std::string_view name, double value) {
-  if (name == "ScaleMode") {
-    for (const std::string_view corner : {"ScaleLeft", "ScaleTop"}) {
+void FormHeader::SetScale(const PropertyName& name, double value) {
+  if (name == PropertyName("ScaleMode")) {
+    for (const PropertyName& corner : {PropertyName("ScaleLeft"), PropertyName("ScaleTop")}) {
       if (Find(corner)) SetNumber(corner, 0);
     }
   } else {
@@ -162,39 +167,39 @@ void FormHeader::UpdateScale() {
 }
 
 // Whole pixels, as a window has them.
-void FormHeader::SetClientSize(std::string_view dimension, double outer, double frame) {
+void FormHeader::SetClientSize(const PropertyName& dimension, double outer, double frame) {
   const double client = std::max(WholeTwips(outer) - frame, 0.0);
   SetNumber(dimension, std::round(client / ui::TwipsPerPixel) * ui::TwipsPerPixel);
   RecomputeScale();
 }
 
-void FormHeader::SetProperty(std::string_view name, const PropertyValue& value, const system::CodePage& codePage,
+void FormHeader::SetProperty(const PropertyName& name, const PropertyValue& value, const system::CodePage& codePage,
                              bool hasMenuBar) {
   const PropertyRow* row = FindProperty(classbit::Form, name);
-  if (!row) runtime::Raise(runtime::PropertyNotFound, "Property '" + std::string(name) + "' not found in VB.Form");
-  PropertyData data = Coerced(*row, value, codePage);
-  const double number = data.Number;
-  const std::string_view property = row->Name;
-  if (property == "Height") {
+  if (!row)
+    runtime::Raise(runtime::PropertyNotFound, "Property '" + std::string(name.Text()) + "' not found in VB.Form");
+  if (row->Type == PropertyType::Text) return SetText(row->Name, CoercedText(value, codePage));
+  const double number = CoercedNumber(*row, value);
+  if (row->Is("Height")) {
     SetClientSize("ClientHeight", number, Frame().Height() + (hasMenuBar ? ui::MenuBarHeight : 0));
-  } else if (property == "Width") {
+  } else if (row->Is("Width")) {
     SetClientSize("ClientWidth", number, Frame().Width());
-  } else if (property == "Left" || property == "Top") {
-    (property == "Left" ? left_ : top_) = number;
+  } else if (row->Is("Left") || row->Is("Top")) {
+    (row->Is("Left") ? left_ : top_) = number;
     placed_ = true;
-  } else if (property == "BorderStyle") {
+  } else if (row->Is("BorderStyle")) {
     SetBorderStyle(number);
-  } else if (property.starts_with("Scale")) {
-    SetScale(property, number);
+  } else if (row->Name.Text().starts_with("Scale")) {
+    SetScale(row->Name, number);
   } else {
-    if (property == "StartUpPosition") placed_ = true;
-    Set(property, std::move(data));
+    if (row->Is("StartUpPosition")) placed_ = true;
+    SetNumber(row->Name, number);
   }
 }
 
 double FormHeader::WrittenNumber(const Property& property, bool hasMenuBar) const {
-  const bool isLeft = property.Name == "ClientLeft";
-  if (!(isLeft || property.Name == "ClientTop") || !(placed_ || hasMenuBar)) return property.Data.Number;
+  const bool isLeft = property.Is("ClientLeft");
+  if (!(isLeft || property.Is("ClientTop")) || !(placed_ || hasMenuBar)) return property.Number;
   const bool systemPlaced = NumberOf("StartUpPosition") == SystemPlaced;
   const double shift = systemPlaced && hasMenuBar ? MenuBarShift : 0;
   if (isLeft) return (systemPlaced ? 0 : left_) + Frame().Left() + shift;
@@ -204,7 +209,7 @@ double FormHeader::WrittenNumber(const Property& property, bool hasMenuBar) cons
 void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const {
   for (const Property& property : properties_) {
     const double number = WrittenNumber(property, hasMenuBar);
-    const bool asRead = !property.Lines.empty() && number == property.Data.Number;
+    const bool asRead = !property.Lines.empty() && number == property.Number;
     if (asRead && !property.Record.empty()) {
       const std::size_t start = ReferenceStart(property.Lines);
       out += property.Lines.substr(0, start);
@@ -213,9 +218,9 @@ void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) co
     } else if (asRead) {
       out += property.Lines;
     } else if (!property.Row) {
-      AppendPropertyLine(out, 1, property.Name, NumberText(number));
-    } else if (!IsDefault(*property.Row, property.Data) || (property.Row->AlwaysIn & classbit::Form) != 0) {
-      AppendPropertyLine(out, 1, property.Name, ValueText(*property.Row, property.Data, frx));
+      AppendPropertyLine(out, 1, property.Name, [&] { AppendNumber(out, number); });
+    } else if (!IsDefault(*property.Row, property.Data()) || (property.Row->AlwaysIn & classbit::Form) != 0) {
+      AppendPropertyLine(out, 1, property.Name, [&] { AppendValue(out, *property.Row, property.Data(), frx); });
     }
   }
 }

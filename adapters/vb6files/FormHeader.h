@@ -8,6 +8,7 @@
 #include "system/CodePage.h"
 #include "ui/WindowFrame.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,8 +23,8 @@ class FormHeader {
   FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frx);
 
   // Errors as Coerced raises them, 422 for a property that a form lacks. With a menu bar the outer height holds it too.
-  void SetProperty(std::string_view name, const generator::ide::PropertyValue& value, const system::CodePage& codePage,
-                   bool hasMenuBar);
+  void SetProperty(const PropertyName& name, const generator::ide::PropertyValue& value,
+                   const system::CodePage& codePage, bool hasMenuBar);
 
   // Of what stands on the form.
   const Scale& ClientScale() const { return scale_; }
@@ -34,20 +35,25 @@ class FormHeader {
  private:
   struct Property {
     std::string Name;
+    std::uint32_t Key = 0;             // of the name
     const PropertyRow* Row = nullptr;  // null: a property that is kept as it was read
-    PropertyData Data;
+    double Number = 0;
+    std::string Text;
     std::string Lines;   // as read; empty when the property was set
     std::string Record;  // of the companion file, when the lines refer to one
+
+    bool Is(const PropertyName& name) const { return Key == name.Key() && PropertyName(Name) == name; }
+    PropertyData Data() const { return {Number, Text}; }
   };
 
-  Property* Find(std::string_view name);
-  const Property* Find(std::string_view name) const;
-  double NumberOf(std::string_view name) const;
-  void Set(std::string_view name, PropertyData data);
-  void SetNumber(std::string_view name, double value) { Set(name, {value, {}}); }
+  const Property* Find(const PropertyName& name) const;
+  double NumberOf(const PropertyName& name) const;
+  Property& Put(const PropertyName& name);
+  void SetNumber(const PropertyName& name, double value) { Put(name).Number = value; }
+  void SetText(const PropertyName& name, std::string_view text) { Put(name).Text = text; }
   void SetBorderStyle(double style);
-  void SetClientSize(std::string_view dimension, double outer, double frame);
-  void SetScale(std::string_view name, double value);
+  void SetClientSize(const PropertyName& dimension, double outer, double frame);
+  void SetScale(const PropertyName& name, double value);
   void RecomputeScale();
   void UpdateScale();
   const ui::WindowFrame& Frame() const;

@@ -69,7 +69,7 @@ class ProjectOnDisk::Component : public VBComponent {
 
   std::string Name() const override { return project_.codePage_.Decode(entry_.Name); }
   void SetName(std::string_view name) override { project_.Rename(entry_, name); }
-  void SetProperty(std::string_view name, const PropertyValue& value) override {
+  void SetProperty(const PropertyName& name, const PropertyValue& value) override {
     project_.DocumentOf(entry_).SetProperty(name, value);
   }
   std::shared_ptr<VBControls> DesignerControls() override { return project_.ControlsOf(entry_); }

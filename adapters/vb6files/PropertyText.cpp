@@ -28,10 +28,52 @@ std::string_view NameOf(std::string_view names, int value) {
   return names.substr(0, names.find('|'));
 }
 
-std::string ColorText(double value) {
+constexpr std::size_t NumberSize = 32;  // characters that any number fits
+
+template <typename... Format>
+void AppendDigits(std::string& out, Format... number) {
+  std::array<char, NumberSize> digits{};
+  out.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number...).ptr);
+}
+
+void AppendColor(std::string& out, double value) {
   std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), "&H%08X&", static_cast<unsigned>(static_cast<std::int64_t>(value)));
-  return text.data();
+  out += text.data();
+}
+
+// Without the zero before the point.
+void AppendFraction(std::string& out, double value) {
+  const std::size_t start = out.size() + (value < 0 ? 1 : 0);
+  AppendDigits(out, std::round(value * 1000) / 1000, std::chars_format::fixed);
+  if (out.compare(start, 2, "0.") == 0) out.erase(start, 1);
+}
+
+// "2.45745e5"
+void AppendExponential(std::string& out, double value) {
+  AppendDigits(out, static_cast<float>(value), std::chars_format::scientific);  // "2.45745e+05"
+  const std::size_t exponent = out.rfind('e') + 1;
+  const int tens = std::atoi(out.c_str() + exponent);
+  out.resize(exponent);
+  AppendDigits(out, tens);
+}
+
+void AppendText(std::string& out, std::string_view text, FrxBuilder& frx) {
+  const bool fits = text.size() <= LongestLineText &&
+                    std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+  if (!fits) {
+    out += frx.AddString(text);
+    return;
+  }
+  out += '"';
+  for (;;) {
+    const std::size_t quote = text.find('"');
+    out += text.substr(0, quote);
+    if (quote == std::string_view::npos) break;
+    out += "\"\"";
+    text.remove_prefix(quote + 1);
+  }
+  out += '"';
 }
 
 }  // namespace
@@ -53,64 +95,46 @@ std::string FrxBuilder::AddMultiLineText(std::string_view text) {
   return AddRecord(length + std::string(text));
 }
 
-std::string NumberText(double value) {
-  std::array<char, 32> text{};
-  if (std::abs(value) < 100000) {
-    const auto whole = static_cast<int>(value);
-    if (whole == value) return std::to_string(whole);
-    const double rounded = std::round(value * 1000) / 1000;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed).ptr;
-    std::string digits(text.data(), end);
-    if (digits.starts_with("0.")) digits.erase(0, 1);
-    if (digits.starts_with("-0.")) digits.erase(1, 1);
-    return digits;
+void AppendNumber(std::string& out, double value) {
+  if (std::abs(value) >= 100000) {
+    AppendExponential(out, value);
+  } else if (const int whole = static_cast<int>(value); whole == value) {
+    AppendDigits(out, whole);
+  } else {
+    AppendFraction(out, value);
   }
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), static_cast<float>(value), std::chars_format::scientific)
-          .ptr;
-  const std::string digits(text.data(), end);  // "2.45745e+05"
-  const std::size_t e = digits.find('e');
-  return digits.substr(0, e) + "e" + std::to_string(std::atoi(digits.c_str() + e + 1));
 }
 
-std::string StringText(std::string_view text, FrxBuilder& frx) {
-  const bool fits = text.size() <= LongestLineText &&
-                    std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-  if (!fits) return frx.AddString(text);
-  std::string quoted = "\"";
-  for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
-  return quoted + "\"";
-}
-
-std::string ValueText(const PropertyRow& row, const PropertyData& data, FrxBuilder& frx) {
+void AppendValue(std::string& out, const PropertyRow& row, const PropertyData& data, FrxBuilder& frx) {
   switch (row.Type) {
     case PropertyType::Text:
-      return StringText(data.Text, frx);
+      return AppendText(out, data.Text, frx);
     case PropertyType::Boolean:
-      return data.Number != 0 ? "-1  'True" : "0   'False";
+      out += data.Number != 0 ? "-1  'True" : "0   'False";
+      return;
     case PropertyType::Color:
-      return ColorText(data.Number);
+      return AppendColor(out, data.Number);
     case PropertyType::Enumeration:
-      return NumberText(data.Number) + "  '" + std::string(NameOf(row.Names, static_cast<int>(data.Number)));
+      AppendNumber(out, data.Number);
+      out += "  '";
+      out += NameOf(row.Names, static_cast<int>(data.Number));
+      return;
     case PropertyType::Integer:
     case PropertyType::Long:
     case PropertyType::Object:
-      return std::to_string(static_cast<std::int64_t>(data.Number));
+      return AppendDigits(out, static_cast<std::int64_t>(data.Number));
     case PropertyType::Single:
-      break;
+      return AppendNumber(out, data.Number);
   }
-  return NumberText(data.Number);
 }
 
 void AppendIndent(std::string& out, int level) { out.append(static_cast<std::size_t>(level) * 3, ' '); }
 
-void AppendPropertyLine(std::string& out, int level, std::string_view name, std::string_view value) {
+void AppendPropertyStart(std::string& out, int level, std::string_view name) {
   AppendIndent(out, level);
-  out += name;
-  if (name.size() < NameColumns) out.append(NameColumns - name.size(), ' ');
-  out += "=   ";
-  out += value;
-  out += "\r\n";
+  const std::size_t start = out.size();
+  out.append(std::max(name.size(), NameColumns), ' ').append("=   ");
+  std::ranges::copy(name, out.begin() + static_cast<std::ptrdiff_t>(start));
 }
 
 }  // namespace formwizard::adapters::vb6files

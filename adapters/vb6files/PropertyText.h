@@ -1,20 +1,13 @@
-// How property values are written in a form file, and the companion file that takes the ones that do not fit a line.
+// How properties are written in a form file, and the companion file that takes the values that do not fit a line.
 #pragma once
 
 #include "adapters/vb6files/ControlClasses.h"
 
+#include <concepts>
 #include <string>
 #include <string_view>
 
 namespace formwizard::adapters::vb6files {
-
-// The value of a property: a number, or a text in the project's code page.
-struct PropertyData {
-  double Number = 0;
-  std::string Text;
-
-  friend bool operator==(const PropertyData&, const PropertyData&) = default;
-};
 
 // Collects the records of a ".frx" in the order in which the form refers to them.
 class FrxBuilder {
@@ -33,18 +26,33 @@ class FrxBuilder {
   std::string stem_, bytes_;
 };
 
+// The value of a property: a number, or a text in the project's code page that somebody else keeps.
+struct PropertyData {
+  double Number = 0;
+  std::string_view Text = {};
+};
+
+// Everything below appends to the text of a form.
+
 // At most three decimals; from 100000 on with an exponent, as the environment writes single-precision numbers.
-std::string NumberText(double value);
+void AppendNumber(std::string& out, double value);
 
-// A quoted text, or its reference when it is too long for a line or holds control characters.
-std::string StringText(std::string_view text, FrxBuilder& frx);
+// The value as it stands behind the "=" and its blanks; a text that is too long for a line or holds control characters
+// goes to the companion file.
+void AppendValue(std::string& out, const PropertyRow& row, const PropertyData& data, FrxBuilder& frx);
 
-// The value as it stands behind the "=" and its blanks.
-std::string ValueText(const PropertyRow& row, const PropertyData& data, FrxBuilder& frx);
-
-// One line: `level` times three blanks, the name padded to 16 columns, "=", three blanks, the value, CRLF.
-void AppendPropertyLine(std::string& out, int level, std::string_view name, std::string_view value);
-
+// `level` times three blanks.
 void AppendIndent(std::string& out, int level);
+
+// The start of a line: its indent, the name padded to 16 columns, "=" and three blanks.
+void AppendPropertyStart(std::string& out, int level, std::string_view name);
+
+// A whole line, whose value `appendValue` appends.
+template <std::invocable Action>
+void AppendPropertyLine(std::string& out, int level, std::string_view name, Action&& appendValue) {
+  AppendPropertyStart(out, level, name);
+  appendValue();
+  out += "\r\n";
+}
 
 }  // namespace formwizard::adapters::vb6files

@@ -118,7 +118,7 @@ ObjectReference Toolbox::Parse(std::string_view value) const {
 
 std::string_view Toolbox::LibraryOf(std::string_view progId) {
   const ControlClass* known = FindControlClass(progId);
-  return known ? known->Library() : std::string_view();
+  return known ? known->Library : std::string_view();
 }
 
 }  // namespace formwizard::adapters::vb6files

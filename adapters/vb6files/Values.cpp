@@ -13,17 +13,6 @@ using generator::ide::PropertyValue;
 
 constexpr std::ptrdiff_t LongestName = 40;  // characters
 
-std::string AsText(const PropertyValue& value) {
-  return std::visit(
-      []<typename T>(const T& v) {
-        if constexpr (std::is_same_v<T, std::string_view>)
-          return std::string(v);
-        else
-          return runtime::Text(v);
-      },
-      value);
-}
-
 double AsNumber(const PropertyValue& value) {
   return std::visit(
       []<typename T>(const T& v) -> double {
@@ -45,18 +34,15 @@ bool AsBoolean(const PropertyValue& value) {
 double Enumerated(const PropertyRow& row, double value) {
   const int number = runtime::RoundToInt16(value).Value();
   constexpr int custom = 99;  // of a mouse pointer
-  if (number == custom && row.Name == "MousePointer") return number;
+  if (number == custom && row.Is("MousePointer")) return number;
   if (number < 0 || number > std::ranges::count(row.Names, '|')) runtime::Raise(runtime::InvalidPropertyValue);
   return number;
 }
 
-double DefaultNumber(const PropertyRow& row) { return row.Default.empty() ? 0.0 : runtime::ToNumber(row.Default); }
-
-bool IsExtent(std::string_view name) { return name == "Height" || name == "Width"; }
-
 double Placed(const PropertyRow& row, double value) {
-  const bool mustNotBe0 = row.Name == "ScaleHeight" || row.Name == "ScaleWidth";
-  if ((IsExtent(row.Name) && value < 0) || (mustNotBe0 && value == 0)) runtime::Raise(runtime::InvalidPropertyValue);
+  const bool mustNotBe0 = row.Is("ScaleHeight") || row.Is("ScaleWidth");
+  const bool isExtent = row.Is("Height") || row.Is("Width");
+  if ((isExtent && value < 0) || (mustNotBe0 && value == 0)) runtime::Raise(runtime::InvalidPropertyValue);
   return value;
 }
 
@@ -87,36 +73,39 @@ bool IsLegalName(std::string_view name) {
 
 }  // namespace
 
-PropertyData Coerced(const PropertyRow& row, const PropertyValue& value, const system::CodePage& codePage) {
+std::string CoercedText(const PropertyValue& value, const system::CodePage& codePage) {
+  return std::visit(
+      [&]<typename T>(const T& v) {
+        if constexpr (std::is_same_v<T, std::string_view>)
+          return codePage.Encode(v);
+        else
+          return runtime::Text(v);
+      },
+      value);
+}
+
+double CoercedNumber(const PropertyRow& row, const PropertyValue& value) {
   switch (row.Type) {
-    case PropertyType::Text: {
-      const auto* text = std::get_if<std::string_view>(&value);
-      return {0, text ? codePage.Encode(*text) : AsText(value)};
-    }
     case PropertyType::Boolean:
-      return {AsBoolean(value) ? -1.0 : 0.0, {}};
+      return AsBoolean(value) ? -1 : 0;
     case PropertyType::Integer:
-      return {static_cast<double>(runtime::RoundToInt16(AsNumber(value)).Value()), {}};
+      return runtime::RoundToInt16(AsNumber(value)).Value();
     case PropertyType::Long:
     case PropertyType::Color:
-      return {static_cast<double>(runtime::RoundToInt32(AsNumber(value)).Value()), {}};
+      return runtime::RoundToInt32(AsNumber(value)).Value();
     case PropertyType::Enumeration:
-      return {Enumerated(row, AsNumber(value)), {}};
+      return Enumerated(row, AsNumber(value));
     case PropertyType::Single:
-      return {Placed(row, AsNumber(value)), {}};
+      return Placed(row, AsNumber(value));
+    case PropertyType::Text:
     case PropertyType::Object:
       break;
   }
-  runtime::Raise(runtime::PropertyReadOnly, "'" + std::string(row.Name) + "' property cannot be set here");
-}
-
-PropertyData DefaultOf(const PropertyRow& row) {
-  if (row.Type == PropertyType::Text) return {0, std::string(row.Default)};
-  return {DefaultNumber(row), {}};
+  runtime::Raise(runtime::PropertyReadOnly, "'" + std::string(row.Name.Text()) + "' property cannot be set here");
 }
 
 bool IsDefault(const PropertyRow& row, const PropertyData& data) {
-  return row.Type == PropertyType::Text ? data.Text == row.Default : data.Number == DefaultNumber(row);
+  return row.Type == PropertyType::Text ? data.Text == row.Default : data.Number == row.DefaultNumber;
 }
 
 void CheckObjectName(std::string_view name) {

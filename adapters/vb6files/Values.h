@@ -5,17 +5,17 @@
 #include "generator/ide/Ide.h"
 #include "system/CodePage.h"
 
+#include <string>
 #include <string_view>
 
 namespace formwizard::adapters::vb6files {
 
-// Error 13 for a text that is no number, 6 for a number out of the type's range, 380 for a value that the property does
-// not take, 383 for a property that is not set this way.
-PropertyData Coerced(const PropertyRow& row, const generator::ide::PropertyValue& value,
-                     const system::CodePage& codePage);
+// For a property that is a text: in the code page.
+std::string CoercedText(const generator::ide::PropertyValue& value, const system::CodePage& codePage);
+// For any other. Error 13 for a text that is no number, 6 for a number out of the type's range, 380 for a value that
+// the property does not take, 383 for a property that is not set this way.
+double CoercedNumber(const PropertyRow& row, const generator::ide::PropertyValue& value);
 
-// The row's default.
-PropertyData DefaultOf(const PropertyRow& row);
 bool IsDefault(const PropertyRow& row, const PropertyData& data);
 
 // A letter, then letters, digits and underscores, at most 40 characters; letters beyond ASCII are fine. Error 50132

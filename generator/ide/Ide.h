@@ -4,6 +4,7 @@
 // are UTF-8. Every operation raises a RuntimeError when the environment refuses it.
 #pragma once
 
+#include "generator/ide/PropertyName.h"
 #include "runtime/Integer.h"
 
 #include <memory>
@@ -26,7 +27,7 @@ class VBControl {
   virtual ~VBControl() = default;
   // The value of the property "Name".
   virtual std::string Name() const = 0;
-  virtual void SetProperty(std::string_view name, const PropertyValue& value) = 0;
+  virtual void SetProperty(const PropertyName& name, const PropertyValue& value) = 0;
   // Moves the control into another control of the same form.
   virtual void SetContainer(const std::shared_ptr<VBControl>& container) = 0;
 };
@@ -57,7 +58,7 @@ class VBComponent {
   virtual std::string Name() const = 0;
   virtual void SetName(std::string_view name) = 0;
   // A property of the component itself, such as a form's "Caption".
-  virtual void SetProperty(std::string_view name, const PropertyValue& value) = 0;
+  virtual void SetProperty(const PropertyName& name, const PropertyValue& value) = 0;
   // The form designer's controls; null for a component without a designer, such as a module.
   virtual std::shared_ptr<VBControls> DesignerControls() = 0;
   virtual std::shared_ptr<CodeModule> Code() = 0;
