@@ -64,9 +64,25 @@ void FormWindow::MakeViews() {
 }
 
 void FormWindow::Arrange() {
-  arrangement_.Arrange(
-      form_, [this](const ui::Control& control, LONG width) { return views_.at(&control)->TextHeight(width); });
+  arrangement_.Arrange(form_, [this](const ui::Control& control, LONG width) {
+    const View& view = *views_.at(&control);
+    return Room{view.TextHeight(width), view.Scrolls()};
+  });
+  Grow();
   for (const auto& [control, view] : views_) view->ShowPlace();
+}
+
+// A dialog that has grown keeps its size.
+void FormWindow::Grow() {
+  const LONG by = arrangement_.Growth() - growth_;
+  if (by <= 0) return;
+  growth_ += by;
+  RECT place{};
+  GetWindowRect(handle_, &place);
+  const SIZE size{place.right - place.left, place.bottom - place.top + by};
+  const POINT at =
+      IsWindowVisible(handle_) ? POINT{place.left, place.top} : CenteredPlace(size, GetWindow(handle_, GW_OWNER));
+  SetWindowPos(handle_, nullptr, at.x, at.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // A container is made before what stands in it.

@@ -47,12 +47,14 @@ class FormWindow : private ui::ControlObserver {
   View* ViewOf(HWND window) const;
   const RECT& PlaceOf(const ui::Control& control) const { return arrangement_.PlaceOf(control); }
   HFONT FontFor(const ui::Font& font, std::string_view text) { return fonts_.FontFor(font, text); }
+  bool Draws(const ui::Font& font, std::string_view text) { return fonts_.Draws(font, text); }
   void SetToolTip(HWND control, const std::string& text) const;
 
  private:
   void Changed() override;
   void MakeViews();
   void Arrange();
+  void Grow();
   View& ViewOf(ui::Control& control);
   void Wake() const { PostMessageW(handle_, WM_NULL, 0, 0); }
 
@@ -89,6 +91,7 @@ class FormWindow : private ui::ControlObserver {
   WindowClass formClass_, frameClass_;
   Fonts fonts_;
   Arrangement arrangement_;
+  LONG growth_ = 0;  // of the window over its designed height
   HWND handle_ = nullptr;
   HWND toolTips_ = nullptr;
   std::map<const ui::Control*, std::unique_ptr<View>> views_;

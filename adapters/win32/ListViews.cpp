@@ -22,9 +22,12 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
       : ListBoxView(window, control, BoxMessages,
                     {WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE}) {}
 
+  bool Scrolls() const override { return true; }
   void ItemInserted(int index) override {
     Freeze();
-    Send(messages_.Insert, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(Wide(control_.List(index)).c_str()));
+    const std::string& entry = control_.List(index);
+    NeedFontFor(entry);
+    Send(messages_.Insert, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(Wide(entry).c_str()));
     NoteChange();
   }
   void ItemRemoved(int index) override {
@@ -70,6 +73,7 @@ class ComboBoxView : public ListBoxView {
   ComboBoxView(FormWindow& window, ui::ComboBox& control)
       : ListBoxView(window, control, ComboMessages, {WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}) {}
 
+  bool Scrolls() const override { return false; }
   bool NeedsKey(WPARAM key) const override {
     return (key == VK_RETURN || key == VK_ESCAPE) && Send(CB_GETDROPPEDSTATE) != FALSE;
   }

@@ -1,12 +1,14 @@
 // Lengths and fonts at the density of the screen.
 #pragma once
 
+#include "adapters/win32/FontCharacters.h"
 #include "adapters/win32/Handles.h"
 #include "ui/Control.h"
 
 #include <windows.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <tuple>
 
@@ -21,13 +23,21 @@ Owned<HFONT> MakeFont(double points, int dotsPerInch, const std::string& name, i
 // The fonts of a dialog's controls, each made once.
 class Fonts {
  public:
-  // Where the font lacks a character of `text`, a scalable font of the same look is taken for it.
+  // Where the font lacks a character of `text`, or is a bitmap that has not the wanted size, a scalable font of the
+  // same look is taken for it.
   HFONT FontFor(const ui::Font& font, std::string_view text);
+  // Whether the font itself will do.
+  bool Draws(const ui::Font& font, std::string_view text);
 
  private:
-  HFONT Made(double points, const std::string& name, int charset);
+  struct MadeFont {
+    Owned<HFONT> Handle;
+    bool HasSize = true;
+    std::unique_ptr<const Characters> Drawn;  // as soon as somebody asks
+  };
+  MadeFont& Made(double points, const std::string& name, int charset);
 
-  std::map<std::tuple<double, std::string, int>, Owned<HFONT>> made_;
+  std::map<std::tuple<double, std::string, int>, MadeFont> made_;
 };
 
 }  // namespace formwizard::adapters::win32

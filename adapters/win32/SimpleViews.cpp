@@ -69,7 +69,10 @@ class TextView : public ObservingView<ui::TextBox> {
   }
 
  private:
-  void Show() override { SetText(Handle(), control_.Text()); }
+  void Show() override {
+    NeedFontFor(control_.Text());
+    SetText(Handle(), control_.Text());
+  }
 };
 
 // The window's own number stays in the middle; it only says which arrow was pressed.
@@ -131,6 +134,7 @@ class StatusView : public ObservingView<ui::StatusBar> {
   }
   void Show() override {
     for (std::size_t i = 0; i < control_.Panels.size(); ++i) {
+      NeedFontFor(control_.Panels[i].Get());
       Send(SB_SETTEXTW, i, reinterpret_cast<LPARAM>(Wide(control_.Panels[i]).c_str()));
     }
   }

@@ -24,6 +24,7 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
     for (ui::Node& node : control.Nodes.All()) NodeAdded(node);
   }
 
+  bool Scrolls() const override { return true; }
   void NodeAdded(ui::Node& node) override {
     const Changing changing(*this);
     Freeze();
@@ -147,7 +148,8 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
     if (item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   }
 
-  void ShowNode(const ui::Node& node, HTREEITEM item) const {
+  void ShowNode(const ui::Node& node, HTREEITEM item) {
+    NeedFontFor(node.Text.Get());
     const std::wstring text = Wide(node.Text);
     const int image = node.Image.Get().Value(), selectedImage = node.SelectedImage.Get().Value();
     TVITEMW shown{};

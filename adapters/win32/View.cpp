@@ -40,8 +40,14 @@ void View::Update() {
 }
 
 void View::ShowFont() {
-  const HFONT font = window_.FontFor(control_.Font, control_.CaptionText());
+  const HFONT font = window_.FontFor(control_.Font, std::string(control_.CaptionText()) + foreign_);
   if (std::exchange(font_, font) != font) Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void View::NeedFontFor(std::string_view text) {
+  if (!foreign_.empty() || window_.Draws(control_.Font, text)) return;
+  foreign_ = text;
+  ShowFont();
 }
 
 void View::ShowToolTip() {

@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace formwizard::adapters::win32 {
 
@@ -39,6 +40,8 @@ class View {
   void ShowPlace();
   // The height that the text needs in a width, pixels; 0 for a kind whose text has one line.
   virtual LONG TextHeight(LONG) const { return 0; }
+  // Whether what has no room in the window can be scrolled to.
+  virtual bool Scrolls() const { return false; }
   // Whether the window is being changed by this program: what it reports then is not the user's doing.
   bool IsChanging() const { return changing_; }
 
@@ -73,6 +76,8 @@ class View {
   void NoteChange();
   void Act(std::function<void()> action);
   HFONT ShownFont() const { return font_; }
+  // Text that is no caption: where the font lacks a character of it, the window gets one for all that it shows.
+  void NeedFontFor(std::string_view text);
   // Of the control's caption, in lines of a width.
   LONG CaptionHeight(LONG width) const;
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -96,6 +101,7 @@ class View {
   RECT place_{};
   HFONT font_ = nullptr;
   std::string toolTip_;
+  std::string foreign_;  // a text besides the caption that the control's own font does not draw
   bool noted_ = false;
   bool changing_ = false;
   bool frozen_ = false;

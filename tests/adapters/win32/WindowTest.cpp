@@ -185,6 +185,30 @@ TEST_CASE("Keys move the choice among options and entries, and values of a check
   });
 }
 
+TEST_CASE("Entries, nodes and typed texts are drawn whatever their script") {
+  SampleFixture sample;
+  SampleForm& form = sample.Form;
+  form.list.AddItem("Name", 0);
+  const auto fontOf = [](const ui::Control& control) { return SendMessageW(WindowOf(control), WM_GETFONT, 0, 0); };
+  sample.Use([&] {
+    const LRESULT own = fontOf(form.box);
+    for (const ui::Control* control : {static_cast<ui::Control*>(&form.list), static_cast<ui::Control*>(&form.tree)}) {
+      CHECK(fontOf(*control) == own);
+    }
+    sample.Main.Run([&] {
+      form.list.AddItem("\u6F22\u5B57", 1);
+      form.tree.Nodes.Add(nullptr, "", "\u6F22\u5B57");
+    });
+    Type(L"\u6F22");
+    const LRESULT linked = fontOf(form.box);
+    CHECK(linked != own);
+    CHECK(fontOf(form.list) == linked);
+    CHECK(fontOf(form.tree) == linked);
+    CHECK(fontOf(form.combo) == own);
+    Press(VK_ESCAPE);
+  });
+}
+
 TEST_CASE("While a dialog works, input waits") {
   SampleFixture sample;
   SampleForm& form = sample.Form;
