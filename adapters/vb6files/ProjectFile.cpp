@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -159,7 +160,19 @@ void ProjectFile::ReplaceFormPath(std::string_view oldPath, std::string_view new
 void ProjectFile::AddObject(std::string_view value) {
   std::size_t at = BehindLast("Object");
   if (at == 0) at = BehindLast("Reference");
-  Insert(at == 0 ? 1 : at, "Object=" + std::string(value));
+  if (at == 0) at = 1;
+  Insert(at, "Object=" + std::string(value));
+  newObjectsAt_.push_back(at);
+}
+
+// A new form's line moves no item: it stands behind all of them.
+void ProjectFile::MarkSaved() {
+  changed_ = false;
+  for (const std::size_t at : std::exchange(newObjectsAt_, {})) {
+    for (Item& item : items_) {
+      if (item.Line > at) ++item.Line;
+    }
+  }
 }
 
 void ProjectFile::RenameForm(std::string_view oldName, std::string_view newName) {

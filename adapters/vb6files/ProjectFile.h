@@ -22,7 +22,7 @@ class ProjectFile {
   // support::InputError, naming `path` and the line, for a text that is no project.
   ProjectFile(const std::string& path, std::string_view text);
 
-  // Components in the order of the file; line numbers are those of the text as read.
+  // Components in the order of the file; line numbers are those of the file.
   const std::vector<Item>& Items() const { return items_; }
   // The values of the "Object=" lines.
   std::vector<std::string_view> Objects() const;
@@ -36,6 +36,8 @@ class ProjectFile {
   void RenameForm(std::string_view oldName, std::string_view newName);
 
   bool IsChanged() const { return changed_; }
+  // The text as it is now stands in the file.
+  void MarkSaved();
   std::string Text() const;
 
  private:
@@ -55,7 +57,8 @@ class ProjectFile {
   std::string name_;
   std::vector<std::size_t> formNameLines_;  // the lines that give a form by its name
   std::string_view lineEnd_ = "\r\n";
-  std::size_t newFormAt_ = 0;  // where the next new form's line goes
+  std::size_t newFormAt_ = 0;              // where the next new form's line goes
+  std::vector<std::size_t> newObjectsAt_;  // in front of items; not in the file yet
   bool changed_ = false;
 };
 

@@ -321,13 +321,15 @@ void ProjectOnDisk::FinishAndCommit() {
   if (!project_.IsChanged()) return;
   std::string text = project_.Text();
   if (!dryRun_) CurrentSaving().Commit(text);
-  Announce(path_, original_, text);
-  original_ = std::move(text);
-  project_ = ProjectFile(path_, original_);
+  project_.MarkSaved();
+  std::string old = std::exchange(original_, text);
+  Announce(path_, std::move(old), std::move(text));
 }
 
 void ProjectOnDisk::Save() {
-  const ProjectFile projectBefore = project_;
+  const bool hasOpenForms = std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); });
+  std::optional<ProjectFile> projectBefore;
+  if (hasOpenForms) projectBefore = project_;  // which a batch has not: what it has made is finished
   const std::vector<Entry*> openBefore = open_;
   std::vector<Entry> entriesBefore;
   for (const Entry* entry : open_) entriesBefore.push_back(*entry);
@@ -335,7 +337,7 @@ void ProjectOnDisk::Save() {
     FinishAndCommit();
   } catch (const support::SaveError&) {
     saving_.reset();
-    project_ = projectBefore;
+    if (projectBefore) project_ = std::move(*projectBefore);
     open_ = openBefore;
     for (std::size_t i = 0; i < open_.size(); ++i) {
       if (open_[i]->IsFinished) listedPaths_.erase(runtime::LowerCase(open_[i]->Path));

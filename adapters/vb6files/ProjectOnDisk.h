@@ -48,7 +48,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
                       private generator::ide::VBComponents {
  public:
   // Called for every file of a finished form and for the project file, with what will stand in it.
-  using ChangeListener = std::function<void(const FileChange&)>;
+  using ChangeListener = std::function<void(FileChange)>;
 
   // Reads the project file; components are read when they are asked for. support::InputError names what is missing or
   // damaged. `files` must outlive the project.

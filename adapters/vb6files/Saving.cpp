@@ -81,8 +81,13 @@ void Saving::Stage(const std::string& path, std::string_view bytes) {
   Try([&] {
     Open();
     system::WriteNewFile(files_, Aside(targets_.size()), bytes);
-    targets_.push_back({path, system::ContentSum(bytes)});
+    const bool isInFolder = path.starts_with(folderPart_);
+    targets_.push_back({{path.substr(isInFolder ? folderPart_.size() : 0), system::ContentSum(bytes)}});
   });
+}
+
+std::string Saving::PathOf(const SaveRecord::File& file) const {
+  return system::IsAbsolute(file.Path) ? file.Path : folderPart_ + file.Path;
 }
 
 std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + "/" + std::to_string(number); }
@@ -94,15 +99,16 @@ std::uint64_t Saving::SumOf(const std::string& path, const SaveRecord& record) c
 }
 
 void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames) {
-  const std::string_view name = NameIn(target.Path);
+  const std::string path = PathOf(target.File);
+  const std::string_view name = NameIn(path);
   for (const std::string& other : sameNames) {
     if (other != name) {
-      throw SaveError(target.Path + ": the folder has a file of this name in other letter cases, " + other +
+      throw SaveError(path + ": the folder has a file of this name in other letter cases, " + other +
                       ", which does not belong to the project; move it away or add it to the project, then try again");
     }
-    target.IsThere = files_.Read(target.Path) == files_.Read(Aside(number));
+    target.IsThere = files_.Read(path) == files_.Read(Aside(number));
     if (!target.IsThere) {
-      throw SaveError(target.Path +
+      throw SaveError(path +
                       ": this file exists and does not belong to the project; move it away or add it to the project, "
                       "then try again");
     }
@@ -113,7 +119,7 @@ void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<s
 void Saving::CheckTargets() {
   std::map<std::string, std::vector<std::size_t>> byFolder;
   for (std::size_t number = 0; number < targets_.size(); ++number) {
-    byFolder[system::FolderOf(targets_[number].Path)].push_back(number);
+    byFolder[system::FolderOf(PathOf(targets_[number].File))].push_back(number);
   }
   for (const auto& [folder, numbers] : byFolder) {
     std::unordered_map<std::string, std::vector<std::string>> spellings;
@@ -122,7 +128,7 @@ void Saving::CheckTargets() {
       same.push_back(std::move(name));
     }
     for (const std::size_t number : numbers) {
-      CheckTarget(targets_[number], number, spellings[runtime::LowerCase(NameIn(targets_[number].Path))]);
+      CheckTarget(targets_[number], number, spellings[runtime::LowerCase(NameIn(targets_[number].File.Path))]);
     }
   }
 }
@@ -133,9 +139,7 @@ void Saving::Prepare(std::string_view text) {
   record.OldProject = record.Sum(original_);
   record.NewProject = record.Sum(text);
   for (const Target& target : targets_) {
-    if (target.IsThere) continue;
-    const bool isInFolder = target.Path.starts_with(folderPart_);
-    record.Files.push_back({target.Path.substr(isInFolder ? folderPart_.size() : 0), target.Sum});
+    if (!target.IsThere) record.Files.push_back(target.File);
   }
   system::WriteNewFile(files_, stagingFolder_ + Project, text, projectFile_);
   system::WriteNewFile(files_, stagingFolder_ + Record, record.Text());
@@ -146,13 +150,14 @@ void Saving::Prepare(std::string_view text) {
 void Saving::MoveIntoPlace() {
   std::set<std::string> folders;  // what the new project lists must be on the disk before the project is
   for (std::size_t number = 0; number < targets_.size(); ++number) {
-    const Target& target = targets_[number];
-    folders.insert(system::FolderOf(target.Path));
+    Target& target = targets_[number];
+    const std::string path = PathOf(target.File);
+    folders.insert(system::FolderOf(path));
     if (target.IsThere) continue;
-    if (!files_.MoveNew(Aside(number), target.Path)) {
-      throw SaveError(target.Path + ": another program has just made this file; move it away, then try again");
+    if (!files_.MoveNew(Aside(number), path)) {
+      throw SaveError(path + ": another program has just made this file; move it away, then try again");
     }
-    moved_.Files.push_back({target.Path, target.Sum});
+    target.IsMoved = true;
   }
   for (const std::string& folder : folders) files_.FlushFolder(folder);
 }
@@ -168,8 +173,7 @@ bool Saving::RollBack(const SaveRecord& record) {
   bool isComplete = true;
   std::set<std::string> folders;
   for (const SaveRecord::File& file : record.Files) {
-    const std::string path =
-        system::IsAbsolute(file.Path) || file.Path.starts_with(folderPart_) ? file.Path : folderPart_ + file.Path;
+    const std::string path = PathOf(file);
     try {
       if (SumOf(path, record) != file.Sum) continue;
       files_.Remove(path);
@@ -182,6 +186,14 @@ bool Saving::RollBack(const SaveRecord& record) {
   }
   for (const std::string& folder : folders) files_.FlushFolder(folder);
   return isComplete;
+}
+
+bool Saving::RollBackMoved() {
+  SaveRecord moved;
+  for (Target& target : targets_) {
+    if (std::exchange(target.IsMoved, false)) moved.Files.push_back(target.File);
+  }
+  return RollBack(moved);
 }
 
 void Saving::Commit(std::string_view text) {
@@ -199,7 +211,7 @@ void Saving::Commit(std::string_view text) {
                         "run the command again");
       }
     } catch (const std::exception&) {
-      if (!RollBack(std::exchange(moved_, {}))) stagingFolder_.clear();  // its record stays for the next save
+      if (!RollBackMoved()) stagingFolder_.clear();  // its record stays for the next save
       throw;
     }
   });

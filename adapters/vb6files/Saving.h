@@ -41,9 +41,9 @@ class Saving {
 
  private:
   struct Target {
-    std::string Path;
-    std::uint64_t Sum;
+    SaveRecord::File File;
     bool IsThere = false;  // the very same file
+    bool IsMoved = false;  // into place
   };
 
   void Open();
@@ -54,8 +54,10 @@ class Saving {
   void MoveIntoPlace();
   bool IsAsRead(const std::string& project, std::string& changed) const;
   std::string Aside(std::size_t number) const;
+  std::string PathOf(const SaveRecord::File& file) const;
   std::uint64_t SumOf(const std::string& path, const SaveRecord& record) const;
   bool RollBack(const SaveRecord& record);
+  bool RollBackMoved();
   void RemoveStaging(const std::string& folder);
   void Discard() noexcept;
 
@@ -66,7 +68,6 @@ class Saving {
   std::string folder_, folderPart_, name_, stagingFolder_;
   std::unique_ptr<system::FileLock> lock_;
   std::vector<Target> targets_;  // of the prepared files, which are called by their numbers
-  SaveRecord moved_;             // the files that are in place
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -7,6 +7,7 @@
 #include "apps/cli/JournalFile.h"
 #include "apps/cli/ProjectOptions.h"
 #include "apps/cli/RunProfile.h"
+#include "apps/cli/Spool.h"
 #include "apps/cli/Summary.h"
 #include "apps/cli/UnifiedDiff.h"
 #include "apps/cli/WizardUser.h"
@@ -20,7 +21,6 @@
 #include "system/FileSystem.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include <iostream>
 #include <memory>
@@ -33,7 +33,6 @@ namespace formwizard::apps::cli {
 namespace {
 
 namespace vb6files = adapters::vb6files;
-using Json = nlohmann::ordered_json;
 using common::Done;
 using common::Incomplete;
 using common::UsageError;
@@ -71,6 +70,7 @@ void CheckUsage(const GenerateOptions& options) {
   if (byOptions && (options.Class.empty() || options.Fields.empty())) {
     throw UsageError("--class and --fields belong together");
   }
+  if (options.Journal.empty()) return;
   std::vector<std::string> inputs = options.Descriptions;
   inputs.insert(inputs.end(), {options.Project, options.Dictionary, options.Toolbox, options.Profile});
   CheckJournal(options.Journal, inputs);
@@ -96,7 +96,7 @@ class Run {
         profile_(*profiles_, profileFile_),
         server_(common::OpenDictionary(options.Dictionary)),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
-    project_.OnChange([this](const vb6files::FileChange& change) { changes_.push_back(change); }, !writes_);
+    project_.OnChange([this](vb6files::FileChange change) { Note(std::move(change)); }, !writes_);
     if (!options.Journal.empty()) {
       journal_.emplace(options.Journal, options.Force);
       journalled_ = adapters::journal::Journalled(project_, journal_->Out());
@@ -159,11 +159,17 @@ class Run {
     project_.FinishForms();
     result.Files = ReportChanges();
     if (options_.Json) {
-      summary_["forms"].push_back(Described(result, state.Form, state.Settings, measure_));
+      summary_.Add(result, state.Form, state.Settings, measure_);
     } else if (!options_.Diff) {
-      report_ += LineOf(result, state.Form);
+      report_.Add(LineOf(result, state.Form));
     }
     if (!writes_) PrintReport();
+  }
+
+  // Texts are kept for a diff only.
+  void Note(vb6files::FileChange change) {
+    if (!options_.Diff) change = {std::move(change.Path), {}, {}};
+    changes_.push_back(std::move(change));
   }
 
   // What becomes of each file that changed since the last call; their names.
@@ -173,16 +179,17 @@ class Run {
       files.push_back(change.Path);
       const std::string name = support::Escaped(change.Path);
       if (options_.Diff) {
-        report_ += UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New);
+        report_.Add(UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New));
       } else if (!options_.Json) {
-        report_ += LineOf(change, writes_);
+        report_.Add(LineOf(change, writes_));
       }
     }
-    allFiles_.insert(allFiles_.end(), files.begin(), files.end());
+    if (!files.empty()) changesFiles_ = true;
+    if (options_.Json) allFiles_.insert(allFiles_.end(), files.begin(), files.end());
     return files;
   }
 
-  void PrintReport() { std::cout << std::exchange(report_, ""); }
+  void PrintReport() { report_.PrintTo(std::cout); }
 
   int Finish() {
     ReportChanges();
@@ -191,14 +198,10 @@ class Run {
            ": the settings cannot be written, so that the system is not remembered; the project is saved");
     }
     PrintReport();
-    if (options_.Json) {
-      summary_["project"] = options_.Project;
-      summary_["files"] = allFiles_;
-      std::cout << summary_.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-    }
+    if (options_.Json) summary_.PrintTo(std::cout, warnings_, options_.Project, allFiles_);
     common::FlushOutput();
     if (incomplete_) return Incomplete;
-    return options_.Check && !allFiles_.empty() ? Incomplete : Done;
+    return options_.Check && changesFiles_ ? Incomplete : Done;
   }
 
   void KeepJournal() {
@@ -207,7 +210,7 @@ class Run {
 
   void Warn(const std::string& message) {
     std::cerr << "ostrel-form-wizard: warning: " << support::Shown(message) << '\n';
-    summary_["warnings"].push_back(message);
+    warnings_.push_back(message);
   }
 
   const GenerateOptions& options_;
@@ -233,9 +236,11 @@ class Run {
                                     .Language = options_.Language}};
   std::optional<WizardUser> user_;
   std::vector<vb6files::FileChange> changes_;  // that are not reported yet
-  std::string report_;                         // that is not printed yet
-  Json summary_{{"forms", Json::array()}, {"warnings", Json::array()}};
-  std::vector<std::string> allFiles_;
+  Spool report_;                               // that is not printed yet
+  Summary summary_;
+  std::vector<std::string> warnings_;
+  std::vector<std::string> allFiles_;  // for the summary
+  bool changesFiles_ = false;
   bool incomplete_ = false;
 };
 

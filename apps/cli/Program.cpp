@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -39,7 +40,8 @@ int EndOfParsing(const CLI::App& app, const CLI::ParseError& end) {
   return common::Done;
 }
 
-int Run(std::vector<std::string> arguments, Task& task) {
+// Sets the task; the exit status when there is none.
+std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
                "ostrel-form-wizard");
   app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
@@ -55,6 +57,12 @@ int Run(std::vector<std::string> arguments, Task& task) {
   } catch (const CLI::ParseError& end) {
     return EndOfParsing(app, end);
   }
+  return std::nullopt;
+}
+
+int Run(std::vector<std::string> arguments, Task& task) {
+  // The parser, which keeps a copy of every argument, is gone before the work begins.
+  if (const std::optional<int> ended = Parse(std::move(arguments), task)) return *ended;
   // A listing ends quietly with whoever reads it, as listings do; a command that saves says how it ended.
   if (task.Saves) common::SurviveFailedWrites();
   const int status = task.Do();

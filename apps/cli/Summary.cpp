@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <utility>
+
 namespace formwizard::apps::cli {
 namespace {
 
@@ -30,17 +32,6 @@ Json Columns(const runtime::OneBased<Int32>& values, Int16 columns) {
   return list;
 }
 
-}  // namespace
-
-std::string LineOf(const FormResult& result, const model::FormModel& form) {
-  return support::Escaped(result.Component) + ": " + std::to_string(form.SelectedFields.UpperBound().Value()) +
-         " fields of " + support::Escaped(form.ClassName) + (result.Failures.empty() ? "\n" : ", incomplete\n");
-}
-
-std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten) {
-  return (isWritten ? "wrote " : "would write ") + support::Escaped(change.Path) + '\n';
-}
-
 Json Described(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
                const ui::TextMeasure& measure) {
   Json fields = Json::array();
@@ -57,6 +48,36 @@ Json Described(const FormResult& result, const model::FormModel& form, const set
                     {"ButtonAreaWidth", settings.ButtonAreaWidth.Value()}};
   return Json{{"class", form.ClassName}, {"component", result.Component}, {"files", result.Files}, {"fields", fields},
               {"layout", layout},        {"failures", result.Failures},   {"notes", result.Notes}};
+}
+
+constexpr int Indentation = 2;
+
+std::string TextOf(const Json& json) { return json.dump(Indentation, ' ', false, Json::error_handler_t::replace); }
+
+}  // namespace
+
+std::string LineOf(const FormResult& result, const model::FormModel& form) {
+  return support::Escaped(result.Component) + ": " + std::to_string(form.SelectedFields.UpperBound().Value()) +
+         " fields of " + support::Escaped(form.ClassName) + (result.Failures.empty() ? "\n" : ", incomplete\n");
+}
+
+std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten) {
+  return (isWritten ? "wrote " : "would write ") + support::Escaped(change.Path) + '\n';
+}
+
+// As an element of an array that is a member, which stands two steps further in.
+void Summary::Add(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
+                  const ui::TextMeasure& measure) {
+  forms_.Add(std::exchange(hasForms_, true) ? "," : "");
+  forms_.Add(runtime::ReplaceAll("\n" + TextOf(Described(result, form, settings, measure)), "\n", "\n    "));
+}
+
+void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project,
+                      const std::vector<std::string>& files) {
+  out << "{\n  \"forms\": [";
+  forms_.PrintTo(out);
+  const Json rest{{"warnings", warnings}, {"project", project}, {"files", files}};
+  out << (hasForms_ ? "\n  ]," : "],") << TextOf(rest).substr(1) << '\n';  // goes on with the object that has begun
 }
 
 }  // namespace formwizard::apps::cli

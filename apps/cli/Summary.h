@@ -2,12 +2,12 @@
 #pragma once
 
 #include "adapters/vb6files/ProjectOnDisk.h"
+#include "apps/cli/Spool.h"
 #include "model/FormModel.h"
 #include "settings/Settings.h"
 #include "ui/TextMeasure.h"
 
-#include <nlohmann/json_fwd.hpp>
-
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -24,9 +24,20 @@ struct FormResult {
 std::string LineOf(const FormResult& result, const model::FormModel& form);
 std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten);
 
-// One form for the JSON summary: its component and files, the fields in order with what the layout gave them, the
-// layout values under their names, the failures and notes.
-nlohmann::ordered_json Described(const FormResult& result, const model::FormModel& form,
-                                 const settings::Settings& settings, const ui::TextMeasure& measure);
+// The JSON summary of a run, written form by form.
+class Summary {
+ public:
+  // A form: its component and files, the fields in order with what the layout gave them, the layout values under their
+  // names, the failures and notes.
+  void Add(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
+           const ui::TextMeasure& measure);
+  // Once, when everything is known.
+  void PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project,
+               const std::vector<std::string>& files);
+
+ private:
+  Spool forms_;
+  bool hasForms_ = false;
+};
 
 }  // namespace formwizard::apps::cli

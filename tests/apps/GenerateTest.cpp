@@ -396,6 +396,28 @@ TEST_CASE("Settings that cannot be written leave a complete form complete") {
   CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
 }
 
+TEST_CASE("A report that is too long for memory waits in a file, without room for which nothing is saved") {
+  const Workplace work;
+  const auto before = work.Files();
+  WriteFile(work.Folder / "one.json", R"({"class":"Sample.Person","fields":["Name","SSN","DOB","Age"]})");
+  std::string arguments = "--json";
+  for (int i = 0; i < 80; ++i) arguments += " one.json";
+#ifndef _WIN32
+  const std::string command = "generate --project " + Quoted(work.Project) + " --dictionary " + work.Dictionary + " ";
+  const auto run = [&](const std::string& room) {
+    return RunProgram(BuiltProgram("ostrel-form-wizard"), command + arguments, work.Folder, "", "TMPDIR=" + room);
+  };
+  CHECK(run("none").Status == 4);
+  CHECK(work.Files() == before);
+  std::filesystem::create_directory(work.Folder.Path() / "room");
+  run("room");
+  CHECK(std::filesystem::is_empty(work.Folder.Path() / "room"));
+#endif
+  const auto summary = nlohmann::json::parse(work.Generate(arguments).Out);
+  CHECK(summary["forms"].size() == 80);
+  CHECK(summary["forms"][79]["fields"][3]["property"] == "Age");
+}
+
 #ifndef _WIN32
 TEST_CASE("Output that does not arrive is a failure, but what was saved stays saved") {
   const Workplace work;
