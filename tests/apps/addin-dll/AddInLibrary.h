@@ -40,7 +40,11 @@ inline HRESULT Disconnect(IUnknown* addIn) {
   return CallSlot<LONG, SAFEARRAY**>(addIn, slot::OnDisconnection, 0, nullptr);
 }
 
-// A copy of the library, whose profile file stands beside it and goes with it.
+// The installer whose installed library is tested in place of the built one, by the environment variable
+// FORMWIZARD_INSTALLER; empty where it is not set.
+std::string Installer();
+
+// A copy of the library, whose profile file stands beside it and goes with it; or the installed one.
 class AddInLibrary {
  public:
   AddInLibrary();
@@ -48,18 +52,21 @@ class AddInLibrary {
   AddInLibrary(const AddInLibrary&) = delete;
   AddInLibrary& operator=(const AddInLibrary&) = delete;
 
-  std::string Path() const { return folder_ / "OstrelFormWizard.dll"; }
-  std::string Profile() const { return folder_ / "outility.ini"; }
+  std::string Path() const { return library_; }
+  // With the separator at its end.
+  std::string Folder() const { return library_.substr(0, library_.find_last_of("/\\") + 1); }
+  std::string Profile() const { return Folder() + "outility.ini"; }
   HMODULE Handle() const { return handle_; }
   // An export that takes nothing, such as DllCanUnloadNow.
   HRESULT Call(const char* name) const;
   // DllInstall.
   HRESULT Install(bool install, const wchar_t* scope) const;
-  // From the library's own class factory, without the system's list of classes.
+  // From the library's own class factory, without the system's list of classes; the installed one by that list.
   com::ComPtr<IUnknown> Create(REFIID id, IUnknown* outer = nullptr) const;
 
  private:
   TemporaryFolder folder_;
+  std::string library_;
   HMODULE handle_;
 };
 
