@@ -78,8 +78,7 @@ std::shared_ptr<ide::CommandBarControl> Wizard::AddMenuCommand(ide::Application&
     if (StartsGroup(*controls)) command->SetBeginGroup(true);
     command->SetCaption(caption);
     command->SetOnAction("hello");
-    clipboard_.SetPicture(picture);
-    command->PasteFace();
+    clipboard_.LendPicture(picture, [&] { command->PasteFace(); });  // a busy clipboard costs the picture alone
     return command;
   } catch (const RuntimeError&) {
     Remove(command);  // a half-made one would stay on the menu for good

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <span>
 
 namespace formwizard::ui {
@@ -9,8 +10,10 @@ namespace formwizard::ui {
 class Clipboard {
  public:
   virtual ~Clipboard() = default;
-  // Replaces what is on the clipboard by a picture, given as the bytes of a bitmap file.
-  virtual void SetPicture(std::span<const std::byte> bitmap) = 0;
+  // Puts a picture, given as the bytes of a bitmap file, on the clipboard, where `use` finds it; what the user had
+  // there is back afterwards. False, with everything as it was and without running `use`, when the clipboard cannot be
+  // had or could not be given back.
+  virtual bool LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) = 0;
 };
 
 }  // namespace formwizard::ui

@@ -70,9 +70,12 @@ void QtDesktop::ShowModal(ui::Form& form, ui::Form* owner) {
   form.Unload();  // however the window ended
 }
 
-void QtDesktop::SetPicture(std::span<const std::byte> bitmap) {
+// The environment that takes it is this program, and goes by the toolkit's clipboard.
+bool QtDesktop::LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) {
   const auto* bytes = reinterpret_cast<const uchar*>(bitmap.data());
   QApplication::clipboard()->setImage(QImage::fromData(bytes, static_cast<int>(bitmap.size())));
+  use();
+  return true;
 }
 
 }  // namespace formwizard::adapters::qt

@@ -22,7 +22,7 @@ class QtDesktop : public ui::Desktop, public ui::Clipboard {
   // What the user does meanwhile waits, so that nothing of the dialog runs in the middle of its own work.
   void ProcessMessages() override;
   void ShowModal(ui::Form& form, ui::Form* owner) override;
-  void SetPicture(std::span<const std::byte> bitmap) override;
+  bool LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) override;
 
  private:
   QWidget* mainWindow_;

@@ -1,5 +1,6 @@
 #include "adapters/win32/Win32Desktop.h"
 
+#include "adapters/win32/Clipboard.h"
 #include "adapters/win32/FormWindow.h"
 #include "adapters/win32/Text.h"
 #include "adapters/win32/UserInput.h"
@@ -9,48 +10,10 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <cstring>
 #include <stdexcept>
 
 namespace formwizard::adapters::win32 {
 namespace {
-
-constexpr int CannotOpenClipboard = 521;
-
-// The clipboard, opened for this thread, or not when another program keeps it.
-class OpenedClipboard {
- public:
-  OpenedClipboard()
-      : window_(CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, ThisModule(), nullptr)) {
-    constexpr int attempts = 20;
-    constexpr DWORD milliseconds = 10;
-    for (int i = 0; window_ && i < attempts && !isOpen_; ++i) {
-      isOpen_ = OpenClipboard(window_) != FALSE;
-      if (!isOpen_) Sleep(milliseconds);
-    }
-  }
-  ~OpenedClipboard() {
-    if (isOpen_) CloseClipboard();
-    DestroyWindow(window_);
-  }
-  OpenedClipboard(const OpenedClipboard&) = delete;
-  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
-
-  bool Put(UINT format, std::span<const std::byte> bytes) const {
-    if (!isOpen_ || !EmptyClipboard()) return false;
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    if (!memory) return false;
-    std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
-    GlobalUnlock(memory);
-    if (SetClipboardData(format, memory)) return true;
-    GlobalFree(memory);  // the clipboard has not taken it
-    return false;
-  }
-
- private:
-  HWND window_;
-  bool isOpen_ = false;
-};
 
 // Keeps a window among the open ones.
 class Opened {
@@ -107,12 +70,9 @@ void Win32Desktop::ShowWindowOf(ui::Form& form, HWND owner) {
   window.ShowModal();
 }
 
-void Win32Desktop::SetPicture(std::span<const std::byte> bitmap) {
+bool Win32Desktop::LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) {
   if (bitmap.size() <= sizeof(BITMAPFILEHEADER)) runtime::Raise(runtime::InvalidPropertyValue);
-  const OpenedClipboard clipboard;
-  if (!clipboard.Put(CF_DIB, bitmap.subspan(sizeof(BITMAPFILEHEADER)))) {
-    runtime::Raise(CannotOpenClipboard, "Can't open Clipboard");
-  }
+  return LendBitmap(bitmap.subspan(sizeof(BITMAPFILEHEADER)), use);
 }
 
 }  // namespace formwizard::adapters::win32

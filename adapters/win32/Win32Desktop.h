@@ -23,8 +23,7 @@ class Win32Desktop : public ui::Desktop, public ui::Clipboard {
   // What the user does meanwhile waits, so that nothing of the dialogs runs in the middle of its own work.
   void ProcessMessages() override;
   void ShowModal(ui::Form& form, ui::Form* owner) override;
-  // Error 521 while another program keeps the clipboard.
-  void SetPicture(std::span<const std::byte> bitmap) override;
+  bool LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) override;
 
  private:
   HWND WindowOf(const ui::Form* form) const;

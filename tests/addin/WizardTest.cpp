@@ -155,9 +155,13 @@ struct AddInFixture : ui::Clipboard {
                       *this};
   std::span<const std::byte> Picture;  // on the clipboard
 
-  void SetPicture(std::span<const std::byte> bitmap) override {
+  bool ClipboardIsBusy = false;
+
+  bool LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) override {
     Environment.Note("Clipboard");
     Picture = bitmap;
+    if (!ClipboardIsBusy) use();
+    return !ClipboardIsBusy;
   }
 
   void Connect(ConnectMode mode = ConnectMode::Startup) { AddIn.IDTExtensibility_OnConnection(Environment, mode); }
@@ -182,6 +186,13 @@ TEST_CASE("The command stands on the Add-Ins menu, which the version tells, with
     CHECK(std::ranges::equal(fixture.Picture, resources::Bitmap(9999)));
     CHECK(fixture.Shown.empty());
   }
+}
+
+TEST_CASE_FIXTURE(AddInFixture, "A busy clipboard costs the command its picture alone") {
+  ClipboardIsBusy = true;
+  Connect();
+  CHECK(Environment.Lines.ends_with("Clipboard\nConnectEvents\n"));
+  CHECK(Click());
 }
 
 TEST_CASE("The command starts a group when the last command before it does and the one before that does not") {
