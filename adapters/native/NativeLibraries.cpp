@@ -52,15 +52,15 @@ std::string NativeLibraries::UserLanguage() const {
 int NativeLibraries::UserLocaleId() const { return static_cast<int>(::GetUserDefaultLCID()); }
 
 std::unique_ptr<support::ResourceLibrary> NativeLibraries::LoadAsData(const std::string& path) const {
-  // By its whole path, so that it is looked for nowhere else, and without a message box about a damaged file.
+  if (!isWhole_(path)) return nullptr;
+  // By its whole path, so that it is looked for nowhere else; as data, so that nothing in it is made to run or to fit,
+  // whether it has 32 or 64 bits; and without a message box.
   std::error_code error;
   std::filesystem::path file = std::filesystem::absolute(system::NativePath(path), error);
   file.make_preferred();
   DWORD errorMode = 0;
   ::SetThreadErrorMode(SEM_FAILCRITICALERRORS, &errorMode);
-  HMODULE module = ::LoadLibraryExW(file.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
-  // A program of 64 bits reads a library of 32 bits as a file.
-  if (!module) module = ::LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  HMODULE module = ::LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
   ::SetThreadErrorMode(errorMode, nullptr);
   return module ? std::make_unique<Library>(module) : nullptr;
 }

@@ -2,8 +2,6 @@
 
 #include "adapters/satellite/Locales.h"
 #include "adapters/satellite/StringResources.h"
-#include "support/Failures.h"
-#include "system/FileSystem.h"
 
 #include <cstdlib>
 #include <optional>
@@ -52,14 +50,8 @@ std::string Satellites::UserLanguage() const { return std::string(LocaleNamed(Us
 int Satellites::UserLocaleId() const { return LocaleNamed(UserLocale()).Id; }
 
 std::unique_ptr<support::ResourceLibrary> Satellites::LoadAsData(const std::string& path) const {
-  try {
-    const std::optional<std::string> bytes = system::RealFileSystem().Read(path, system::LargestLibrary);
-    if (!bytes) return nullptr;
-    std::optional<StringTable> texts = ReadStringTable(*bytes);
-    return texts ? std::make_unique<Library>(std::move(*texts)) : nullptr;
-  } catch (const support::InputError&) {
-    return nullptr;  // as the platform's loader answers
-  }
+  std::optional<StringTable> texts = ReadSatellite(path);
+  return texts ? std::make_unique<Library>(std::move(*texts)) : nullptr;
 }
 
 }  // namespace formwizard::adapters::satellite

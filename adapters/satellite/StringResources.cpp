@@ -1,8 +1,11 @@
 #include "adapters/satellite/StringResources.h"
 
+#include "support/Failures.h"
+#include "system/FileSystem.h"
 #include "system/Text.h"
 
 #include <cstdint>
+#include <utility>
 
 namespace formwizard::adapters::satellite {
 namespace {
@@ -50,118 +53,138 @@ std::string FromUtf16(const Bytes& units, std::uint32_t count) {
   return system::Utf8(text);
 }
 
+// Raised within this file for what does not hold together.
+struct Damage {};
+
+template <typename T>
+T Sound(const std::optional<T>& value) {
+  if (!value) throw Damage();
+  return *value;
+}
+
+void Expect(bool holds) {
+  if (!holds) throw Damage();
+}
+
 class Library {
  public:
-  explicit Library(std::string_view bytes) : file_(bytes), unread_(bytes.size()) {}
+  explicit Library(std::string_view bytes) : file_(bytes), unread_(bytes.size()) { FindResources(); }
 
-  // Finds the sections and the resources; false for a file that has none.
-  bool Open() {
-    const auto header = file_.U32(0x3C);
-    if (file_.U16(0) != 0x5A4D || !header || file_.U32(*header) != 0x00004550) return false;
-    const std::uint64_t coff = std::uint64_t{*header} + 4;
-    const auto sections = file_.U16(coff + 2);
-    const auto optionalSize = file_.U16(coff + 16);
-    const std::uint64_t optional = coff + 20;
-    const std::uint32_t magic = file_.U16(optional).value_or(0);
-    const bool isKnown = magic == 0x10B || magic == 0x20B;  // 32 bits, 64 bits
-    if (!sections || *sections > MostSections || !optionalSize || !isKnown) return false;
-    const std::uint64_t directories = optional + (magic == 0x10B ? 96 : 112);
-    if (file_.U32(directories - 4).value_or(0) <= ResourceDirectory) return false;
-    const auto address = file_.U32(directories + std::uint64_t{ResourceDirectory} * 8);
-    if (!address || *address == 0) return false;
-    sectionTable_ = optional + *optionalSize;
-    sectionCount_ = *sections;
-    const auto root = OffsetOf(*address, 16);
-    if (root) root_ = *root;
-    return root.has_value();
-  }
-
-  StringTable Texts() const {
+  StringTable Texts() {
     StringTable texts;
     // Type, then block, then language: exactly three levels, so that no folder is visited in a circle.
     ForEach(0, [&](std::uint32_t type, std::uint32_t blocks) {
-      if (type != StringType || (blocks & IsFolder) == 0) return;
+      if (type != StringType) return;
+      Expect((blocks & IsFolder) != 0);
       ForEach(blocks & ~IsFolder, [&](std::uint32_t block, std::uint32_t languages) {
-        if ((languages & IsFolder) != 0) ReadFirstLanguage(block, languages & ~IsFolder, texts);
+        Expect((languages & IsFolder) != 0);
+        ReadFirstLanguage(block, languages & ~IsFolder, texts);
       });
     });
     return texts;
   }
 
  private:
-  // Where `count` bytes that are at an address in memory stand in the file; they lie in one section.
-  std::optional<std::uint64_t> OffsetOf(std::uint32_t address, std::uint32_t count) const {
+  void FindResources() {
+    const std::uint64_t header = Sound(file_.U32(0x3C));
+    Expect(file_.U16(0) == 0x5A4Du && file_.U32(header) == 0x00004550u);
+    const std::uint64_t coff = header + 4, optional = coff + 20;
+    const std::uint32_t magic = Sound(file_.U16(optional));
+    Expect(magic == 0x10B || magic == 0x20B);  // 32 bits, 64 bits
+    const std::uint64_t directories = optional + (magic == 0x10B ? 96 : 112);
+    Expect(Sound(file_.U32(directories - 4)) > ResourceDirectory);
+    sectionTable_ = optional + Sound(file_.U16(coff + 16));
+    sectionCount_ = Sound(file_.U16(coff + 2));
+    Expect(sectionCount_ <= MostSections);
+    CheckSections();
+    root_ = OffsetOf(Sound(file_.U32(directories + std::uint64_t{ResourceDirectory} * 8)), 16);
+  }
+
+  // A file that ends within a section is the beginning of one.
+  void CheckSections() const {
     for (std::uint32_t i = 0; i < sectionCount_; ++i) {
       const std::uint64_t section = sectionTable_ + std::uint64_t{40} * i;
-      const auto start = file_.U32(section + 12);
-      const auto size = file_.U32(section + 16);
-      const auto offset = file_.U32(section + 20);
-      if (!start || !size || !offset) return std::nullopt;
-      const std::uint64_t within = std::uint64_t{address} - *start;  // past any size for an address before the section
-      if (within <= *size && count <= *size - within) return *offset + within;
+      const std::uint32_t size = Sound(file_.U32(section + 16));
+      Expect(size == 0 || file_.Range(Sound(file_.U32(section + 20)), size));
     }
-    return std::nullopt;
+  }
+
+  // Where `count` bytes that are at an address in memory stand in the file; they lie in one section.
+  std::uint64_t OffsetOf(std::uint32_t address, std::uint32_t count) const {
+    for (std::uint32_t i = 0; i < sectionCount_; ++i) {
+      const std::uint64_t section = sectionTable_ + std::uint64_t{40} * i;
+      const std::uint32_t start = Sound(file_.U32(section + 12)), size = Sound(file_.U32(section + 16));
+      const std::uint64_t within = std::uint64_t{address} - start;  // past any size for an address before the section
+      if (within <= size && count <= size - within) return Sound(file_.U32(section + 20)) + within;
+    }
+    throw Damage();
   }
 
   template <typename Visit>
-  void ForEach(std::uint32_t folder, Visit&& visit) const {
+  void ForEach(std::uint32_t folder, Visit&& visit) {
     const std::uint64_t at = root_ + folder;
-    const auto named = file_.U16(at + 12);
-    const auto numbered = file_.U16(at + 14);
-    if (!named || !numbered || *named + *numbered > MostEntries) return;
-    for (std::uint32_t i = 0; i < *named + *numbered; ++i) {
-      const auto id = file_.U32(at + 16 + std::uint64_t{8} * i);
-      const auto target = file_.U32(at + 20 + std::uint64_t{8} * i);
-      if (!id || !target || ++visits_ > MostVisits) return;
-      visit(*id, *target);
+    const std::uint32_t count = Sound(file_.U16(at + 12)) + Sound(file_.U16(at + 14));  // named and numbered ones
+    Expect(count <= MostEntries);
+    for (std::uint32_t i = 0; i < count; ++i) {
+      Expect(++visits_ <= MostVisits);
+      const std::uint64_t entry = at + 16 + std::uint64_t{8} * i;
+      visit(Sound(file_.U32(entry)), Sound(file_.U32(entry + 4)));
     }
   }
 
-  void ReadFirstLanguage(std::uint32_t block, std::uint32_t languages, StringTable& texts) const {
+  void ReadFirstLanguage(std::uint32_t block, std::uint32_t languages, StringTable& texts) {
     bool done = false;
     ForEach(languages, [&](std::uint32_t, std::uint32_t target) {
-      if (done || (target & IsFolder) != 0) return;
-      done = true;
-      const auto address = file_.U32(root_ + target);
-      const auto size = file_.U32(root_ + target + 4);
-      if (!address || !size) return;
-      const auto offset = OffsetOf(*address, *size);
-      const auto data = offset ? file_.Range(*offset, *size) : std::nullopt;
-      if (!data || data->size() > unread_) return;
-      unread_ -= data->size();
-      ReadBlock(block, *data, texts);
+      if (std::exchange(done, true)) return;
+      Expect((target & IsFolder) == 0);
+      const std::uint32_t size = Sound(file_.U32(root_ + target + 4));
+      const std::string_view data = Sound(file_.Range(OffsetOf(Sound(file_.U32(root_ + target)), size), size));
+      Expect(data.size() <= unread_);
+      unread_ -= data.size();
+      ReadBlock(block, data, texts);
     });
   }
 
   // Sixteen texts, each a length in UTF-16 units and the units.
   static void ReadBlock(std::uint32_t block, std::string_view data, StringTable& texts) {
-    if (block == 0 || block > MostBlocks) return;
+    Expect(block > 0 && block <= MostBlocks);
     const Bytes bytes(data);
     std::uint64_t at = 0;
     for (std::uint32_t i = 0; i < StringsInBlock; ++i) {
-      const auto length = bytes.U16(at);
-      if (!length) return;
-      const auto units = bytes.Range(at + 2, std::uint64_t{2} * *length);
-      if (!units) return;
+      const std::uint32_t length = Sound(bytes.U16(at));
+      const std::string_view units = Sound(bytes.Range(at + 2, std::uint64_t{2} * length));
       const std::uint32_t id = (block - 1) * StringsInBlock + i;
-      if (*length > 0) texts[static_cast<int>(id)] = FromUtf16(Bytes(*units), *length);
-      at += 2 + std::uint64_t{2} * *length;
+      if (length > 0) texts[static_cast<int>(id)] = FromUtf16(Bytes(units), length);
+      at += 2 + std::uint64_t{2} * length;
     }
   }
 
   Bytes file_;
   std::uint64_t sectionTable_ = 0, root_ = 0;
-  std::uint32_t sectionCount_ = 0;
-  mutable std::uint32_t visits_ = 0;
-  mutable std::uint64_t unread_;  // blocks do not share bytes, so together they are no longer than the file
+  std::uint32_t sectionCount_ = 0, visits_ = 0;
+  std::uint64_t unread_;  // blocks do not share bytes, so together they are no longer than the file
 };
 
 }  // namespace
 
 std::optional<StringTable> ReadStringTable(std::string_view library) {
-  Library reader(library);
-  if (!reader.Open()) return std::nullopt;
-  return reader.Texts();
+  try {
+    StringTable texts = Library(library).Texts();
+    if (!texts.empty()) return texts;
+  } catch (const Damage&) {
+    return std::nullopt;
+  }
+  return std::nullopt;
 }
+
+std::optional<StringTable> ReadSatellite(const std::string& path) {
+  try {
+    return ReadStringTable(system::RealFileSystem().Read(path, system::LargestLibrary).value_or(""));
+  } catch (const support::InputError&) {
+    return std::nullopt;  // as the platform's loader answers
+  }
+}
+
+bool IsSatellite(const std::string& path) { return ReadSatellite(path).has_value(); }
 
 }  // namespace formwizard::adapters::satellite

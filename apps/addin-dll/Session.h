@@ -5,6 +5,7 @@
 #include "adapters/com/ComFactory.h"
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/native/NativeProfile.h"
+#include "adapters/satellite/StringResources.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "addin/Wizard.h"
 #include "apps/addin-dll/AddInDesktop.h"
@@ -46,7 +47,7 @@ class Session : public std::enable_shared_from_this<Session> {
   AddInDesktop desktop_;
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::native::NativeProfile profiles_;
-  adapters::native::NativeLibraries libraries_;
+  adapters::native::NativeLibraries libraries_{adapters::satellite::IsSatellite};
   adapters::com::ComFactoryCreator factories_;
   core::Wizard wizard_;
   bool isDisconnected_ = false;

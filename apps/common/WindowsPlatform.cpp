@@ -1,6 +1,7 @@
 #include "adapters/com/ComFactory.h"
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/profile/ProfileFile.h"
+#include "adapters/satellite/StringResources.h"
 
 #include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
@@ -122,7 +123,7 @@ std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profi
 }
 
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
-  return std::make_unique<adapters::native::NativeLibraries>();
+  return std::make_unique<adapters::native::NativeLibraries>(adapters::satellite::IsSatellite);
 }
 
 bool CanHaveServer() { return true; }
