@@ -54,6 +54,8 @@ void Lines::BeginLine() {
   empty_ = false;
 }
 
+void Lines::EndLine() { text_ += LineBreak; }
+
 void Lines::Add(std::string_view page) {
   while (!page.empty()) {
     BeginLine();
@@ -68,7 +70,11 @@ void Lines::Add(std::string_view page, const Values& values) {
   }
 }
 
-void Procedure::AppendTo(ide::CodeModule& module) const { Append(module, lines_.Text() + "\r\nEnd Sub\r\n"); }
+void Procedure::AppendTo(ide::CodeModule& module) {
+  lines_.Add("End Sub");
+  lines_.EndLine();
+  Append(module, lines_.Text());
+}
 
 void Append(ide::CodeModule& module, std::string_view text) {
   module.InsertLines(module.CountOfLines() + Int32(1), text);

@@ -39,14 +39,20 @@ Values NamesOf(const FieldRecord& field);
 // Lines joined by CRLF, without one at the end.
 class Lines {
  public:
+  Lines() { text_.reserve(MostOften); }
   // Pages are "\n"-separated; a page without text adds nothing.
   void Add(std::string_view page);
   // Fills the gaps "{name}"; an inserted text is taken as it is, whatever it holds.
   void Add(std::string_view page, const Values& values);
 
+  // Ends the last line, which has no line break otherwise.
+  void EndLine();
+
   const std::string& Text() const { return text_; }
 
  private:
+  static constexpr std::size_t MostOften = 512;  // bytes of a procedure: it need not grow piece by piece
+
   void BeginLine();
 
   std::string text_;
@@ -61,8 +67,8 @@ class Procedure {
 
   void Add(std::string_view page) { lines_.Add(page); }
   void Add(std::string_view page, const Values& values) { lines_.Add(page, values); }
-  // Adds "End Sub" and appends everything at the end of the module.
-  void AppendTo(ide::CodeModule& module) const;
+  // Adds "End Sub" and appends everything at the end of the module; the last that is done with it.
+  void AppendTo(ide::CodeModule& module);
 
  private:
   Lines lines_;

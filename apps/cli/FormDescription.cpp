@@ -154,7 +154,7 @@ FormDescription ReadDescription(const Value& root, const std::string& file) {
 
 std::string ReadStream(std::istream& in, const std::string& name) {
   std::string text;
-  std::array<char, 65536> part{};
+  std::array<char, 4096> part{};
   while (in.read(part.data(), part.size()), in.gcount() > 0) {
     text.append(part.data(), static_cast<std::size_t>(in.gcount()));
     if (text.size() <= LargestDescription) continue;
