@@ -21,7 +21,6 @@ TEST_CASE("The wizard is opened by the desktop program, beside this one or on th
   };
   CHECK(run("dictionary import \"" + SourceFolder() + "/samples/dictionary.json\" d").Status == 0);
   const std::string wizard = "wizard --project \"my project/Project1.vbp\" --dictionary ";
-
   const Outcome alone = run(wizard + "d");
   CHECK(alone.Status == 3);
   CHECK_MESSAGE(alone.Error.find("neither beside this program nor on the path; install it") != std::string::npos,

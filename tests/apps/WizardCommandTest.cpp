@@ -39,7 +39,7 @@ struct Place {
 // Up to the step of the properties, with one of them selected.
 void Choose() {
   KeyboardUser user;
-  const wizard::frmWizard& dialog = WizardDesign();
+  const auto& dialog = WizardDesign();
   user.PressAccessKeyOf(dialog.cmdNext);
   user.GoOnWith(dialog.tvwConnection, "Samples");
   user.GoOnWith(dialog.tvwClasses, "Person");

@@ -4,14 +4,13 @@
 
 #include <doctest/doctest.h>
 
+#include <array>
 #include <cstring>
 #include <functional>
 #include <map>
-#include <memory>
 #include <span>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 using namespace formwizard::adapters::win32;
 
@@ -19,137 +18,95 @@ namespace {
 
 using Contents = std::map<UINT, std::string>;  // bytes by format
 
-const std::string Rendered = "rendered late";
-const std::string Picture(48, '\x28');
+const std::string Rendered = "rendered late", Picture(48, '\x28');
 
 HGLOBAL MemoryWith(const std::string& bytes) {
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-  std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
-  GlobalUnlock(memory);
-  return memory;
+  const HGLOBAL memory = GlobalAlloc(GMEM_FIXED, bytes.size());
+  return std::memcpy(memory, bytes.data(), bytes.size());
 }
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_RENDERFORMAT) return DefWindowProcW(window, message, wParam, lParam);
-  SetClipboardData(static_cast<UINT>(wParam), MemoryWith(Rendered));
-  return 0;
+  if (message == WM_RENDERFORMAT) SetClipboardData(static_cast<UINT>(wParam), MemoryWith(Rendered));
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
+const WindowClass OwnerClass(L"Owner", Procedure);
+
 // A program that puts something there. What is empty it renders when that is asked for.
-class Owner {
- public:
-  ~Owner() { DestroyWindow(window_); }
+struct Owner {
+  ~Owner() { DestroyWindow(Window); }
   void Put(const Contents& contents) const {
-    REQUIRE(OpenClipboard(window_));
+    OpenClipboard(Window);
     EmptyClipboard();
     for (const auto& [format, bytes] : contents) SetClipboardData(format, bytes.empty() ? nullptr : MemoryWith(bytes));
     CloseClipboard();
   }
 
- private:
-  WindowClass class_{L"OwnerOfClipboard", Procedure};
-  HWND window_ =
-      Made(CreateWindowExW(0, L"OwnerOfClipboard", L"", 0, 0, 0, 0, 0, nullptr, nullptr, ThisModule(), nullptr));
+  HWND Window = CreateWindowExW(0, L"Owner", L"", 0, 0, 0, 0, 0, nullptr, nullptr, ThisModule(), nullptr);
 };
 
-Contents OnClipboard() {
-  Contents contents;
-  REQUIRE(OpenClipboard(nullptr));
-  for (UINT format = EnumClipboardFormats(0); format != 0; format = EnumClipboardFormats(format)) {
-    const HANDLE memory = GetClipboardData(format);
-    const SIZE_T size = format == CF_BITMAP ? 0 : GlobalSize(memory);
-    contents[format] = std::string(static_cast<const char*>(GlobalLock(memory)), size);
-    GlobalUnlock(memory);
-  }
+std::string OnClipboard(UINT format) {
+  OpenClipboard(nullptr);
+  const HANDLE memory = GetClipboardData(format);
+  const std::string bytes = memory ? std::string(static_cast<const char*>(GlobalLock(memory)), GlobalSize(memory)) : "";
   CloseClipboard();
-  return contents;
+  return bytes;
 }
 
 bool Lend(const std::function<void()>& use) { return LendBitmap(std::as_bytes(std::span(Picture)), use); }
 
-// Another thread does something with the clipboard, and then nothing until it is let go.
-class OtherThread {
- public:
-  OtherThread(std::function<void()> begin, std::function<void()> end) : begin_(std::move(begin)), end_(std::move(end)) {
-    WaitForSingleObject(begun_, INFINITE);
-  }
-  ~OtherThread() {
-    SetEvent(done_);
-    WaitForSingleObject(thread_, INFINITE);
-    for (const HANDLE handle : {begun_, done_, thread_}) CloseHandle(handle);
-  }
-  OtherThread(const OtherThread&) = delete;
-  OtherThread& operator=(const OtherThread&) = delete;
-
- private:
-  static DWORD WINAPI Run(void* object) {
-    const auto& self = *static_cast<OtherThread*>(object);
-    self.begin_();
-    SetEvent(self.begun_);
-    WaitForSingleObject(self.done_, INFINITE);
-    self.end_();
-    return 0;
-  }
-
-  std::function<void()> begin_, end_;
-  HANDLE begun_ = CreateEventW(nullptr, TRUE, FALSE, nullptr), done_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  HANDLE thread_ = CreateThread(nullptr, 0, Run, this, 0, nullptr);
-};
+// Owns the clipboard and does not answer. The events say that it does so, and for how long.
+DWORD WINAPI Hang(void* events) {
+  const Owner owner;
+  owner.Put({{CF_UNICODETEXT, ""}});
+  SignalObjectAndWait(static_cast<HANDLE*>(events)[0], static_cast<HANDLE*>(events)[1], INFINITE, FALSE);
+  return 0;
+}
 
 }  // namespace
 
 TEST_CASE("A picture on the clipboard leaves what the user had there in front of it") {
   const Owner owner;
   const UINT late = RegisterClipboardFormatW(L"Rendered late");
-  const std::string text("T\0e\0x\0t\0\0\0", 10), theirs(64, '\x28');
   for (const Contents& before :
-       {Contents{}, Contents{{CF_UNICODETEXT, text}, {CF_HDROP, std::string(40, 'h')}, {late, ""}},
-        Contents{{CF_DIB, theirs}}}) {
+       {Contents{}, Contents{{CF_UNICODETEXT, {"T\0\0\0", 4}}, {CF_HDROP, "files"}, {late, ""}},
+        Contents{{CF_DIB, std::string(64, '\x28')}}}) {
     for (const bool fails : {false, true}) {
       CAPTURE(before.size());
       owner.Put(before);
-      std::string seen;
-      const auto use = [&] {
-        seen = OnClipboard()[CF_DIB];
+      const auto use = [fails] {
+        CHECK(OnClipboard(CF_DIB) == Picture);
         if (fails) throw std::runtime_error("the environment");
       };
       if (fails)
         CHECK_THROWS(Lend(use));
       else
         CHECK(Lend(use));
-      CHECK(seen == Picture);
-      Contents after = OnClipboard();
-      for (const auto& [format, bytes] : before) CHECK(after[format] == (bytes.empty() ? Rendered : bytes));
-      CHECK(after[CF_DIB] == (before.contains(CF_DIB) ? theirs : Picture));
+      for (const auto& [format, bytes] : before) CHECK(OnClipboard(format) == (bytes.empty() ? Rendered : bytes));
+      CHECK((before.contains(CF_DIB) || OnClipboard(CF_DIB) == Picture));
     }
   }
   CHECK(Lend([&] { owner.Put({{late, "newer"}}); }));
-  CHECK(OnClipboard() == Contents{{late, "newer"}});
+  CHECK(OnClipboard(late) == "newer");
 }
 
 TEST_CASE("A clipboard that cannot be had, or could not be given back, is left alone") {
   const auto isLeftAlone = [] {
     const DWORD before = GetClipboardSequenceNumber();
-    CHECK_FALSE(Lend([] { FAIL_CHECK("lent"); }));
-    CHECK(GetClipboardSequenceNumber() == before);
+    return !Lend([] { FAIL_CHECK("lent"); }) && GetClipboardSequenceNumber() == before;
   };
-  Owner().Put({{CF_UNICODETEXT, "T"}});
-  {
-    const OtherThread busy([] { OpenClipboard(nullptr); }, [] { CloseClipboard(); });
-    isLeftAlone();
-  }
-  {
-    std::unique_ptr<Owner> owner;
-    const OtherThread hung(
-        [&] {
-          (owner = std::make_unique<Owner>())->Put({{CF_UNICODETEXT, ""}});
-        },
-        [&] { owner.reset(); });
-    isLeftAlone();
-  }
-  REQUIRE(OpenClipboard(nullptr));
+  std::array events{CreateEventW(nullptr, TRUE, FALSE, nullptr), CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  const HANDLE thread = CreateThread(nullptr, 0, Hang, events.data(), 0, nullptr);
+  WaitForSingleObject(events[0], INFINITE);
+  CHECK(isLeftAlone());  // without an answer
+  SetEvent(events[1]);
+  WaitForSingleObject(thread, INFINITE);
+  for (const HANDLE handle : {events[0], events[1], thread}) CloseHandle(handle);
+  const Owner owner;
+  OpenClipboard(owner.Window);
   EmptyClipboard();
   SetClipboardData(CF_ENHMETAFILE, CloseEnhMetaFile(CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr)));
+  CHECK(isLeftAlone());  // open
   CloseClipboard();
-  isLeftAlone();
+  CHECK(isLeftAlone());  // no memory
 }
