@@ -58,8 +58,8 @@ void Wizard::IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode
       ShowWizard();
       return;
     }
-    menuCommand_ = AddMenuCommand(VBInst, support::ProductName, resources::Bitmap(CommandBitmap));
-    if (!menuCommand_) return;
+    if (!menuCommand_) AddMenuCommand(VBInst, support::ProductName, resources::Bitmap(CommandBitmap));
+    if (!menuCommand_ || menuHandler_) return;  // a second connection finds the command of the first
     menuHandler_ =
         VBInst.ConnectEvents(menuCommand_, [this](ide::CommandBarControl&, bool&, bool&) { MenuHandler_Click(); });
   } catch (const RuntimeError&) {
@@ -67,22 +67,19 @@ void Wizard::IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode
   }
 }
 
-std::shared_ptr<ide::CommandBarControl> Wizard::AddMenuCommand(ide::Application& VBInst, std::string_view caption,
-                                                               std::span<const std::byte> picture) {
-  std::shared_ptr<ide::CommandBarControl> command;
+// Kept from the moment when it is on the menu: the environment may disconnect while the rest is done.
+void Wizard::AddMenuCommand(ide::Application& VBInst, std::string_view caption, std::span<const std::byte> picture) {
   try {
     const auto addInsMenu = generator::Required(VBInst.CommandBar(Int32(1))).Item(AddInsMenuIndex(VBInst));
-    if (!addInsMenu) return nullptr;
+    if (!addInsMenu) return;
     const auto controls = addInsMenu->Controls();
-    command = generator::Required(controls).Add(ide::CommandBarControlType::Button);
+    const auto command = menuCommand_ = generator::Required(controls).Add(ide::CommandBarControlType::Button);
     if (StartsGroup(*controls)) command->SetBeginGroup(true);
     command->SetCaption(caption);
     command->SetOnAction("hello");
     clipboard_.LendPicture(picture, [&] { command->PasteFace(); });  // a busy clipboard costs the picture alone
-    return command;
   } catch (const RuntimeError&) {
-    Remove(command);  // a half-made one would stay on the menu for good
-    return nullptr;
+    Remove(std::exchange(menuCommand_, nullptr));  // a half-made one would stay on the menu for good
   }
 }
 

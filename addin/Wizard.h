@@ -32,7 +32,8 @@ class Wizard {
   bool FormDisplayed = false;              // while the wizard is shown
   ide::Application* VBInstance = nullptr;  // from connection on; must stay valid until disconnection
 
-  // The environment's calls. None of them lets an error escape; what the environment passes besides is not used.
+  // The environment's calls. None of them lets a run-time error escape; what the environment passes besides is not
+  // used. However often the add-in is connected to one environment, there is one command.
   void IDTExtensibility_OnConnection(ide::Application& VBInst, ConnectMode mode);
   void IDTExtensibility_OnDisconnection();
   void IDTExtensibility_OnStartupComplete() {}
@@ -46,8 +47,8 @@ class Wizard {
   void MenuHandler_Click();
 
  private:
-  std::shared_ptr<ide::CommandBarControl> AddMenuCommand(ide::Application& VBInst, std::string_view caption,
-                                                         std::span<const std::byte> picture);
+  // Leaves no command where there is no menu or the environment refuses something.
+  void AddMenuCommand(ide::Application& VBInst, std::string_view caption, std::span<const std::byte> picture);
   void ShowWizard();
 
   wizard::WizardServices services_;

@@ -19,19 +19,20 @@ std::vector<VARIANTARG> Reversed(std::span<const Value> arguments) {
 
 }  // namespace
 
-IDispatch& Object::Required() const {
-  if (!dispatch_) runtime::Raise(runtime::ObjectVariableNotSet);
-  return *dispatch_;
+ComPtr<IDispatch> Object::Required() const {
+  if (!reference_) runtime::Raise(runtime::ObjectVariableNotSet);
+  return reference_->Get();
 }
 
 DISPID Object::IdOf(const wchar_t* name) const {
-  IDispatch& object = Required();
-  if (!ids_) ids_ = types_ ? types_->For(object) : std::make_shared<MemberIds>();
-  return ids_->Of(name, object);
+  const ComPtr<IDispatch> object = Required();
+  if (!ids_) ids_ = hasOwnIds_ ? std::make_shared<MemberIds>() : reference_->From()->Types.For(*object);
+  return ids_->Of(name, *object);
 }
 
 Value Object::Invoke(DISPID id, int flags, std::span<const Value> arguments) const {
-  const ComPtr<IDispatch> kept(&Required());  // the call may be the end of this object
+  const ComPtr<IDispatch> object = Required();
+  const std::shared_ptr<Connection> connection = reference_->From();
   std::vector<VARIANTARG> reversed = Reversed(arguments);
   DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   DISPID assigned = DISPID_PROPERTYPUT;
@@ -44,11 +45,13 @@ Value Object::Invoke(DISPID id, int flags, std::span<const Value> arguments) con
   ExceptionInfo exception;
   const auto invoke = [&](LCID locale) {
     UINT wrongArgument = 0;
-    return kept->Invoke(id, IID_NULL, locale, static_cast<WORD>(flags), &parameters, isPut ? nullptr : result.Receive(),
-                        exception.Receive(), &wrongArgument);
+    return object->Invoke(id, IID_NULL, locale, static_cast<WORD>(flags), &parameters,
+                          isPut ? nullptr : result.Receive(), exception.Receive(), &wrongArgument);
   };
   HRESULT outcome = invoke(English);
+  connection->Require();
   if (outcome == DISP_E_UNKNOWNLCID) outcome = invoke(LOCALE_USER_DEFAULT);
+  connection->Require();
   if (outcome == DISP_E_EXCEPTION) exception.Raise();
   Check(outcome);
   return result;

@@ -1,10 +1,11 @@
 // Late-bound calls on an automation object, by name or by dispatch id.
 //
 // Everything that fails raises a RuntimeError: a call on "Nothing" 91, a member that the object does not have 438, the
-// rest as Failures.h says. An object is used on the thread that it was got on.
+// rest as Failures.h says. When the connection has ended, Connection.h says what is raised. An object is used on the
+// thread that it was got on.
 #pragma once
 
-#include "adapters/com/MemberIds.h"
+#include "adapters/com/Connection.h"
 #include "adapters/com/Value.h"
 
 #include <array>
@@ -17,12 +18,20 @@ namespace formwizard::adapters::com {
 class Object {
  public:
   Object() = default;  // Nothing
-  explicit Object(ComPtr<IDispatch> dispatch) : Object(std::move(dispatch), std::make_shared<MemberIdsByType>()) {}
+  // What it hands out belongs to its connection, too.
+  explicit Object(ComPtr<IDispatch> dispatch, std::shared_ptr<Connection> connection = std::make_shared<Connection>())
+      : Object(std::move(dispatch), std::move(connection), false) {}
 
-  explicit operator bool() const { return static_cast<bool>(dispatch_); }
-  const ComPtr<IDispatch>& Dispatch() const { return dispatch_; }
+  explicit operator bool() const { return static_cast<bool>(reference_); }
+  // Null for Nothing.
+  ComPtr<IDispatch> Dispatch() const { return reference_ ? reference_->Get() : ComPtr<IDispatch>(); }
   // The same object; neither it nor what it hands out takes member ids from other objects of its type.
-  Object WithOwnIds() const { return Object(dispatch_, nullptr); }
+  Object WithOwnIds() const {
+    Object same = *this;
+    same.ids_ = nullptr;
+    same.hasOwnIds_ = true;
+    return same;
+  }
 
   // A member in an expression: a property, or what a method returns. Arguments are whatever a Value is made of.
   template <typename... Arguments>
@@ -36,11 +45,13 @@ class Object {
   // The same for a member that yields an object.
   template <typename... Arguments>
   Object Child(const wchar_t* name, Arguments&&... arguments) const {
-    return Adopt(Get(name, std::forward<Arguments>(arguments)...));
+    const Object origin = *this;  // the call may be the end of this one
+    return origin.Adopt(Get(name, std::forward<Arguments>(arguments)...));
   }
   template <typename... Arguments>
   Object ChildId(DISPID id, Arguments&&... arguments) const {
-    return Adopt(GetId(id, std::forward<Arguments>(arguments)...));
+    const Object origin = *this;
+    return origin.Adopt(GetId(id, std::forward<Arguments>(arguments)...));
   }
   // An element of a collection.
   template <typename Index>
@@ -67,25 +78,26 @@ class Object {
     Invoke(IdOf(name), DISPATCH_PROPERTYPUT, Values(std::forward<Argument>(value)));
   }
   void PutRef(const wchar_t* name, const Object& object) const {
-    Invoke(IdOf(name), DISPATCH_PROPERTYPUTREF, Values(object.dispatch_));
+    Invoke(IdOf(name), DISPATCH_PROPERTYPUTREF, Values(object.Dispatch()));
   }
 
  private:
-  Object(ComPtr<IDispatch> dispatch, std::shared_ptr<MemberIdsByType> types)
-      : dispatch_(std::move(dispatch)), types_(std::move(types)) {}
+  Object(ComPtr<IDispatch> dispatch, std::shared_ptr<Connection> connection, bool hasOwnIds) : hasOwnIds_(hasOwnIds) {
+    if (dispatch) reference_ = std::make_shared<Reference>(std::move(dispatch), std::move(connection));
+  }
 
   template <typename... Arguments>
   static std::array<Value, sizeof...(Arguments)> Values(Arguments&&... arguments) {
     return {Value(std::forward<Arguments>(arguments))...};
   }
 
-  Object Adopt(const Value& value) const { return Object(value.ToDispatch(), types_); }
-  IDispatch& Required() const;
+  Object Adopt(const Value& value) const { return Object(value.ToDispatch(), reference_->From(), hasOwnIds_); }
+  ComPtr<IDispatch> Required() const;
   DISPID IdOf(const wchar_t* name) const;
   Value Invoke(DISPID id, int flags, std::span<const Value> arguments) const;
 
-  ComPtr<IDispatch> dispatch_;
-  std::shared_ptr<MemberIdsByType> types_;
+  std::shared_ptr<Reference> reference_;
+  bool hasOwnIds_ = false;
   mutable std::shared_ptr<MemberIds> ids_;
 };
 

@@ -7,6 +7,7 @@
 #include <ocidl.h>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace formwizard::adapters::com {
@@ -38,8 +39,11 @@ class ClickSink final : public Counted<IDispatch> {
  public:
   explicit ClickSink(Click onClick) : onClick_(std::move(onClick)) {}
 
-  // No click is passed on any more.
-  void Stop() { onClick_ = nullptr; }
+  // No click is passed on any more, and the controls of those that are handled are let go.
+  void Stop() {
+    onClick_ = nullptr;
+    controls_->End();
+  }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     if (!object) return E_POINTER;
@@ -77,9 +81,9 @@ class ClickSink final : public Counted<IDispatch> {
     return index < parameters.cArgs ? &parameters.rgvarg[parameters.cArgs - 1 - index] : nullptr;
   }
 
-  static Object ControlIn(const VARIANT* argument) {
+  Object ControlIn(const VARIANT* argument) const {
     const bool isObject = argument && argument->vt == VT_DISPATCH;
-    return Object(ComPtr<IDispatch>(isObject ? argument->pdispVal : nullptr)).WithOwnIds();
+    return Object(ComPtr<IDispatch>(isObject ? argument->pdispVal : nullptr), controls_).WithOwnIds();
   }
 
   void PassOn(const DISPPARAMS& parameters) {
@@ -96,19 +100,20 @@ class ClickSink final : public Counted<IDispatch> {
   }
 
   Click onClick_;
+  const std::shared_ptr<Connection> controls_ = std::make_shared<Connection>();
 };
 
-class Connection : public ide::CommandBarEvents {
+class Listening : public ide::CommandBarEvents {
  public:
-  Connection(ComPtr<IUnknown> source, ComPtr<ClickSink> sink) : source_(std::move(source)), sink_(std::move(sink)) {
+  Listening(ComPtr<IUnknown> source, ComPtr<ClickSink> sink) : source_(std::move(source)), sink_(std::move(sink)) {
     ComPtr<IConnectionPointContainer> container;
     Check(source_->QueryInterface(IID_IConnectionPointContainer, container.ReceiveVoid()));
     Check(container->FindConnectionPoint(CommandBarControlEvents, point_.Receive()));
     Check(point_->Advise(sink_.Get(), &cookie_));
   }
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
-  ~Connection() override {
+  Listening(const Listening&) = delete;
+  Listening& operator=(const Listening&) = delete;
+  ~Listening() override {
     sink_->Stop();
     point_->Unadvise(cookie_);  // fails when the environment dropped the connection itself
   }
@@ -125,7 +130,7 @@ class Connection : public ide::CommandBarEvents {
 std::unique_ptr<ide::CommandBarEvents> ListenToClicks(ComPtr<IUnknown> source, Click onClick) {
   if (!source) runtime::Raise(runtime::ObjectVariableNotSet);
   ComPtr<ClickSink> sink(new ClickSink(std::move(onClick)));
-  return std::make_unique<Connection>(std::move(source), std::move(sink));
+  return std::make_unique<Listening>(std::move(source), std::move(sink));
 }
 
 }  // namespace formwizard::adapters::com

@@ -15,7 +15,8 @@ namespace formwizard::adapters::com {
 
 class ComEnvironment : public generator::ide::Application {
  public:
-  explicit ComEnvironment(IDispatch* root) : root_(ComPtr<IDispatch>(root)) {}
+  explicit ComEnvironment(IDispatch* root)
+      : connection_(std::make_shared<Connection>()), root_(ComPtr<IDispatch>(root), connection_) {}
 
   generator::ide::VBProject& ActiveVBProject() override;
   std::string Version() const override;
@@ -24,7 +25,12 @@ class ComEnvironment : public generator::ide::Application {
       const std::shared_ptr<generator::ide::CommandBarControl>& control,
       generator::ide::CommandBarEvents::Click onClick) override;
 
+  // Lets go of everything of the environment, which may be in the middle of a call. Using any of it, by whomever,
+  // raises Disconnected from now on.
+  void Disconnect() { connection_->End(); }
+
  private:
+  const std::shared_ptr<Connection> connection_;
   Object root_;
   ComProject project_;
 };

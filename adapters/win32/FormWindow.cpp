@@ -43,8 +43,13 @@ POINT CenteredPlace(SIZE size, HWND owner) {
 
 }  // namespace
 
-FormWindow::FormWindow(ui::Form& form, HWND owner, BusyPointer& pointer)
-    : form_(form), pointer_(pointer), formClass_(FormClass, Procedure), frameClass_(FrameClass, FrameProcedure) {
+FormWindow::FormWindow(ui::Form& form, HWND owner, BusyPointer& pointer, const ControlsContext& controls)
+    : form_(form),
+      pointer_(pointer),
+      controlsContext_(controls),
+      formClass_(FormClass, Procedure),
+      frameClass_(FrameClass, FrameProcedure) {
+  const InForce own(controlsContext_.Own());
   const SIZE size = WindowSizeOf(form);
   const POINT place = CenteredPlace(size, owner);
   Made(CreateWindowExW(FormExtendedStyle, FormClass, L"", FormStyle, place.x, place.y, size.cx, size.cy, owner, nullptr,
@@ -130,17 +135,27 @@ void FormWindow::Changed() {
 }
 
 void FormWindow::ShowModal() {
-  const DisabledWindows others(handle_);
+  others_.emplace(handle_);
   ShowChanges();
   ShowWindow(handle_, SW_SHOW);
-  while (!IsOver()) {
-    MSG message{};
-    if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
-      PostQuitMessage(static_cast<int>(message.wParam));  // the program ends: the loops outside this one shall hear it
-      return;
-    }
+  MSG message{};
+  while (!IsOver() && GetMessageW(&message, nullptr, 0, 0) > 0) {
     Process(message);
+    if (others_) others_->AddNew();
   }
+  // The program ends: the loops outside this one shall hear it.
+  if (message.message == WM_QUIT) PostQuitMessage(static_cast<int>(message.wParam));
+  others_.reset();
+}
+
+void FormWindow::End() {
+  ended_ = true;
+  others_.reset();  // while this window is there: see DisabledWindows
+  for (const HWND window : {GetCapture(), handle_}) {
+    if (IsOwn(window)) SendMessageW(window, WM_CANCELMODE, 0, 0);  // an open menu, a moved window
+  }
+  ShowWindow(handle_, SW_HIDE);
+  Wake();
 }
 
 void FormWindow::Process(const MSG& message) {
@@ -158,7 +173,7 @@ void FormWindow::Process(const MSG& message) {
 
 // Whether the message was input that goes no further.
 bool FormWindow::PassInput(const MSG& message) {
-  if (!IsInput(message.message) || (message.hwnd != handle_ && !IsChild(handle_, message.hwnd))) return false;
+  if (!IsInput(message.message) || !IsOwn(message.hwnd)) return false;
   if (!form_.Enabled) return true;
   View* view = ViewOf(message.hwnd);
   if (view && (message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK)) {
@@ -195,6 +210,7 @@ void FormWindow::RunActions() {
 }
 
 void FormWindow::ShowFailure(const std::exception& failure) {
+  if (ended_) return;
   pointer_.Set(ui::MousePointer::Default);
   MessageBoxW(handle_, Wide(failure.what()).c_str(), Wide(form_.Caption).c_str(), MB_OK | MB_ICONERROR);
 }
@@ -242,6 +258,7 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
   auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (!self) return DefWindowProcW(window, message, wParam, lParam);
   try {
+    const InForce own(self->controlsContext_.Own());
     return self->Handle(message, wParam, lParam);
   } catch (const std::exception& mistake) {  // none may pass through the system's own code
     self->failed_ = true;
@@ -268,15 +285,21 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       ShowFocus();
       return 0;
     case WM_SETCURSOR:
-      return pointer_.Show() ? TRUE : DefWindowProcW(handle_, message, wParam, lParam);
+      return pointer_.Show() ? TRUE : HandleBySystem(message, wParam, lParam);
     case WM_CLOSE:
       Act([this] { form_.Close(); });
       return 0;
     case WM_NCDESTROY:
       return DefWindowProcW(std::exchange(handle_, nullptr), message, wParam, lParam);
     default:
-      return DefWindowProcW(handle_, message, wParam, lParam);
+      return HandleBySystem(message, wParam, lParam);
   }
+}
+
+// Which runs loops of its own, for menus and for moving the window, in which the program's other windows work.
+LRESULT FormWindow::HandleBySystem(UINT message, WPARAM wParam, LPARAM lParam) const {
+  const InForce program(controlsContext_.Program());
+  return DefWindowProcW(handle_, message, wParam, lParam);
 }
 
 LRESULT FormWindow::PassReport(const NMHDR& report) {

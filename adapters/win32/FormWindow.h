@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/win32/Arrangement.h"
+#include "adapters/win32/CurrentControls.h"
 #include "adapters/win32/Screen.h"
 #include "adapters/win32/UserInput.h"
 #include "adapters/win32/View.h"
@@ -15,6 +16,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,13 +24,16 @@ namespace formwizard::adapters::win32 {
 
 class FormWindow : private ui::ControlObserver {
  public:
-  // Builds the window with one view for each control of the dialog. `form` and `pointer` must outlive it; `owner` may
-  // be null.
-  FormWindow(ui::Form& form, HWND owner, BusyPointer& pointer);
+  // Builds the window with one view for each control of the dialog. All but `owner`, which may be null, must outlive
+  // it.
+  FormWindow(ui::Form& form, HWND owner, BusyPointer& pointer, const ControlsContext& controls);
   ~FormWindow() override;
 
   // Shows the window and returns when the dialog is over. All other windows of the thread are disabled meanwhile.
   void ShowModal();
+  // Hides the window for good and gives the others back to the user. The dialog is over as soon as what runs in it
+  // ends.
+  void End();
 
   // What the user does waits until the window in which it was done has finished with the message, then it is done to
   // the dialog; a dialog that is busy or over does not hear of it.
@@ -58,7 +63,8 @@ class FormWindow : private ui::ControlObserver {
   View& ViewOf(ui::Control& control);
   void Wake() const { PostMessageW(handle_, WM_NULL, 0, 0); }
 
-  bool IsOver() const { return !handle_ || failed_ || form_.IsUnloaded(); }
+  bool IsOver() const { return !handle_ || failed_ || ended_ || form_.IsUnloaded(); }
+  bool IsOwn(HWND window) const { return window && (window == handle_ || IsChild(handle_, window)); }
   void Process(const MSG& message);
   bool PassInput(const MSG& message);
   void FollowFocus();
@@ -70,6 +76,7 @@ class FormWindow : private ui::ControlObserver {
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleBySystem(UINT message, WPARAM wParam, LPARAM lParam) const;
   LRESULT PassReport(const NMHDR& report);
 
   // Destroys the window before anything that it uses goes.
@@ -88,6 +95,7 @@ class FormWindow : private ui::ControlObserver {
 
   ui::Form& form_;
   BusyPointer& pointer_;
+  const ControlsContext& controlsContext_;
   WindowClass formClass_, frameClass_;
   Fonts fonts_;
   Arrangement arrangement_;
@@ -103,7 +111,9 @@ class FormWindow : private ui::ControlObserver {
   bool changed_ = true;
   bool movingFocus_ = false;
   bool failed_ = false;
-  const Destroyer destroyer_{handle_};  // last, so that it acts first
+  bool ended_ = false;
+  const Destroyer destroyer_{handle_};     // behind the others, so that it acts first
+  std::optional<DisabledWindows> others_;  // while the window is shown; it ends before the window
 };
 
 }  // namespace formwizard::adapters::win32

@@ -54,6 +54,17 @@ BOOL CALLBACK DisabledWindows::DisableOne(HWND window, LPARAM self) {
   return TRUE;
 }
 
+void DisabledWindows::AddNew() { EnumThreadWindows(GetCurrentThreadId(), DisableNew, reinterpret_cast<LPARAM>(this)); }
+
+BOOL CALLBACK DisabledWindows::DisableNew(HWND window, LPARAM self) {
+  const bool hasCaption = (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+  if (!hasCaption) return TRUE;
+  DisableOne(window, self);
+  const HWND modal = reinterpret_cast<const DisabledWindows*>(self)->modal_;
+  if (window != modal && window == GetActiveWindow()) SetActiveWindow(modal);
+  return TRUE;
+}
+
 void DisabledWindows::Disable(HWND window) {
   if (window == modal_ || !IsWindowVisible(window) || !IsWindowEnabled(window)) return;
   disabled_.push_back(window);

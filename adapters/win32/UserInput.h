@@ -26,8 +26,13 @@ class DisabledWindows {
   DisabledWindows(const DisabledWindows&) = delete;
   DisabledWindows& operator=(const DisabledWindows&) = delete;
 
+  // Disables those with a caption that were shown in the meantime. Called where none of them runs a loop of its own,
+  // which the user could not end then. Lists that drop down and tool tips have no caption.
+  void AddNew();
+
  private:
   static BOOL CALLBACK DisableOne(HWND window, LPARAM self);
+  static BOOL CALLBACK DisableNew(HWND window, LPARAM self);
   void Disable(HWND window);
 
   HWND modal_;

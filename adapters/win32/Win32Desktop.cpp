@@ -10,34 +10,50 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <optional>
+#include <ranges>
 #include <stdexcept>
+#include <utility>
 
 namespace formwizard::adapters::win32 {
 namespace {
 
-// Keeps a window among the open ones.
+// Keeps something among the open ones.
+template <typename Window>
 class Opened {
  public:
-  Opened(std::vector<FormWindow*>& open, FormWindow& window) : open_(open) { open_.push_back(&window); }
+  Opened(std::vector<Window>& open, Window window) : open_(open) { open_.push_back(std::move(window)); }
   ~Opened() { open_.pop_back(); }
   Opened(const Opened&) = delete;
   Opened& operator=(const Opened&) = delete;
 
  private:
-  std::vector<FormWindow*>& open_;
+  std::vector<Window>& open_;
 };
+
+// Null: whatever the title.
+void AbortMessages(HWND owner, const wchar_t* title) {
+  HWND box = nullptr;
+  while ((box = FindWindowExW(nullptr, box, L"#32770", title)) != nullptr) {
+    if (GetWindow(box, GW_OWNER) == owner) EndDialog(box, IDABORT);
+  }
+}
 
 }  // namespace
 
-Win32Desktop::Win32Desktop(HWND mainWindow) : mainWindow_(mainWindow) {
+Win32Desktop::Win32Desktop(HWND mainWindow, int manifest) : mainWindow_(mainWindow), controls_(manifest) {
   const INITCOMMONCONTROLSEX classes{sizeof(classes),
                                      ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES | ICC_UPDOWN_CLASS | ICC_STANDARD_CLASSES};
   InitCommonControlsEx(&classes);
 }
 
+HWND Win32Desktop::Owner() const { return open_.empty() ? mainWindow_ : open_.back()->Handle(); }
+
 ui::MessageAnswer Win32Desktop::ShowMessage(std::string_view text, int style, std::string_view title) {
-  const HWND owner = open_.empty() ? mainWindow_ : open_.back()->Handle();
-  const int answer = MessageBoxW(owner, Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(style));
+  if (isClosed_) return ui::MessageAnswer::Abort;
+  std::optional<Opened<std::wstring>> alone;
+  if (open_.empty()) alone.emplace(messages_, Wide(title));
+  const int answer = MessageBoxW(Owner(), Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(style));
   if (answer == 0) throw std::runtime_error("A message cannot be shown: " + std::string(text));
   return static_cast<ui::MessageAnswer>(answer);
 }
@@ -54,6 +70,7 @@ HWND Win32Desktop::WindowOf(const ui::Form* form) const {
 }
 
 void Win32Desktop::ShowModal(ui::Form& form, ui::Form* owner) {
+  if (isClosed_) return;
   form.Load();
   try {
     ShowWindowOf(form, WindowOf(owner));
@@ -65,9 +82,18 @@ void Win32Desktop::ShowModal(ui::Form& form, ui::Form* owner) {
 }
 
 void Win32Desktop::ShowWindowOf(ui::Form& form, HWND owner) {
-  FormWindow window(form, owner, pointer_);
-  const Opened opened(open_, window);
+  FormWindow window(form, owner, pointer_, controls_);
+  const Opened<FormWindow*> opened(open_, &window);
   window.ShowModal();
+}
+
+void Win32Desktop::Close() {
+  isClosed_ = true;
+  for (FormWindow* window : open_ | std::views::reverse) {
+    AbortMessages(window->Handle(), nullptr);
+    window->End();
+  }
+  for (const std::wstring& title : messages_) AbortMessages(mainWindow_, title.c_str());
 }
 
 bool Win32Desktop::LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) {

@@ -2,6 +2,7 @@
 
 #include "adapters/com/Failures.h"
 #include "adapters/com/Value.h"
+#include "apps/addin-dll/Sessions.h"
 
 #include <algorithm>
 #include <array>
@@ -71,7 +72,7 @@ HRESULT Contained(Action&& action) {
 
 AddIn::~AddIn() {
   // The environment may go without disconnecting first.
-  if (session_) Contained([&] { session_->Disconnect(); });
+  while (!connections_.empty()) OnDisconnection(0, nullptr);
 }
 
 HRESULT AddIn::QueryInterface(REFIID id, void** object) {
@@ -150,13 +151,16 @@ HRESULT AddIn::OnConnection(IDispatch* VBInst, LONG ConnectMode, IDispatch*, SAF
   if (!VBInst) return E_POINTER;
   const ComPtr<AddIn> kept(this);
   return Contained([&] {
-    if (session_) return;
-    const auto session = std::make_shared<Session>(VBInst);
-    session_ = session;
+    const auto session = SessionOf(VBInst);
+    connections_.push_back(session);
     try {
       session->Connect(static_cast<core::ConnectMode>(ConnectMode));
     } catch (...) {
-      session_ = nullptr;
+      const auto still = std::ranges::find(connections_, session);
+      if (still != connections_.end()) {
+        connections_.erase(still);
+        session->Disconnect();
+      }
       throw;
     }
   });
@@ -164,7 +168,10 @@ HRESULT AddIn::OnConnection(IDispatch* VBInst, LONG ConnectMode, IDispatch*, SAF
 
 HRESULT AddIn::OnDisconnection(LONG, SAFEARRAY**) {
   return Contained([&] {
-    if (const auto session = std::exchange(session_, nullptr)) session->Disconnect();
+    if (connections_.empty()) return;
+    const auto session = std::move(connections_.back());
+    connections_.pop_back();
+    session->Disconnect();
   });
 }
 

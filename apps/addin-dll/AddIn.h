@@ -6,11 +6,12 @@
 #include "apps/addin-dll/Session.h"
 
 #include <memory>
+#include <vector>
 
 namespace formwizard::apps::addin {
 
-// Both interfaces and calls by name lead to the same operations; connecting twice is
-// connecting once. No exception leaves it.
+// Both interfaces and calls by name lead to the same operations. It may be connected several times, and is then
+// connected until it was disconnected as often. No exception leaves it.
 class AddIn final : public adapters::com::Counted<IDTExtensibility, IDTExtensibility2> {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
@@ -32,7 +33,7 @@ class AddIn final : public adapters::com::Counted<IDTExtensibility, IDTExtensibi
  private:
   ~AddIn() override;
 
-  std::shared_ptr<Session> session_;  // while connected
+  std::vector<std::shared_ptr<Session>> connections_;
 };
 
 }  // namespace formwizard::apps::addin

@@ -9,9 +9,16 @@ namespace formwizard::apps::addin {
 
 using namespace generator::ide;
 
-Session::Session(IDispatch* root)
-    : environment_(root, *this),
-      desktop_(root),
+namespace {
+
+constexpr int ManifestOfLibrary = 2;  // resource id
+
+}  // namespace
+
+Session::Session(IDispatch* root, const EnvironmentIdentity& environment)
+    : identity_(environment),
+      environment_(root, *this),
+      desktop_(environment.MainWindow, ManifestOfLibrary),
       wizard_({.Desktop = desktop_,
                .Measure = measure_,
                .Profiles = profiles_,
@@ -21,19 +28,25 @@ Session::Session(IDispatch* root)
                .ProgramFolder = system::Utf8(ModuleFolder())},
               desktop_) {}
 
+bool Session::LastsIn(const EnvironmentIdentity& environment) const {
+  return identity_.IsSame(environment) && !isOver_;
+}
+
 void Session::Connect(core::ConnectMode mode) {
   const auto kept = shared_from_this();
+  ++connections_;
+  if (wizard_.FormDisplayed) return;
   wizard_.IDTExtensibility_OnConnection(environment_, mode);
-  FinishDisconnecting();
+  if (isOver_) wizard_.IDTExtensibility_OnDisconnection();  // disconnected by the last thing that was done
 }
 
 void Session::Disconnect() {
-  isDisconnected_ = true;
-  if (!wizard_.FormDisplayed) FinishDisconnecting();
-}
-
-void Session::FinishDisconnecting() {
-  if (isDisconnected_) wizard_.IDTExtensibility_OnDisconnection();
+  if (--connections_ != 0) return;
+  const auto kept = shared_from_this();
+  isOver_ = true;
+  wizard_.IDTExtensibility_OnDisconnection();
+  desktop_.Close();
+  environment_.Disconnect();
 }
 
 std::unique_ptr<CommandBarEvents> Session::Environment::ConnectEvents(const std::shared_ptr<CommandBarControl>& control,
@@ -43,7 +56,6 @@ std::unique_ptr<CommandBarEvents> Session::Environment::ConnectEvents(const std:
     const std::shared_ptr<Session> kept = session.lock();
     if (!kept || kept->wizard_.FormDisplayed) return;  // a second click while the wizard is open
     onClick(answers...);
-    kept->FinishDisconnecting();
   });
 }
 

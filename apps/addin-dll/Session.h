@@ -1,4 +1,5 @@
-// One connection to the environment: everything that the wizard is given there, from connection to disconnection.
+// What the add-in has in one environment, from the first connection to the last disconnection: everything that the
+// wizard is given there.
 #pragma once
 
 #include "adapters/com/ComEnvironment.h"
@@ -7,8 +8,8 @@
 #include "adapters/native/NativeProfile.h"
 #include "adapters/satellite/StringResources.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
+#include "adapters/win32/Win32Desktop.h"
 #include "addin/Wizard.h"
-#include "apps/addin-dll/AddInDesktop.h"
 #include "apps/addin-dll/Module.h"
 
 #include <memory>
@@ -17,13 +18,28 @@ namespace formwizard::apps::addin {
 
 namespace core = formwizard::addin;
 
-// The environment may disconnect the add-in while the wizard is open: the session then ends when the wizard does, and
-// keeps itself alive until then.
+// By which the same environment is known again: its root object or its main window, which may be null, and the thread
+// on which it works.
+struct EnvironmentIdentity {
+  const void* Root;
+  HWND MainWindow;
+  DWORD Thread;
+
+  bool IsSame(const EnvironmentIdentity& other) const {
+    return Thread == other.Thread && (Root == other.Root || (MainWindow && MainWindow == other.MainWindow));
+  }
+};
+
+// The environment may disconnect the add-in while the wizard is open or makes a form: then the windows are closed and
+// nothing of the environment is called any more. The session keeps itself alive until its own work has ended.
 class Session : public std::enable_shared_from_this<Session> {
  public:
-  // `root` is the environment's root object.
-  explicit Session(IDispatch* root);
+  Session(IDispatch* root, const EnvironmentIdentity& environment);
 
+  // Not over, and in this environment.
+  bool LastsIn(const EnvironmentIdentity& environment) const;
+
+  // Counted: the command stays until each connection has ended.
   void Connect(core::ConnectMode mode);
   void Disconnect();
 
@@ -40,17 +56,17 @@ class Session : public std::enable_shared_from_this<Session> {
     Session& session_;
   };
 
-  void FinishDisconnecting();
-
   ModuleHold hold_;  // the wizard may be open when nobody holds the add-in any more
+  const EnvironmentIdentity identity_;
   Environment environment_;
-  AddInDesktop desktop_;
+  adapters::win32::Win32Desktop desktop_;
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::native::NativeProfile profiles_;
   adapters::native::NativeLibraries libraries_{adapters::satellite::IsSatellite};
   adapters::com::ComFactoryCreator factories_;
   core::Wizard wizard_;
-  bool isDisconnected_ = false;
+  int connections_ = 0;
+  bool isOver_ = false;
 };
 
 }  // namespace formwizard::apps::addin

@@ -81,11 +81,14 @@ inline std::string DescriptionOf(Failure how) {
 inline std::map<std::string, Failure> PlannedFailures;
 // What was called, by the same names.
 inline std::set<std::string> UsedMembers;
+// Does something meanwhile, at every call or look for a name.
+inline std::function<void(const std::string&)> AtEachCall;
 
 // Stands in every test case: nothing may be left when it ends, and everything that was to fail must have failed.
 struct NothingIsLeft {
   NothingIsLeft() {
     PlannedFailures.clear();
+    AtEachCall = nullptr;
     com::Check(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));  // as the environment's own thread
   }
   NothingIsLeft(const NothingIsLeft&) = delete;
@@ -158,6 +161,7 @@ class FakeDispatch : public FakeObject<IDispatch> {
       return member.HasName && ::lstrcmpiW(com::Wide(member.Name).c_str(), names[0]) == 0;
     });
     *id = DISPID_UNKNOWN;
+    if (const auto meanwhile = AtEachCall) meanwhile(kind_);
     if (found == members_.end() || TakeFailure(found->Name, true)) return DISP_E_UNKNOWNNAME;
     *id = found->Id;
     return S_OK;
@@ -230,6 +234,7 @@ class FakeDispatch : public FakeObject<IDispatch> {
 
   HRESULT Answer(const Member& member, const Call& call, VARIANT* result) const {
     UsedMembers.insert(kind_ + "." + member.Name);
+    if (const auto meanwhile = AtEachCall) meanwhile(kind_ + "." + member.Name);
     const auto failure = TakeFailure(member.Name, false);
     if (failure == Failure::MissingName) return DISP_E_MEMBERNOTFOUND;
     if (failure == Failure::Hresult) return E_ACCESSDENIED;

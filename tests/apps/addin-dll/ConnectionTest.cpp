@@ -108,8 +108,6 @@ TEST_CASE("Connection puts the command with its picture on the Add-Ins menu, dis
           std::string(reinterpret_cast<const char*>(bitmap.data()), bitmap.size()));
     for (std::size_t i = 1; i <= 13; ++i) CHECK(host.Environment.Menus.At(i).size() == (i == c.Menu ? 3 : 2));
 
-    host.Connect(c.Mode);  // a second time
-    CHECK(menu.size() == 3);
     host.Disconnect();
     CHECK(menu.size() == 2);
     CHECK(command->IsDeleted);
@@ -148,13 +146,37 @@ TEST_CASE("The environment may connect by name, with arguments in place or named
   }
 }
 
-TEST_CASE("The environment may connect by either interface, once") {
+TEST_CASE("However often it is connected, the add-in has one command in an environment, until the last disconnection") {
+  for (const bool isSameObject : {true, false}) {
+    CAPTURE(isSameObject);
+    HostFixture host;
+    host.Connect();
+    const std::shared_ptr<Command> command = host.WizardCommand();
+    const ComPtr<IUnknown> other = isSameObject ? host.AddIn : host.Library.Create(Extensibility2);
+    CHECK(Connect(other.Get(), host.Environment.Root().Get(), 0) == S_OK);
+    CHECK(host.AddInsMenu().size() == 3);
+    CHECK(command->Sources.size() == 1);
+    HostEnvironment another(host.Project);
+    const FakePtr root = another.Root();  // has no window to be known by
+    for (int i = 0; i < 2; ++i) CHECK(Connect(other.Get(), root.Get(), 1) == S_OK);
+    CHECK(another.Menus.At(HostMenus::AddIns).size() == 3);
+    for (int i = 0; i < 2; ++i) CHECK(Disconnect(other.Get()) == S_OK);
+    CHECK(another.Menus.At(HostMenus::AddIns).size() == 2);
+    host.Disconnect();
+    CHECK(host.AddInsMenu().size() == 3);
+    host.UseWizard([] { Press(VK_ESCAPE); });
+    CHECK(Disconnect(other.Get()) == S_OK);
+    CHECK(command->IsDeleted);
+    CHECK(host.AddInsMenu().size() == 2);
+  }
+}
+
+TEST_CASE("The environment may connect by either interface") {
   HostFixture host;
   ComPtr<IUnknown> other;
   REQUIRE(host.AddIn->QueryInterface(Extensibility2, other.ReceiveVoid()) == S_OK);
   CHECK(Connect(host.AddIn.Get(), nullptr, 1) == E_POINTER);
   CHECK(Connect(other.Get(), host.Environment.Root().Get(), 1) == S_OK);
-  host.Connect();  // by the first interface too
   for (const std::size_t place : {slot::OnAddInsUpdate, slot::OnStartupComplete, slot::OnBeginShutdown}) {
     CHECK(CallSlot<SAFEARRAY**>(other.Get(), place, nullptr) == S_OK);
   }

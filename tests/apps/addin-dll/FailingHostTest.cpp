@@ -22,6 +22,11 @@ void GoBackAndNext() {
   PressAccessKey('N');
 }
 
+void ChooseNumber() {
+  for (int i = 0; i < 3; ++i) PressAccessKey('N');
+  KeyboardUser().Take(WizardDesign().tvwAttributes, "Number", "", WizardDesign().cmdSelectOne);
+}
+
 }  // namespace
 
 TEST_CASE("A server that fails is reported, and the step can be tried again") {
@@ -58,8 +63,7 @@ TEST_CASE("Without a form to write into every step is reported, and the wizard c
   PlannedFailures = {{"VBComponents.Item", Failure::Hresult}, {"VBComponents.Add", Failure::Exception}};
   std::string reports;
   host.UseWizard([&] {
-    for (int i = 0; i < 3; ++i) PressAccessKey('N');
-    KeyboardUser().Take(WizardDesign().tvwAttributes, "Number", "", WizardDesign().cmdSelectOne);
+    ChooseNumber();
     Finish();
     while (IsAtMessage()) reports += DismissMessage() + "\n";
     PressAccessKey('N');
@@ -70,4 +74,41 @@ TEST_CASE("Without a form to write into every step is reported, and the wizard c
   CHECK(reports.starts_with(Report("WriteForm", "Permission denied") + "\n" + Report("WriteForm", "The host refuses") +
                             "\n" + Report("WriteForm", notSet) + "\n"));
   CHECK(reports.ends_with(Report("cmdFinish_Click", notSet) + "\n"));
+}
+
+TEST_CASE(
+    "Disconnected in the middle of a call of its run, the add-in makes no other and gives the run up in silence") {
+  using Each = std::function<void(HostFixture&, const std::string&)>;
+  const auto finish = [](const Each& atEachCall) {
+    HostFixture host(OneClass);
+    host.Connect();
+    host.UseWizard([&] {
+      ChooseNumber();
+      host.Window.Run([&] {
+        AtEachCall = [&](const std::string& member) {
+          const bool isCall = member.find('.') != std::string::npos;               // no look for a name
+          if (isCall && !member.starts_with("Factory")) atEachCall(host, member);  // the server stays
+        };
+      });
+      Finish();
+    });
+    AtEachCall = nullptr;
+  };
+  std::set<std::string> members;
+  finish([&](HostFixture&, const std::string& member) { members.insert(member); });
+  CHECK(members.size() > 15);
+  for (const std::string& last : members) {
+    CAPTURE(last);
+    enum { Before, Meanwhile, Over } state = Before;
+    int calls = 0;
+    finish([&](HostFixture& host, const std::string& member) {
+      if (state == Over) ++calls;
+      if (state != Before || member != last) return;
+      state = Meanwhile;
+      host.Disconnect();
+      state = Over;
+    });
+    CHECK(state == Over);
+    CHECK(calls == 0);
+  }
 }

@@ -62,50 +62,127 @@ void CheckNothingIsLeft(int rounds, std::size_t systemBlocks, const std::functio
   CHECK(after.GdiObjects <= before.GdiObjects);
 }
 
+// The common controls that are in force on this thread.
+HANDLE CurrentControls() {
+  HANDLE context = nullptr;
+  ::GetCurrentActCtx(&context);
+  if (context) ::ReleaseActCtx(context);
+  return context;
+}
+
+HANDLE controlsOfTrees = nullptr;  // of the last tree that was made
+
+LRESULT CALLBACK NoteControls(int code, WPARAM window, LPARAM more) {
+  wchar_t name[20] = L"";
+  if (code == HCBT_CREATEWND) ::GetClassNameW(reinterpret_cast<HWND>(window), name, 20);
+  if (name == std::wstring(WC_TREEVIEWW)) controlsOfTrees = CurrentControls();
+  return ::CallNextHookEx(nullptr, code, window, more);
+}
+
 }  // namespace
 
-TEST_CASE("Whatever the environment does while the wizard is open, the wizard stays until it is closed") {
+TEST_CASE("Disconnected while the wizard is open, the add-in is gone at once, with its windows and all that it held") {
   struct Case {
     std::string What;
     std::function<void(HostFixture&)> Meanwhile;
-    bool IsDisconnected;
+    bool IsGone;
     std::size_t Commands;  // in the end
   };
-  const Case cases[] = {
-      {"a second click", [](HostFixture& host) { CHECK(Click(host.WizardCommand())); }, false, 1},
-      {"disconnected", [](HostFixture& host) { host.Disconnect(); }, true, 0},
-      {"connected again",
-       [](HostFixture& host) {
-         host.Disconnect();
-         host.Connect();  // now there are two commands
-         CHECK(host.AddInsMenu().size() == 4);
-       },
-       true, 1},
-      {"released",
-       [](HostFixture& host) {
-         host.AddIn = {};
-         CHECK(host.Library.Call("DllCanUnloadNow") == S_FALSE);
-       },
-       true, 0},
+  const auto disconnect = [](HostFixture& host) { host.Disconnect(); };
+  const auto openMenu = [] { Press(VK_SPACE, VK_MENU); };
+  const auto openSettings = [] { PressAccessKey('S'); };
+  const auto openMessage = [] {
+    PressAccessKey('N');
+    CHECK(IsAtMessage());
   };
-  for (const Case& c : cases) {
+  const std::pair<std::function<void()>, Case> cases[] = {
+      {[] {}, {"a second click", [](HostFixture& host) { CHECK(Click(host.WizardCommand())); }, false, 1}},
+      {[] {}, {"one of two", [](HostFixture& host) { host.Connect(), host.Disconnect(); }, false, 1}},
+      {[] {}, {"disconnected", disconnect, true, 0}},
+      {openMenu, {"over its menu", disconnect, true, 0}},
+      {openSettings, {"over its settings", disconnect, true, 0}},
+      {openMessage, {"over a message", disconnect, true, 0}},
+      {[] {}, {"connected again", [](HostFixture& host) { host.Disconnect(), host.Connect(); }, true, 1}},
+      {[] {},
+       {"released",
+        [](HostFixture& host) {
+          host.AddIn = {};
+          CHECK(host.Library.Call("DllCanUnloadNow") == S_FALSE);
+        },
+        true, 0}},
+  };
+  for (const auto& [open, c] : cases) {
     CAPTURE(c.What);
     HostFixture host;
+    const long living = com::LivingObjects;
     host.Connect();
     const std::shared_ptr<Command> command = host.WizardCommand();
+    if (c.What == "over a message") PlannedFailures["Server.Create"] = Failure::Exception;
     host.UseWizard([&] {
-      const int windows = CountWindows();
-      host.Window.Run([&] { c.Meanwhile(host); });
-      CHECK(CountWindows() == windows);
+      const HWND wizard = ActiveWindow();
+      open();
+      host.Window.Run([&] {
+        c.Meanwhile(host);
+        CHECK(command->IsDeleted == c.IsGone);
+        CHECK((::IsWindowVisible(wizard) != FALSE) != c.IsGone);
+        CHECK((::IsWindowEnabled(host.Window.Handle()) != FALSE) == c.IsGone);
+        if (c.Commands == 0) CHECK(com::LivingObjects <= living + 1);  // what the host gives with its click
+        UsedMembers.clear();
+      });
+      if (c.IsGone) return;  // it closes by itself
       Press(VK_RETURN);
       CHECK(IsAtStep(2));  // still works
       Press(VK_ESCAPE);
     });
-    CHECK(command->IsDeleted == c.IsDisconnected);
-    if (c.IsDisconnected) CHECK_FALSE(Click(command));
+    if (c.IsGone) CHECK(UsedMembers.empty());
+    if (c.IsGone) CHECK_FALSE(Click(command));
     CHECK(host.AddInsMenu().size() == 2 + c.Commands);
     if (c.Commands == 1) CHECK(host.WizardCommand()->Sources.size() == 1);
   }
+}
+
+TEST_CASE("The environment's windows keep their own controls while the wizard is open, and no new one takes input") {
+  HostFixture host;
+  host.Connect();
+  const HANDLE own = CurrentControls();
+  controlsOfTrees = own;
+  const HHOOK hook = ::SetWindowsHookExW(WH_CBT, NoteControls, nullptr, ::GetCurrentThreadId());
+  HWND tool = nullptr;
+  host.UseWizard([&] {
+    const HWND wizard = ActiveWindow();
+    for (const bool isMoving : {false, true}) {
+      if (isMoving) ::PostMessageW(wizard, WM_SYSCOMMAND, SC_MOVE, 0);
+      Press(VK_SHIFT);
+      host.Window.Run([&] { CHECK(CurrentControls() == own); });
+    }
+    Press(VK_ESCAPE);
+    CHECK(IsAtStep(1));
+    host.Window.Run([&] {
+      tool = ::CreateWindowExW(0, L"STATIC", L"Tool", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 90, 90, nullptr, nullptr,
+                               nullptr, nullptr);
+    });
+    Press(VK_SHIFT);
+    CHECK_FALSE(::IsWindowEnabled(tool));
+    CHECK(ActiveWindow() == wizard);
+    Press(VK_ESCAPE);
+  });
+  ::UnhookWindowsHookEx(hook);
+  CHECK(controlsOfTrees != own);  // the wizard's are the newer ones
+  CHECK(::IsWindowEnabled(tool));
+  ::DestroyWindow(tool);
+}
+
+TEST_CASE("The message that ends the host closes the wizard and reaches the host's loop") {
+  HostFixture host;
+  host.Connect();
+  MSG message{};
+  UseWindows(
+      [&] {
+        CHECK(Click(host.WizardCommand()));
+        CHECK(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+      },
+      [&] { host.Window.Run([] { ::PostQuitMessage(7); }); });
+  CHECK(message.wParam == 7);
 }
 
 TEST_CASE("A library whose objects the environment still holds is not unloaded") {
