@@ -41,6 +41,7 @@ int ShowWizard(const WizardOptions& options) {
   CheckInputs(options);
   std::vector<std::string> arguments = ArgumentsFor(options);
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   ::execv((common::ProgramFolder() + DesktopProgram).c_str(), pointers.data());

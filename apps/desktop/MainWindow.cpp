@@ -121,7 +121,11 @@ bool MainWindow::OpenDictionary(const QString& path) {
 void MainWindow::Open(const QString& project, const QString& dictionary, bool wizard) {
   const bool opened = project.isEmpty() || OpenProject(project);
   if (!dictionary.isEmpty() && !OpenDictionary(dictionary)) return;
-  if (wizard && opened) QTimer::singleShot(0, this, [this] { environment_->OpenWizard(); });
+  if (!wizard || !opened) return;
+  auto* start = new QTimer(this);
+  start->setSingleShot(true);
+  connect(start, &QTimer::timeout, this, [this] { environment_->OpenWizard(); });
+  start->start();
 }
 
 void MainWindow::AskForProject() {
