@@ -1,18 +1,16 @@
 #include "adapters/journal/Journal.h"
 
-#include <nlohmann/json.hpp>
+#include "adapters/journal/Line.h"
 
 #include <concepts>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 
 namespace formwizard::adapters::journal {
 namespace {
 
 namespace ide = generator::ide;
-using Json = nlohmann::ordered_json;
 using runtime::Int32;
 
 class Writer {
@@ -24,52 +22,35 @@ class Writer {
   // Carries the call out and writes its line afterwards, so that a result or an error can stand in it. `onResult` adds
   // what is only known then.
   template <std::invocable Call, typename OnResult>
-  auto Note(Json line, Call&& call, OnResult&& onResult) {
+  auto Note(Line line, Call&& call, OnResult&& onResult) {
     try {
-      if (before_) before_(TextOf(line));
+      if (before_) before_(line.Text());
       auto result = std::forward<Call>(call)();
       onResult(line, result);
       Write(line);
       return result;
     } catch (const runtime::RuntimeError& error) {
-      WriteError(line, error);
+      Write(line.AddError(error));
       throw;
     }
   }
   template <std::invocable Call>
-  void Note(Json line, Call&& call) {
+  void Note(Line line, Call&& call) {
     Note(
         std::move(line),
         [&] {
           std::forward<Call>(call)();
           return 0;
         },
-        [](Json&, int) {});
+        [](Line&, int) {});
   }
 
  private:
-  void WriteError(Json& line, const runtime::RuntimeError& error) {
-    line["error"] = Json{{"number", error.Number()}, {"description", error.Description()}};
-    Write(line);
-  }
-  static std::string TextOf(const Json& line) { return line.dump(-1, ' ', false, Json::error_handler_t::replace); }
-  void Write(const Json& line) { out_ << TextOf(line) << '\n'; }
+  void Write(const Line& line) { out_ << line.Text() << '\n'; }
 
   std::ostream& out_;
   Before before_;
 };
-
-Json ValueOf(const ide::PropertyValue& value) {
-  return std::visit(
-      []<typename T>(T v) -> Json {
-        if constexpr (std::is_same_v<T, std::string_view> || std::is_same_v<T, bool>) {
-          return Json(v);
-        } else {
-          return Json(v.Value());
-        }
-      },
-      value);
-}
 
 std::string_view TypeOf(const ide::PropertyValue& value) {
   constexpr std::string_view names[] = {"String", "Boolean", "Integer", "Long"};
@@ -82,9 +63,10 @@ class Control : public ide::VBControl {
 
   std::string Name() const override { return Inner->Name(); }
   void SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) override {
-    Json line{{"call", "VBControl.Properties"}, {"control", Inner->Name()}, {"name", name.Text()}};
-    if (!std::holds_alternative<std::string_view>(value)) line["type"] = TypeOf(value);
-    line["value"] = ValueOf(value);
+    Line line("VBControl.Properties");
+    line.Add("control", Inner->Name()).Add("name", name.Text());
+    if (!std::holds_alternative<std::string_view>(value)) line.Add("type", TypeOf(value));
+    line.AddValue("value", value);
     writer_.Note(std::move(line), [&] { Inner->SetProperty(name, value); });
   }
   void SetContainer(const std::shared_ptr<ide::VBControl>& container) override;
@@ -101,10 +83,8 @@ std::shared_ptr<ide::VBControl> Unwrapped(const std::shared_ptr<ide::VBControl>&
   return own ? own->Inner : control;
 }
 
-Json NameOrNull(const std::shared_ptr<ide::VBControl>& control) { return control ? Json(control->Name()) : Json(); }
-
 void Control::SetContainer(const std::shared_ptr<ide::VBControl>& container) {
-  writer_.Note(Json{{"call", "VBControl.Container"}, {"control", Inner->Name()}, {"container", NameOrNull(container)}},
+  writer_.Note(Line("VBControl.Container").Add("control", Inner->Name()).Add("container", container),
                [&] { Inner->SetContainer(Unwrapped(container)); });
 }
 
@@ -116,9 +96,9 @@ class Controls : public ide::VBControls {
   std::shared_ptr<ide::VBControl> Add(std::string_view progId,
                                       const std::shared_ptr<ide::VBControl>& container) override {
     const auto added = writer_.Note(
-        Json{{"call", "VBControls.Add"}, {"progId", progId}, {"container", NameOrNull(container)}},
+        Line("VBControls.Add").Add("progId", progId).Add("container", container),
         [&] { return inner_->Add(progId, Unwrapped(container)); },
-        [](Json& line, const auto& control) { line["name"] = control->Name(); });
+        [](Line& line, const auto& control) { line.Add("name", control->Name()); });
     return std::make_shared<Control>(writer_, added);
   }
 
@@ -133,14 +113,14 @@ class Module : public ide::CodeModule {
 
   Int32 CountOfLines() const override { return inner_->CountOfLines(); }
   void InsertLines(Int32 line, std::string_view text) override {
-    writer_.Note(Json{{"call", "CodeModule.InsertLines"}, {"line", line.Value()}, {"text", text}},
+    writer_.Note(Line("CodeModule.InsertLines").Add("line", line.Value()).Add("text", text),
                  [&] { inner_->InsertLines(line, text); });
   }
   Int32 CreateEventProc(std::string_view event, std::string_view object) override {
     return writer_.Note(
-        Json{{"call", "CodeModule.CreateEventProc"}, {"event", event}, {"object", object}},
+        Line("CodeModule.CreateEventProc").Add("event", event).Add("object", object),
         [&] { return inner_->CreateEventProc(event, object); },
-        [](Json& line, Int32 created) { line["line"] = created.Value(); });
+        [](Line& line, Int32 created) { line.Add("line", created.Value()); });
   }
 
  private:
@@ -154,14 +134,12 @@ class Component : public ide::VBComponent {
 
   std::string Name() const override { return inner_->Name(); }
   void SetName(std::string_view name) override {
-    writer_.Note(Json{{"call", "VBComponent.Name"}, {"value", name}}, [&] { inner_->SetName(name); });
+    writer_.Note(Line("VBComponent.Name").Add("value", name), [&] { inner_->SetName(name); });
   }
   void SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) override {
-    writer_.Note(Json{{"call", "VBComponent.Properties"},
-                      {"name", name.Text()},
-                      {"type", TypeOf(value)},
-                      {"value", ValueOf(value)}},
-                 [&] { inner_->SetProperty(name, value); });
+    writer_.Note(
+        Line("VBComponent.Properties").Add("name", name.Text()).Add("type", TypeOf(value)).AddValue("value", value),
+        [&] { inner_->SetProperty(name, value); });
   }
   std::shared_ptr<ide::VBControls> DesignerControls() override {
     std::shared_ptr<ide::VBControls> controls = inner_->DesignerControls();
@@ -169,7 +147,7 @@ class Component : public ide::VBComponent {
   }
   std::shared_ptr<ide::CodeModule> Code() override { return std::make_shared<Module>(writer_, inner_->Code()); }
   void Activate() override {
-    writer_.Note(Json{{"call", "VBComponent.Activate"}}, [&] { inner_->Activate(); });
+    writer_.Note(Line("VBComponent.Activate"), [&] { inner_->Activate(); });
   }
 
  private:
@@ -189,7 +167,7 @@ class Environment : public ide::Vbe, public ide::VBProject, public ide::VBCompon
   ide::VBComponents& Components() override { return *this; }
 
   void AddToolboxProgID(std::string_view progId) override {
-    writer_.Note(Json{{"call", "AddToolboxProgID"}, {"progId", progId}},
+    writer_.Note(Line("AddToolboxProgID").Add("progId", progId),
                  [&] { inner_.ActiveVBProject().AddToolboxProgID(progId); });
   }
   std::shared_ptr<ide::VBComponent> Find(std::string_view name) override {
@@ -201,8 +179,8 @@ class Environment : public ide::Vbe, public ide::VBProject, public ide::VBCompon
   }
   std::shared_ptr<ide::VBComponent> Add(ide::ComponentType type) override {
     const auto added = writer_.Note(
-        Json{{"call", "VBComponents.Add"}, {"type", static_cast<int>(type)}}, [&] { return Inner().Add(type); },
-        [](Json& line, const auto& component) { line["name"] = component->Name(); });
+        Line("VBComponents.Add").Add("type", static_cast<int>(type)), [&] { return Inner().Add(type); },
+        [](Line& line, const auto& component) { line.Add("name", component->Name()); });
     return std::make_shared<Component>(writer_, added);
   }
 

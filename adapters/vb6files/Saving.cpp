@@ -103,7 +103,7 @@ void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<s
   const std::string_view name = NameIn(path);
   for (const std::string& other : sameNames) {
     if (other != name) {
-      throw SaveError(path + ": the folder has a file of this name in other letter cases, " + other +
+      throw SaveError(PathOf(target.File) + ": the folder has a file of this name in other letter cases, " + other +
                       ", which does not belong to the project; move it away or add it to the project, then try again");
     }
     target.IsThere = files_.Read(path) == files_.Read(Aside(number));
