@@ -5,7 +5,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 target_include_directories(formwizard_options INTERFACE ${CMAKE_SOURCE_DIR})
 
 if(MSVC)
-  target_compile_options(formwizard_options INTERFACE /W4 /utf-8 /permissive-)
+  target_compile_options(formwizard_options INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus)
   target_compile_definitions(formwizard_options INTERFACE NOMINMAX _CRT_SECURE_NO_WARNINGS)
   if(FORMWIZARD_WARNINGS_AS_ERRORS)
     target_compile_options(formwizard_options INTERFACE /WX)

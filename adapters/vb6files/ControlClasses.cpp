@@ -290,10 +290,16 @@ constexpr auto RowsByName = [] {
   return slots;
 }();
 
-static_assert(std::ranges::all_of(Rows, [](const PropertyRow& row) {
-  return std::ranges::all_of(Rows,
-                             [&](const PropertyRow& other) { return row.Is(other.Name) == (row.Name == other.Name); });
-}));
+// In loops, because compilers limit the steps of what they work out.
+constexpr bool AreNamesToldApartByKey() {
+  for (std::size_t i = 0; i < Rows.size(); ++i) {
+    for (std::size_t j = i + 1; j < Rows.size(); ++j) {
+      if (Rows[i].Is(Rows[j].Name) && Rows[i].Name != Rows[j].Name) return false;
+    }
+  }
+  return true;
+}
+static_assert(AreNamesToldApartByKey());
 
 }  // namespace
 
