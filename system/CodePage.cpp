@@ -46,6 +46,8 @@ std::string CharacterName(std::string_view text) {
 
 }  // namespace
 
+std::span<const int> CodePageNumbers() { return Known; }
+
 CodePage::CodePage(int number) : number_(number) {
   if (number == Utf8CodePage) {
     encoder_ = std::make_unique<Utf8Converter>();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,8 @@ namespace formwizard::system {
 class CodePageConverter;
 
 inline constexpr int Utf8CodePage = 65001;
+// The other Windows code pages that are known.
+std::span<const int> CodePageNumbers();
 
 class CodePage {
  public:

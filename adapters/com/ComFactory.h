@@ -10,10 +10,12 @@
 
 namespace formwizard::adapters::com {
 
+inline constexpr const char* ServersProgId = "OstrelObject.Factory";
+
 // COM must be initialized on the thread.
 class ComFactoryCreator : public wizard::factory::FactoryCreator {
  public:
-  explicit ComFactoryCreator(std::string progId = "OstrelObject.Factory") : progId_(std::move(progId)) {}
+  explicit ComFactoryCreator(std::string progId = ServersProgId) : progId_(std::move(progId)) {}
 
   std::unique_ptr<wizard::factory::ObjectFactory> Create() override;
 

@@ -18,8 +18,8 @@ namespace formwizard::apps::cli {
 namespace {
 
 // In the order of the help text.
-constexpr std::array<AddCommand*, 7> Commands{
-    AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary,
+constexpr std::array<AddCommand*, 8> Commands{
+    AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddDoctor,
 };
 
 int Say(const common::Failure& failure) {
@@ -47,9 +47,9 @@ std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 a form is incomplete, --check found something to write, the wizard was cancelled\n"
-      "or what came after saving failed, 2 wrong usage, 3 an input is missing or invalid, 4 saving failed and\n"
-      "nothing was changed.");
+      "Exit status: 0 done, 1 a form is incomplete, --check found something to write, doctor a fault, the wizard\n"
+      "was cancelled or what came after saving failed, 2 wrong usage, 3 an input is missing or invalid, 4 saving\n"
+      "failed and nothing was changed.");
   for (AddCommand* add : Commands) add(app, task);
   try {
     std::ranges::reverse(arguments);  // as the parser wants them

@@ -80,7 +80,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | wizard | systems | classes | properties | queries | dictionary)
+      generate | wizard | systems | classes | properties | queries | dictionary | doctor)
         command=${words[i]}
         break
         ;;
@@ -88,7 +88,7 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary'
+    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary doctor'
     return
   fi
   if [[ $command == dictionary ]]; then
@@ -118,6 +118,7 @@ _ostrel_form_wizard() {
     wizard)
       _ostrel_form_wizard_words '--help --project --dictionary --code-page --toolbox --profile --language'
       ;;
+    doctor) _ostrel_form_wizard_words '--help --fix --strict --json' ;;
     systems) _ostrel_form_wizard_words '--help --dictionary --json' ;;
     classes) _ostrel_form_wizard_words '--help --dictionary --json --system --all' ;;
     properties | queries) _ostrel_form_wizard_words '--help --dictionary --json --system --class' ;;
