@@ -275,7 +275,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       return 0;
     case WM_NOTIFY:
-      return PassReport(*reinterpret_cast<const NMHDR*>(lParam));
+      return PassReport(*reinterpret_cast<NMHDR*>(lParam));
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
       if (View* view = ViewOf(item.hwndItem)) view->OnDraw(item);
@@ -302,7 +302,7 @@ LRESULT FormWindow::HandleBySystem(UINT message, WPARAM wParam, LPARAM lParam) c
   return DefWindowProcW(handle_, message, wParam, lParam);
 }
 
-LRESULT FormWindow::PassReport(const NMHDR& report) {
+LRESULT FormWindow::PassReport(NMHDR& report) {
   View* view = ViewOf(report.hwndFrom);
   if (!view) return 0;
   if (!view->IsChanging()) view->OnNotify(report);

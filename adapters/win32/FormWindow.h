@@ -77,7 +77,7 @@ class FormWindow : private ui::ControlObserver {
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT HandleBySystem(UINT message, WPARAM wParam, LPARAM lParam) const;
-  LRESULT PassReport(const NMHDR& report);
+  LRESULT PassReport(NMHDR& report);
 
   // Destroys the window before anything that it uses goes.
   class Destroyer {

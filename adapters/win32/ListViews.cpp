@@ -2,19 +2,26 @@
 #include "adapters/win32/View.h"
 #include "ui/MakeFirst.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 namespace formwizard::adapters::win32 {
 namespace {
 
 // The messages and reports of the two kinds of lists, which differ in nothing else.
 struct ListMessages {
-  UINT Insert, Delete, Reset, GetCurrent, SetCurrent;
+  UINT Insert, Delete, Reset, Prepare, Count, GetCurrent, SetCurrent;
   int Chosen, PressedTwice;
 };
-constexpr ListMessages BoxMessages{LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT, LB_GETCURSEL,
-                                   LB_SETCURSEL,    LBN_SELCHANGE,   LBN_DBLCLK};
+constexpr ListMessages BoxMessages{LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT, LB_INITSTORAGE, LB_GETCOUNT,
+                                   LB_GETCURSEL,    LB_SETCURSEL,    LBN_SELCHANGE,   LBN_DBLCLK};
 // An entry that is only passed in the open list is not chosen yet.
-constexpr ListMessages ComboMessages{CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT, CB_GETCURSEL,
-                                     CB_SETCURSEL,    CBN_SELENDOK,    CBN_DBLCLK};
+constexpr ListMessages ComboMessages{CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT, CB_INITSTORAGE, CB_GETCOUNT,
+                                     CB_GETCURSEL,    CB_SETCURSEL,    CBN_SELENDOK,    CBN_DBLCLK};
+
+constexpr int ChangesOneByOne = 16;  // more of them are made together, because each moves all that follow
+constexpr int AverageBytes = 40;     // of an entry
 
 class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
  public:
@@ -24,21 +31,16 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
 
   bool Scrolls() const override { return true; }
   void ItemInserted(int index) override {
-    Freeze();
-    const std::string& entry = control_.List(index);
-    NeedFontFor(entry);
-    Send(messages_.Insert, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(Wide(entry).c_str()));
-    NoteChange();
+    if (IsPutOff(index)) return;
+    Insert(index);
   }
   void ItemRemoved(int index) override {
-    Freeze();
+    if (IsPutOff(index)) return;
     Send(messages_.Delete, static_cast<WPARAM>(index));
-    NoteChange();
   }
   void Cleared() override {
-    Freeze();
-    Send(messages_.Reset);
-    NoteChange();
+    filledTo_ = 0;
+    IsPutOff(0);
   }
   void OnCommand(int code) override {
     const int index = Current();
@@ -53,17 +55,43 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
 
  protected:
   ListBoxView(FormWindow& window, ui::ListBox& control, const ListMessages& messages, const WindowKind& kind)
-      : ObservingView(window, control, kind), messages_(messages) {
-    for (int i = 0; i < control.ListCount(); ++i) ListBoxView::ItemInserted(i);
-  }
+      : ObservingView(window, control, kind), messages_(messages), filledTo_(0) {}
 
  private:
+  // Notes a change. Whether it is shown later, with all from the first entry on that is not shown.
+  bool IsPutOff(int index) {
+    Freeze();
+    NoteChange();
+    if (filledTo_ || ++changes_ > ChangesOneByOne) filledTo_ = std::min(filledTo_.value_or(index), index);
+    return filledTo_.has_value();
+  }
+  void Insert(int index) {
+    const std::string& entry = control_.List(index);
+    NeedFontFor(entry);
+    Send(messages_.Insert, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(Wide(entry).c_str()));
+  }
+  void Fill() {
+    changes_ = 0;
+    if (!filledTo_) return;
+    const int first = *std::exchange(filledTo_, std::nullopt);
+    if (first == 0) Send(messages_.Reset);
+    for (int i = static_cast<int>(Send(messages_.Count)); i > first; --i) {
+      Send(messages_.Delete, static_cast<WPARAM>(i - 1));
+    }
+    const auto count = static_cast<WPARAM>(control_.ListCount() - first);
+    Send(messages_.Prepare, count, static_cast<LPARAM>(count * AverageBytes));
+    for (int i = first; i < control_.ListCount(); ++i) Insert(i);
+  }
+
   int Current() const { return static_cast<int>(Send(messages_.GetCurrent)); }
   void Show() override {
+    Fill();
     if (Current() != control_.ListIndex()) Send(messages_.SetCurrent, static_cast<WPARAM>(control_.ListIndex()));
   }
 
   const ListMessages& messages_;
+  int changes_ = 0;              // since the window was shown
+  std::optional<int> filledTo_;  // the entries before are shown, the others are not as they are
 };
 
 class ComboBoxView : public ListBoxView {

@@ -88,7 +88,7 @@ class UpDownView : public ObservingView<ui::UpDown> {
     const int by = reinterpret_cast<const NMUPDOWN&>(report).iDelta > 0 ? 1 : -1;
     Act([this, by] { control_.Spin(by); });
   }
-  LRESULT AnswerTo(const NMHDR& report) const override { return report.code == UDN_DELTAPOS; }
+  LRESULT AnswerTo(NMHDR& report) const override { return report.code == UDN_DELTAPOS; }
 };
 
 class PictureView : public ObservingView<ui::PictureBox> {

@@ -4,6 +4,7 @@
 #include "ui/MakeFirst.h"
 
 #include <cmath>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -30,15 +31,18 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
     Freeze();
     const ui::Node* parent = node.Parent();
     HTREEITEM& last = lastBelow_[parent];
+    NeedFontFor(node.Text.Get());
     const std::wstring text = Wide(node.Text);
     TVINSERTSTRUCTW insertion{};
-    insertion.hParent = parent ? items_.at(parent) : TVI_ROOT;
+    insertion.hParent = parent ? items_.at(parent).Item : TVI_ROOT;
     insertion.hInsertAfter = last ? last : TVI_LAST;  // a known neighbour, so that the tree need not look for the end
-    insertion.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insertion.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    insertion.item.iImage = I_IMAGECALLBACK;
+    insertion.item.iSelectedImage = I_IMAGECALLBACK;
     insertion.item.pszText = const_cast<wchar_t*>(text.c_str());
     insertion.item.lParam = reinterpret_cast<LPARAM>(&node);
     last = reinterpret_cast<HTREEITEM>(Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
-    items_.emplace(&node, last);
+    items_.emplace(&node, Shown{last, node.Text});
     if (parent && parent->Expanded) NodeChanged(*node.Parent());  // only now it can be open
     NodeChanged(node);
   }
@@ -51,7 +55,7 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
     Freeze();
     changed_.erase(&node);
     lastBelow_.erase(&node);
-    const HTREEITEM item = items_.extract(&node).mapped();
+    const HTREEITEM item = items_.extract(&node).mapped().Item;
     const auto last = lastBelow_.find(node.Parent());
     if (last != lastBelow_.end() && last->second == item) lastBelow_.erase(last);
     Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item));
@@ -102,12 +106,27 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
         break;
     }
   }
+  // Pictures are asked for when they are drawn, so that a change of many nodes costs nothing for each.
+  LRESULT AnswerTo(NMHDR& report) const override {
+    if (report.code != TVN_GETDISPINFOW) return 0;
+    TVITEMW& item = reinterpret_cast<NMTVDISPINFOW&>(report).item;
+    const auto& node = *reinterpret_cast<const ui::Node*>(item.lParam);
+    const int image = node.Image.Get().Value(), selectedImage = node.SelectedImage.Get().Value();
+    item.iImage = image;
+    item.iSelectedImage = selectedImage == 0 ? image : selectedImage;
+    return 0;
+  }
 
  private:
+  struct Shown {
+    HTREEITEM Item;
+    std::string Text;
+  };
+
   // A node that was not selected before has said so by itself.
   void ReportClick() {
     ui::Node* node = NodeAt(static_cast<float>(pressed_.x), static_cast<float>(pressed_.y));
-    if (node && !hasMoved_ && Caret() == items_.at(node)) {
+    if (node && !hasMoved_ && Caret() == items_.at(node).Item) {
       ActOn(reinterpret_cast<LPARAM>(node), &ui::TreeView::ClickNode);
     } else {
       Act([this] { control_.Click(); });
@@ -140,33 +159,37 @@ class TreeViewView final : public ObservingView<ui::TreeView, ui::TreeObserver> 
   }
 
   void Show() override {
+    if (!changed_.empty()) InvalidateRect(Handle(), nullptr, FALSE);
     for (const ui::Node* node : std::exchange(changed_, {})) ShowNode(*node, items_.at(node));
     const ui::Node* selected = control_.SelectedItem;
-    const HTREEITEM item = selected ? items_.at(selected) : nullptr;
+    const HTREEITEM item = selected ? items_.at(selected).Item : nullptr;
     if (Caret() == item) return;
     Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
     if (item) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   }
 
-  void ShowNode(const ui::Node& node, HTREEITEM item) {
-    NeedFontFor(node.Text.Get());
-    const std::wstring text = Wide(node.Text);
-    const int image = node.Image.Get().Value(), selectedImage = node.SelectedImage.Get().Value();
-    TVITEMW shown{};
-    shown.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-    shown.hItem = item;
-    shown.pszText = const_cast<wchar_t*>(text.c_str());
-    shown.iImage = image;
-    shown.iSelectedImage = selectedImage == 0 ? image : selectedImage;
-    Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&shown));
-    const bool isOpen = (Send(TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item), TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
-    if (isOpen != node.Expanded) {
-      Send(TVM_EXPAND, node.Expanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
+  // The window is asked for nothing that is known: where it looks for the item among all, a long tree would take
+  // minutes.
+  void ShowNode(const ui::Node& node, Shown& shown) {
+    if (shown.Text != node.Text.Get()) {
+      shown.Text = node.Text;
+      NeedFontFor(shown.Text);
+      const std::wstring text = Wide(shown.Text);
+      TVITEMW item{};
+      item.mask = TVIF_HANDLE | TVIF_TEXT;
+      item.hItem = shown.Item;
+      item.pszText = const_cast<wchar_t*>(text.c_str());
+      Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    }
+    if (!node.Child()) return;
+    const auto state = Send(TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(shown.Item), TVIS_EXPANDED);
+    if (((state & TVIS_EXPANDED) != 0) != node.Expanded) {
+      Send(TVM_EXPAND, node.Expanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(shown.Item));
     }
   }
 
   OwnedImageList pictures_;
-  std::unordered_map<const ui::Node*, HTREEITEM> items_;
+  std::unordered_map<const ui::Node*, Shown> items_;
   std::unordered_map<const ui::Node*, HTREEITEM> lastBelow_;  // by parent; null: the last root
   std::unordered_set<const ui::Node*> changed_;
   POINT pressed_{};        // where the mouse was last

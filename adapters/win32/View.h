@@ -49,7 +49,7 @@ class View {
   virtual void OnCommand(int) {}
   virtual void OnNotify(const NMHDR&) {}
   // The answer to a report that asks.
-  virtual LRESULT AnswerTo(const NMHDR&) const { return 0; }
+  virtual LRESULT AnswerTo(NMHDR&) const { return 0; }
   // A button of the mouse goes down at a point of the window.
   virtual void OnPress(POINT) {}
   virtual void OnDraw(const DRAWITEMSTRUCT&) {}
