@@ -196,7 +196,8 @@ TEST_CASE("A library whose objects the environment still holds is not unloaded")
 
 TEST_CASE("Connected a thousand times, opened and closed again and again, the wizard leaves nothing behind") {
   HostFixture host;
-  CheckNothingIsLeft(1000, 0, [&] {
+  constexpr std::size_t reads = 1;  // of the clipboard, of each of which Wine keeps a block
+  CheckNothingIsLeft(1000, reads, [&] {
     host.Connect();
     host.Disconnect();
   });
