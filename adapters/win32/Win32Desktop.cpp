@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <ranges>
 #include <stdexcept>
 #include <utility>
 
@@ -89,9 +88,9 @@ void Win32Desktop::ShowWindowOf(ui::Form& form, HWND owner) {
 
 void Win32Desktop::Close() {
   isClosed_ = true;
-  for (FormWindow* window : open_ | std::views::reverse) {
-    AbortMessages(window->Handle(), nullptr);
-    window->End();
+  for (auto window = open_.rbegin(); window != open_.rend(); ++window) {
+    AbortMessages((*window)->Handle(), nullptr);
+    (*window)->End();
   }
   for (const std::wstring& title : messages_) AbortMessages(mainWindow_, title.c_str());
 }
