@@ -9,11 +9,12 @@
 namespace formwizard::adapters::vb6files {
 namespace {
 
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
 // Takes the next word off the line.
 std::string_view TakeWord(std::string_view& line) {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  const auto start = std::ranges::find_if_not(line, isBlank);
-  const auto end = std::find_if(start, line.end(), [&](char c) { return isBlank(c) || c == '(' || c == '\r'; });
+  const auto start = std::ranges::find_if_not(line, IsBlank);
+  const auto end = std::find_if(start, line.end(), [&](char c) { return IsBlank(c) || c == '(' || c == '\r'; });
   const std::string_view word(start, end);
   line = std::string_view(end, line.end());
   return word;
@@ -47,9 +48,9 @@ std::string_view ProcedureBegunBy(std::string_view line) {
 
 // A quick look at the first letter spares most lines the rest.
 bool MayBeginProcedure(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return false;
-  const char letter = line[first];
+  const auto first = std::ranges::find_if_not(line, IsBlank);
+  if (first == line.end()) return false;
+  const char letter = *first;
   return letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's';
 }
 

@@ -23,15 +23,11 @@ bool IsScale(const PropertyRow& row) { return row.Name.Text().starts_with("Scale
 Control::Control(Designer& designer, const ControlClass& controlClass, std::string_view name)
     : designer_(designer), class_(controlClass), name_(name), values_(&designer.memory_), children_(&designer.memory_) {
   values_.reserve(12);
-  for (const std::uint8_t index : AlwaysWritten(class_.Bit)) {
+  for (const std::uint8_t index : RowsOfNew(class_.Bit)) {
     const PropertyRow& row = PropertyRows()[index];
     const double number = row.Is("Width") ? class_.Width : row.Is("Height") ? class_.Height : row.DefaultNumber;
-    values_.push_back({&row, {number, row.Type == PropertyType::Text ? row.Default : ""}});
-  }
-  if (class_.Bit == classbit::Menu) return;
-  // A new control shows its name.
-  for (const PropertyName& shown : {PropertyName("Caption"), PropertyName("Text")}) {
-    if (const PropertyRow* row = FindProperty(class_.Bit, shown)) Set(*row, {0, name_});
+    const bool showsName = row.Type == PropertyType::Text && class_.Bit != classbit::Menu;
+    values_.push_back({&row, {number, showsName ? name_ : row.Default}});
   }
 }
 

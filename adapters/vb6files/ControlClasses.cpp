@@ -305,18 +305,18 @@ static_assert(AreNamesToldApartByKey());
 
 std::span<const PropertyRow> PropertyRows() { return Rows; }
 
-std::span<const std::uint8_t> AlwaysWritten(ClassBits classBit) {
+std::span<const std::uint8_t> RowsOfNew(ClassBits classBit) {
   struct Indexes {
     std::array<std::uint8_t, 16> Rows{};
     std::size_t Count = 0;
   };
   static constexpr auto table = [] {
     std::array<Indexes, 16> byBit{};
-    for (std::size_t bit = 0; bit < byBit.size(); ++bit) {
-      for (std::size_t row = 0; row < Rows.size(); ++row) {
-        if (((Rows[row].AlwaysIn >> bit) & 1u) != 0) {
-          byBit[bit].Rows[byBit[bit].Count++] = static_cast<std::uint8_t>(row);
-        }
+    for (std::size_t row = 0; row < Rows.size(); ++row) {
+      const bool showsName = Rows[row].Is("Caption") || Rows[row].Is("Text");
+      const unsigned classes = Rows[row].AlwaysIn | (showsName ? Rows[row].Classes : 0u);
+      for (std::size_t bit = 0; bit < byBit.size(); ++bit) {
+        if (((classes >> bit) & 1u) != 0) byBit[bit].Rows[byBit[bit].Count++] = static_cast<std::uint8_t>(row);
       }
     }
     return byBit;
@@ -341,6 +341,8 @@ const EventRow* FindEvent(ClassBits classBit, std::string_view name) {
 }
 
 const ControlClass* FindControlClass(std::string_view progId) {
+  const auto spelledSo = std::ranges::find(Classes, progId, &ControlClass::Name);
+  if (spelledSo != Classes.end()) return &*spelledSo;
   const std::size_t dot = progId.rfind('.');
   const bool hasVersion = dot + 1 < progId.size() && progId.find_first_not_of("0123456789", dot + 1) == progId.npos;
   const std::string_view unversioned = progId.substr(0, hasVersion ? dot : progId.size());

@@ -56,8 +56,9 @@ struct PropertyRow {
 // then those of the ActiveX controls in their own order.
 std::span<const PropertyRow> PropertyRows();
 
-// The rows that a class writes also at their default, by index into PropertyRows, in its order.
-std::span<const std::uint8_t> AlwaysWritten(ClassBits classBit);
+// The rows of which a new control has a value, by index into PropertyRows, in its order: those that the class writes
+// also at their default, and the one that shows the control's name.
+std::span<const std::uint8_t> RowsOfNew(ClassBits classBit);
 
 // The row of a class's property; null when the class lacks it.
 const PropertyRow* FindProperty(ClassBits classBit, const PropertyName& name);

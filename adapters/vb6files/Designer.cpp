@@ -26,12 +26,12 @@ Control& Designer::Add(std::string_view progId, Control* container) {
   if (container && !TakesChildren(*container, *known)) runtime::Raise(runtime::InvalidPropertyValue);
 
   const std::string name = DefaultName(known->NameStem);
-  if (unlisted_) byName_.emplace(unlisted_->name_, unlisted_);
+  ListYoungest();
   Control& control = controls_.emplace_back(*this, *known, Kept(name));
   unlisted_ = &control;
   control.parent_ = container;
   (container ? container->children_ : topLevel_).push_back(&control);
-  if (FindProperty(known->Bit, "TabIndex")) tabOrder_.push_back(&control);
+  if (control.ValueOf("TabIndex")) tabOrder_.push_back(&control);
   return control;
 }
 
@@ -49,6 +49,11 @@ Control* Designer::Named(std::string_view name) const {
   return found == byName_.end() ? nullptr : found->second;
 }
 
+void Designer::ListYoungest() {
+  if (unlisted_) byName_.emplace(unlisted_->name_, unlisted_);
+  unlisted_ = nullptr;
+}
+
 // As long as the designer lives.
 std::string_view Designer::Kept(std::string_view text) {
   char* copy = std::pmr::polymorphic_allocator<char>(&memory_).allocate(text.size());
@@ -57,20 +62,20 @@ std::string_view Designer::Kept(std::string_view text) {
 }
 
 void Designer::Rename(Control& control, std::string_view name) {
-  const std::string bytes = CodePageOfForm.Encode(name);
+  std::string room;
+  const std::string_view bytes = CodePageOfForm.Encoded(name, room);
   if (bytes == control.name_) return;
   CheckObjectName(name);
-  const Control* other = Named(bytes);
-  if (other && other != &control) {
+  const bool isListed = &control != unlisted_;
+  if (isListed) ListYoungest();
+  const std::string_view kept = Kept(bytes);
+  const auto [place, isFree] = byName_.emplace(kept, &control);
+  if (!isFree && place->second != &control) {
     runtime::Raise(runtime::NameConflict, "Name conflicts: the form already has a control '" + std::string(name) + "'");
   }
-  if (&control == unlisted_) {
-    unlisted_ = nullptr;
-  } else {
-    byName_.erase(control.name_);
-  }
-  control.name_ = Kept(bytes);
-  byName_.emplace(control.name_, &control);
+  if (isListed && isFree) byName_.erase(control.name_);
+  if (!isListed) unlisted_ = nullptr;
+  control.name_ = kept;
 }
 
 void Designer::Move(Control& control, Control& container) {

@@ -96,6 +96,7 @@ class Designer {
 
   std::string DefaultName(std::string_view stem) const;
   Control* Named(std::string_view name) const;
+  void ListYoungest();
   std::string_view Kept(std::string_view text);
   void Rename(Control& control, std::string_view name);
   void Move(Control& control, Control& container);

@@ -131,10 +131,11 @@ void AppendValue(std::string& out, const PropertyRow& row, const PropertyData& d
 void AppendIndent(std::string& out, int level) { out.append(static_cast<std::size_t>(level) * 3, ' '); }
 
 void AppendPropertyStart(std::string& out, int level, std::string_view name) {
-  AppendIndent(out, level);
-  const std::size_t start = out.size();
-  out.append(std::max(name.size(), NameColumns), ' ').append("=   ");
-  std::ranges::copy(name, out.begin() + static_cast<std::ptrdiff_t>(start));
+  const std::size_t indent = static_cast<std::size_t>(level) * 3, columns = std::max(name.size(), NameColumns);
+  const std::size_t start = out.size() + indent;
+  out.append(indent + columns + 4, ' ');
+  name.copy(out.data() + start, name.size());
+  out[start + columns] = '=';
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -11,7 +11,7 @@ namespace {
 
 using generator::ide::PropertyValue;
 
-constexpr std::ptrdiff_t LongestName = 40;  // characters
+constexpr int LongestName = 40;  // characters
 
 double AsNumber(const PropertyValue& value) {
   return std::visit(
@@ -53,22 +53,18 @@ bool IsLetterBeyondAscii(std::string_view text) {
   return !(byte(0) == 0xE2 && byte(1) <= 0x81);
 }
 
-std::ptrdiff_t CharactersIn(std::string_view text) {
-  return std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
-}
-
 bool IsLegalName(std::string_view name) {
-  if (name.empty() || CharactersIn(name) > LongestName) return false;
+  int characters = 0;
   for (std::size_t i = 0; i < name.size(); ++i) {
     const char c = name[i];
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
     const auto byte = static_cast<unsigned char>(c);
-    const bool leads = byte >= 0xC0;
-    const bool follows = byte >= 0x80 && !leads;
+    const bool leads = byte >= 0xC0, follows = byte >= 0x80 && !leads;
+    if (!follows) ++characters;
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
     if (letter || follows || (leads && IsLetterBeyondAscii(name.substr(i)))) continue;
     if (i == 0 || !((c >= '0' && c <= '9') || c == '_')) return false;
   }
-  return true;
+  return !name.empty() && characters <= LongestName;
 }
 
 }  // namespace
