@@ -16,11 +16,12 @@ void CheckFile(const std::string& text) {
   IsAccepted("fuzz.vbp:", [&] {
     ProjectFile project("fuzz.vbp", text);
     Require(project.Text() == text, "a project that was only looked at is written as it was read");
+    const std::size_t components = project.TakeItems().size(), libraries = project.Objects().size();
     project.AddForm("frmNew.frm");
     project.AddObject("{00000000-0000-0000-0000-000000000000}#1.0#0; NEW.OCX");
-    const ProjectFile changed("fuzz.vbp", project.Text());
-    Require(changed.Items().size() == project.Items().size() + 1, "a form that is added is one more item");
-    Require(changed.Objects().size() == project.Objects().size(), "a library that is added is one more line");
+    ProjectFile changed("fuzz.vbp", project.Text());
+    Require(changed.TakeItems().size() == components + 1, "a form that is added is one more item");
+    Require(changed.Objects().size() == libraries + 1, "a library that is added is one more line");
     Require(changed.Text() == project.Text(), "a project that was changed is written as it was read");
   });
 }
@@ -29,8 +30,8 @@ void CheckFile(const std::string& text) {
 tests::MemoryFileSystem FilesOf(const std::string& text, const std::string& content) {
   tests::MemoryFileSystem::Contents files;
   IsAccepted("", [&] {
-    const ProjectFile project("fuzz.vbp", text);
-    for (const ProjectFile::Item& item : project.Items()) files[FileIn("P/", item.Path)] = content;
+    ProjectFile project("fuzz.vbp", text);
+    for (const ProjectFile::Item& item : project.TakeItems()) files[FileIn("P/", item.Path)] = content;
   });
   files["P/fuzz.vbp"] = text;
   return tests::MemoryFileSystem(files);

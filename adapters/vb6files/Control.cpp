@@ -21,7 +21,7 @@ bool IsScale(const PropertyRow& row) { return row.Name.Text().starts_with("Scale
 }  // namespace
 
 Control::Control(Designer& designer, const ControlClass& controlClass, std::string_view name)
-    : designer_(designer), class_(controlClass), name_(name), values_(&designer.memory_), children_(&designer.memory_) {
+    : designer_(designer), class_(controlClass), name_(name), values_(&designer.texts_), children_(&designer.texts_) {
   values_.reserve(12);
   for (const std::uint8_t index : RowsOfNew(class_.Bit)) {
     const PropertyRow& row = PropertyRows()[index];
@@ -77,7 +77,7 @@ void Control::SetProperty(const PropertyName& name, const generator::ide::Proper
   }
   CheckSettable(*row);
   if (row->Type == PropertyType::Text) {
-    Set(*row, {0, designer_.Kept(CoercedText(value, designer_.CodePageOfForm))});
+    Set(*row, {0, designer_.texts_.Kept(CoercedText(value, designer_.CodePageOfForm))});
     return;
   }
   const double number = CoercedNumber(*row, value);

@@ -4,7 +4,6 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
-#include <memory_resource>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -27,7 +26,7 @@ Control& Designer::Add(std::string_view progId, Control* container) {
 
   const std::string name = DefaultName(known->NameStem);
   ListYoungest();
-  Control& control = controls_.emplace_back(*this, *known, Kept(name));
+  Control& control = controls_.emplace_back(*this, *known, texts_.Kept(name));
   unlisted_ = &control;
   control.parent_ = container;
   (container ? container->children_ : topLevel_).push_back(&control);
@@ -54,13 +53,6 @@ void Designer::ListYoungest() {
   unlisted_ = nullptr;
 }
 
-// As long as the designer lives.
-std::string_view Designer::Kept(std::string_view text) {
-  char* copy = std::pmr::polymorphic_allocator<char>(&memory_).allocate(text.size());
-  std::ranges::copy(text, copy);
-  return {copy, text.size()};
-}
-
 void Designer::Rename(Control& control, std::string_view name) {
   std::string room;
   const std::string_view bytes = CodePageOfForm.Encoded(name, room);
@@ -68,7 +60,7 @@ void Designer::Rename(Control& control, std::string_view name) {
   CheckObjectName(name);
   const bool isListed = &control != unlisted_;
   if (isListed) ListYoungest();
-  const std::string_view kept = Kept(bytes);
+  const std::string_view kept = texts_.Kept(bytes);
   const auto [place, isFree] = byName_.emplace(kept, &control);
   if (!isFree && place->second != &control) {
     runtime::Raise(runtime::NameConflict, "Name conflicts: the form already has a control '" + std::string(name) + "'");

@@ -6,6 +6,7 @@
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/PropertyText.h"
 #include "adapters/vb6files/Scale.h"
+#include "adapters/vb6files/Texts.h"
 #include "generator/ide/Ide.h"
 #include "system/CodePage.h"
 
@@ -97,7 +98,6 @@ class Designer {
   std::string DefaultName(std::string_view stem) const;
   Control* Named(std::string_view name) const;
   void ListYoungest();
-  std::string_view Kept(std::string_view text);
   void Rename(Control& control, std::string_view name);
   void Move(Control& control, Control& container);
   void SetTabIndex(Control& control, int index);
@@ -105,12 +105,12 @@ class Designer {
 
   const ControlLibraries& libraries_;
   const Scale& formScale_;
-  std::pmr::monotonic_buffer_resource memory_{16384};  // of all that follows, and of names and texts
-  std::pmr::deque<Control> controls_{&memory_};
-  std::pmr::unordered_map<std::string_view, Control*, CaselessHash, CaselessEqual> byName_{&memory_};
-  Control* unlisted_ = nullptr;                    // the youngest, as long as it has its default name: most are renamed
-  std::pmr::vector<Control*> topLevel_{&memory_};  // oldest first
-  std::pmr::vector<Control*> tabOrder_{&memory_};
+  Texts texts_{16384};  // of the controls, with all that follows
+  std::pmr::deque<Control> controls_{&texts_};
+  std::pmr::unordered_map<std::string_view, Control*, CaselessHash, CaselessEqual> byName_{&texts_};
+  Control* unlisted_ = nullptr;                   // the youngest, as long as it has its default name: most are renamed
+  std::pmr::vector<Control*> topLevel_{&texts_};  // oldest first
+  std::pmr::vector<Control*> tabOrder_{&texts_};
 };
 
 }  // namespace formwizard::adapters::vb6files

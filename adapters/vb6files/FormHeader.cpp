@@ -51,6 +51,8 @@ double FiniteNumber(std::string_view text) {
 
 }  // namespace
 
+bool HoldsReference(std::string_view frm) { return frm.find(ReferenceMark) != std::string_view::npos; }
+
 FormHeader::FormHeader(std::string_view name) : placed_(true) {
   properties_.reserve(16);
   SetText("Caption", name);

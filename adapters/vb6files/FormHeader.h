@@ -15,6 +15,9 @@
 
 namespace formwizard::adapters::vb6files {
 
+// Whether the text of a form refers to its companion file.
+bool HoldsReference(std::string_view frm);
+
 class FormHeader {
  public:
   // A new form of this name, in bytes.

@@ -55,38 +55,57 @@ bool IsSection(std::string_view line) { return line.starts_with('['); }
 
 }  // namespace
 
-ProjectFile::ProjectFile(const std::string& path, std::string_view text) {
-  if (text.find('\0') != std::string_view::npos) {
+ProjectFile::Line ProjectFile::LineAt(std::size_t start) const {
+  const std::string_view rest = std::string_view(state_.Text).substr(start);
+  const std::size_t length = rest.find('\n');
+  if (length == std::string_view::npos) return {start, rest, ""};
+  const bool hasReturn = length > 0 && rest[length - 1] == '\r';
+  const std::size_t size = hasReturn ? length - 1 : length;
+  return {start, rest.substr(0, size), rest.substr(size, length + 1 - size)};
+}
+
+// As long as the action says so.
+template <typename Action>
+void ProjectFile::ForEachLine(Action&& action) const {
+  for (std::size_t start = 0; start < state_.Text.size();) {
+    const Line line = LineAt(start);
+    if (!action(line)) return;
+    start = line.Behind();
+  }
+}
+
+ProjectFile::ProjectFile(const std::string& path, std::string text) {
+  state_.Text = std::move(text);
+  if (state_.Text.find('\0') != std::string::npos) {
     throw support::InputError(path + ": this is no project file: it holds binary data; give a .vbp file");
   }
-  while (!text.empty()) {
-    const std::size_t length = text.find('\n');
-    std::string_view line = text.substr(0, length);
-    std::string_view end = length == std::string_view::npos ? "" : "\n";
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    if (!end.empty() && line.ends_with('\r')) {
-      line.remove_suffix(1);
-      end = "\r\n";
-    }
-    lines_.push_back({std::string(line), end});
-  }
-  if (!lines_.empty()) lineEnd_ = lines_.front().End == "\n" ? "\n" : "\r\n";
-  if (lines_.empty() || !runtime::EqualIgnoringCase(KeyOf(lines_.front().Text), "Type")) RefuseAsNoProject(path);
-  newFormAt_ = 1;
-  for (std::size_t i = 0; i < lines_.size() && !IsSection(lines_[i].Text); ++i) {
-    const std::string_view key = KeyOf(lines_[i].Text);
+  const Line first = LineAt(0);
+  if (first.End == "\n") lineEnd_ = "\n";
+  if (!runtime::EqualIgnoringCase(KeyOf(first.Text), "Type")) RefuseAsNoProject(path);
+  state_.NewFormAt = first.Behind();
+  std::size_t number = 0;
+  ForEachLine([&](const Line& line) {
+    if (IsSection(line.Text)) return false;
+    ++number;
+    const std::string_view key = KeyOf(line.Text);
     const ItemKey* item = FindItemKey(key);
-    if (!item) ReadSetting(key, i);
-    if (!item) continue;
-    newFormAt_ = i + 1;
-    if (item->IsComponent) ReadItem(path, key, ValueOf(lines_[i].Text), i + 1);
-  }
+    if (!item) {
+      ReadSetting(line);
+      return true;
+    }
+    state_.NewFormAt = line.Behind();
+    if (item->IsComponent) ReadItem(path, key, ValueOf(line.Text), number);
+    return true;
+  });
 }
 
 // Projects of Visual Basic 4 have the items and settings of later ones, but no type.
 void ProjectFile::RefuseAsNoProject(const std::string& path) const {
-  const bool isOlder = std::ranges::any_of(lines_, [](const Line& line) {
-    return FindItemKey(KeyOf(line.Text)) || runtime::EqualIgnoringCase(KeyOf(line.Text), "ProjWinSize");
+  bool isOlder = false;
+  ForEachLine([&](const Line& line) {
+    const std::string_view key = KeyOf(line.Text);
+    isOlder = FindItemKey(key) || runtime::EqualIgnoringCase(key, "ProjWinSize");
+    return !isOlder;
   });
   throw support::InputError(
       path + ":1: " +
@@ -97,7 +116,7 @@ void ProjectFile::RefuseAsNoProject(const std::string& path) const {
              "group or another file"));
 }
 
-void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t line) {
+void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t number) {
   const ItemKind kind = FindItemKey(key)->Kind;
   std::string_view name;
   std::string_view file = Unquoted(value);
@@ -107,90 +126,83 @@ void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::s
     file = semicolon == std::string_view::npos ? std::string_view() : TrimmedLeft(value.substr(semicolon + 1));
   }
   if (file.empty() || (kind == ItemKind::Named && name.empty())) {
-    throw support::InputError(path + ":" + std::to_string(line) + ": expected \"" + std::string(key) +
+    throw support::InputError(path + ":" + std::to_string(number) + ": expected \"" + std::string(key) +
                               (kind == ItemKind::Named ? "=Name; file\"" : "=file\"") + ", found \"" +
                               std::string(key) + "=" + std::string(value) + "\"; mend the line");
   }
-  items_.push_back({kind, std::string(name), std::string(file), line});
+  items_.push_back({kind, name, file, number});
 }
 
-void ProjectFile::ReadSetting(std::string_view key, std::size_t index) {
+void ProjectFile::ReadSetting(const Line& line) {
+  const std::string_view key = KeyOf(line.Text);
   const auto is = [&](std::string_view name) { return runtime::EqualIgnoringCase(key, name); };
-  if (is("Name") && name_.empty()) name_ = Unquoted(ValueOf(lines_[index].Text));
-  if (is("Startup") || is("IconForm")) formNameLines_.push_back(index);
+  if (is("Name") && name_.empty()) name_ = Unquoted(ValueOf(line.Text));
+  if (is("Startup") || is("IconForm")) state_.NamesForms.push_back(line.Start);
 }
+
+std::vector<ProjectFile::Item> ProjectFile::TakeItems() { return std::exchange(items_, {}); }
 
 std::vector<std::string_view> ProjectFile::Objects() const {
   std::vector<std::string_view> values;
-  for (const Line& line : lines_) {
+  ForEachLine([&](const Line& line) {
     if (runtime::EqualIgnoringCase(KeyOf(line.Text), "Object")) values.push_back(ValueOf(line.Text));
-  }
+    return true;
+  });
   return values;
 }
 
-void ProjectFile::Insert(std::size_t at, std::string text) {
-  changed_ = true;
-  if (at > 0 && lines_[at - 1].End.empty()) lines_[at - 1].End = lineEnd_;
-  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), {std::move(text), lineEnd_});
-  if (at <= newFormAt_) ++newFormAt_;
-  for (std::size_t& line : formNameLines_) {
-    if (at <= line) ++line;
-  }
+// What stands behind moves along, also what stands right there where nothing is taken away.
+void ProjectFile::Replace(std::size_t at, std::size_t count, std::string_view text) {
+  state_.Text.replace(at, count, text);
+  state_.IsChanged = true;
+  const auto move = [&](std::size_t& place) {
+    if (place >= at + count) place = place + text.size() - count;
+  };
+  move(state_.NewFormAt);
+  for (std::size_t& line : state_.NamesForms) move(line);
+}
+
+// As a line of its own before the one that begins there.
+void ProjectFile::Insert(std::size_t at, std::string_view line) {
+  const bool isUnfinished = at > 0 && state_.Text[at - 1] != '\n';
+  std::string text(isUnfinished ? lineEnd_ : "");
+  Replace(at, 0, text.append(line).append(lineEnd_));
 }
 
 std::size_t ProjectFile::BehindLast(std::string_view key) const {
   std::size_t behind = 0;
-  for (std::size_t i = 0; i < lines_.size() && !IsSection(lines_[i].Text); ++i) {
-    if (runtime::EqualIgnoringCase(KeyOf(lines_[i].Text), key)) behind = i + 1;
-  }
+  ForEachLine([&](const Line& line) {
+    if (IsSection(line.Text)) return false;
+    if (runtime::EqualIgnoringCase(KeyOf(line.Text), key)) behind = line.Behind();
+    return true;
+  });
   return behind;
 }
 
-void ProjectFile::AddForm(std::string_view path) { Insert(newFormAt_, "Form=" + std::string(path)); }
+void ProjectFile::AddForm(std::string_view path) { Insert(state_.NewFormAt, "Form=" + std::string(path)); }
 
 void ProjectFile::ReplaceFormPath(std::string_view oldPath, std::string_view newPath) {
-  for (Line& line : lines_) {
-    if (!runtime::EqualIgnoringCase(KeyOf(line.Text), "Form") || Unquoted(ValueOf(line.Text)) != oldPath) continue;
-    line.Text = "Form=" + std::string(newPath);
-    changed_ = true;
-    return;
-  }
+  Line found;
+  ForEachLine([&](const Line& line) {
+    const bool isIt = runtime::EqualIgnoringCase(KeyOf(line.Text), "Form") && Unquoted(ValueOf(line.Text)) == oldPath;
+    if (isIt) found = line;
+    return !isIt;
+  });
+  if (!found.Text.empty()) Replace(found.Start, found.Text.size(), "Form=" + std::string(newPath));
 }
 
 void ProjectFile::AddObject(std::string_view value) {
   std::size_t at = BehindLast("Object");
   if (at == 0) at = BehindLast("Reference");
-  if (at == 0) at = 1;
-  Insert(at, "Object=" + std::string(value));
-  newObjectsAt_.push_back(at);
-}
-
-// A new form's line moves no item: it stands behind all of them.
-void ProjectFile::MarkSaved() {
-  changed_ = false;
-  for (const std::size_t at : std::exchange(newObjectsAt_, {})) {
-    for (Item& item : items_) {
-      if (item.Line > at) ++item.Line;
-    }
-  }
+  Insert(at == 0 ? LineAt(0).Behind() : at, "Object=" + std::string(value));
 }
 
 void ProjectFile::RenameForm(std::string_view oldName, std::string_view newName) {
-  for (const std::size_t i : formNameLines_) {
-    Line& line = lines_[i];
+  for (std::size_t i = 0; i < state_.NamesForms.size(); ++i) {
+    const Line line = LineAt(state_.NamesForms[i]);
     if (!runtime::EqualIgnoringCase(Unquoted(ValueOf(line.Text)), oldName)) continue;
-    line.Text = std::string(KeyOf(line.Text)) + "=\"" + std::string(newName) + "\"";
-    changed_ = true;
+    Replace(line.Start, line.Text.size(), std::string(KeyOf(line.Text)) + "=\"" + std::string(newName) + "\"");
   }
-}
-
-std::string ProjectFile::Text() const {
-  std::string text;
-  for (const Line& line : lines_) {
-    text += line.Text;
-    text += line.End;
-  }
-  return text;
 }
 
 }  // namespace formwizard::adapters::vb6files

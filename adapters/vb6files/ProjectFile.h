@@ -8,23 +8,25 @@
 
 namespace formwizard::adapters::vb6files {
 
-// Every text is bytes in the project's code page. Lines that are not changed keep every byte, line ends included.
+// Every text is bytes in the project's code page. What is not changed keeps every byte, line ends included.
 class ProjectFile {
  public:
   enum class ItemKind { Form, Named, Other };
   struct Item {
-    ItemKind Kind;     // Named: a module or class, whose line gives its name
-    std::string Name;  // of a Named item
-    std::string Path;  // as in the line, with backslashes
-    std::size_t Line;  // counts from 1
+    ItemKind Kind;          // Named: a module or class, whose line gives its name
+    std::string_view Name;  // of a Named item
+    std::string_view Path;  // as in the line, with backslashes
+    std::size_t Line;       // counts from 1
   };
 
   // support::InputError, naming `path` and the line, for a text that is no project.
-  ProjectFile(const std::string& path, std::string_view text);
+  ProjectFile(const std::string& path, std::string text);
+  ProjectFile(const ProjectFile&) = delete;
+  ProjectFile& operator=(const ProjectFile&) = delete;
 
-  // Components in the order of the file; line numbers are those of the file.
-  const std::vector<Item>& Items() const { return items_; }
-  // The values of the "Object=" lines.
+  // The components as read, in the order of the file, once. Their texts hold until the first change.
+  std::vector<Item> TakeItems();
+  // The values of the "Object=" lines, until the next change.
   std::vector<std::string_view> Objects() const;
   // The project's own name; empty when the file has none.
   const std::string& Name() const { return name_; }
@@ -35,31 +37,43 @@ class ProjectFile {
   // The start-up form and the form whose icon the program has follow a renamed form.
   void RenameForm(std::string_view oldName, std::string_view newName);
 
-  bool IsChanged() const { return changed_; }
-  // The text as it is now stands in the file.
-  void MarkSaved();
-  std::string Text() const;
+  const std::string& Text() const { return state_.Text; }
+  bool IsChanged() const { return state_.IsChanged; }
+  void MarkSaved() { state_.IsChanged = false; }
+
+  // All that changes.
+  struct State {
+    std::string Text;
+    std::size_t NewFormAt = 0;            // where the next new form's line goes
+    std::vector<std::size_t> NamesForms;  // where the lines begin that give a form by its name
+    bool IsChanged = false;
+  };
+  const State& Current() const { return state_; }
+  void GoBackTo(State state) { state_ = std::move(state); }
 
  private:
+  // A line and its end: "\r\n", "\n" or nothing.
   struct Line {
-    std::string Text;      // without its line end
-    std::string_view End;  // "\r\n", "\n" or nothing
+    std::size_t Start = 0;
+    std::string_view Text, End;
+
+    std::size_t Behind() const { return Start + Text.size() + End.size(); }
   };
 
+  Line LineAt(std::size_t start) const;
+  template <typename Action>
+  void ForEachLine(Action&& action) const;
   [[noreturn]] void RefuseAsNoProject(const std::string& path) const;
-  void ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t line);
-  void ReadSetting(std::string_view key, std::size_t index);
-  void Insert(std::size_t at, std::string text);
+  void ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t number);
+  void ReadSetting(const Line& line);
+  void Replace(std::size_t at, std::size_t count, std::string_view text);
+  void Insert(std::size_t at, std::string_view line);
   std::size_t BehindLast(std::string_view key) const;  // 0 when there is no such line
 
-  std::vector<Line> lines_;
+  State state_;
   std::vector<Item> items_;
   std::string name_;
-  std::vector<std::size_t> formNameLines_;  // the lines that give a form by its name
   std::string_view lineEnd_ = "\r\n";
-  std::size_t newFormAt_ = 0;              // where the next new form's line goes
-  std::vector<std::size_t> newObjectsAt_;  // in front of items; not in the file yet
-  bool changed_ = false;
 };
 
 }  // namespace formwizard::adapters::vb6files

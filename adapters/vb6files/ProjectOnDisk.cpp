@@ -36,9 +36,9 @@ bool IsDeviceName(std::string_view stem) {
          (runtime::EqualIgnoringCase(port, "COM") || runtime::EqualIgnoringCase(port, "LPT"));
 }
 
-std::string StemOf(std::string_view projectPath) {
+std::string_view StemOf(std::string_view projectPath) {
   projectPath.remove_prefix(projectPath.find_last_of('\\') + 1);
-  return std::string(projectPath.substr(0, projectPath.rfind('.')));
+  return projectPath.substr(0, projectPath.rfind('.'));
 }
 
 // "Forms\" of "Forms\Form1.frm".
@@ -92,9 +92,12 @@ ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path,
       toolbox_(files, options.ToolboxFile),
       project_(path, original_) {
   for (const std::string_view value : project_.Objects()) libraries_.Add(toolbox_.Parse(value));
-  for (const ProjectFile::Item& item : project_.Items()) {
-    entries_.push_back({item.Name, item.Path, item.Kind == ProjectFile::ItemKind::Form, nullptr});
-    listedPaths_.insert(runtime::LowerCase(item.Path));
+  const std::vector<ProjectFile::Item> items = project_.TakeItems();
+  listedPaths_.reserve(items.size());
+  for (const ProjectFile::Item& item : items) {
+    const bool isForm = item.Kind == ProjectFile::ItemKind::Form;
+    entries_.push_back({texts_.Kept(item.Name), texts_.Kept(item.Path), isForm, nullptr});
+    listedPaths_.insert(entries_.back().Path);
   }
 }
 
@@ -122,11 +125,12 @@ std::optional<std::string> ProjectOnDisk::Found(std::string& path, Reader&& read
   return read(path);
 }
 
-// Empty for a form that has none. What is only shown may change before a save.
-std::string ProjectOnDisk::FrxOf(const std::string& frmPath, bool isShown) const {
+// Empty for a form that has none. What is only shown may change before a save. A form that refers to none is no reason
+// to look for its spelling.
+std::string ProjectOnDisk::FrxOf(const std::string& frmPath, std::string_view frm, bool isShown) const {
   std::string path = frmPath.substr(0, frmPath.rfind('.')) + ".frx";
-  return Found(path, [&](const std::string& file) { return isShown ? files_.Read(file) : read_.Read(file); })
-      .value_or("");
+  const auto read = [&](const std::string& file) { return isShown ? files_.Read(file) : read_.Read(file); };
+  return (HoldsReference(frm) ? Found(path, read) : read(path)).value_or("");
 }
 
 // The path of a new file, whose folder is spelled as it is.
@@ -138,45 +142,51 @@ std::string ProjectOnDisk::NewFile(const std::string& projectPath) const {
   return spelling_.Of(folder) + path.substr(part.size() - 1);
 }
 
-std::string ProjectOnDisk::NameInFile(const ProjectFile::Item& item) const {
-  const std::string place = path_ + ":" + std::to_string(item.Line) + ": ";
-  std::string path = FilePath(item.Path);
+// For messages: the line of the project file that lists a component.
+std::string ProjectOnDisk::PlaceOf(const Entry& entry) const {
+  ProjectFile file(path_, original_);
+  const std::vector<ProjectFile::Item> items = file.TakeItems();
+  const auto item = std::ranges::find(items, entry.Path, &ProjectFile::Item::Path);
+  return path_ + ":" + (item == items.end() ? "" : std::to_string(item->Line) + ":") + " ";
+}
+
+std::string ProjectOnDisk::NameInFile(const Entry& entry) const {
+  std::string path = FilePath(entry.Path);
   std::optional<std::string> head;
   try {
     head = Found(path, [&](const std::string& file) { return read_.ReadHead(file, NameIsWithin); });
   } catch (const support::InputError& error) {
-    throw support::InputError(place + error.what());
+    throw support::InputError(PlaceOf(entry) + error.what());
   }
   if (!head) {
-    throw support::InputError(place + "the file " + path +
+    throw support::InputError(PlaceOf(entry) + "the file " + path +
                               " is not there; restore it or take its line out of the project");
   }
   const std::string_view name = ReadComponentName(*head);
   // A form whose name does not stand in its first bytes goes by its file.
-  return name.empty() ? StemOf(item.Path) : std::string(name);
+  return std::string(name.empty() ? StemOf(entry.Path) : name);
 }
 
 void ProjectOnDisk::ReadNames() const {
   if (namesRead_) return;
-  const auto& items = project_.Items();
-  byName_.reserve(items.size());
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    if (entries_[i].Name.empty()) entries_[i].Name = NameInFile(items[i]);
-    byName_.emplace(runtime::LowerCase(entries_[i].Name), &entries_[i]);
+  byName_.reserve(entries_.size());
+  for (Entry& entry : entries_) {
+    if (entry.Name.empty()) entry.Name = texts_.Kept(NameInFile(entry));
+    byName_.emplace(entry.Name, &entry);
   }
   namesRead_ = true;
 }
 
 const ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
   ReadNames();
-  const auto found = byName_.find(runtime::LowerCase(bytes));
+  const auto found = byName_.find(bytes);
   return found == byName_.end() ? nullptr : found->second;
 }
 
 std::shared_ptr<VBComponent> ProjectOnDisk::Find(std::string_view name) {
   const Entry* entry = FindEntry(codePage_.Encode(name));
   if (!entry || codePage_.Decode(entry->Name) != name) return nullptr;
-  return std::make_shared<Component>(*this, *byName_.at(runtime::LowerCase(entry->Name)));
+  return std::make_shared<Component>(*this, *byName_.find(entry->Name)->second);
 }
 
 // The search for a stem goes on where the last one ended.
@@ -194,8 +204,9 @@ std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
   if (type != ComponentType::Form) runtime::Raise(runtime::InvalidProcedureCall);
   while (FindEntry("Form" + std::to_string(firstFreeForm_))) ++firstFreeForm_;
   const std::string name = "Form" + std::to_string(firstFreeForm_);
-  Entry& entry = entries_.emplace_back(Entry{name, "", true, FormDocument::New(name, codePage_, libraries_)});
-  byName_.emplace(runtime::LowerCase(name), &entry);
+  Entry& entry =
+      entries_.emplace_back(Entry{texts_.Kept(name), "", true, FormDocument::New(name, codePage_, libraries_)});
+  byName_.emplace(entry.Name, &entry);
   open_.push_back(&entry);
   return std::make_shared<Component>(*this, entry);
 }
@@ -219,7 +230,7 @@ FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
     if (!frm) {
       throw support::InputError(path + ": the form is not there; restore it or take its line out of the project");
     }
-    entry.Document = FormDocument::Parse(path, *frm, FrxOf(path, false), codePage_, libraries_);
+    entry.Document = FormDocument::Parse(path, *frm, FrxOf(path, *frm, false), codePage_, libraries_);
     open_.push_back(&entry);
   }
   return *entry.Document;
@@ -241,10 +252,10 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
   DocumentOf(entry).SetName(name);
   // A new form is never what the project file means, even where a form that is gone had its name.
   if (!entry.Path.empty()) project_.RenameForm(entry.Name, bytes);
-  byName_.erase(runtime::LowerCase(entry.Name));
-  byName_.emplace(runtime::LowerCase(bytes), &entry);
+  byName_.erase(entry.Name);
   Release(entry.Name);
-  entry.Name = bytes;
+  entry.Name = texts_.Kept(bytes);
+  byName_.emplace(entry.Name, &entry);
 }
 
 // A name that is free again may have the lowest free number.
@@ -275,9 +286,9 @@ std::string ProjectOnDisk::NewStem(const Entry& entry) {
                              " cannot be saved, because Windows keeps its name for a device; rename it");
   }
   const std::string folder = ProjectFolderPart(entry.Path);
-  std::string stem = entry.Name;
-  for (int number = 2; !listedPaths_.insert(runtime::LowerCase(folder + stem + ".frm")).second; ++number) {
-    stem = entry.Name + "_" + std::to_string(number);
+  std::string stem(entry.Name);
+  for (int number = 2; listedPaths_.contains(folder + stem + ".frm"); ++number) {
+    stem = std::string(entry.Name) + "_" + std::to_string(number);
   }
   return stem;
 }
@@ -294,7 +305,8 @@ void ProjectOnDisk::Finish(Entry& entry) {
   } else {
     project_.ReplaceFormPath(entry.Path, newPath);
   }
-  entry.Path = newPath;
+  entry.Path = texts_.Kept(newPath);
+  listedPaths_.insert(entry.Path);
   entry.ControlCount = entry.Document->Controls()->Count();
   entry.IsFinished = true;
   entry.Document.reset();
@@ -319,17 +331,16 @@ void ProjectOnDisk::FinishForms() {
 void ProjectOnDisk::FinishAndCommit() {
   FinishForms();
   if (!project_.IsChanged()) return;
-  std::string text = project_.Text();
-  if (!dryRun_) CurrentSaving().Commit(text);
+  if (!dryRun_) CurrentSaving().Commit(project_.Text());
   project_.MarkSaved();
-  std::string old = std::exchange(original_, text);
-  Announce(path_, std::move(old), std::move(text));
+  std::string old = std::exchange(original_, project_.Text());
+  Announce(path_, std::move(old), project_.Text());
 }
 
 void ProjectOnDisk::Save() {
   const bool hasOpenForms = std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); });
-  std::optional<ProjectFile> projectBefore;
-  if (hasOpenForms) projectBefore = project_;  // which a batch has not: what it has made is finished
+  std::optional<ProjectFile::State> projectBefore;
+  if (hasOpenForms) projectBefore = project_.Current();  // which a batch has not: what it has made is finished
   const std::vector<Entry*> openBefore = open_;
   std::vector<Entry> entriesBefore;
   for (const Entry* entry : open_) entriesBefore.push_back(*entry);
@@ -337,10 +348,10 @@ void ProjectOnDisk::Save() {
     FinishAndCommit();
   } catch (const support::SaveError&) {
     saving_.reset();
-    if (projectBefore) project_ = std::move(*projectBefore);
+    if (projectBefore) project_.GoBackTo(*std::move(projectBefore));
     open_ = openBefore;
     for (std::size_t i = 0; i < open_.size(); ++i) {
-      if (open_[i]->IsFinished) listedPaths_.erase(runtime::LowerCase(open_[i]->Path));
+      if (open_[i]->IsFinished) listedPaths_.erase(open_[i]->Path);
       *open_[i] = std::move(entriesBefore[i]);
     }
     throw;
@@ -377,7 +388,8 @@ FormFiles ProjectOnDisk::TextsOf(std::string_view name) {
   if (!text) {
     throw support::InputError(path + ": the file is not there; restore it or take its line out of the project");
   }
-  return {std::move(*text), entry->IsForm ? FrxOf(path, true) : ""};
+  std::string frx = entry->IsForm ? FrxOf(path, *text, true) : "";
+  return {std::move(*text), std::move(frx)};
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -1,11 +1,13 @@
 // A project on disk that behaves as the one that is open in the environment.
 #pragma once
 
+#include "adapters/vb6files/Caseless.h"
 #include "adapters/vb6files/ControlLibraries.h"
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/ProjectFile.h"
 #include "adapters/vb6files/Saving.h"
 #include "adapters/vb6files/Spelling.h"
+#include "adapters/vb6files/Texts.h"
 #include "adapters/vb6files/Toolbox.h"
 #include "generator/ide/Ide.h"
 #include "system/CodePage.h"
@@ -15,6 +17,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -84,8 +87,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   class Component;
   class FinishedControls;
   struct Entry {
-    std::string Name;  // bytes; empty until it is asked for
-    std::string Path;  // as in the project file; empty for a new form
+    std::string_view Name;  // bytes; empty until it is asked for
+    std::string_view Path;  // as in the project file; empty for a new form
     bool IsForm;
     std::shared_ptr<FormDocument> Document;  // null until it is asked for, and again when it is finished
     bool IsFinished = false;
@@ -99,10 +102,11 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::shared_ptr<generator::ide::VBComponent> Add(generator::ide::ComponentType type) override;
 
   void ReadNames() const;
-  std::string NameInFile(const ProjectFile::Item& item) const;
+  std::string PlaceOf(const Entry& entry) const;
+  std::string NameInFile(const Entry& entry) const;
   template <typename Reader>
   std::optional<std::string> Found(std::string& path, Reader&& read) const;
-  std::string FrxOf(const std::string& frmPath, bool isShown) const;
+  std::string FrxOf(const std::string& frmPath, std::string_view frm, bool isShown) const;
   std::string NewFile(const std::string& projectPath) const;
   std::string FilePath(std::string_view projectPath) const;
   const Entry* FindEntry(std::string_view bytes) const;
@@ -126,9 +130,10 @@ class ProjectOnDisk : public generator::ide::Vbe,
   ControlLibraries libraries_;
   ChangeListener listener_;
   bool dryRun_ = false;
-  mutable std::deque<Entry> entries_;                       // items first, then new forms
-  mutable std::unordered_map<std::string, Entry*> byName_;  // in lower case
-  std::unordered_set<std::string> listedPaths_;             // of component files, in lower case
+  mutable Texts texts_;                // names and paths of components
+  mutable std::deque<Entry> entries_;  // items first, then new forms
+  mutable std::pmr::unordered_map<std::string_view, Entry*, CaselessHash, CaselessEqual> byName_{&texts_};
+  std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> listedPaths_{&texts_};  // of component files
   mutable bool namesRead_ = false;
   mutable std::unordered_map<std::string, int> firstFree_;  // by stem
   int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"

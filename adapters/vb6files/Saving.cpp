@@ -1,6 +1,6 @@
 #include "adapters/vb6files/Saving.h"
 
-#include "runtime/Conversions.h"
+#include "adapters/vb6files/Caseless.h"
 #include "support/Failures.h"
 #include "system/Aside.h"
 #include "system/Paths.h"
@@ -122,14 +122,15 @@ void Saving::CheckTargets() {
     byFolder[system::FolderOf(PathOf(targets_[number].File))].push_back(number);
   }
   for (const auto& [folder, numbers] : byFolder) {
-    std::unordered_map<std::string, std::vector<std::string>> spellings;
+    std::unordered_map<std::string_view, std::size_t, CaselessHash, CaselessEqual> byName;
+    byName.reserve(numbers.size());
+    for (const std::size_t number : numbers) byName.emplace(NameIn(targets_[number].File.Path), number);
+    std::map<std::size_t, std::vector<std::string>> inTheWay;
     for (std::string& name : files_.NamesIn(folder).value_or(std::vector<std::string>())) {
-      std::vector<std::string>& same = spellings[runtime::LowerCase(name)];
-      same.push_back(std::move(name));
+      const auto target = byName.find(name);
+      if (target != byName.end()) inTheWay[target->second].push_back(std::move(name));
     }
-    for (const std::size_t number : numbers) {
-      CheckTarget(targets_[number], number, spellings[runtime::LowerCase(NameIn(targets_[number].File.Path))]);
-    }
+    for (const auto& [number, names] : inTheWay) CheckTarget(targets_[number], number, names);
   }
 }
 
