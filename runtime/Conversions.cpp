@@ -153,8 +153,10 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 std::string_view Trimmed(std::string_view text, std::string_view blanks) {
-  const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
-  return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+  const auto isBlank = [&](char c) { return std::ranges::find(blanks, c) != blanks.end(); };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 }  // namespace formwizard::runtime

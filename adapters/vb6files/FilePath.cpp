@@ -21,10 +21,13 @@ bool IsForeign(std::string_view path) {
 
 std::string FileIn(std::string_view folder, std::string_view projectPath) {
   if (IsForeign(projectPath)) return std::string(projectPath);
-  std::string path(projectPath);
   const char separator = folder.empty() || folder.back() == ':' ? Preferred : folder.back();
-  std::ranges::replace(path, '\\', separator);
-  return system::IsAbsolute(path) ? path : std::string(folder) + path;
+  std::string path;
+  path.reserve(folder.size() + projectPath.size());
+  path.append(folder).append(projectPath);
+  std::replace(path.begin() + static_cast<std::ptrdiff_t>(folder.size()), path.end(), '\\', separator);
+  const std::size_t own = folder.size();
+  return system::IsAbsolute(std::string_view(path).substr(own)) ? path.substr(own) : path;
 }
 
 }  // namespace formwizard::adapters::vb6files

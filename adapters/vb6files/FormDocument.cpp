@@ -53,7 +53,10 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
   form->headLines_ = std::move(parts.HeadLines);
   form->attributeLines_ = std::move(parts.AttributeLines);
   form->controlsAsRead_ = parts.ControlCount;
-  if (parts.ControlCount == 0 && HoldsCode(parts.Code)) form->codeAsRead_ = parts.Code;
+  if (parts.ControlCount == 0 && HoldsCode(parts.Code)) {
+    form->holdsCodeAsRead_ = true;
+    for (const std::string_view name : ProceduresIn(parts.Code)) form->proceduresAsRead_.emplace_back(name);
+  }
   form->code_ = CodeText(std::move(parts.Code));
   return form;
 }
@@ -62,7 +65,10 @@ void FormDocument::BeginChange() {
   if (controlsAsRead_ > 0 || class_ != "VB.Form") {
     runtime::Raise(runtime::AutomationError, "The form '" + Name() + "' is in use and is not changed");
   }
+  if (changed_) return;
   changed_ = true;
+  std::string().swap(original_);
+  std::string().swap(originalFrx_);
 }
 
 std::string FormDocument::Name() const { return codePage_.Decode(name_); }
@@ -137,14 +143,13 @@ void FormDocument::AppendAttributes(std::string& out) const {
 }
 
 std::optional<KeptCode> FormDocument::CodeKept() const {
-  if (!changed_ || codeAsRead_.empty()) return std::nullopt;
+  if (!changed_ || !holdsCodeAsRead_) return std::nullopt;
   std::map<std::string, std::ptrdiff_t> added;  // procedures of a name, in lower case
   for (const std::string_view name : ProceduresIn(code_.Bytes())) ++added[runtime::LowerCase(name)];
-  const std::vector<std::string_view> own = ProceduresIn(codeAsRead_);
-  for (const std::string_view name : own) --added[runtime::LowerCase(name)];
+  for (const std::string& name : proceduresAsRead_) --added[runtime::LowerCase(name)];
   KeptCode kept{codePage_.Decode(nameAsRead_), {}, {}};
   std::set<std::string> listed;
-  for (const std::string_view name : own) {
+  for (const std::string& name : proceduresAsRead_) {
     const std::string key = runtime::LowerCase(name);
     if (!listed.insert(key).second) continue;  // another part of a property
     kept.Procedures.push_back(codePage_.Decode(name));

@@ -71,8 +71,10 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
 
   const system::CodePage& codePage_;
   const ControlLibraries& libraries_;
-  std::string original_, originalFrx_;  // as read
-  std::string nameAsRead_, codeAsRead_;
+  std::string original_, originalFrx_;  // as read, until something changes
+  std::string nameAsRead_;
+  bool holdsCodeAsRead_ = false;
+  std::vector<std::string> proceduresAsRead_;
   std::string class_ = "VB.Form", name_;
   std::vector<std::string> headLines_, attributeLines_;
   std::size_t controlsAsRead_ = 0;

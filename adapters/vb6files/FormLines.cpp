@@ -8,9 +8,12 @@
 namespace formwizard::adapters::vb6files {
 
 std::string_view Word(std::string_view line, int n) {
-  line = Trimmed(line);
-  for (; n > 0; --n) line = Trimmed(line.substr(std::min(line.find_first_of(" \t"), line.size())));
-  return line.substr(0, line.find_first_of(" \t"));
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  for (auto rest = line.begin();; --n) {
+    const auto start = std::find_if_not(rest, line.end(), isBlank);
+    rest = std::find_if(start, line.end(), isBlank);
+    if (n == 0) return {start, rest};
+  }
 }
 
 bool StartsWith(std::string_view line, std::string_view word) {

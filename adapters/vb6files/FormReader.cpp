@@ -10,13 +10,14 @@ namespace {
 
 class Reader {
  public:
-  Reader(const std::string& path, std::string_view frm) : lines_(path, frm) {}
+  Reader(const std::string& path, std::string_view frm) : lines_(path, frm), size_(frm.size()) {}
 
   FormParts Read() {
     ReadHead();
     ReadRoot();
     ReadAttributes();
-    for (; !lines_.AtEnd(); lines_.Next()) parts_.Code += Line();
+    parts_.Code.reserve(size_);
+    for (; !lines_.AtEnd(); lines_.Next()) parts_.Code.append(lines_.Line()).append("\r\n");
     return std::move(parts_);
   }
 
@@ -88,6 +89,7 @@ class Reader {
   }
 
   FormLines lines_;
+  std::size_t size_;  // of the text
   FormParts parts_;
 };
 

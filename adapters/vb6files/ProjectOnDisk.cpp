@@ -226,11 +226,12 @@ FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
   }
   if (!entry.Document) {
     std::string path = FilePath(entry.Path);
-    const std::optional<std::string> frm = Found(path, [&](const std::string& file) { return read_.Read(file); });
+    std::optional<std::string> frm = Found(path, [&](const std::string& file) { return read_.Read(file); });
     if (!frm) {
       throw support::InputError(path + ": the form is not there; restore it or take its line out of the project");
     }
-    entry.Document = FormDocument::Parse(path, *frm, FrxOf(path, *frm, false), codePage_, libraries_);
+    const std::string frx = FrxOf(path, *frm, false);
+    entry.Document = FormDocument::Parse(path, *std::move(frm), frx, codePage_, libraries_);
     open_.push_back(&entry);
   }
   return *entry.Document;
