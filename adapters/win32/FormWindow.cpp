@@ -131,6 +131,7 @@ void FormWindow::NoteChange(View& view) {
 }
 
 void FormWindow::Changed() {
+  wasBusy_ |= !form_.Enabled;
   if (!std::exchange(changed_, true)) Wake();
 }
 
@@ -197,6 +198,7 @@ void FormWindow::RunActions() {
     const std::function<void()> action = std::move(actions_.front());
     actions_.pop_front();
     if (!form_.Enabled) continue;
+    wasBusy_ = false;
     try {
       action();
     } catch (const std::runtime_error& failure) {  // an input that cannot be used; run-time errors do not come here
@@ -206,6 +208,7 @@ void FormWindow::RunActions() {
       failed_ = true;
       ShowFailure(mistake);
     }
+    if (std::exchange(wasBusy_, false) && handle_) DropPresses(handle_);
   }
 }
 

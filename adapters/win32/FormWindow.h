@@ -37,7 +37,9 @@ class FormWindow : private ui::ControlObserver {
 
   // What the user does waits until the window in which it was done has finished with the message, then it is done to
   // the dialog; a dialog that is busy or over does not hear of it.
-  void Act(std::function<void()> action) { actions_.push_back(std::move(action)); }
+  void Act(std::function<void()> action) {
+    if (form_.Enabled) actions_.push_back(std::move(action));
+  }
   // Shows at once what has changed.
   void ShowChanges();
   void NoteChange(View& view);
@@ -110,6 +112,7 @@ class FormWindow : private ui::ControlObserver {
   HWND defaultButton_ = nullptr;
   bool changed_ = true;
   bool movingFocus_ = false;
+  bool wasBusy_ = false;  // in the action that runs
   bool failed_ = false;
   bool ended_ = false;
   const Destroyer destroyer_{handle_};     // behind the others, so that it acts first

@@ -40,6 +40,23 @@ void DispatchAllButInput() {
   }
 }
 
+void DropPresses(HWND window) {
+  constexpr std::array presses{Range{WM_NCLBUTTONDOWN, WM_NCLBUTTONDOWN},
+                               Range{WM_NCLBUTTONDBLCLK, WM_NCLBUTTONDBLCLK},
+                               Range{WM_KEYDOWN, WM_KEYDOWN},
+                               Range{WM_CHAR, WM_SYSKEYDOWN},
+                               Range{WM_SYSCHAR, WM_SYSDEADCHAR},
+                               Range{WM_LBUTTONDOWN, WM_LBUTTONDOWN},
+                               Range{WM_LBUTTONDBLCLK, WM_RBUTTONDOWN},
+                               Range{WM_RBUTTONDBLCLK, WM_MBUTTONDOWN},
+                               Range{WM_MBUTTONDBLCLK, WM_MOUSEWHEEL}};
+  for (const Range& range : presses) {
+    MSG message{};
+    while (PeekMessageW(&message, window, range.First, range.Last, PM_REMOVE) && message.message != WM_QUIT) continue;
+    if (message.message == WM_QUIT) PostQuitMessage(static_cast<int>(message.wParam));
+  }
+}
+
 DisabledWindows::DisabledWindows(HWND modal) : modal_(modal) {
   if (const HWND owner = GetWindow(modal, GW_OWNER)) Disable(owner);  // it may be another thread's
   EnumThreadWindows(GetCurrentThreadId(), DisableOne, reinterpret_cast<LPARAM>(this));

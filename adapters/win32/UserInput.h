@@ -16,6 +16,9 @@ bool IsInput(UINT message);
 // Dispatches what is waiting, except for input, which keeps waiting. The message that ends the program stays.
 void DispatchAllButInput();
 
+// Takes away the keys and buttons that were pressed in the window and wait; that they were let go is told.
+void DropPresses(HWND window);
+
 // Disables the top-level windows of this thread and the owner that take input, except for the modal window itself,
 // and enables them again at the end of its life. It must end before the modal window is destroyed: the system would
 // otherwise activate a window of another program.

@@ -23,7 +23,8 @@ class Win32Desktop : public ui::Desktop, public ui::Clipboard {
 
   void SetMousePointer(ui::MousePointer pointer) override { pointer_.Set(pointer); }
   ui::MessageAnswer ShowMessage(std::string_view text, int style, std::string_view title) override;
-  // What the user does meanwhile waits, so that nothing of the dialogs runs in the middle of its own work.
+  // What the user does meanwhile waits, so that nothing of the dialogs runs in the middle of its own work, and is
+  // dropped when that ends if the dialog was disabled for it.
   void ProcessMessages() override;
   void ShowModal(ui::Form& form, ui::Form* owner) override;
   bool LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) override;

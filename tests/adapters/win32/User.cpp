@@ -240,7 +240,7 @@ void Type(std::wstring_view text) {
   }
 }
 
-void Click(HWND window, POINT at) { PressMouse(window, at, 1); }
+void Click(HWND window, POINT at, int times) { PressMouse(window, at, times); }
 
 HWND ActiveWindow() { return ThreadInfo().hwndActive; }
 std::wstring ActiveTitle() { return CaptionOf(ActiveWindow()); }

@@ -40,7 +40,7 @@ void UseWindows(const std::function<void()>& show, const std::function<void()>& 
 void Press(WORD key, WORD modifier = 0);
 void PressAccessKey(char key);
 void Type(std::wstring_view text);
-void Click(HWND window, POINT at = {8, 8});
+void Click(HWND window, POINT at = {8, 8}, int times = 1);
 
 // The window that has the user's input, and its title.
 HWND ActiveWindow();

@@ -209,14 +209,16 @@ TEST_CASE("Entries, nodes and typed texts are drawn whatever their script") {
   });
 }
 
-TEST_CASE("While a dialog works, input waits") {
+TEST_CASE("What the user does while a dialog works is dropped, so two fast clicks are one") {
   SampleFixture sample;
   SampleForm& form = sample.Form;
-  int clicksMeanwhile = -1;
+  int clicksMeanwhile = -1, works = 0;
   bool quitWaits = false;
   form.Work = [&] {
     PostMessageW(WindowOf(form.box), WM_CHAR, 'x', 0);
     PostMessageW(WindowOf(form.other), WM_KEYDOWN, VK_ESCAPE, 0);
+    PostMessageW(GetParent(WindowOf(form.other)), WM_CLOSE, 0, 0);
+    ++works;
     form.Enabled = false;
     form.box.SetText("shown");
     sample.Desktop.SetMousePointer(ui::MousePointer::ArrowHourglass);
@@ -237,12 +239,43 @@ TEST_CASE("While a dialog works, input waits") {
     CHECK(Focus() == WindowOf(form.box));
     sample.Main.Run([&] { form.Enabled = true; });
     PressAccessKey('W');
+    Click(WindowOf(form.button), {8, 8}, 2);
+    CHECK(works == 2);
+    CHECK_FALSE(form.IsUnloaded());
+    CHECK(form.box.Text() == "shown");
+    Press(VK_ESCAPE);
   });
   CHECK(clicksMeanwhile == 0);
   CHECK(form.OtherClicks == 1);
-  CHECK(form.box.Text() == "xshown");
   CHECK(quitWaits);
   CHECK(form.IsUnloaded());
+}
+
+TEST_CASE("A dialog ends with the program or with the window that owns it, and the other windows can be used") {
+  for (const bool byOwner : {false, true}) {
+    CAPTURE(byOwner);
+    SampleFixture sample;
+    const MainWindow beside;
+    bool isPassedOn = false;
+    const auto show = [&] {
+      sample.Desktop.ShowModal(sample.Form, nullptr);
+      MSG message{};
+      isPassedOn = PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.wParam == 7;
+    };
+    UseWindows(show, [&] {
+      CHECK_FALSE(IsWindowEnabled(beside.Handle()));
+      beside.Run([&] {
+        if (byOwner) {
+          DestroyWindow(sample.Main.Handle());
+        } else {
+          PostQuitMessage(7);
+        }
+      });
+    });
+    CHECK(isPassedOn == !byOwner);
+    CHECK(sample.Form.IsUnloaded());
+    CHECK(IsWindowEnabled(beside.Handle()));
+  }
 }
 
 TEST_CASE("A failure is shown and leaves the dialog usable; a mistake of this program ends it") {
