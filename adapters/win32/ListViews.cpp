@@ -78,6 +78,7 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
     for (int i = static_cast<int>(Send(messages_.Count)); i > first; --i) {
       Send(messages_.Delete, static_cast<WPARAM>(i - 1));
     }
+    if (first >= control_.ListCount()) return;
     const auto count = static_cast<WPARAM>(control_.ListCount() - first);
     Send(messages_.Prepare, count, static_cast<LPARAM>(count * AverageBytes));
     for (int i = first; i < control_.ListCount(); ++i) Insert(i);
