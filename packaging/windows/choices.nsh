@@ -191,7 +191,7 @@ FunctionEnd
     ${AndIf} ${SectionIsSelected} ${AddIn}
     ${AndIf} $Warned == ""
       StrCpy $Warned yes
-      MessageBox MB_YESNO|MB_ICONEXCLAMATION "When Visual Basic runs as an administrator, as it commonly does, it does not \
+      MessageBox MB_YESNO|MB_ICONEXCLAMATION|MB_DEFBUTTON2 "When Visual Basic runs as an administrator, as it commonly does, it does not \
         see an add-in that is installed for you only. Install it for all users if you can.$\n$\n\
         Install the add-in for you only nevertheless?" IDYES done
       !insertmacro UnselectSection ${AddIn}

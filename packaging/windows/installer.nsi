@@ -58,7 +58,7 @@ Var ForAll       ; the radio button
   !define SCOPE "/n /i:$Mode"
 !endif
 
-!define MUI_COMPONENTSPAGE_SMALLDESC
+!define MUI_COMPONENTSPAGE_NODESC
 !insertmacro MUI_PAGE_LICENSE "${STAGE}\LICENSE.txt"
 Page custom ShowModes LeaveModes
 !insertmacro MUI_PAGE_COMPONENTS
@@ -76,8 +76,8 @@ Page custom ShowModes LeaveModes
 !macroend
 !define Fail "!insertmacro Fail"
 
-!include "${__FILEDIR__}\searchpath.nsh"
-!include "${__FILEDIR__}\earlier.nsh"
+!include searchpath.nsh
+!include earlier.nsh
 
 Section "-Make room"
   Push $INSTDIR
@@ -192,5 +192,5 @@ Section "-Registration"
   !endif
 SectionEnd
 
-!include "${__FILEDIR__}\choices.nsh"
-!include "${__FILEDIR__}\uninstaller.nsh"
+!include choices.nsh
+!include uninstaller.nsh
