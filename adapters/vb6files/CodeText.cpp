@@ -80,11 +80,16 @@ bool HoldsCode(std::string_view code) {
   return holds;
 }
 
-CodeText::CodeText(std::string bytes) : bytes_(std::move(bytes)) { Note(bytes_); }
+void CodeText::Load(std::string bytes) {
+  bytes_ = std::move(bytes);
+  lines_ = 0;
+  procedures_.clear();
+  Note(bytes_);
+}
 
 // The lines and procedures of a text that is new.
 void CodeText::Note(std::string_view text) {
-  lines_ += ForEachProcedure(text, [this](std::string_view name) { procedures_.emplace(name); });
+  lines_ += ForEachProcedure(text, [this](std::string_view name) { procedures_.insert(texts_.Kept(name)); });
 }
 
 bool CodeText::HasProcedure(std::string_view name) const { return procedures_.contains(name); }
@@ -117,7 +122,7 @@ void CodeText::Insert(std::size_t line, std::string_view text) {
 std::size_t CodeText::AppendSub(std::string_view name, std::string_view parameters) {
   FinishLastLine();
   bytes_.append("\r\nPrivate Sub ").append(name).append("(").append(parameters).append(")\r\n\r\nEnd Sub\r\n");
-  procedures_.emplace(name);
+  procedures_.insert(texts_.Kept(name));
   lines_ += 4;
   return lines_ - 2;
 }

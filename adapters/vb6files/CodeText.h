@@ -2,8 +2,10 @@
 #pragma once
 
 #include "adapters/vb6files/Caseless.h"
+#include "adapters/vb6files/Texts.h"
 
 #include <cstddef>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -19,9 +21,8 @@ bool HoldsCode(std::string_view code);
 
 class CodeText {
  public:
-  CodeText() = default;
-  // Code as a file holds it; kept byte for byte.
-  explicit CodeText(std::string bytes);
+  // Code as a file holds it, kept byte for byte, in the place of what stands here.
+  void Load(std::string bytes);
 
   std::size_t CountOfLines() const { return lines_; }
   // Before the one-based line; past the end it appends. The text's CRLFs separate lines, so a text that ends in CRLF
@@ -41,7 +42,8 @@ class CodeText {
 
   std::string bytes_;
   std::size_t lines_ = 0;
-  std::unordered_set<std::string, CaselessHash, CaselessEqual> procedures_;
+  Texts texts_;
+  std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> procedures_{&texts_};
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -335,7 +335,8 @@ const PropertyRow* FindProperty(ClassBits classBit, const PropertyName& name) {
 
 const EventRow* FindEvent(ClassBits classBit, std::string_view name) {
   for (const EventRow& row : Events) {
-    if ((row.Classes & classBit) != 0 && runtime::EqualIgnoringCase(row.Name, name)) return &row;
+    const bool mayBe = (row.Classes & classBit) != 0 && row.Name.size() == name.size();
+    if (mayBe && runtime::EqualIgnoringCase(row.Name, name)) return &row;
   }
   return nullptr;
 }

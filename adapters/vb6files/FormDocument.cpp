@@ -57,15 +57,15 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
     form->holdsCodeAsRead_ = true;
     for (const std::string_view name : ProceduresIn(parts.Code)) form->proceduresAsRead_.emplace_back(name);
   }
-  form->code_ = CodeText(std::move(parts.Code));
+  form->code_.Load(std::move(parts.Code));
   return form;
 }
 
 void FormDocument::BeginChange() {
+  if (changed_) return;
   if (controlsAsRead_ > 0 || class_ != "VB.Form") {
     runtime::Raise(runtime::AutomationError, "The form '" + Name() + "' is in use and is not changed");
   }
-  if (changed_) return;
   changed_ = true;
   std::string().swap(original_);
   std::string().swap(originalFrx_);
