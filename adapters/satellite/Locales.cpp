@@ -1,6 +1,9 @@
 #include "adapters/satellite/Locales.h"
 
+#include "runtime/Conversions.h"
+
 #include <algorithm>
+#include <cctype>
 #include <iterator>
 #include <string>
 
@@ -408,6 +411,27 @@ constexpr const Locale* Find(std::string_view name) {
 constexpr const Locale* Default = Find("en_US");
 static_assert(Default->Id == 1033);
 
+struct EnglishName {
+  std::string_view Name, Locale;
+};
+constexpr EnglishName EnglishNames[] = {{"chinese", "zh"}, {"english", "en"},    {"french", "fr"},
+                                        {"german", "de"},  {"italian", "it"},    {"japanese", "ja"},
+                                        {"korean", "ko"},  {"portuguese", "pt"}, {"spanish", "es"}};
+
+// As the table writes a locale: the language in small letters, behind "_" the region in capital ones, the rest as it
+// is.
+std::string InTableCase(std::string_view text) {
+  std::string name(text);
+  const std::size_t language = std::min(name.find_first_of("_-.@"), name.size());
+  const std::size_t region = std::min(name.find_first_of(".@"), name.size());
+  for (std::size_t i = 0; i < region; ++i) {
+    const auto letter = static_cast<unsigned char>(name[i]);
+    name[i] = static_cast<char>(i < language ? std::tolower(letter) : std::toupper(letter));
+  }
+  if (language < region) name[language] = '_';
+  return name;
+}
+
 }  // namespace
 
 const Locale& LocaleNamed(std::string_view text) {
@@ -419,5 +443,19 @@ const Locale& LocaleNamed(std::string_view text) {
   }
   return *Default;
 }
+
+std::optional<std::string_view> LanguageNamed(std::string_view text) {
+  for (const Locale& locale : Locales) {
+    if (runtime::EqualIgnoringCase(locale.Abbreviation, text)) return locale.Abbreviation;
+  }
+  for (const auto& [name, locale] : EnglishNames) {
+    if (runtime::EqualIgnoringCase(name, text)) return Find(locale)->Abbreviation;
+  }
+  const std::string name = InTableCase(text);
+  if (!Find(name.substr(0, name.find_first_of("_.@")))) return std::nullopt;
+  return LocaleNamed(name).Abbreviation;
+}
+
+std::span<const Locale> AllLocales() { return Locales; }
 
 }  // namespace formwizard::adapters::satellite

@@ -3,7 +3,8 @@
 ;   VERSION    of three numbers
 ;   STAGE      the folder with the files to install
 ;   OUTPUT     the installer to make
-;   CONTENTS   a file that CMake makes: TITLE, TARGET, PROGRAMS, HAS_ADDIN (where it is packed) and the macro EachLanguage
+;   CONTENTS   a file that CMake makes: TITLE, TARGET, PROGRAMS, HAS_ADDIN (where it is packed), the macros EachLanguage
+;              and, of each language, EachLibraryOfXXX
 ;   SIGN       a command that signs the file behind it (where there is one)
 Unicode true
 !include "${CONTENTS}"
@@ -126,9 +127,12 @@ SectionEnd
 !endif
 
 SectionGroup "Languages beside English"
+  !macro PackLibrary name
+    File "${STAGE}\${name}"
+  !macroend
   !macro LanguageSection code name
     Section "${name}" ${code}
-      File "${STAGE}\OstrelFormWizard${code}.dll"
+      !insertmacro EachLibraryOf${code} PackLibrary
     SectionEnd
   !macroend
   !insertmacro EachLanguage LanguageSection

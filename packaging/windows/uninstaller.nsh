@@ -16,8 +16,11 @@ Function un.onInit
   ${EndIf}
 FunctionEnd
 
+!macro DeleteLibrary name
+  Delete "$INSTDIR\${name}"
+!macroend
 !macro DeleteLanguage code name
-  Delete "$INSTDIR\OstrelFormWizard${code}.dll"
+  !insertmacro EachLibraryOf${code} DeleteLibrary
 !macroend
 
 Section "Uninstall"

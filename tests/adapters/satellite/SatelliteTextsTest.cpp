@@ -1,3 +1,4 @@
+#include "adapters/satellite/Locales.h"
 #include "adapters/satellite/StringResources.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "resources/StringTable.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -31,6 +33,10 @@ constexpr int ButtonCaptions[] = {200, 201, 202, 203, 204, 219};
 constexpr double ButtonRoom = 1095 - 90;
 
 std::string English(int id) { return std::string(resources::StringTableText(id).value_or("")); }
+
+std::string LibraryPath(std::string_view language) {
+  return BuiltFolder() + "OstrelFormWizard" + std::string(language) + ".dll";
+}
 
 // Empty for a text without one.
 std::string AccessKey(const std::string& text) {
@@ -60,7 +66,7 @@ TEST_CASE("Every satellite has each text of the program, with the same placehold
   for (const ShippedLanguage& language : ShippedLanguages()) {
     if (language.Abbreviation == "ENU") continue;  // in the programs
     CAPTURE(language.Abbreviation);
-    const auto texts = ReadStringTable(ReadFile(BuiltFolder() + "OstrelFormWizard" + language.Abbreviation + ".dll"));
+    const auto texts = ReadSatellite(LibraryPath(language.Abbreviation));
     REQUIRE(texts);
     std::vector<int> ids;
     for (const auto& entry : *texts) {
@@ -86,5 +92,20 @@ TEST_CASE("Every satellite has each text of the program, with the same placehold
       std::ranges::sort(keys);
       CHECK(std::ranges::adjacent_find(keys) == keys.end());
     }
+  }
+}
+
+TEST_CASE("Users of every region have their language") {
+  std::set<int> shipped;  // languages without regard to the region, which is in the higher bits
+  for (const ShippedLanguage& language : ShippedLanguages()) shipped.insert(language.LocaleId & 0x3FF);
+  for (const Locale& locale : AllLocales()) {
+    CAPTURE(locale.Name);
+    if (shipped.contains(locale.Id & 0x3FF) && !locale.Name.starts_with("en"))
+      CHECK(IsSatellite(LibraryPath(locale.Abbreviation)));
+  }
+  for (const auto& [region, language] :
+       {std::pair{"DEA", "DEU"}, {"ESP", "ESN"}, {"FRC", "FRA"}, {"ITS", "ITA"}, {"ZHH", "CHT"}, {"ZHI", "CHS"}}) {
+    CAPTURE(region);
+    CHECK(ReadFile(LibraryPath(region)) == ReadFile(LibraryPath(language)));
   }
 }

@@ -149,6 +149,34 @@ TEST_CASE("A locale's name leads to the platform's number and abbreviation") {
   }
 }
 
+TEST_CASE("A language is understood by its letters, as a locale and in English, in any case") {
+  using Case = std::pair<const char*, const char*>;
+  for (const auto& [text, language] : {Case{"DEU", "DEU"},
+                                       Case{"deu", "DEU"},
+                                       Case{"de", "DEU"},
+                                       Case{"DE", "DEU"},
+                                       Case{"de_DE", "DEU"},
+                                       Case{"de_de.UTF-8", "DEU"},
+                                       Case{"German", "DEU"},
+                                       Case{"de-at", "DEA"},
+                                       Case{"de_XX", "DEU"},
+                                       Case{"pt-PT", "PTG"},
+                                       Case{"PTG", "PTG"},
+                                       Case{"portuguese", "PTB"},
+                                       Case{"es_ES@tradnl", "ESP"},
+                                       Case{"en", "ENU"},
+                                       Case{"fil", "FPO"},
+                                       Case{"", ""},
+                                       Case{"tlh", ""},
+                                       Case{"klingon", ""},
+                                       Case{"d", ""},
+                                       Case{"germany", ""},
+                                       Case{"_DE", ""}}) {
+    CAPTURE(text);
+    CHECK(LanguageNamed(text).value_or("") == language);
+  }
+}
+
 TEST_CASE("The user's locale is that of the first variable that is set") {
   const std::array names{"LC_ALL", "LC_MESSAGES", "LANG"};
   for (const char* name : names) SetVariable(name, nullptr);
