@@ -25,7 +25,11 @@ constexpr auto Members(const std::array<wizard::factory::Column, ColumnCount>& c
   return members;
 }
 
-constexpr std::array RootMembers{Member{"systems", nullptr, Shape::Systems, true}};
+// Names the schema of the document for editors, and belongs to no row.
+constexpr wizard::factory::Column SchemaName{"$schema", wizard::factory::ColumnKind::Caption};
+
+constexpr std::array RootMembers{Member{"systems", nullptr, Shape::Systems, true},
+                                 Member{SchemaName.Name, &SchemaName, Shape::Root, false}};
 constexpr auto SystemMembers =
     Members(wizard::factory::SystemColumns, std::array{ArrayMember{"classes", Shape::Classes}});
 constexpr auto ClassMembers =

@@ -136,7 +136,8 @@ FieldChoice ReadField(const Value& value) {
 }
 
 FormDescription ReadDescription(const Value& root, const std::string& file) {
-  root.Object({"class", "settings", "fields"});
+  root.Object({"class", "settings", "fields", "$schema"});
+  if (const auto schema = root.Member("$schema")) schema->Line();  // for editors
   FormDescription form;
   form.Source = file;
   form.Class = root.Required("class").Text();
