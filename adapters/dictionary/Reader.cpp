@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_set>
+#include <utility>
 
 namespace formwizard::adapters::dictionary {
 namespace {
@@ -30,6 +31,7 @@ struct Frame {
   };
 
   Shape Kind;
+  std::span<const Member> Members;  // of an object
   bool IsArray;
   std::int64_t Id;              // of the object, or of the object that an array belongs to
   std::size_t Count;            // elements of an array so far
@@ -39,17 +41,18 @@ struct Frame {
 
   void Begin(Shape kind, bool isArray, std::int64_t id) {
     Kind = kind;
+    Members = MembersOf(kind);
     IsArray = isArray;
     Id = id;
     Count = 0;
     CurrentMember = nullptr;
-    for (Value& value : Values) value.IsSet = false;
+    for (Value& value : std::span(Values).first(Members.size())) value.IsSet = false;
     // A large set is made anew: clearing takes as long as it once was large.
     if (Names.bucket_count() > FewNames) Names = {};
     Names.clear();
     Connects.clear();
   }
-  Value& CurrentValue() { return Values.at(static_cast<std::size_t>(CurrentMember - MembersOf(Kind).data())); }
+  Value& CurrentValue() { return Values.at(static_cast<std::size_t>(CurrentMember - Members.data())); }
 };
 
 // Walks the document as it is read; holds no more than the path to the current value.
@@ -61,20 +64,18 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
   bool null() override { Unexpected("null"); }
   bool boolean(bool value) override { Unexpected(value ? "true" : "false"); }
   bool number_float(number_float_t, const string_t& text) override { Unexpected(text.substr(0, 40)); }
-  bool number_integer(number_integer_t value) override { return Number(value, std::to_string(value)); }
-  bool number_unsigned(number_unsigned_t value) override {
-    constexpr number_unsigned_t tooMuch = number_unsigned_t{Most32} + 1;
-    return Number(static_cast<std::int64_t>(std::min(value, tooMuch)), std::to_string(value));
-  }
+  bool number_integer(number_integer_t value) override { return Number(value); }
+  bool number_unsigned(number_unsigned_t value) override { return Number(value); }
   bool binary(binary_t&) override { Unexpected("binary data"); }
 
   bool string(string_t& text) override {
     if (depth_ > 0 && Top().IsArray && !ElementOf(Top().Kind)) {
       AddText(text);
     } else {
-      const Column& column = CurrentColumn(Shown(text));
-      Check(column, text);
-      if (column.Kind == ColumnKind::Name || column.Kind == ColumnKind::SystemText) CheckUnique(column, text);
+      const Column* column = CurrentColumn();
+      if (!column) Unexpected(Shown(text));
+      Check(*column, text);
+      if (column->Kind == ColumnKind::Name || column->Kind == ColumnKind::SystemText) CheckUnique(*column, text);
       Top().CurrentValue().Text.swap(text);
       Top().CurrentValue().IsSet = true;
     }
@@ -96,11 +97,11 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
   }
   bool key(string_t& key) override {
     Frame& frame = Top();
-    const auto members = MembersOf(frame.Kind);
-    const auto found = std::ranges::find(members, key, &Member::Key);
-    if (found == members.end()) {
+    const auto found = std::ranges::find(frame.Members, key, &Member::Key);
+    if (found == frame.Members.end()) {
       std::string known;
-      for (const Member& member : members) known += (known.empty() ? "\"" : ", \"") + std::string(member.Key) + "\"";
+      for (const Member& member : frame.Members)
+        known += (known.empty() ? "\"" : ", \"") + std::string(member.Key) + "\"";
       frame.CurrentMember = nullptr;
       Fail("unknown member " + Shown(key) + "; known are " + known);
     }
@@ -110,12 +111,13 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     return true;
   }
   bool end_object() override {
-    for (const Member& member : MembersOf(Top().Kind)) {
-      Top().CurrentMember = &member;
-      if (member.IsRequired && !Top().CurrentValue().IsSet) Fail("this member is missing", input_.Here());
+    Frame& object = Top();
+    for (const Member& member : object.Members) {
+      object.CurrentMember = &member;
+      if (member.IsRequired && !object.CurrentValue().IsSet) Fail("this member is missing", input_.Here());
     }
-    if (Top().Kind == Shape::Property) CheckCaption();
-    if (const auto table = TableOf(Top().Kind)) AddRow(*table);
+    if (object.Kind == Shape::Property) CheckCaption();
+    if (const auto table = TableOf(object.Kind)) AddRow(*table);
     Pop();
     return true;
   }
@@ -150,27 +152,27 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     input_.EndValue();
   }
 
-  bool Number(std::int64_t value, const std::string& shown) {
-    const Column& column = CurrentColumn(shown);
-    if (column.Kind != ColumnKind::Number || value < 0 || value > column.Most) Unexpected(shown);
+  bool Number(auto value) {
+    const Column* column = CurrentColumn();
+    if (!column || column->Kind != ColumnKind::Number || std::cmp_less(value, 0) ||
+        std::cmp_greater(value, column->Most)) {
+      Unexpected(std::to_string(value));
+    }
     Top().CurrentValue().Number = static_cast<std::int32_t>(value);
     Top().CurrentValue().IsSet = true;
     input_.EndValue();
     return true;
   }
 
-  const Column& CurrentColumn(const std::string& found) {
-    if (depth_ == 0 || Top().IsArray || !Top().CurrentMember->Of) Unexpected(found);
-    return *Top().CurrentMember->Of;
-  }
+  // Null where no text or number may stand.
+  const Column* CurrentColumn() { return depth_ == 0 || Top().IsArray ? nullptr : Top().CurrentMember->Of; }
   void Check(const Column& column, std::string_view text) {
     const std::string problem = ProblemOf(column, text);
     if (!problem.empty()) Fail(problem);
   }
   void CheckCaption() {
     const auto textOf = [&](std::string_view key) -> std::string_view {
-      const auto members = MembersOf(Shape::Property);
-      Top().CurrentMember = &*std::ranges::find(members, key, &Member::Key);
+      Top().CurrentMember = &*std::ranges::find(Top().Members, key, &Member::Key);
       return Top().CurrentValue().IsSet ? Top().CurrentValue().Text : std::string_view();
     };
     const std::string_view collection = textOf("Collection"), caption = textOf("Caption");

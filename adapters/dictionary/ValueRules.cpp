@@ -30,13 +30,14 @@ std::string ProblemOf(const Column& column, std::string_view text) {
       (column.Kind == ColumnKind::Collection && std::ranges::find(CollectionKinds, text) == CollectionKinds.end())) {
     return "expected " + ExpectedIn(column) + ", found " + Shown(text);
   }
+  const bool isName = column.Kind == ColumnKind::Name || (column.Kind == ColumnKind::Type && !text.empty());
+  if (isName && IsName(text)) return "";  // then it is a line, too
   if (column.IsRequired() && text.empty()) return "a text that is not empty must stand here";
   if (!IsLine(text)) return "a line break or control character must not stand here, found " + Shown(text);
   if (column.Kind == ColumnKind::SystemText && text.find_first_of(",;") != std::string_view::npos) {
     return "must hold neither \",\" nor \";\", found " + Shown(text);
   }
-  const bool isName = column.Kind == ColumnKind::Name || (column.Kind == ColumnKind::Type && !text.empty());
-  if (isName && !IsName(text)) {
+  if (isName) {
     return "a name must hold nothing but letters, digits, \"_\", \"%\" and \".\", found " + Shown(text);
   }
   return "";

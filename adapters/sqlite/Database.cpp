@@ -114,6 +114,9 @@ std::string ImmutableUri(const std::string& path) {
   return uri + "?immutable=1";
 }
 
+// Without any bytes a text would be Null.
+const char* NotNull(std::string_view text) { return text.empty() ? "" : text.data(); }
+
 }  // namespace
 
 Database::Database(std::unique_ptr<Connection> connection) : connection_(std::move(connection)) {}
@@ -174,8 +177,11 @@ void Statement::Check(int result) const {
 void Statement::Bind(int parameter, std::int64_t value) { Check(sqlite3_bind_int64(handle_, parameter, value)); }
 
 void Statement::Bind(int parameter, std::string_view text) {
-  const char* bytes = text.empty() ? "" : text.data();  // without any it would be Null
-  Check(sqlite3_bind_text(handle_, parameter, bytes, static_cast<int>(text.size()), SQLITE_TRANSIENT));
+  Check(sqlite3_bind_text(handle_, parameter, NotNull(text), static_cast<int>(text.size()), SQLITE_TRANSIENT));
+}
+
+void Statement::BindKept(int parameter, std::string_view text) {
+  Check(sqlite3_bind_text(handle_, parameter, NotNull(text), static_cast<int>(text.size()), SQLITE_STATIC));
 }
 
 bool Statement::Step() {

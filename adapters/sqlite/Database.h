@@ -48,7 +48,8 @@ class Statement {
   ~Statement();
 
   void Bind(int parameter, std::int64_t value);
-  void Bind(int parameter, std::string_view text);  // copied
+  void Bind(int parameter, std::string_view text);      // copied
+  void BindKept(int parameter, std::string_view text);  // which the caller keeps until the next Reset
   // True while there is a further row.
   bool Step();
   // Ready for another run.

@@ -61,12 +61,14 @@ std::vector<std::string> CreateIndexes() {
 
 bool HasId(Table table) { return LayoutOf(table).HasId; }
 
-std::string InsertInto(Table table) {
+std::string InsertInto(Table table, std::size_t rows) {
   const Layout& layout = LayoutOf(table);
   const std::size_t keys = layout.HasId && layout.Owner.empty() ? 1 : 2;
-  std::string sql = "INSERT INTO " + std::string(layout.Name) + " VALUES (?";
-  for (std::size_t i = 1; i < keys + ColumnsOf(table).size(); ++i) sql += ", ?";
-  return sql + ")";
+  std::string row = "(?";
+  for (std::size_t i = 1; i < keys + ColumnsOf(table).size(); ++i) row += ", ?";
+  std::string sql = "INSERT INTO " + std::string(layout.Name) + " VALUES " + row + ")";
+  for (std::size_t i = 1; i < rows; ++i) sql += ", " + row + ")";
+  return sql;
 }
 
 std::string SelectFrom(Table table, std::string_view rest) {

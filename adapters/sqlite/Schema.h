@@ -21,8 +21,9 @@ std::vector<std::string> CreateIndexes();
 // Rows of such a table are known by their ids, those of another by owner and position.
 bool HasId(wizard::factory::Table table);
 
-// Takes the row's id when the table has one, its owner when it has one, its position when it has no id, and the values.
-std::string InsertInto(wizard::factory::Table table);
+// Takes of each row its id when the table has one, its owner when it has one, its position when it has no id, and the
+// values.
+std::string InsertInto(wizard::factory::Table table, std::size_t rows);
 
 // The table's columns without ids, owner and position; `rest` is what follows the name of the table.
 std::string SelectFrom(wizard::factory::Table table, std::string_view rest);

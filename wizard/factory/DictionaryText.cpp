@@ -56,9 +56,24 @@ constexpr bool IsLineCharacter(char32_t c) {
   return c >= 0x20 && !(c >= 0x7F && c <= 0x9F) && c != 0x2028 && c != 0x2029 && c <= 0x10FFFF;
 }
 
-bool AllAre(std::string_view text, bool (*accepts)(char32_t)) {
+// For the characters of ASCII, of which most texts consist.
+template <bool (*Accepts)(char32_t)>
+constexpr std::array<bool, 0x80> Accepted = [] {
+  std::array<bool, 0x80> accepted{};
+  for (char32_t c = 0; c < accepted.size(); ++c) accepted[c] = Accepts(c);
+  return accepted;
+}();
+
+template <bool (*Accepts)(char32_t)>
+bool AllAre(std::string_view text) {
   while (!text.empty()) {
-    if (!accepts(TakeCharacter(text))) return false;
+    const auto lead = static_cast<unsigned char>(text.front());
+    if (lead < 0x80) {
+      if (!Accepted<Accepts>[lead]) return false;
+      text.remove_prefix(1);
+    } else if (!Accepts(TakeCharacter(text))) {
+      return false;
+    }
   }
   return true;
 }
@@ -78,9 +93,9 @@ std::string Escaped(std::string_view bytes) {
 
 }  // namespace
 
-bool IsName(std::string_view text) { return !text.empty() && AllAre(text, IsNameCharacter); }
+bool IsName(std::string_view text) { return !text.empty() && AllAre<IsNameCharacter>(text); }
 
-bool IsLine(std::string_view text) { return AllAre(text, IsLineCharacter); }
+bool IsLine(std::string_view text) { return AllAre<IsLineCharacter>(text); }
 
 bool StaysQuoted(std::string_view caption, std::string_view collection) {
   return (collection != "list" && collection != "array") || caption.find('"') == std::string_view::npos;
