@@ -197,9 +197,9 @@ void frmWizard::ReadQueries() {
   const auto rows = Factory().ResultSet("%CompiledQuery", "QueryInfo");
   rows->Execute({comboClass_});
   while (rows->Next()) {
-    const runtime::Variant containId = rows->GetDataByName("ContainId");
+    const runtime::Variant containId = rows->GetData(factory::QueryColumn("ContainId"));
     if (!runtime::IsTrue(containId)) continue;  // a query that does not return the object id cannot fill a combo box
-    lstQueryName.AddItem(ToText(rows->GetDataByName("Name")),
+    lstQueryName.AddItem(runtime::ToText(rows->GetData(factory::QueryColumn("Name"))),
                          runtime::RoundToInt32(runtime::ToNumber(containId)).Value());
   }
   rows->Close();

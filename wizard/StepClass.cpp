@@ -58,9 +58,9 @@ void frmWizard::AddClassNodes() {
   std::string previousPackage;
   ui::Node* packageNode = nullptr;
   while (rows->Next()) {
-    if (!runtime::EqualsNumber(rows->GetDataByName("System"), Int32(0))) continue;
-    if (!runtime::EqualsNumber(rows->GetDataByName("Persistent"), Int32(1))) continue;
-    const std::string name = ToText(rows->GetDataByName("Name"));
+    if (!runtime::EqualsNumber(rows->GetData(factory::ClassColumn("System")), Int32(0))) continue;
+    if (!runtime::EqualsNumber(rows->GetData(factory::ClassColumn("Persistent")), Int32(1))) continue;
+    const std::string name = runtime::ToText(rows->GetData(factory::ClassColumn("Name")));
     const std::size_t dot = name.find('.');
     if (dot == std::string::npos) runtime::Raise(runtime::InvalidProcedureCall);
     const std::string_view package = std::string_view(name).substr(0, dot);

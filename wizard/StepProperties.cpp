@@ -9,6 +9,7 @@ namespace formwizard::wizard {
 namespace {
 
 namespace kind = model::kind;
+using factory::PropertyColumn;
 
 // What a collection's control is, and the setting that gives its rows.
 struct CollectionKind {
@@ -24,13 +25,13 @@ constexpr std::array Collections{
     CollectionKind{"characterstream", kind::MultiLine, &settings::Settings::MultilineRows},
 };
 
-bool IsNumber(factory::ResultSet& row, std::string_view column, int number) {
-  return runtime::EqualsNumber(row.GetDataByName(column), Int32(number));
+bool IsNumber(factory::ResultSet& row, PropertyColumn column, int number) {
+  return runtime::EqualsNumber(row.GetData(column), Int32(number));
 }
 
 // For what may be missing, which a server may say by Null.
-std::string TextOrEmpty(factory::ResultSet& row, std::string_view column) {
-  const runtime::Variant value = row.GetDataByName(column);
+std::string TextOrEmpty(factory::ResultSet& row, PropertyColumn column) {
+  const runtime::Variant value = row.GetData(column);
   return std::holds_alternative<runtime::Null>(value) ? "" : ToText(value);
 }
 
@@ -41,14 +42,14 @@ bool IsOffered(factory::ResultSet& row, bool dataTypesOnly) {
   const bool isObject = IsNumber(row, "Datatype", 0);
   if (dataTypesOnly && (isObject || isCollection)) return false;
   if (isCollection && isObject) return false;  // collections of objects are never offered
-  return !runtime::EqualsText(row.GetDataByName("Type"), "%Library.List");
+  return !runtime::EqualsText(row.GetData(PropertyColumn("Type")), "%Library.List");
 }
 
 void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const settings::Settings& settings) {
-  const std::string name = ToText(row.GetDataByName("Name"));
+  const std::string name = ToText(row.GetData(PropertyColumn("Name")));
   field.DisplayName = name;
   field.PropertyName = name;
-  field.Caption = ToText(row.GetDataByName("Caption"));
+  field.Caption = ToText(row.GetData(PropertyColumn("Caption")));
   const auto found = std::ranges::find(Collections, CollectionOf(row), &CollectionKind::Collection);
   if (found != Collections.end()) {
     field.FieldKind = found->FieldKind;
@@ -57,13 +58,13 @@ void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const setti
     field.FieldKind = kind::TextBox;
   } else {
     field.FieldKind = kind::ReferenceLabel;
-    field.ReferenceClass = ToText(row.GetDataByName("Type"));
+    field.ReferenceClass = ToText(row.GetData(PropertyColumn("Type")));
   }
 }
 
 // A property inside a reference is shown through the reference itself, displaying that column of its object.
 void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, factory::ResultSet& row) {
-  const std::string name = ToText(row.GetDataByName("Name"));
+  const std::string name = ToText(row.GetData(PropertyColumn("Name")));
   field.DisplayName = parent.DisplayName + "." + name;
   field.Caption = parent.Caption + " " + TextOrEmpty(row, "caption");  // lower case, as it is asked for
   if (parent.FieldKind == kind::ReferenceLabel) {
@@ -151,11 +152,12 @@ void frmWizard::AddProperty(ui::Node* parent, factory::ResultSet& row) {
     DescribeOwn(field, row, services_.State.Settings);
   }
   if (field.FieldKind == kind::TextBox && IsNumber(row, "Editable", 0)) field.FieldKind = kind::ReadOnlyLabel;
-  field.MaxWidth = runtime::RoundToInt32(runtime::NumericValue(row.GetDataByName("MaxLen")) * model.CharWidth.Value());
-  field.PropertyType = ToText(row.GetDataByName("Type"));
+  field.MaxWidth =
+      runtime::RoundToInt32(runtime::NumericValue(row.GetData(PropertyColumn("MaxLen"))) * model.CharWidth.Value());
+  field.PropertyType = ToText(row.GetData(PropertyColumn("Type")));
 
   ui::Node& node = tvwAttributes.Nodes.Add(parent, runtime::Text(index) + "key",
-                                           field.RequiredMark + ToText(row.GetDataByName("Name")));
+                                           field.RequiredMark + ToText(row.GetData(PropertyColumn("Name"))));
   node.Tag = field.PropertyType;
   const bool isObject = IsNumber(row, "Datatype", 0);
   node.Image = isObject ? picture::Object : picture::Property;

@@ -17,20 +17,34 @@ namespace {
 
 using namespace wizard::factory;
 
+// What the column has, without quotes.
 std::string ValueText(const Column& column, const Variant& value) {
-  if (column.Kind != ColumnKind::Number) return Quoted(ToText(value));
+  if (column.Kind != ColumnKind::Number) return ToText(value);
   const std::string number = Text(runtime::RoundToInt32(runtime::NumericValue(value)));
   return column.Most > 1 || number == "0" ? number : "1";  // true is -1
 }
 
-// The row's columns as members of an object that goes on. What the server does not tell is left out.
+// What the reader takes for a value that is left out.
+std::string DefaultOf(const Column& column, const std::string& name) {
+  if (column.Kind == ColumnKind::Number) return std::to_string(column.Default);
+  return column.Kind == ColumnKind::Caption ? name : std::string(column.DefaultText);
+}
+
+// The row's columns as members of an object that goes on, without what the server does not tell and what goes without
+// saying.
 std::string MembersText(Shape shape, ResultSet& row) {
-  std::string text = "{ ";
-  for (const Member& member : MembersOf(shape)) {
-    if (!member.Of) continue;
-    const Variant value = row.GetDataByName(member.Key);
+  std::string text = "{ ", name;
+  const Table table = *TableOf(shape);
+  const auto columns = ColumnsOf(table);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Variant value = row.GetData({table, i});
     if (std::holds_alternative<runtime::Null>(value)) continue;
-    text += (text.size() > 2 ? ", " : "") + Quoted(member.Key) + ": " + ValueText(*member.Of, value);
+    const Column& column = columns[i];
+    const std::string shown = ValueText(column, value);
+    if (i == 0) name = shown;
+    if (!column.IsRequired() && shown == DefaultOf(column, name)) continue;
+    if (text.size() > 2) text += ", ";
+    text += Quoted(column.Name) + ": " + (column.Kind == ColumnKind::Number ? shown : Quoted(shown));
   }
   return text;
 }
@@ -53,16 +67,15 @@ class SystemWriter {
       : server_(server), system_(std::move(system)), classes_(classes), out_(out) {}
 
   void WriteClasses() {
-    JsonList list(out_, "    ");
+    JsonList list(out_, ", \"classes\": [", "    ");
     for (const ClassRow& row : ReadClasses()) {
       at_ = row.Name;
-      list.Next() << row.Members << ", \"properties\": [";
+      list.Next() << row.Members;
       WriteProperties(row.Name);
-      out_ << ", \"queries\": [";
       WriteQueries(row.Name);
       out_ << " }";
     }
-    list.End("]");
+    list.End();
   }
 
   // Where the server was asked last.
@@ -79,9 +92,9 @@ class SystemWriter {
     const auto rows = server_.ResultSet("%ClassDefinition", "ClassInfo");
     rows->Execute({});
     while (rows->Next()) {
-      const bool isSystem = !runtime::EqualsNumber(rows->GetDataByName("System"), runtime::Int32(0));
+      const bool isSystem = !runtime::EqualsNumber(rows->GetData(ClassColumn("System")), runtime::Int32(0));
       if (isSystem && classes_ == Classes::NoSystemClasses) continue;
-      classes.push_back({ToText(rows->GetDataByName("Name")), MembersText(Shape::Class, *rows)});
+      classes.push_back({ToText(rows->GetData(ClassColumn("Name"))), MembersText(Shape::Class, *rows)});
       names.Take(classes.back().Name, Place() + ", class " + classes.back().Name);
     }
     rows->Close();
@@ -91,35 +104,37 @@ class SystemWriter {
   void WriteProperties(const std::string& className) {
     const auto rows = server_.ResultSet("%CompiledProperty", "PropertyInfo");
     rows->Execute({className});
-    JsonList list(out_, "      ");
+    JsonList list(out_, ", \"properties\": [", "      ");
     while (rows->Next()) list.Next() << MembersText(Shape::Property, *rows) << " }";
-    list.End("]");
+    list.End();
     rows->Close();
   }
 
   void WriteQueries(const std::string& className) {
     const auto rows = server_.ResultSet("%CompiledQuery", "QueryInfo");
     rows->Execute({className});
-    JsonList list(out_, "      ");
+    JsonList list(out_, ", \"queries\": [", "      ");
     Once names;
     while (rows->Next()) {
-      const std::string name = ToText(rows->GetDataByName("Name"));
+      const std::string name = ToText(rows->GetData(QueryColumn("Name")));
       names.Take(name, Place() + ", query " + name);
       const auto query = server_.ResultSet(className, name);
       auto* const named = dynamic_cast<NamedParameters*>(query.get());
-      list.Next() << MembersText(Shape::Query, *rows) << ", \"columns\": [";
-      WriteNames(query->GetColumnCount(), [&](Int16 column) { return query->GetColumnName(column); });
-      out_ << "], \"params\": [";
-      WriteNames(query->GetParamCount(),
+      list.Next() << MembersText(Shape::Query, *rows);
+      WriteNames("columns", query->GetColumnCount(), [&](Int16 column) { return query->GetColumnName(column); });
+      WriteNames("params", query->GetParamCount(),
                  [&](Int16 param) { return named ? named->GetParamName(param) : "param" + Text(param); });
-      out_ << "] }";
+      out_ << " }";
     }
-    list.End("]");
+    list.End();
     rows->Close();
   }
 
-  void WriteNames(Int16 count, auto nameOf) {
+  void WriteNames(std::string_view key, Int16 count, auto nameOf) {
+    if (count < Int16(1)) return;
+    out_ << ", " << Quoted(key) << ": [";
     for (Int16 i(1); i <= count; i += Int16(1)) out_ << (i == Int16(1) ? "" : ", ") << Quoted(nameOf(i));
+    out_ << ']';
   }
 
   ObjectFactory& server_;
@@ -136,7 +151,7 @@ void WriteSystem(FactoryCreator& creator, const System& system, Classes classes,
   try {
     if (!system.Connect.empty()) server->Connect(system.Connect);
     if (!server->IsConnected()) throw support::InputError(writer.Place() + ": the server refuses the connection");
-    out << "{ \"name\": " << Quoted(system.Name) << ", \"connect\": " << Quoted(system.Connect) << ", \"classes\": [";
+    out << "{ \"name\": " << Quoted(system.Name) << ", \"connect\": " << Quoted(system.Connect);
     writer.WriteClasses();
     out << " }";
     server->Disconnect();
@@ -149,8 +164,7 @@ void WriteSystem(FactoryCreator& creator, const System& system, Classes classes,
 
 void WriteDictionary(FactoryCreator& server, const std::string& system, Classes classes, std::ostream& out) {
   const std::string systems = server.Create()->SystemList();
-  out << DocumentBegin;
-  JsonList list(out, "  ");
+  JsonList list(out, DocumentBegin, "  ");
   bool isKnown = system.empty();
   Once connects;
   for (const System& each : SystemsIn(systems)) {
@@ -160,7 +174,8 @@ void WriteDictionary(FactoryCreator& server, const std::string& system, Classes 
     list.Next();
     WriteSystem(server, each, classes, out);
   }
-  list.End("] }\n");
+  list.End(std::string(DocumentBegin) + "]");
+  out << " }\n";
   if (!isKnown) throw support::InputError("the server has no system \"" + system + "\"; it has " + systems);
 }
 

@@ -15,9 +15,10 @@ enum class Classes { All, NoSystemClasses };
 inline constexpr std::string_view DocumentBegin = "{ \"systems\": [";
 
 // Asks the server as the wizard does and writes what it tells as JSON that can be read to the same dictionary, one
-// property a line, classes in the order of their names. `system` is the one that is asked, all of them when it is
-// empty. Parameters of queries are "param1" and so on where the server does not tell their names. support::InputError,
-// naming the system, the class and what failed, when the server refuses something.
+// property a line, classes in the order of their names; what a reader takes for granted is left out. `system` is the
+// one that is asked, all of them when it is empty. Parameters of queries are "param1" and so on where the server does
+// not tell their names. support::InputError, naming the system, the class and what failed, when the server refuses
+// something.
 void WriteDictionary(wizard::factory::FactoryCreator& server, const std::string& system, Classes classes,
                      std::ostream& out);
 

@@ -90,11 +90,12 @@ class DictionaryRows : public factory::ResultSet {
     return state_ == State::AtRow;
   }
   Variant GetDataByName(std::string_view column) override {
-    if (state_ != State::AtRow) Fail("There is no current row");
-    const std::size_t index = IndexOf(column);
-    const int place = static_cast<int>(index);
-    if (Columns()[index].Kind == factory::ColumnKind::Number) return Int32(Open().Number(place));
-    return std::string(Open().Text(place));
+    CheckRow();
+    return ValueAt(IndexOf(column));
+  }
+  Variant GetData(const factory::ColumnKey& column) override {
+    CheckRow();
+    return ValueAt(column.Of == Definition().Of ? column.Index : IndexOf(column.Name));
   }
   Int16 GetColumnCount() override { return Int16(Columns().size()); }
   std::string GetColumnName(Int16 column) override {
@@ -109,6 +110,14 @@ class DictionaryRows : public factory::ResultSet {
 
   const DictionaryQuery& Definition() const { return DictionaryQueries.at(query_); }
   std::span<const factory::Column> Columns() const { return factory::ColumnsOf(Definition().Of); }
+  void CheckRow() const {
+    if (state_ != State::AtRow) Fail("There is no current row");
+  }
+  Variant ValueAt(std::size_t index) {
+    const int place = static_cast<int>(index);
+    if (Columns()[index].Kind == factory::ColumnKind::Number) return Int32(Open().Number(place));
+    return std::string(Open().Text(place));
+  }
   Statement& Open() {
     if (!statement_) Fail("The result set is closed");
     return *statement_;

@@ -18,6 +18,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 using runtime::Variant;
+using wizard::factory::ClassColumn;
 using wizard::factory::ObjectFactory;
 using wizard::factory::ResultSet;
 using wizard::factory::System;
@@ -50,17 +51,30 @@ class Server {
                               (known.empty() ? "none" : known));
   }
 
+  // All classes are gone through for one that has neither properties nor queries.
   void CheckClass(const std::string& name) const {
+    if (Tells("%CompiledProperty", "PropertyInfo", name) || Tells("%CompiledQuery", "QueryInfo", name)) return;
     const auto classes = Factory->ResultSet("%ClassDefinition", "ClassInfo");
     classes->Execute({});
     while (classes->Next()) {
-      if (runtime::EqualsText(classes->GetDataByName("Name"), name)) return;
+      if (runtime::EqualsText(classes->GetData(ClassColumn("Name")), name)) return;
     }
     throw support::InputError(source_ + ": there is no class \"" + name +
                               "\"; see \"ostrel-form-wizard classes --all\"");
   }
 
  private:
+  // Whether the query on the class has a row.
+  bool Tells(const char* className, const char* query, const std::string& of) const {
+    try {
+      const auto rows = Factory->ResultSet(className, query);
+      rows->Execute({of});
+      return rows->Next();
+    } catch (const runtime::RuntimeError&) {
+      return false;  // a server may refuse a class that it does not have
+    }
+  }
+
   std::unique_ptr<wizard::factory::FactoryCreator> creator_;
   std::string source_;  // begins messages
 
@@ -130,13 +144,13 @@ int ListClasses(const BrowseOptions& options) {
   const auto rows = server.Factory->ResultSet("%ClassDefinition", "ClassInfo");
   rows->Execute({});
   while (rows->Next()) {
-    const bool offered = runtime::EqualsNumber(rows->GetDataByName("System"), runtime::Int32(0)) &&
-                         runtime::EqualsNumber(rows->GetDataByName("Persistent"), runtime::Int32(1));
+    const bool offered = runtime::EqualsNumber(rows->GetData(ClassColumn("System")), runtime::Int32(0)) &&
+                         runtime::EqualsNumber(rows->GetData(ClassColumn("Persistent")), runtime::Int32(1));
     if (options.All) {
       table.Row(RowOf(*rows));
     } else if (offered) {
       Json row;
-      row["Name"] = ValueOf(rows->GetDataByName("Name"));
+      row["Name"] = ValueOf(rows->GetData(ClassColumn("Name")));
       table.Row(row);
     }
   }

@@ -47,6 +47,7 @@ class CheckedRows : public ResultSet {
     return true;
   }
   Variant GetDataByName(std::string_view column) override { return rows_->GetDataByName(column); }
+  Variant GetData(const ColumnKey& column) override { return rows_->GetData(column); }
   Int16 GetColumnCount() override { return rows_->GetColumnCount(); }
   std::string GetColumnName(Int16 column) override {
     std::string name = rows_->GetColumnName(column);
@@ -58,9 +59,11 @@ class CheckedRows : public ResultSet {
 
  private:
   void CheckRow() {
-    for (const Column& column : ColumnsOf(definition_->Of)) {
+    const auto columns = ColumnsOf(definition_->Of);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const Column& column = columns[i];
       if (column.Kind == ColumnKind::Number || column.Kind == ColumnKind::Collection) continue;
-      const Variant value = rows_->GetDataByName(column.Name);
+      const Variant value = rows_->GetData({definition_->Of, i});
       const auto* text = std::get_if<std::string>(&value);
       if (text && !IsHarmless(column.Kind, *text)) {
         Refuse("the " + std::string(column.Name) + " of a " + std::string(definition_->Thing), *text);
@@ -69,8 +72,11 @@ class CheckedRows : public ResultSet {
     if (definition_->Of == Table::Properties) CheckCaption();
   }
   void CheckCaption() {
-    const std::string caption = ToText(rows_->GetDataByName("Caption"));
-    if (!StaysQuoted(caption, ToText(rows_->GetDataByName("Collection")))) Refuse("the Caption of a property", caption);
+    const std::string caption = ToText(rows_->GetData(PropertyColumn("Caption")));
+    if (StaysQuoted(caption, "list")) return;  // then it does whatever the property is
+    if (!StaysQuoted(caption, ToText(rows_->GetData(PropertyColumn("Collection"))))) {
+      Refuse("the Caption of a property", caption);
+    }
   }
   [[noreturn]] void Refuse(const std::string& what, std::string_view text) const {
     const bool hasClass = !definition_ || definition_->Of != Table::Classes;

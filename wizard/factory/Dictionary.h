@@ -1,6 +1,7 @@
 // What a class dictionary consists of: its tables and their columns, and the port through which a store is filled.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -71,6 +72,40 @@ constexpr std::span<const Column> ColumnsOf(Table table) {
       SystemColumns, ClassColumns, PropertyColumns, QueryColumns, QueryColumnColumns, QueryParamColumns};
   return columns.at(static_cast<std::size_t>(table));
 }
+
+// A column of a table by its number, which the compiler finds by a name that stands in the source, or refuses. Names
+// are compared without regard to case and kept as they are spelled, because that is how a server is asked.
+struct ColumnKey {
+  Table Of;
+  std::size_t Index;  // in ColumnsOf
+  std::string_view Name;
+
+  constexpr ColumnKey(Table table, std::size_t index) : Of(table), Index(index), Name(ColumnsOf(table)[index].Name) {}
+  consteval ColumnKey(Table table, std::string_view name) : Of(table), Index(0), Name(name) {
+    while (!IsSame(ColumnsOf(table)[Index].Name, name)) ++Index;  // past the end nothing compiles
+  }
+
+ private:
+  static constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+  static constexpr bool IsSame(std::string_view a, std::string_view b) {
+    return std::ranges::equal(a, b, {}, Lower, Lower);
+  }
+};
+
+// One that stands in the source, of a table that its type tells.
+template <Table Of>
+class KeyOf {
+ public:
+  template <std::size_t Size>
+  consteval KeyOf(const char (&name)[Size]) : key_(Of, std::string_view(name, Size - 1)) {}
+  constexpr operator const ColumnKey&() const { return key_; }
+
+ private:
+  ColumnKey key_;
+};
+using ClassColumn = KeyOf<Table::Classes>;
+using PropertyColumn = KeyOf<Table::Properties>;
+using QueryColumn = KeyOf<Table::Queries>;
 
 using Value = std::variant<std::int32_t, std::string_view>;
 

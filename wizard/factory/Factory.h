@@ -3,6 +3,7 @@
 
 #include "runtime/Integer.h"
 #include "runtime/Variant.h"
+#include "wizard/factory/Dictionary.h"
 
 #include <initializer_list>
 #include <memory>
@@ -29,6 +30,8 @@ class ResultSet {
   virtual bool Next() = 0;
   // The column's value in the current row; names are looked up without regard to case.
   virtual Variant GetDataByName(std::string_view column) = 0;
+  // The same of a query on the dictionary: rows that have its columns in their order need not look for the name.
+  virtual Variant GetData(const ColumnKey& column) { return GetDataByName(column.Name); }
   virtual Int16 GetColumnCount() = 0;
   // `column` counts from 1.
   virtual std::string GetColumnName(Int16 column) = 0;

@@ -29,15 +29,14 @@ TEST_CASE("A server is written with what it tells, without its own classes unles
   server.Data.AddQuery("A.B", "By", 2, {"ID", "N"});
   const std::string own = R"({ "systems": [
   { "name": "Archive", "connect": "other", "classes": [
-    { "Name": "A.B", "System": 0, "Persistent": 1, "properties": [
-      { "Name": "P", "Type": "%Library.String", "Datatype": 1, "Serial": 0, "Collection": "", "Required": 1, )"
-                          R"("Editable": 1, "MaxLen": 7 }
+    { "Name": "A.B", "properties": [
+      { "Name": "P", "Required": 1, "MaxLen": 7 }
     ], "queries": [
       { "Name": "By", "ContainId": 2, "columns": ["ID", "N"], "params": ["param1"] }
     ] })";
   CHECK(Written(server, "Archive") == own + "\n  ] }\n] }\n");
   CHECK(Written(server, "Archive", Classes::All) == own + R"(,
-    { "Name": "%Library.Thing", "System": 1, "Persistent": 0, "properties": [], "queries": [] }
+    { "Name": "%Library.Thing", "System": 1, "Persistent": 0 }
   ] }
 ] }
 )");

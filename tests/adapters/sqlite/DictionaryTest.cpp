@@ -16,6 +16,8 @@ using namespace formwizard::tests;
 using runtime::Int16;
 using runtime::Int32;
 using runtime::Variant;
+using wizard::factory::ClassColumn;
+using wizard::factory::PropertyColumn;
 
 namespace {
 
@@ -63,25 +65,36 @@ const std::string Sample = ReadFile(SourceFolder() + "/samples/dictionary.json")
 
 }  // namespace
 
-TEST_CASE("A dictionary comes back as it went in: classes by name, all else in its order") {
+TEST_CASE("A dictionary comes back as it went in: classes by name, all else in its order, without what is a default") {
   DictionaryFixture dictionary, again;
+  std::string many, lines;  // more than are inserted at once
+  for (int i = 1; i <= 40; ++i) {
+    const std::string line = R"({ "Name": "p)" + std::to_string(i) + R"(", "MaxLen": )" + std::to_string(i) + " }";
+    many += "," + line;
+    lines += ",\n      " + line;
+  }
   dictionary.Import(R"({"systems":[{"classes":[
-    {"queries":[{"columns":["b","a"],"Name":"Q","params":["to"]}],"Name":"P.B","properties":[
-      {"MaxLen":2147483647,"Name":"z","Caption":"Édition","Datatype":0,"Collection":"list","Required":1},{"Name":"a"}]},
-    {"Name":"%P.A","System":1}],"connect":"c","name":"S"}]})");
+    {"queries":[{"columns":["b","a"],"Name":"Q","params":["to"]},{"Name":"R","ContainId":0}],"Name":"P.B","properties":[
+      {"MaxLen":2147483647,"Name":"z","Caption":"Édition","Datatype":0,"Collection":"list","Required":1},
+      {"Name":"y","Type":"","Serial":1,"Editable":0,"Caption":"Y"},
+      {"Name":"a","Type":"%Library.String","Datatype":1,"Serial":0,"Collection":"","Caption":"a","Editable":1,"MaxLen":0})" +
+                    many + R"(]},
+    {"Name":"%P.A","System":1,"Persistent":0}],"connect":"c","name":"S"},{"connect":"d","name":"T"}]})");
   const std::string exported = dictionary.Export();
   CHECK(exported == R"({ "systems": [
   { "name": "S", "connect": "c", "classes": [
-    { "Name": "%P.A", "System": 1, "Persistent": 1, "properties": [], "queries": [] },
-    { "Name": "P.B", "System": 0, "Persistent": 1, "properties": [
-      { "Name": "z", "Caption": "Édition", "Type": "%Library.String", "Datatype": 0, "Serial": 0, "Collection": "list", )"
-                    R"("Required": 1, "Editable": 1, "MaxLen": 2147483647 },
-      { "Name": "a", "Caption": "a", "Type": "%Library.String", "Datatype": 1, "Serial": 0, "Collection": "", )"
-                    R"("Required": 0, "Editable": 1, "MaxLen": 0 }
+    { "Name": "%P.A", "System": 1, "Persistent": 0 },
+    { "Name": "P.B", "properties": [
+      { "Name": "z", "Caption": "Édition", "Datatype": 0, "Collection": "list", "Required": 1, "MaxLen": 2147483647 },
+      { "Name": "y", "Caption": "Y", "Type": "", "Serial": 1, "Editable": 0 },
+      { "Name": "a" })" +
+                        lines + R"(
     ], "queries": [
-      { "Name": "Q", "ContainId": 1, "columns": ["b", "a"], "params": ["to"] }
+      { "Name": "Q", "columns": ["b", "a"], "params": ["to"] },
+      { "Name": "R", "ContainId": 0 }
     ] }
-  ] }
+  ] },
+  { "name": "T", "connect": "d" }
 ] }
 )");
   again.Import(exported);
@@ -111,6 +124,8 @@ TEST_CASE("The factory refuses what the server refuses, and result sets do not d
   CHECK(rows->Next());
   CHECK(IsRefused([&] { rows->GetDataByName("Colour"); }));
   CHECK(rows->GetDataByName("REQUIRED") == Variant(Int32(1)));
+  CHECK(rows->GetData(PropertyColumn("required")) == Variant(Int32(1)));
+  CHECK(rows->GetData(ClassColumn("name")) == Variant("Name"));  // as it is called in these rows
   CHECK(rows->GetColumnName(Int16(1)) + rows->GetColumnName(rows->GetColumnCount()) == "NameMaxLen");
   const auto others = factory->ResultSet("%CompiledProperty", "PropertyInfo");
   others->Execute({"No.Such"});
