@@ -167,13 +167,13 @@ void Register(const std::string& suffix, bool inWindow) {
         ->Iterations(5)
         ->Complexity(benchmark::oN);
   };
-  add("class step", 20000, [=](benchmark::State& state) { ClassStep(state, inWindow); });
-  add("property list", 2000, [=](benchmark::State& state) {
+  add("class step", 200000, [=](benchmark::State& state) { ClassStep(state, inWindow); });
+  add("property list", 20000, [=](benchmark::State& state) {
     Properties(
         state, inWindow, [](Wizard&) {}, Next);
   });
-  add("Select All", 2000, [=](benchmark::State& state) { Properties(state, inWindow, Next, SelectAll); });
-  add("Deselect All", 2000, [=](benchmark::State& state) {
+  add("Select All", 20000, [=](benchmark::State& state) { Properties(state, inWindow, Next, SelectAll); });
+  add("Deselect All", 20000, [=](benchmark::State& state) {
     Properties(
         state, inWindow,
         [](Wizard& wizard) {
@@ -182,7 +182,7 @@ void Register(const std::string& suffix, bool inWindow) {
         },
         DeselectAll);
   });
-  add("100 moves", 2000, [=](benchmark::State& state) { Properties(state, inWindow, FirstOfAll, MoveDown); });
+  add("100 moves", 20000, [=](benchmark::State& state) { Properties(state, inWindow, FirstOfAll, MoveDown); });
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "runtime/RuntimeError.h"
 
-#include <algorithm>
 #include <iterator>
 
 namespace formwizard::ui {
@@ -24,7 +23,9 @@ Node& Nodes::Add(Node* parent, std::string_view key, std::string_view text) {
   node.self_ = std::prev(all_.end());
   node.key_ = key;
   node.parent_ = parent;
-  (parent ? parent->children_ : roots_).push_back(&node);
+  std::vector<Node*>& siblings = parent ? parent->children_ : roots_;
+  node.position_ = static_cast<int>(siblings.size());
+  siblings.push_back(&node);
   if (!key.empty()) byKey_.emplace(node.key_, &node);
   if (tree_.observer_) tree_.observer_->NodeAdded(node);
   return node;
@@ -35,7 +36,9 @@ void Nodes::Remove(Node& node) {
   if (tree_.SelectedItem == &node) tree_.SelectedItem = nullptr;
   if (tree_.observer_) tree_.observer_->NodeRemoved(node);
   std::vector<Node*>& siblings = node.parent_ ? node.parent_->children_ : roots_;
-  siblings.erase(std::ranges::find(siblings, &node));
+  for (auto next = siblings.erase(siblings.begin() + node.position_); next != siblings.end(); ++next) {
+    --(*next)->position_;
+  }
   if (!node.key_.empty()) byKey_.erase(node.key_);
   all_.erase(node.self_);
 }

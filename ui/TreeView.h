@@ -45,6 +45,8 @@ class Node final : public Observed {
   // The first child, or null.
   Node* Child() const { return children_.empty() ? nullptr : children_.front(); }
   const std::vector<Node*>& Children() const { return children_; }
+  // Among the children of its parent, or among the roots, counted from 0.
+  int Position() const { return position_; }
   // Whether it stands below `other`.
   bool IsBelow(const Node& other) const;
 
@@ -55,6 +57,7 @@ class Node final : public Observed {
   TreeView& tree_;
   std::string key_;
   Node* parent_ = nullptr;
+  int position_ = 0;
   std::vector<Node*> children_;
   std::list<Node>::iterator self_;
 };
@@ -78,6 +81,8 @@ class Nodes {
 
   std::list<Node>& All() { return all_; }
   const std::vector<Node*>& Roots() const { return roots_; }
+  // The children of a node, or the roots for null.
+  const std::vector<Node*>& Below(const Node* parent) const { return parent ? parent->children_ : roots_; }
 
  private:
   TreeView& tree_;

@@ -1,127 +1,96 @@
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/ItemWidget.h"
 #include "adapters/qt/ObservingView.h"
-#include "adapters/qt/Pictures.h"
-#include "adapters/qt/Text.h"
+#include "adapters/qt/TreeModel.h"
 #include "adapters/qt/View.h"
 #include "ui/MakeFirst.h"
 
 #include <QSignalBlocker>
-#include <QTreeWidget>
-
-#include <unordered_map>
-#include <unordered_set>
-#include <utility>
+#include <QTreeView>
 
 namespace formwizard::adapters::qt {
 namespace {
 
-class NodeItem : public QTreeWidgetItem {
- public:
-  explicit NodeItem(ui::Node& node) : Shown(node) {}
-  ui::Node& Shown;  // NOLINT(misc-non-private-member-variables-in-classes)
-};
-
-class TreeViewView final : public ObservingView<ui::TreeView, ItemWidget<QTreeWidget>, ui::TreeObserver> {
+class TreeViewView final : public ObservingView<ui::TreeView, ItemWidget<QTreeView>, ui::TreeObserver> {
  public:
   TreeViewView(FormWindow& window, ui::TreeView& control)
-      : ObservingView(window, control, new ItemWidget<QTreeWidget>(&window)) {
+      : ObservingView(window, control, new ItemWidget<QTreeView>(&window)), model_(*new TreeModel(control, &widget_)) {
+    widget_.setModel(&model_);
     widget_.setHeaderHidden(true);
     widget_.setUniformRowHeights(true);
-    for (ui::Node& node : control.Nodes.All()) NodeAdded(node);
     widget_.OnPress = [this](QPointF at) {
       clicked_ = nullptr;
       Act([this, at] { control_.PressMouse(static_cast<float>(at.x()), static_cast<float>(at.y())); });
     };
     widget_.OnDoubleClick = [this] { Act([this] { control_.DoubleClick(); }); };
-    QObject::connect(&widget_, &QTreeWidget::currentItemChanged, &widget_, [this](QTreeWidgetItem* item) {
-      clicked_ = item;
-      if (item) Act([this, item] { control_.ClickNode(NodeOf(item)); });
+    widget_.OnCurrent = [this](const QModelIndex& index) {
+      clicked_ = TreeModel::NodeOf(index);
+      ActOn(index, &ui::TreeView::ClickNode);
+    };
+    QObject::connect(&widget_, &QTreeView::clicked, &widget_, [this](const QModelIndex& index) {
+      if (clicked_ != TreeModel::NodeOf(index)) ActOn(index, &ui::TreeView::ClickNode);
     });
-    QObject::connect(&widget_, &QTreeWidget::itemClicked, &widget_, [this](QTreeWidgetItem* item) {
-      if (clicked_ != item) Act([this, item] { control_.ClickNode(NodeOf(item)); });
-    });
-    QObject::connect(&widget_, &QTreeWidget::itemExpanded, &widget_, [this](QTreeWidgetItem* item) {
-      NoteChange();
-      Act([this, item] { control_.ExpandNode(NodeOf(item)); });
-    });
-    QObject::connect(&widget_, &QTreeWidget::itemCollapsed, &widget_, [this](QTreeWidgetItem* item) {
-      NoteChange();
-      Act([this, item] { control_.CollapseNode(NodeOf(item)); });
-    });
+    QObject::connect(&widget_, &QTreeView::expanded, &widget_,
+                     [this](const QModelIndex& index) { ActOn(index, &ui::TreeView::ExpandNode); });
+    QObject::connect(&widget_, &QTreeView::collapsed, &widget_,
+                     [this](const QModelIndex& index) { ActOn(index, &ui::TreeView::CollapseNode); });
   }
 
   void NodeAdded(ui::Node& node) override {
-    const QSignalBlocker quiet(&widget_);
-    auto* item = new NodeItem(node);
-    items_.emplace(&node, item);
-    if (node.Parent()) {
-      items_.at(node.Parent())->addChild(item);
-    } else {
-      widget_.addTopLevelItem(item);
-    }
-    NodeChanged(node);
+    model_.NoteAdded(node);
+    NoteChange();
   }
   void NodeChanged(ui::Node& node) override {
-    changed_.insert(&node);
+    model_.NoteChanged(node);
     NoteChange();
   }
   void NodeRemoved(ui::Node& node) override {
     const QSignalBlocker quiet(&widget_);
-    changed_.erase(&node);
     if (shownSelection_ == &node) shownSelection_ = nullptr;
-    delete items_.extract(&node).mapped();
+    model_.NoteRemoved(node);
     NoteChange();
   }
   void Cleared() override {
     const QSignalBlocker quiet(&widget_);
-    changed_.clear();
-    items_.clear();
     shownSelection_ = nullptr;
-    widget_.clear();
+    model_.NoteClear();
     NoteChange();
   }
   ui::Node* NodeAt(float x, float y) const override {
-    QTreeWidgetItem* item = widget_.itemAt(QPointF(x, y).toPoint());
-    return item ? &NodeOf(item) : nullptr;
+    return TreeModel::NodeOf(widget_.indexAt(QPointF(x, y).toPoint()));
   }
 
  private:
-  static ui::Node& NodeOf(QTreeWidgetItem* item) { return static_cast<NodeItem*>(item)->Shown; }
+  // What the user has done to a node, which the tree may refuse.
+  void ActOn(const QModelIndex& index, void (ui::TreeView::*action)(ui::Node&)) {
+    ui::Node* node = TreeModel::NodeOf(index);
+    if (!node) return;
+    NodeChanged(*node);
+    Act([this, node, action] { (control_.*action)(*node); });
+  }
 
   void Show() override {
     const QSignalBlocker quiet(&widget_);
     const ui::Node* selected = control_.SelectedItem;
     if (selected != shownSelection_) {  // the picture of a selected node may be another one
       for (const ui::Node* node : {selected, shownSelection_}) {
-        if (node) changed_.insert(node);
+        if (node) model_.NoteChanged(*node);
       }
     }
-    for (const ui::Node* node : std::exchange(changed_, {})) ShowNode(*node, *items_.at(node));
-    if (std::exchange(shownSelection_, selected) == selected) return;
-    NodeItem* item = selected ? items_.at(selected) : nullptr;
-    widget_.setCurrentItem(item);
-    if (item) widget_.scrollToItem(item);
+    shownSelection_ = selected;
+    model_.TellView([this](const ui::Node& node) { ShowExpanded(node); });
+    widget_.ShowCurrent(model_.IndexOf(selected));
   }
 
-  void ShowNode(const ui::Node& node, QTreeWidgetItem& item) {
-    const bool isSelected = control_.SelectedItem == &node && node.SelectedImage.Get().Value() != 0;
-    item.setText(0, Text(node.Text));
-    item.setIcon(0, Icon((isSelected ? node.SelectedImage : node.Image).Get().Value()));
-    if (item.isExpanded() != node.Expanded) item.setExpanded(node.Expanded);
+  void ShowExpanded(const ui::Node& node) {
+    if (node.Children().empty()) return;
+    const QModelIndex index = model_.IndexOf(&node);
+    if (widget_.isExpanded(index) != node.Expanded) widget_.setExpanded(index, node.Expanded);
   }
 
-  const QIcon& Icon(int image) {
-    QIcon& icon = icons_[image];
-    if (icon.isNull()) icon = IconOf(resources::TreePicture(image));
-    return icon;
-  }
-
-  std::unordered_map<const ui::Node*, NodeItem*> items_;
-  std::unordered_set<const ui::Node*> changed_;
+  TreeModel& model_;
   const ui::Node* shownSelection_ = nullptr;
-  const QTreeWidgetItem* clicked_ = nullptr;  // the node that the last press has selected; only compared
-  std::unordered_map<int, QIcon> icons_;
+  const ui::Node* clicked_ = nullptr;  // the node that the last press has selected; only compared
 };
 
 }  // namespace

@@ -19,7 +19,7 @@
 #include <QMenuBar>
 #include <QTest>
 #include <QTimer>
-#include <QTreeWidget>
+#include <QTreeView>
 
 #include <fstream>
 #include <functional>
@@ -39,9 +39,11 @@ Widget* Find(const ui::Control& control) {
 }
 
 // A node, which may stand below another one.
-inline QTreeWidgetItem* FindItem(QTreeWidget& tree, const std::string& text, const std::string& below = "") {
-  for (QTreeWidgetItem* item : tree.findItems(adapters::qt::Text(text), Qt::MatchExactly | Qt::MatchRecursive)) {
-    if (below.empty() || (item->parent() && item->parent()->text(0) == adapters::qt::Text(below))) return item;
+inline QModelIndex FindItem(const QTreeView& tree, const std::string& text, const std::string& below = "") {
+  const QAbstractItemModel& nodes = *tree.model();
+  for (const QModelIndex& index : nodes.match(nodes.index(0, 0), Qt::DisplayRole, adapters::qt::Text(text), -1,
+                                              Qt::MatchExactly | Qt::MatchRecursive)) {
+    if (below.empty() || index.parent().data() == adapters::qt::Text(below)) return index;
   }
   throw std::runtime_error("no node " + text);
 }

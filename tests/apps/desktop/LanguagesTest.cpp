@@ -50,7 +50,7 @@ TEST_CASE("In each language every step and every panel fits its window") {
       PassThroughWizard(user, [&](int step) {
         CAPTURE(step);
         if (step == 4) user.Press(dialog.cmdSelectAll);
-        const int rows = step == 5 ? Find<QListWidget>(dialog.lstFields)->count() : 1;
+        const int rows = step == 5 ? Find<QListView>(dialog.lstFields)->model()->rowCount() : 1;
         for (int row = 0; row < rows; ++row) {  // every panel
           if (step == 5) user.ChooseRow(dialog.lstFields, row);
           CheckFits();

@@ -41,7 +41,8 @@ class KeyboardUser : public Keyboard {
   std::string ChosenText() override {
     QWidget* focus = QApplication::focusWidget();
     const auto* combo = qobject_cast<QComboBox*>(focus);
-    const QString text = combo ? combo->currentText() : qobject_cast<QTreeWidget*>(focus)->currentItem()->text(0);
+    const QString text =
+        combo ? combo->currentText() : qobject_cast<QTreeView*>(focus)->currentIndex().data().toString();
     return text.toStdString();
   }
 
@@ -66,14 +67,14 @@ class MouseUser : public User {
   }
   void Take(const ui::Control& control, const std::string& node, const std::string& below,
             const ui::Control&) override {
-    auto* tree = Find<QTreeWidget>(control);
-    QTreeWidgetItem* item = FindItem(*tree, node, below);
-    tree->scrollToItem(item);
-    DoubleClick(*tree->viewport(), tree->visualItemRect(item).center());
+    auto* tree = Find<QTreeView>(control);
+    const QModelIndex index = FindItem(*tree, node, below);
+    tree->scrollTo(index);
+    DoubleClick(*tree->viewport(), tree->visualRect(index).center());
   }
   void ChooseRow(const ui::Control& list, int row) override {
-    auto* widget = Find<QListWidget>(list);
-    Click(*widget->viewport(), widget->visualItemRect(widget->item(row)).center());
+    auto* widget = Find<QListView>(list);
+    Click(*widget->viewport(), widget->visualRect(widget->model()->index(row, 0)).center());
   }
   void ChooseInCombo(const ui::Control& combo, const std::string& entry) override {
     auto* widget = Find<QComboBox>(combo);

@@ -16,14 +16,14 @@ void ClickInVain(QAbstractItemView& view, QPoint entry) {
 void ClickInVain(int step) {
   const formwizard::wizard::frmWizard& dialog = WizardDesign();
   if (step == 2) {
-    auto* systems = Find<QTreeWidget>(dialog.tvwConnection);
-    const QPoint selected = systems->visualItemRect(FindItem(*systems, "Samples")).center();
+    auto* systems = Find<QTreeView>(dialog.tvwConnection);
+    const QPoint selected = systems->visualRect(FindItem(*systems, "Samples")).center();
     ClickInVain(*systems, selected);
     MouseUser::Click(*systems->viewport(), selected);  // which is a click on the node all the same
     CHECK(Find(dialog.barStatus)->findChild<QLabel*>()->text() == "local:samples");
   } else if (step == 4) {
-    auto* chosen = Find<QListWidget>(dialog.lstSelected);
-    ClickInVain(*chosen, chosen->visualItemRect(chosen->item(0)).center());
+    auto* chosen = Find<QListView>(dialog.lstSelected);
+    ClickInVain(*chosen, chosen->visualRect(chosen->model()->index(0, 0)).center());
   }
 }
 
