@@ -76,9 +76,11 @@ std::string CodePage::Encode(std::string_view utf8) const {
   std::string_view rest = utf8;
   encoder_->Convert(rest, bytes);
   if (!rest.empty()) {
-    throw support::InputError("the text \"" + std::string(utf8) + "\" cannot be written in code page " +
-                              std::to_string(number_) + ", which lacks its character " + CharacterName(rest) +
-                              "; change the text or choose another code page with --code-page");
+    throw support::InputError(
+        "the text \"" + std::string(utf8) + "\" cannot be written in code page " + std::to_string(number_) +
+        ", which lacks its character " + CharacterName(rest) +
+        "; change the text or choose the code page of its language with --code-page (932 for Japanese, "
+        "936 and 950 for Chinese, 949 for Korean, 1251 for Cyrillic)");
   }
   return bytes;
 }

@@ -103,10 +103,10 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
       for (const Member& member : frame.Members)
         known += (known.empty() ? "\"" : ", \"") + std::string(member.Key) + "\"";
       frame.CurrentMember = nullptr;
-      Fail("unknown member " + Shown(key) + "; known are " + known);
+      Fail("unknown member " + Shown(key) + "; known members: " + known);
     }
     frame.CurrentMember = &*found;
-    if (frame.CurrentValue().IsSet) Fail("the member stands twice");
+    if (frame.CurrentValue().IsSet) Fail("the member is given twice");
     input_.EndValue();
     return true;
   }
@@ -139,7 +139,7 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     const std::size_t colon = text.find(": ", text.find("line "));
     constexpr std::size_t most = 200;
     const std::string problem = colon == std::string::npos ? text : text.substr(colon + 2);
-    throw support::InputError(At(input_.Here()) + "this is no valid JSON: " + problem.substr(0, most));
+    throw support::InputError(At(input_.Here()) + "this is not valid JSON: " + problem.substr(0, most));
   }
 
  private:
@@ -177,7 +177,7 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     };
     const std::string_view collection = textOf("Collection"), caption = textOf("Caption");
     if (StaysQuoted(caption, collection)) return;
-    Fail("a quotation mark must not stand in the caption of a list or an array, found " + Shown(caption),
+    Fail("a quotation mark is not allowed in the caption of a list or an array, found " + Shown(caption),
          input_.Here());
   }
   void CheckLength(std::size_t most) {
@@ -186,7 +186,7 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
   void CheckUnique(const Column& column, const std::string& text) {
     Frame& list = frames_.at(depth_ - 2);
     const bool isFirst = &column == ColumnsOf(*TableOf(Top().Kind)).data();
-    if (!(isFirst ? list.Names : list.Connects).insert(text).second) Fail(Shown(text) + " stands twice");
+    if (!(isFirst ? list.Names : list.Connects).insert(text).second) Fail(Shown(text) + " is given twice");
   }
 
   void AddText(const std::string& text) {
@@ -194,7 +194,7 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     const Table table = *TableOf(list.Kind);
     Check(ColumnsOf(table).front(), text);
     CheckLength(static_cast<std::size_t>(Most16));  // a server counts them in 16 bits
-    if (!list.Names.insert(text).second) Fail(Shown(text) + " stands twice");
+    if (!list.Names.insert(text).second) Fail(Shown(text) + " is given twice");
     const Value value = text;
     store_.Add(table, {0, list.Id, static_cast<std::int64_t>(list.Count), {&value, 1}});
     ++list.Count;

@@ -24,7 +24,7 @@ std::string ExpectedIn(const Column& column) {
 std::string ProblemOf(const Column& column, std::string_view text) {
   const std::size_t most = column.Kind == ColumnKind::Caption ? LongestText : LongestName;
   if (text.size() > most) {
-    return "at most " + std::to_string(most) + " bytes may stand here, found " + std::to_string(text.size());
+    return "at most " + std::to_string(most) + " bytes are allowed here, found " + std::to_string(text.size());
   }
   if (column.Kind == ColumnKind::Number ||
       (column.Kind == ColumnKind::Collection && std::ranges::find(CollectionKinds, text) == CollectionKinds.end())) {
@@ -32,13 +32,13 @@ std::string ProblemOf(const Column& column, std::string_view text) {
   }
   const bool isName = column.Kind == ColumnKind::Name || (column.Kind == ColumnKind::Type && !text.empty());
   if (isName && IsName(text)) return "";  // then it is a line, too
-  if (column.IsRequired() && text.empty()) return "a text that is not empty must stand here";
-  if (!IsLine(text)) return "a line break or control character must not stand here, found " + Shown(text);
+  if (column.IsRequired() && text.empty()) return "expected a text that is not empty, found \"\"";
+  if (!IsLine(text)) return "a line break or control character is not allowed here, found " + Shown(text);
   if (column.Kind == ColumnKind::SystemText && text.find_first_of(",;") != std::string_view::npos) {
-    return "must hold neither \",\" nor \";\", found " + Shown(text);
+    return "must contain neither \",\" nor \";\", found " + Shown(text);
   }
   if (isName) {
-    return "a name must hold nothing but letters, digits, \"_\", \"%\" and \".\", found " + Shown(text);
+    return "a name must contain nothing but letters, digits, \"_\", \"%\" and \".\", found " + Shown(text);
   }
   return "";
 }

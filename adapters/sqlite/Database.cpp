@@ -82,7 +82,7 @@ class Connection {
   [[noreturn]] void Fail() const { Fail(sqlite3_extended_errcode(handle_), sqlite3_errmsg(handle_)); }
   [[noreturn]] void FailDamaged(const std::string& reason) const {
     throw support::InputError(shown_ + ": the class dictionary is damaged (" + reason +
-                              "); make it anew with \"dictionary import --force\"");
+                              "); create it again with \"dictionary import --force\"");
   }
 
  private:

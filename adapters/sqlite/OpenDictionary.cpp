@@ -51,16 +51,16 @@ bool LooksLikeDictionary(const std::string& path) { return HasApplicationId(Head
 
 Database OpenDictionaryFile(const std::string& path) {
   constexpr const char* remedy = "make a class dictionary with \"dictionary import\"";
-  if (!HasApplicationId(HeadOf(path, remedy))) throw InputError(path + ": this is no class dictionary; " + remedy);
+  if (!HasApplicationId(HeadOf(path, remedy))) throw InputError(path + ": this is not a class dictionary; " + remedy);
   Database database = Database::OpenForReading(path);
   const std::int64_t version = database.Number("PRAGMA user_version");
   if (version != SchemaVersion) {
     throw InputError(path + ": this dictionary has version " + std::to_string(version) + ", expected " +
-                     std::to_string(SchemaVersion) + "; make it anew with \"dictionary import --force\"");
+                     std::to_string(SchemaVersion) + "; create it again with \"dictionary import --force\"");
   }
   if (!HasOurTables(database)) {
     throw InputError(path +
-                     ": its tables are not those of a class dictionary; make it anew with \"dictionary import "
+                     ": its tables are not those of a class dictionary; create it again with \"dictionary import "
                      "--force\"");
   }
   return database;

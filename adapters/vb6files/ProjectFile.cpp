@@ -77,7 +77,7 @@ void ProjectFile::ForEachLine(Action&& action) const {
 ProjectFile::ProjectFile(const std::string& path, std::string text) {
   state_.Text = std::move(text);
   if (state_.Text.find('\0') != std::string::npos) {
-    throw support::InputError(path + ": this is no project file: it holds binary data; give a .vbp file");
+    throw support::InputError(path + ": this is not a project file: it contains binary data; give a .vbp file");
   }
   const Line first = LineAt(0);
   if (first.End == "\n") lineEnd_ = "\n";
@@ -128,7 +128,7 @@ void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::s
   if (file.empty() || (kind == ItemKind::Named && name.empty())) {
     throw support::InputError(path + ":" + std::to_string(number) + ": expected \"" + std::string(key) +
                               (kind == ItemKind::Named ? "=Name; file\"" : "=file\"") + ", found \"" +
-                              std::string(key) + "=" + std::string(value) + "\"; mend the line");
+                              std::string(key) + "=" + std::string(value) + "\"; correct the line");
   }
   items_.push_back({kind, name, file, number});
 }

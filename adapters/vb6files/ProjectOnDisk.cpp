@@ -55,7 +55,7 @@ class ProjectOnDisk::FinishedControls : public VBControls {
 
   Int32 Count() const override { return count_; }
   std::shared_ptr<VBControl> Add(std::string_view, const std::shared_ptr<VBControl>&) override {
-    runtime::Raise(runtime::AutomationError, "The form is finished and takes no more controls");
+    runtime::Raise(runtime::AutomationError, "The form is finished: no more controls can be added");
   }
 
  private:

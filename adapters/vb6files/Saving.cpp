@@ -208,8 +208,8 @@ void Saving::Commit(std::string_view text) {
       const auto isAsRead = [&](const std::string& project) { return IsAsRead(project, changed); };
       if (!system::ReplaceIf(files_, stagingFolder_ + Project, projectFile_, isAsRead)) {
         throw SaveError(changed +
-                        ": another program has changed this file since it was read; open the project anew or "
-                        "run the command again");
+                        ": another program has changed this file since it was read; open the project again and "
+                        "retry");
       }
     } catch (const std::exception&) {
       if (!RollBackMoved()) stagingFolder_.clear();  // its record stays for the next save

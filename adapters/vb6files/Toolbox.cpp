@@ -92,7 +92,7 @@ ObjectReference Toolbox::Find(std::string_view progId) const {
   }
   runtime::Raise(runtime::ControlNotFound,
                  "ActiveX control '" + std::string(progId) +
-                     "' not found: copy what stands behind \"Object=\" in a project that uses it into the section " +
+                     "' not found: copy the value of \"Object=\" from a project that uses it into the section " +
                      std::string(Section) + " of a toolbox file, as \"" + std::string(progId) +
                      "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" +
                      (file_.empty() ? "none was given" : file_ + " has no such line") + ")");

@@ -47,8 +47,8 @@ class Server {
       }
       known += (known.empty() ? "" : ", ") + system.Name;
     }
-    throw support::InputError(source_ + ": there is no system \"" + options.System + "\"; there are " +
-                              (known.empty() ? "none" : known));
+    throw support::InputError(source_ + ": there is no system \"" + options.System + "\"; " +
+                              (known.empty() ? "none is available" : "available: " + known));
   }
 
   // All classes are gone through for one that has neither properties nor queries.
@@ -232,7 +232,7 @@ void AddClasses(CLI::App& program, Task& task) {
   const auto options = std::make_shared<BrowseOptions>();
   AddListing(program, task, "classes", "list the classes that a form can be made for", Takes::System, ListClasses,
              options)
-      .add_flag("--all", options->All, "system and not persistent classes too");
+      .add_flag("--all", options->All, "include system and non-persistent classes");
 }
 
 void AddProperties(CLI::App& program, Task& task) {

@@ -24,7 +24,8 @@ void AddSurroundings(CLI::App& command, ProjectOptions& options) {
   command.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
       ->capture_default_str()
       ->type_name("N");
-  AddFile(command, "--toolbox", options.Toolbox, "control libraries that the project does not refer to yet");
+  AddFile(command, "--toolbox", options.Toolbox,
+          "a file that lists control libraries the project does not reference yet");
   AddFile(command, "--profile", options.Profile,
           "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
   command.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")

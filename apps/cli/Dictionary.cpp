@@ -70,9 +70,12 @@ void CheckExport(TransferOptions& options) {
 void AddTransfer(CLI::App& dictionary, Task& task, bool isImport) {
   const auto options = std::make_shared<TransferOptions>();
   CLI::App& command =
-      *dictionary.add_subcommand(isImport ? "import" : "export", isImport ? "IN.json OUT" : "IN OUT.json");
-  AddFile(command, "in", options->From, "what to read; \"-\" for standard input of an import")->required();
-  AddFile(command, "out", options->To, "what to write; \"-\" for standard output of an export");
+      *dictionary.add_subcommand(isImport ? "import" : "export",
+                                 isImport ? "make a class dictionary from JSON" : "write a class dictionary as JSON");
+  AddFile(command, "in", options->From, isImport ? "JSON; \"-\" for standard input" : "class dictionary")->required();
+  CLI::Option& out =
+      *AddFile(command, "out", options->To, isImport ? "class dictionary" : "JSON; \"-\" for standard output");
+  if (isImport || !common::CanHaveServer()) out.required();  // an export of a server has one name alone
   command.add_flag("--force", options->Force, "replace the file also when it is something else");
   if (!isImport && common::CanHaveServer()) AddServerToExport(command, *options);
   command.callback([&task, options, isImport] {

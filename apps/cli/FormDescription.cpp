@@ -102,7 +102,7 @@ class Value {
       known += member;
       known += '"';
     }
-    throw InputError(path_ + ": unknown member \"" + key + "\"; known are " + known);
+    throw InputError(path_ + ": unknown member \"" + key + "\"; known members: " + known);
   }
 
   std::string Shown() const {
@@ -122,6 +122,7 @@ FieldChoice ReadField(const Value& value) {
     field.Property = value.Text();
     return field;
   }
+  if (!value.Raw().is_object()) value.Fail("a property's name or an object");
   value.Object({"property", "caption", "readOnly", "updateAfter", "rows", "combo"});
   field.Property = value.Required("property").Text();
   if (const auto member = value.Member("caption")) field.Caption = member->Line();
@@ -222,7 +223,7 @@ void CheckJson(const std::string& text, const std::string& file) {
   const auto column = 1 + before.size() - (before.rfind('\n') + 1);
   const std::string place = file + ":" + std::to_string(line) + ":" + std::to_string(column);
   if (check.IsOutOfRange) throw InputError(place + ": this number is out of range; write a smaller one");
-  throw InputError(place + ": this is no valid JSON; a form description is an object with \"class\" and \"fields\"");
+  throw InputError(place + ": this is not valid JSON; a form description is an object with \"class\" and \"fields\"");
 }
 
 }  // namespace
@@ -242,7 +243,7 @@ void CheckSetting(const std::string& where, const std::string& key, const std::s
     for (const settings::SettingKey& each : settings::SettingKeys()) {
       known += (known.empty() ? "" : ", ") + std::string(each.Key);
     }
-    throw InputError(where + ": there is no setting \"" + key + "\"; known are " + known);
+    throw InputError(where + ": there is no setting \"" + key + "\"; known settings: " + known);
   }
   if (settings::IsAllowed(*found, value)) return;
   throw InputError(where + ": " + std::string(found->Key) + " must be " + settings::AllowedFor(*found) + ", found \"" +

@@ -15,8 +15,8 @@ using wizard::frmWizard;
 constexpr std::size_t ShownChoices = 12;
 
 std::string Listed(const std::vector<std::string>& choices) {
-  if (choices.empty()) return "there are none";
-  std::string text = "there are ";
+  if (choices.empty()) return "none is available";
+  std::string text = "available: ";
   for (std::size_t i = 0; i < std::min(choices.size(), ShownChoices); ++i) text += (i == 0 ? "" : ", ") + choices[i];
   if (choices.size() > ShownChoices) text += " and " + std::to_string(choices.size() - ShownChoices) + " more";
   return text;
@@ -98,7 +98,7 @@ class FieldsUser {
       known.push_back(Name(node) + "." + Name(*child));
       if (known.back() == path) return *child;
     }
-    Fail("\"" + path + "\" cannot be chosen: of the object \"" + Name(node) + "\" " + Listed(known));
+    Fail("\"" + path + "\" cannot be chosen; " + Listed(known));
   }
 
   void SetAttributesOf(const FieldChoice& field) {

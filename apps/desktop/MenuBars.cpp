@@ -106,7 +106,7 @@ class MenuBar : public CommandBarControls {
     return index == AddInsMenuIndex ? std::make_shared<AddInsMenu>(addInsMenu_) : nullptr;
   }
   std::shared_ptr<CommandBarControl> Add(CommandBarControlType) override {
-    Raise(runtime::AutomationError, "Commands stand on the Add-Ins menu");
+    Raise(runtime::AutomationError, "Commands can only be added to the Add-Ins menu");
   }
 
  private:

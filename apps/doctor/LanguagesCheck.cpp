@@ -30,7 +30,7 @@ std::string FaultOf(const std::string& path) {
   try {
     const auto bytes = system::RealFileSystem().Read(path, system::LargestLibrary);
     const auto texts = adapters::satellite::ReadStringTable(bytes.value_or(""));
-    if (!texts) return path + ": this is no library with texts, or only part of one";
+    if (!texts) return path + ": this is not a library with texts, or only part of one";
     const std::vector<int> ids = resources::StringTableIds();
     const auto missing = std::ranges::count_if(ids, [&](int id) { return !texts->contains(id); });
     if (missing == 0) return "";

@@ -259,7 +259,7 @@ TEST_CASE("A control library that is not known costs its control and says what t
   work.Toolbox.clear();
   const Outcome made = work.Generate(Typical);
   CHECK(made.Status == 1);
-  CHECK(Has(made.Error, "WriteForm : ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: copy what stands"));
+  CHECK(Has(made.Error, "WriteForm : ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: copy the value of"));
   CHECK(Has(made.Error, "Error occurred in procedure WriteConHelper  : ActiveX control"));
 }
 
@@ -317,6 +317,7 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
             R"({"class":"Sample.Person","fields":["Name",{"property":"Notes","rows":1e400}]})");
   WriteFile(work.Folder / "lines.json",
             R"({"class":"Sample.Person","fields":[{"property":"Phones","caption":"a\r\nShell"}]})");
+  WriteFile(work.Folder / "five.json", R"({"class":"Sample.Person","fields":[5]})");
   WriteFile(work.Folder / "deep.json", std::string(100'000, '['));
   WriteFile(work.Folder / "types.json", R"({"class":"Sample.Person","fields":[{"property":"Notes","rows":[")" +
                                             std::string(100'000, 'x') + "\"]}]}");
@@ -335,20 +336,21 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{name + " --set Menu=maybe", 2, "Menu must be 1, 0, True or False"},
         Case{name + " --set Colour=1", 2, "there is no setting \"Colour\""},
         Case{"--nonsense", 2, "--nonsense"},
-        Case{"--class Sample.Nobody --fields Name", 3, "no persistent class \"Sample.Nobody\"; there are Billing"},
-        Case{name + ",Colour", 3, "offers no property \"Colour\"; there are Name, SSN, DOB"},
-        Case{"--class Sample.Person --fields Home", 3,
-             "\"Home\" cannot be chosen: of the object \"Home\" there are Home.Street"},
+        Case{"--class Sample.Nobody --fields Name", 3, "no persistent class \"Sample.Nobody\"; available: Billing"},
+        Case{name + ",Colour", 3, "offers no property \"Colour\"; available: Name, SSN, DOB"},
+        Case{"--class Sample.Person --fields Home", 3, "\"Home\" cannot be chosen; available: Home.Street"},
         Case{name + ".First", 3, "property \"Name\" is no object"},
         Case{name + ",Name", 3, "the property Name is chosen twice"},
-        Case{name + " --system Nowhere", 3, "there is no system \"Nowhere\"; there are Samples, Archive"},
+        Case{name + " --system Nowhere", 3, "there is no system \"Nowhere\"; available: Samples, Archive"},
         Case{name + " --code-page 4711", 3, "code page 4711 is not known"},
         Case{"missing.json", 3, "missing.json: there is no such file"},
-        Case{"broken.json", 3, "broken.json:3:1: this is no valid JSON"},
+        Case{"broken.json", 3, "broken.json:3:1: this is not valid JSON"},
         Case{"rows.json", 3, "rows.json: fields[1].rows: expected a whole number from 1"},
-        Case{"query.json", 3, "no query that returns the object id \"Statistics\"; there are Extent, ByName, BySearch"},
+        Case{"query.json", 3,
+             "no query that returns the object id \"Statistics\"; available: Extent, ByName, BySearch"},
         Case{"1e400.json", 3, "1e400.json:1:74: this number is out of range"},
         Case{"lines.json", 3, "lines.json: fields[0].caption: expected a text without line breaks"},
+        Case{"five.json", 3, "five.json: fields[0]: expected a property's name or an object, found 5"},
         Case{"deep.json", 3, "deep.json: nested more than 16 deep"},
         Case{"types.json", 3, "types.json: fields[0].rows: expected a whole number from 1 to 32767, found [\"x"},
         Case{".", 3, ".: this is a folder or a device"},

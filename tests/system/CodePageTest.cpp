@@ -37,7 +37,8 @@ TEST_CASE("Texts turn into the code page's bytes and back") {
 TEST_CASE("A character that the code page lacks is named, and nothing takes its place") {
   CHECK_THROWS_WITH_AS(CodePage(1252).Encode("Straße Ж"),
                        "the text \"Straße Ж\" cannot be written in code page 1252, which lacks its character U+0416; "
-                       "change the text or choose another code page with --code-page",
+                       "change the text or choose the code page of its language with --code-page (932 for Japanese, "
+                       "936 and 950 for Chinese, 949 for Korean, 1251 for Cyrillic)",
                        InputError);
   // What similar letters or a question mark could stand for, what Windows keeps a byte for without a meaning, and what
   // is no text.

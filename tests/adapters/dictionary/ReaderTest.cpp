@@ -77,10 +77,10 @@ TEST_CASE("Bad input is named by its line, its column and its path, with what wa
     std::string Json, Message;
   };
   for (const Case& c : {
-           Case{"{\n \"systems\": [\n  nonsense", "3:4: this is no valid JSON"},
-           Case{"{\"systems\":[{", "1:14: this is no valid JSON"},
-           Case{"{\"systems\":[]} x", "1:16: this is no valid JSON"},
-           Case{"", "1:1: this is no valid JSON"},
+           Case{"{\n \"systems\": [\n  nonsense", "3:4: this is not valid JSON"},
+           Case{"{\"systems\":[{", "1:14: this is not valid JSON"},
+           Case{"{\"systems\":[]} x", "1:16: this is not valid JSON"},
+           Case{"", "1:1: this is not valid JSON"},
            Case{"[]", "1:1: expected an object with \"systems\", found an array"},
            Case{" \"\"", "1:2: expected an object with \"systems\", found \"\""},
            Case{"1e400", "1:1: expected an object with \"systems\", found 1e400"},
@@ -88,10 +88,10 @@ TEST_CASE("Bad input is named by its line, its column and its path, with what wa
            Case{"{\"systems\":" + Repeated("[", 100'000), "1:13: systems[0]: expected an object, found an array"},
            Case{"{\n}", "2:1: systems: this member is missing"},
            Case{Document("properties", "\"Name\":\"" + std::string(300'000, 'x')), "2:10: this value is too long"},
-           Case{R"({"systems":[{"name":"a;b","connect":"c"}]})", "1:21: systems[0].name: must hold neither"},
+           Case{R"({"systems":[{"name":"a;b","connect":"c"}]})", "1:21: systems[0].name: must contain neither"},
            Case{"{\"systems\":[{\"name\":\"S\",\"connect\":\"c\"},\n{\"connect\":\"c\",\"name\":\"T\"}]}",
-                "2:12: systems[1].connect: \"c\" stands twice"},
-           Case{Document("properties", "\"Name\":\"\xFF\""), "2:11: this is no valid JSON"},
+                "2:12: systems[1].connect: \"c\" is given twice"},
+           Case{Document("properties", "\"Name\":\"\xFF\""), "2:11: this is not valid JSON"},
        }) {
     CAPTURE(c.Json.substr(0, 200));
     CHECK(Message(c.Json).starts_with("in.json:" + c.Message));
@@ -114,25 +114,25 @@ TEST_CASE("Bad input is named by its line, its column and its path, with what wa
            Case{R"("Name":"b","Datatype":2)", "25: .Datatype: expected 0 or 1, found 2"},
            Case{R"("Name":"b","Datatype":true)", "25: .Datatype: expected 0 or 1, found true"},
            Case{R"("Name":"b","Collection":"set")", "27: .Collection: expected \"\", \"list\", \"array\""},
-           Case{R"("Name":"b","Caption":"a\nb")", "24: .Caption: a line break or control character must not stand"},
-           Case{R"("Name":"b","Caption":"a\u2028b")", "24: .Caption: a line break or control character must not stand"},
+           Case{R"("Name":"b","Caption":"a\nb")", "24: .Caption: a line break or control character is not allowed"},
+           Case{R"("Name":"b","Caption":"a\u2028b")", "24: .Caption: a line break or control character is not allowed"},
            Case{R"("Name":"b","Caption":")" + std::string(32'001, 'x') + '"', "24: .Caption: at most 32000 bytes"},
            Case{R"("Collection":"list","Name":"b","Caption":"a\" & b")",
-                "53: .Caption: a quotation mark must not stand"},
-           Case{R"("Name":"b","Type":"a b")", "21: .Type: a name must hold nothing but"},
-           Case{R"("Name":"b","Colour":1)", "14: : unknown member \"Colour\"; known are \"Name\", \"Caption\""},
-           Case{R"("Name":"b","Name":"c")", "14: .Name: the member stands twice"},
+                "53: .Caption: a quotation mark is not allowed"},
+           Case{R"("Name":"b","Type":"a b")", "21: .Type: a name must contain nothing but"},
+           Case{R"("Name":"b","Colour":1)", "14: : unknown member \"Colour\"; known members: \"Name\", \"Caption\""},
+           Case{R"("Name":"b","Name":"c")", "14: .Name: the member is given twice"},
            Case{R"("Caption":"b")", "16: .Name: this member is missing"},
-           Case{R"("Name":"")", "10: .Name: a text that is not empty must stand here"},
-           Case{R"("Name":"a")", "10: .Name: \"a\" stands twice"},
+           Case{R"("Name":"")", "10: .Name: expected a text that is not empty, found"},
+           Case{R"("Name":"a")", "10: .Name: \"a\" is given twice"},
            Case{R"("Name":["a"])", "10: .Name: expected a text, found an array"},
        }) {
     check("properties", c);
   }
   for (const Case& c :
        {Case{R"("Name":"b","ContainId":32768)", "26: .ContainId: expected a whole number from 0 to 32767"},
-        Case{R"("Name":"b","columns":["x","y z"])", "29: .columns[1]: a name must hold nothing but"},
-        Case{R"("Name":"b","columns":["x","x"])", "29: .columns[1]: \"x\" stands twice"},
+        Case{R"("Name":"b","columns":["x","y z"])", "29: .columns[1]: a name must contain nothing but"},
+        Case{R"("Name":"b","columns":["x","x"])", "29: .columns[1]: \"x\" is given twice"},
         Case{R"("Name":"b","columns":[1])", "25: .columns[0]: expected a text, found 1"}}) {
     check("queries", c);
   }

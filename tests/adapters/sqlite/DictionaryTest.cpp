@@ -165,7 +165,7 @@ TEST_CASE("A file that is no dictionary, or not one that import has made, is ref
   for (const std::string& text : {std::string(), std::string("SQLite format 3\0rubbish", 23), std::string(5000, 'x')}) {
     WriteFile(dictionary.File, text);
     CHECK(OpeningMessage(dictionary.File) ==
-          dictionary.File + ": this is no class dictionary; make a class dictionary with \"dictionary import\"");
+          dictionary.File + ": this is not a class dictionary; make a class dictionary with \"dictionary import\"");
   }
   for (const char* sql : {
            "DROP TABLE properties",
@@ -187,7 +187,7 @@ TEST_CASE("A file that is no dictionary, or not one that import has made, is ref
     Change(dictionary.File, sql);
     const std::string message = OpeningMessage(dictionary.File);
     CHECK_MESSAGE(message.starts_with(dictionary.File + ": "), message);
-    CHECK_MESSAGE(message.ends_with("make it anew with \"dictionary import --force\""), message);
+    CHECK_MESSAGE(message.ends_with("create it again with \"dictionary import --force\""), message);
   }
 }
 

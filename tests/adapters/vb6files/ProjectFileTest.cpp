@@ -50,7 +50,7 @@ TEST_CASE("What is no project is refused with its line") {
             std::string("Form=a.frm\r\nProjWinSize=1,2,3,4\r\n"),
             "p.vbp:1: the \"Type=\" line is missing, as in projects of Visual Basic 4 and older; open the project in"},
         std::pair{std::string(), "p.vbp:1: expected \"Type=Exe\""},
-        std::pair{std::string("MZ\0\0", 4), "p.vbp: this is no project file"},
+        std::pair{std::string("MZ\0\0", 4), "p.vbp: this is not a project file"},
         std::pair{std::string("Type=Exe\r\nModule=M\r\n"), "p.vbp:2: expected \"Module=Name; file\""},
         std::pair{std::string("Type=Exe\r\n\r\nForm=\r\n"), "p.vbp:3: expected \"Form=file\""}}) {
     CAPTURE(text);

@@ -51,7 +51,7 @@ TEST_CASE("A class that nothing knows is refused with what to supply and where")
         std::tuple{"empty.ini", std::string("Other.Control"), std::string("empty.ini has no such line")}}) {
     const auto find = [&, path = file, id = progId] { Toolbox(files, path).Find(id); };
     const std::string message = "ActiveX control '" + progId +
-                                "' not found: copy what stands behind \"Object=\" in a project that uses it into the "
+                                "' not found: copy the value of \"Object=\" from a project that uses it into the "
                                 "section [Toolbox] of a toolbox file, as \"" +
                                 progId + "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" + where +
                                 ")";

@@ -127,7 +127,7 @@ TEST_CASE("The command line's own doctor says what is wrong with its files and t
   CHECK(outcome.Status == 1);
   CHECK(outcome.Out.find("fault         settings: the command line cannot ") == 0);
   CHECK(outcome.Out.find("fault         languages: " + at +
-                         "OstrelFormWizardFRA.dll: this is no library with texts, "
+                         "OstrelFormWizardFRA.dll: this is not a library with texts, "
                          "or only part of one; to mend it: install the programs again, or for English rm \"" +
                          at + "OstrelFormWizardFRA.dll\"\n") != std::string::npos);
 }

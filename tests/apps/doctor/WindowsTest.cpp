@@ -118,7 +118,7 @@ const std::string Sound = NoServer + "0", Failed = NoServer + "1";
 const std::string SystemFolder = "C:\\windows\\system32\\", Again = "; to mend it: install ";
 const std::string Regsvr = "as an administrator, " + SystemFolder + "regsvr32 ",
                   Library = "\"F\\OstrelFormWizard.dll\"\n";
-const std::string NoTexts = ": this is no library with texts, or only part of one";
+const std::string NoTexts = ": this is not a library with texts, or only part of one";
 const std::string Mend = "; to mend it: ", Delete =
                                                "reg delete \"HKCU\\Software\\Microsoft\\Visual Basic\\6.0\\Addins\\"
                                                "OstrelFormWizard.Wizard\" /f /reg:32\n";
