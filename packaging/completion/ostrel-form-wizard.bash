@@ -17,14 +17,31 @@ _ostrel_form_wizard_given() {
   printf '%s' "${value-}"
 }
 
-# The first column of a listing of the dictionary that was named, such as its classes.
-_ostrel_form_wizard_list() {
+# A listing of the dictionary that was named, such as its classes: a line a row, with tabs between the columns.
+_ostrel_form_wizard_rows() {
   local dictionary system
   dictionary=$(_ostrel_form_wizard_given --dictionary)
   system=$(_ostrel_form_wizard_given --system)
   [[ -f $dictionary ]] || return 0
   [[ $1 == systems || -z $system ]] || set -- "$@" --system "$system"
-  ostrel-form-wizard "$@" --dictionary "$dictionary" 2>/dev/null | cut -f 1
+  ostrel-form-wizard "$@" --dictionary "$dictionary" 2>/dev/null
+}
+
+_ostrel_form_wizard_list() {
+  _ostrel_form_wizard_rows "$@" | cut -f 1
+}
+
+# The paths that a word can become: properties of the class, or those of the one object in it that the word begins with.
+_ostrel_form_wizard_paths() {
+  local rows object=''
+  rows=$(_ostrel_form_wizard_rows properties --class "$1")
+  [[ $2 != *.* ]] || object=${2%.*}
+  # name, caption, type, data type, embedded, collection
+  awk -F '\t' -v object="$object" '$4 == 1 && $3 != "%Library.List" { print $1 }
+    $4 == 0 && $6 == "" && $1 != object { print $1 "." }' <<<"$rows"
+  [[ -z $object ]] || _ostrel_form_wizard_rows properties --class "$(awk -F '\t' -v object="$object" \
+    '$1 == object { print $3 }' <<<"$rows")" | awk -F '\t' -v object="$object" \
+    '$4 == 1 && $6 == "" && $3 != "%Library.List" { print object "." $1 }'
 }
 
 # English and the languages whose satellites stand beside the program.
@@ -60,7 +77,7 @@ _ostrel_form_wizard_value() {
       class=$(_ostrel_form_wizard_given --class)
       [[ $cur != *,* ]] || chosen=${cur%,*},
       [[ -z $class ]] || mapfile -t COMPREPLY < <(compgen -P "$chosen" \
-        -W "$(_ostrel_form_wizard_list properties --class "$class")" -- "${cur##*,}")
+        -W "$(_ostrel_form_wizard_paths "$class" "${cur##*,}")" -- "${cur##*,}")
       compopt -o nospace
       ;;
     --set)

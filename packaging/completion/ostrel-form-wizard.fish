@@ -1,0 +1,141 @@
+# fish completion for ostrel-form-wizard and ostrel-form-wizard-desktop
+
+# The value of an option that stands before the cursor, with a leading ~ resolved.
+function __ostrel_form_wizard_given --argument-names option
+    set -l words (commandline -opc)
+    for i in (seq (count $words))
+        if string match -q -- "$option=*" $words[$i]
+            string replace -- "$option=" '' $words[$i]
+        else if test $words[$i] = $option; and set -q words[(math $i + 1)]
+            string replace -r '^~(?=/)' $HOME -- $words[(math $i + 1)]
+        end
+    end | tail -n 1
+end
+
+# A listing of the dictionary that was named, such as its classes: a line a row, with tabs between the columns.
+function __ostrel_form_wizard_rows
+    set -l dictionary (__ostrel_form_wizard_given --dictionary)
+    set -l system (__ostrel_form_wizard_given --system)
+    test -f "$dictionary"; or return
+    test $argv[1] = systems -o -z "$system"; or set -a argv --system $system
+    ostrel-form-wizard $argv --dictionary $dictionary 2>/dev/null
+end
+
+function __ostrel_form_wizard_names
+    __ostrel_form_wizard_rows $argv | string replace -r '\t.*' ''
+end
+
+# The paths that the last of a list of properties can become: those of the class, or of one object in it.
+function __ostrel_form_wizard_fields
+    set -l class (__ostrel_form_wizard_given --class)
+    test -n "$class"; or return
+    set -l word (commandline -ct | string replace -r '^--fields=' '')
+    set -l chosen (string match -r '^.*,' -- $word)
+    set -l object (string match -r '[^,]+(?=\.[^,.]*$)' -- $word)
+    for row in (__ostrel_form_wizard_rows properties --class $class)
+        # name, caption, type, data type, embedded, collection
+        set -l of (string split \t -- $row)
+        if test "$of[4]" = 0
+            test -z "$of[6]"; or continue
+            if test "$of[1]" != "$object"
+                echo "$chosen$of[1]."
+                continue
+            end
+            for inner in (__ostrel_form_wizard_rows properties --class $of[3])
+                set -l at (string split \t -- $inner)
+                test "$at[4]" = 1 -a -z "$at[6]" -a "$at[3]" != %Library.List; and echo "$chosen$object.$at[1]"
+            end
+        else if test "$of[3]" != %Library.List
+            echo "$chosen$of[1]"
+        end
+    end
+end
+
+# Folders, and the files with that ending.
+function __ostrel_form_wizard_files --argument-names ending
+    __fish_complete_path (commandline -ct | string replace -r '^--[a-z-]+=' '') |
+        string match -r '^[^\t]*(?:/|\.'$ending')(?=\t|$)'
+end
+
+# English and the languages whose satellites stand beside the program.
+function __ostrel_form_wizard_languages
+    echo ENU
+    for library in (path dirname (path resolve (command -s ostrel-form-wizard)))/OstrelFormWizard???.dll
+        string match -rq 'OstrelFormWizard(?<language>...)\.dll$' $library; and echo $language
+    end
+end
+
+# Whether the desktop program or one of the commands is being typed, or a command is still missing.
+function __ostrel_form_wizard_in
+    set -l words (commandline -opc)
+    set -l command $words[2]
+    test (path basename $words[1]) != ostrel-form-wizard-desktop; or set command desktop
+    contains -- "$command" $argv
+end
+
+# OPTION COMMANDS ABOUT [what completes its value]
+function __ostrel_form_wizard_option --argument-names option commands about
+    for program in ostrel-form-wizard ostrel-form-wizard-desktop
+        complete -c $program -n "__ostrel_form_wizard_in $commands" -l (string sub -s 3 -- $option) -d $about $argv[4..]
+    end
+end
+
+set -l listings systems classes properties queries
+set -l in_project generate wizard desktop
+set -l sources generate wizard $listings
+set -l program ostrel-form-wizard
+
+complete -c $program -f -n '__ostrel_form_wizard_in ""' -l version -d 'show the version and exit'
+complete -c $program-desktop -s v -l version -d 'show the version and exit'
+for each in $program $program-desktop
+    complete -c $each -s h -l help -d 'show a summary and exit'
+end
+for command in 'generate	create forms in a project' \
+    'wizard	open the wizard\'s dialogs over a project' \
+    'systems	list the systems of a dictionary' \
+    'classes	list the classes that a form can be made for' \
+    'properties	list the properties of a class' \
+    'queries	list the queries of a class' \
+    'dictionary	make a dictionary from JSON, or JSON from a dictionary' \
+    'doctor	look at the installation and say what mends it'
+    complete -c $program -f -n '__ostrel_form_wizard_in ""' -a (string split \t $command)[1] \
+        -d (string split \t $command)[2]
+end
+
+__ostrel_form_wizard_option --project 'generate wizard' 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
+__ostrel_form_wizard_option --dictionary "$sources desktop" 'the class dictionary' -rF
+__ostrel_form_wizard_option --system 'generate classes properties queries' 'the system' -xa \
+    '(__ostrel_form_wizard_names systems)'
+__ostrel_form_wizard_option --class generate 'the persistent class of the form' -xa \
+    '(__ostrel_form_wizard_names classes)'
+__ostrel_form_wizard_option --class 'properties queries' 'the class' -xa '(__ostrel_form_wizard_names classes --all)'
+__ostrel_form_wizard_option --fields generate 'its properties in order' -xa '(__ostrel_form_wizard_fields)'
+__ostrel_form_wizard_option --set generate 'a setting for this run' -xa "Bold= Button= CollectionRows= Columns= FormSizable=
+    ImageRows= LabelAlignLeft= Menu= MultilineRows= New= Save= Search= SearchClear= SearchNew= SearchPredicates=
+    SearchSort= Statusbar= Toolbar="
+__ostrel_form_wizard_option --code-page "$in_project" 'the Windows code page of the project\'s files' -xa \
+    '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001'
+__ostrel_form_wizard_option --toolbox "$in_project" 'control libraries that the project does not refer to yet' -xa \
+    '(__ostrel_form_wizard_files ini)'
+__ostrel_form_wizard_option --profile "$in_project" 'the settings file' -xa '(__ostrel_form_wizard_files ini)'
+__ostrel_form_wizard_option --language "$in_project" 'three-letter language of the texts' -xa \
+    '(__ostrel_form_wizard_languages)'
+__ostrel_form_wizard_option --dry-run generate 'write nothing, say what would be written'
+__ostrel_form_wizard_option --diff generate 'show the changes of every file as a unified diff'
+__ostrel_form_wizard_option --check generate 'write nothing, exit with status 1 when something would be written'
+__ostrel_form_wizard_option --journal generate 'write every change to the project as a line of JSON' -rF
+__ostrel_form_wizard_option --force generate 'let the journal replace a file that is no journal'
+__ostrel_form_wizard_option --force dictionary 'replace the file also when it is something else'
+__ostrel_form_wizard_option --json "generate doctor $listings" 'show the result as JSON'
+__ostrel_form_wizard_option --all classes 'system and not persistent classes too'
+__ostrel_form_wizard_option --fix doctor 'mend what you may change'
+__ostrel_form_wizard_option --strict doctor 'exit with status 1 unless everything is good'
+__ostrel_form_wizard_option --wizard desktop 'open the wizard at once'
+__ostrel_form_wizard_option --render desktop 'draw a form into a picture and exit' -xa \
+    '(__ostrel_form_wizard_files frm)'
+
+complete -c $program -f -n '__ostrel_form_wizard_in generate' -a '(__ostrel_form_wizard_files json)'
+complete -c $program -f -n "__ostrel_form_wizard_in wizard doctor $listings"
+complete -c $program -f -n '__ostrel_form_wizard_in dictionary; and test (count (commandline -opc)) = 2' \
+    -a 'import export'
+complete -c $program-desktop -f -n 'not contains -- --render (commandline -opc)' -a '(__ostrel_form_wizard_files vbp)'
