@@ -1,14 +1,13 @@
 #include "apps/desktop/CodeHighlighter.h"
 
 #include <QStringView>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <array>
 
 namespace formwizard::apps::desktop {
 namespace {
-
-constexpr int CommentGoesOn = 1;  // block state: the next line belongs to this line's comment
 
 // In alphabetical order.
 constexpr std::array Keywords{
@@ -74,6 +73,64 @@ Token TokenAt(QStringView line, qsizetype start) {
   return {Kind::Other, start + 1};
 }
 
+using Formats = QList<QTextLayout::FormatRange>;
+
+// Adds the coloured parts of a line that stands at `offset`. `isComment` says whether the line before goes on in it as
+// a comment, and then whether this one does so in the next.
+void ColorLine(QStringView line, qsizetype offset, const CodeColors& colors, bool& isComment, Formats& formats) {
+  const auto color = [&](qsizetype start, qsizetype end, const QColor& foreground) {
+    QTextCharFormat format;
+    format.setForeground(foreground);
+    formats.push_back({static_cast<int>(offset + start), static_cast<int>(end - start), format});
+  };
+  bool isMember = false;  // the word behind a dot is a name, whatever it says
+  bool isStatementStart = true;
+  qsizetype at = 0;
+  while (at < line.size() && !isComment) {
+    if (line[at].isSpace()) {
+      isMember = false;
+      ++at;
+      continue;
+    }
+    const Token token = TokenAt(line, at);
+    const QStringView word = line.sliced(at, token.End - at);
+    const bool isWord = token.What == Kind::Word;
+    isComment =
+        token.What == Kind::Comment || (isWord && isStatementStart && word.compare(u"Rem", Qt::CaseInsensitive) == 0);
+    if (isComment) break;
+    if (token.What == Kind::Text) color(at, token.End, colors.Text);
+    if (token.What == Kind::Number) color(at, token.End, colors.Number);
+    if (isWord && !isMember && IsKeyword(word)) color(at, token.End, colors.Keyword);
+    isMember = word == u"." || word == u"!";
+    isStatementStart = word == u":";
+    at = token.End;
+  }
+  if (isComment) color(at, line.size(), colors.Comment);
+  isComment = isComment && line.endsWith(u" _");
+}
+
+Formats ColorLines(QStringView text, const CodeColors& colors, bool& isComment) {
+  Formats formats;
+  qsizetype offset = 0;
+  for (const QStringView line : text.tokenize(QChar(QChar::LineSeparator))) {
+    ColorLine(line, offset, colors, isComment, formats);
+    offset += line.size() + 1;
+  }
+  return formats;
+}
+
+// Whether a comment goes on behind the paragraph. The environment allows one of 25 lines, so that it is enough to look
+// back until a line is none of these.
+bool EndsInComment(QTextBlock paragraph, const CodeColors& colors) {
+  const auto goesOn = [](const QTextBlock& block) { return block.text().endsWith(u" _"); };
+  if (!goesOn(paragraph)) return false;
+  QTextBlock start = paragraph;
+  for (int lines = 1; lines < 25 && goesOn(start.previous()); ++lines) start = start.previous();
+  bool isComment = false;
+  for (; start != paragraph.next(); start = start.next()) ColorLines(start.text(), colors, isComment);
+  return isComment;
+}
+
 }  // namespace
 
 CodeColors CodeColors::Light() {
@@ -85,38 +142,15 @@ CodeColors CodeColors::Dark() {
 
 void CodeHighlighter::SetColors(const CodeColors& colors) {
   colors_ = colors;
-  rehighlight();
+  ++round_;
 }
 
-void CodeHighlighter::highlightBlock(const QString& text) {
-  const QStringView line(text);
-  const auto comment = [&](qsizetype start) {
-    setFormat(static_cast<int>(start), static_cast<int>(line.size() - start), colors_.Comment);
-    setCurrentBlockState(line.endsWith(u" _") ? CommentGoesOn : 0);
-  };
-  setCurrentBlockState(0);
-  if (previousBlockState() == CommentGoesOn) return comment(0);
-  bool isMember = false;  // the word behind a dot is a name, whatever it says
-  bool isStatementStart = true;
-  for (qsizetype at = 0; at < line.size();) {
-    if (line[at].isSpace()) {
-      isMember = false;
-      ++at;
-      continue;
-    }
-    const Token token = TokenAt(line, at);
-    const QStringView word = line.sliced(at, token.End - at);
-    const bool isRemark =
-        token.What == Kind::Word && isStatementStart && word.compare(u"Rem", Qt::CaseInsensitive) == 0;
-    if (token.What == Kind::Comment || isRemark) return comment(at);
-    const auto color = [&](const QColor& c) { setFormat(static_cast<int>(at), static_cast<int>(word.size()), c); };
-    if (token.What == Kind::Text) color(colors_.Text);
-    if (token.What == Kind::Number) color(colors_.Number);
-    if (token.What == Kind::Word && !isMember && IsKeyword(word)) color(colors_.Keyword);
-    isMember = word == u"." || word == u"!";
-    isStatementStart = word == u":";
-    at = token.End;
-  }
+void CodeHighlighter::Highlight(QTextDocument& document, QTextBlock paragraph) const {
+  if (paragraph.userState() == round_) return;
+  bool isComment = EndsInComment(paragraph.previous(), colors_);
+  paragraph.layout()->setFormats(ColorLines(paragraph.text(), colors_, isComment));
+  paragraph.setUserState(round_);
+  document.markContentsDirty(paragraph.position(), paragraph.length());  // to be laid out and drawn anew
 }
 
 }  // namespace formwizard::apps::desktop

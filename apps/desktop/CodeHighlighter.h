@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QColor>
-#include <QSyntaxHighlighter>
+#include <QTextBlock>
+#include <QTextDocument>
 
 namespace formwizard::apps::desktop {
 
@@ -14,17 +15,18 @@ struct CodeColors {
   static CodeColors Dark();
 };
 
-class CodeHighlighter : public QSyntaxHighlighter {
+// Colours the paragraphs of a document that it is asked for, because what is coloured takes far more memory than its
+// text. A paragraph holds one line, or more with line separators between them.
+class CodeHighlighter {
  public:
-  CodeHighlighter(QTextDocument* document, const CodeColors& colors) : QSyntaxHighlighter(document), colors_(colors) {}
-
+  // Holds for paragraphs that are coloured from now on, also for those that are coloured already.
   void SetColors(const CodeColors& colors);
-
- protected:
-  void highlightBlock(const QString& line) override;
+  // Nothing happens to one that has these colours. The document must hold nothing that is coloured otherwise.
+  void Highlight(QTextDocument& document, QTextBlock paragraph) const;
 
  private:
   CodeColors colors_;
+  int round_ = -1;  // the state of a paragraph that has these colours; a new one has -1
 };
 
 }  // namespace formwizard::apps::desktop

@@ -2,13 +2,11 @@
 
 #include "adapters/qt/Text.h"
 #include "apps/common/Endings.h"
-#include "apps/desktop/CodeHighlighter.h"
 #include "support/Messages.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QFontDatabase>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScrollArea>
@@ -22,11 +20,6 @@ namespace {
 using adapters::qt::Text;
 using adapters::qt::Utf8;
 namespace vb6files = adapters::vb6files;
-
-CodeColors ColorsFor(const QPalette& palette) {
-  const bool isDark = palette.color(QPalette::Base).lightness() < 128;
-  return isDark ? CodeColors::Dark() : CodeColors::Light();
-}
 
 // The bytes of a module or class, without the environment's own lines at its start.
 std::string CodeOfModule(const system::CodePage& codePage, const std::string& bytes) {
@@ -44,17 +37,15 @@ std::string CodeOfModule(const system::CodePage& codePage, const std::string& by
 }  // namespace
 
 MainWindow::MainWindow(EnvironmentOptions options)
-    : components_(new QListWidget),
+    : components_(new QListView),
+      model_(new ComponentModel(components_)),
       pages_(new QTabWidget),
       form_(new FormView),
-      code_(new QPlainTextEdit),
-      highlighter_(new CodeHighlighter(code_->document(), ColorsFor(palette()))) {
-  code_->setReadOnly(true);
-  code_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  code_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  code_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  code_->setAccessibleName("Code");
+      code_(new CodeView) {
   components_->setAccessibleName("Components");
+  components_->setModel(model_);
+  components_->setItemDelegate(new ComponentDelegate(*model_, components_));
+  components_->setUniformItemSizes(true);
   form_->setAccessibleName("Form");
   auto* area = new QScrollArea;
   area->setWidget(form_);
@@ -68,7 +59,8 @@ MainWindow::MainWindow(EnvironmentOptions options)
   splitter->setSizes({220, 780});
   setCentralWidget(splitter);
   resize(1000, 700);
-  connect(components_, &QListWidget::currentRowChanged, this, [this] { Try([this] { ShowComponent(); }); });
+  connect(components_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this] { Try([this] { ShowComponent(); }); });
 
   AddMenus();
   environment_ = std::make_unique<Environment>(*this, *addInsMenu_, std::move(options));
@@ -159,39 +151,29 @@ bool MainWindow::MayGiveUp() {
   return answer == QMessageBox::Discard;
 }
 
-void MainWindow::ShowProject(const QString& chosen) {
-  int row = 0;
-  {
-    const QSignalBlocker quiet(components_);
-    components_->clear();
-    for (const vb6files::ComponentSummary& component : environment_->Project()->Summaries()) {
-      if (Text(component.Name) == chosen) row = components_->count();
-      auto* item = new QListWidgetItem(Text(component.Name), components_);
-      item->setToolTip(component.File.empty() ? "not saved yet" : Text(component.File));
-      item->setData(Qt::UserRole, component.IsForm);
-    }
-    components_->setCurrentRow(row);
-  }
-  Try([this] { ShowComponent(); });
+void MainWindow::ShowProject(const std::string& chosen) {
+  model_->Show(environment_->Project()->Summaries());
+  const QModelIndex row = model_->Find(chosen);
+  components_->setCurrentIndex(row);                     // which shows the component
+  if (!row.isValid()) Try([this] { ShowComponent(); });  // that there is none
   ShowState();
 }
 
 void MainWindow::ShowComponent() {
   form_->SetForm(std::nullopt);
   code_->clear();
-  const QListWidgetItem* item = components_->currentItem();
-  if (!item) return;
+  const QModelIndex current = components_->currentIndex();
+  if (!current.isValid()) return;
   vb6files::ProjectOnDisk& project = *environment_->Project();
-  const std::string name = Utf8(item->text());
-  const bool isForm = item->data(Qt::UserRole).toBool();
+  const auto& [name, file, isForm] = model_->At(current);
   const vb6files::FormFiles texts = project.TextsOf(name);
   pages_->setTabEnabled(0, isForm);
   if (!isForm) {
-    code_->setPlainText(Text(CodeOfModule(project.ProjectCodePage(), texts.Frm)));
+    code_->ShowCode(Text(CodeOfModule(project.ProjectCodePage(), texts.Frm)));
     return;
   }
   vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
-  code_->setPlainText(Text(tree.Code));
+  code_->ShowCode(Text(tree.Code));
   form_->SetForm(std::move(tree.Form));
 }
 
@@ -212,17 +194,12 @@ void MainWindow::AfterAddIn() {
     return;
   }
   lastNew_ = made;
-  ShowProject(Text(made));
+  ShowProject(made);
   if (const auto kept = environment_->Project()->CodeKeptIn(made)) {
     QMessageBox::information(this, "Ostrel Form Wizard", Text(support::Shortened(vb6files::NoteOn(made, *kept))));
   }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) { event->setAccepted(MayGiveUp()); }
-
-void MainWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange) highlighter_->SetColors(ColorsFor(palette()));
-  QMainWindow::changeEvent(event);
-}
 
 }  // namespace formwizard::apps::desktop

@@ -1,19 +1,18 @@
 // The main window: the components of a project, the picture and the code of the chosen one, and the Add-Ins menu.
 #pragma once
 
+#include "apps/desktop/CodeView.h"
+#include "apps/desktop/ComponentModel.h"
 #include "apps/desktop/Environment.h"
 #include "apps/desktop/FormView.h"
 
-#include <QListWidget>
+#include <QListView>
 #include <QMainWindow>
-#include <QPlainTextEdit>
 #include <QTabWidget>
 
 #include <string>
 
 namespace formwizard::apps::desktop {
-
-class CodeHighlighter;
 
 class MainWindow : public QMainWindow {
  public:
@@ -29,7 +28,6 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   void AddMenus();
@@ -41,18 +39,18 @@ class MainWindow : public QMainWindow {
   // Runs what may fail on its input or output and shows the failure.
   bool Try(const std::function<void()>& action);
   // Shows what the project holds now, and chooses the component of that name.
-  void ShowProject(const QString& chosen);
+  void ShowProject(const std::string& chosen);
   void ShowComponent();
   void ShowState();
   void AfterAddIn();
 
   QMenu* addInsMenu_ = nullptr;
   QAction* save_ = nullptr;
-  QListWidget* components_;
+  QListView* components_;
+  ComponentModel* model_;  // of the list
   QTabWidget* pages_;
   FormView* form_;
-  QPlainTextEdit* code_;
-  CodeHighlighter* highlighter_;
+  CodeView* code_;
   std::unique_ptr<Environment> environment_;
   std::string lastNew_;
 };

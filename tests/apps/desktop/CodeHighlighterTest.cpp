@@ -16,9 +16,10 @@ namespace {
 std::string Colored(const QString& code) {
   const CodeColors colors = CodeColors::Light();
   QTextDocument document(code);
-  CodeHighlighter highlighter(&document, colors);
-  highlighter.rehighlight();
   const QTextBlock block = document.lastBlock();
+  CodeHighlighter highlighter;
+  highlighter.SetColors(colors);
+  highlighter.Highlight(document, block);
   std::string letters(static_cast<std::size_t>(block.text().size()), ' ');
   for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
     const QColor color = range.format.foreground().color();

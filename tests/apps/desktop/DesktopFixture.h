@@ -15,7 +15,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
-#include <QListWidget>
+#include <QListView>
 #include <QMenuBar>
 #include <QTest>
 #include <QTimer>

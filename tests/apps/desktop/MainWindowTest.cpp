@@ -39,7 +39,9 @@ void MakePersonForm(
   });
 }
 
-QListWidget& Components(const DesktopFixture& desktop) { return *desktop.Window->findChild<QListWidget*>(); }
+QListView& Components(const DesktopFixture& desktop) { return *desktop.Window->findChild<QListView*>(); }
+
+QString Chosen(const DesktopFixture& desktop) { return Components(desktop).currentIndex().data().toString(); }
 
 QString Code(const DesktopFixture& desktop) { return desktop.Window->findChild<QPlainTextEdit*>()->toPlainText(); }
 
@@ -47,11 +49,11 @@ QString Code(const DesktopFixture& desktop) { return desktop.Window->findChild<Q
 
 TEST_CASE("A new form is shown with its code, and nothing of it is lost without being asked for") {
   DesktopFixture desktop;
-  CHECK(Components(desktop).currentItem()->text() == "Form1");
+  CHECK(Chosen(desktop) == "Form1");
   CHECK(Code(desktop).isEmpty());
   MakePersonForm(desktop);
   CHECK(desktop.Window->isWindowModified());
-  CHECK(Components(desktop).currentItem()->text() == "frmPerson");
+  CHECK(Chosen(desktop) == "frmPerson");
   CHECK(Code(desktop).startsWith("Const m_classname = \"Sample.Person\""));
 
   std::string asked;
@@ -81,10 +83,10 @@ TEST_CASE("Saving that fails is said, leaves the form open, and can be tried aga
 
   // A second form follows the first one into the project.
   MakePersonForm(desktop);
-  CHECK(Components(desktop).currentItem()->text() == "frmPerson2");
-  Components(desktop).setCurrentRow(0);
+  CHECK(Chosen(desktop) == "frmPerson2");
+  Components(desktop).setCurrentIndex(Components(desktop).model()->index(0, 0));
   desktop.UseWizard([] { Find<QAbstractButton>(WizardDesign().cmdCancel)->click(); });
-  CHECK(Components(desktop).currentRow() == 0);  // what is looked at stays when nothing was made
+  CHECK(Components(desktop).currentIndex().row() == 0);  // what is looked at stays when nothing was made
   desktop.Save();
   CHECK(FilesIn(desktop.Home).contains("frmPerson2.frm"));
 }
@@ -109,7 +111,7 @@ TEST_CASE("What cannot be opened is said, and what was open stays") {
   CHECK_FALSE(desktop.Window->OpenDictionary(QString::fromStdString(desktop.Folder / "no.sqlite")));
   CHECK(said.find("no.sqlite") != std::string::npos);
   MakePersonForm(desktop);
-  CHECK(Components(desktop).currentItem()->text() == "frmPerson");
+  CHECK(Chosen(desktop) == "frmPerson");
 }
 
 TEST_CASE("The wizard opens at once where it is asked for, unless what it needs cannot be opened") {
@@ -177,5 +179,5 @@ TEST_CASE("A name that the project's code page cannot hold ends the generation, 
   });
   CHECK(said.find("名") != std::string::npos);
   CHECK_FALSE(QApplication::activeModalWidget());
-  CHECK(Components(desktop).currentItem()->text() == "frmPerson");  // half written, and shown
+  CHECK(Chosen(desktop) == "frmPerson");  // half written, and shown
 }
