@@ -1,21 +1,15 @@
 #include "apps/cli/FormDescription.h"
 
+#include "apps/cli/TextInput.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
-#include "system/FileSystem.h"
 #include "system/Limits.h"
-#include "system/Paths.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <limits>
-#include <system_error>
 
 namespace formwizard::apps::cli {
 namespace {
@@ -154,35 +148,6 @@ FormDescription ReadDescription(const Value& root, const std::string& file) {
   return form;
 }
 
-std::string ReadStream(std::istream& in, const std::string& name) {
-  std::string text;
-  std::array<char, 4096> part{};
-  while (in.read(part.data(), part.size()), in.gcount() > 0) {
-    text.append(part.data(), static_cast<std::size_t>(in.gcount()));
-    if (text.size() <= LargestDescription) continue;
-    throw InputError(name + ": a form description has at most " + std::to_string(LargestDescription) + " bytes");
-  }
-  if (in.bad()) throw InputError(name + ": reading the form description failed");
-  return text;
-}
-
-std::string NameOf(const std::string& file) { return file == "-" ? "standard input" : file; }
-
-// A pipe will do as well as a file, as a shell makes one of a command's output.
-std::string ReadAll(const std::string& file) {
-  if (file == "-") return ReadStream(std::cin, NameOf(file));
-  if (!system::RealFileSystem().StampOf(file)) throw InputError(file + ": there is no such file; check the path");
-  namespace fs = std::filesystem;
-  std::error_code error;
-  const fs::file_type type = fs::status(system::NativePath(file), error).type();
-  if (!error && type != fs::file_type::regular && type != fs::file_type::fifo) {
-    throw InputError(file + ": this is a folder or a device; a form description is a file, or \"-\"");
-  }
-  std::ifstream in(system::NativePath(file), std::ios::binary);
-  if (!in) throw InputError(file + ": the form description cannot be read; check the permissions");
-  return ReadStream(in, file);
-}
-
 // Finds where a text is no JSON, or is nested too deeply, before anything is made of it.
 class Check : public nlohmann::json_sax<Json> {
  public:
@@ -229,7 +194,7 @@ void CheckJson(const std::string& text, const std::string& file) {
 }  // namespace
 
 FormDescription ReadFormDescription(const std::string& file) {
-  const std::string text = ReadAll(file);
+  const std::string text = ReadText(file, "form description", LargestDescription);
   const std::string name = NameOf(file);
   CheckJson(text, name);
   const Json json = Json::parse(text);

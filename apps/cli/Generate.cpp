@@ -3,6 +3,7 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/ConsoleDesktop.h"
+#include "apps/cli/DescriptionFiles.h"
 #include "apps/cli/FormDescription.h"
 #include "apps/cli/JournalFile.h"
 #include "apps/cli/ProjectOptions.h"
@@ -38,7 +39,7 @@ using common::Incomplete;
 using common::UsageError;
 
 struct GenerateOptions : ProjectOptions {
-  std::string Class, System, Journal;
+  std::string Class, System, Journal, DescriptionsFrom;
   std::vector<std::string> Fields, Settings, Descriptions;
   bool DryRun = false, Diff = false, Check = false, Json = false, Force = false;
 };
@@ -72,7 +73,8 @@ void CheckUsage(const GenerateOptions& options) {
   }
   if (options.Journal.empty()) return;
   std::vector<std::string> inputs = options.Descriptions;
-  inputs.insert(inputs.end(), {options.Project, options.Dictionary, options.Toolbox, options.Profile});
+  inputs.insert(inputs.end(),
+                {options.Project, options.Dictionary, options.Toolbox, options.Profile, options.DescriptionsFrom});
   CheckJournal(options.Journal, inputs);
 }
 
@@ -283,7 +285,11 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
   command.add_flag("--json", options.Json, "show the summary as JSON");
-  command.add_option("descriptions", options.Descriptions, "form descriptions in JSON, \"-\" for standard input")
+  AddFile(command, "--descriptions-from", options.DescriptionsFrom,
+          "a list of form descriptions, one path a line, \"-\" for standard input");
+  command
+      .add_option("descriptions", options.Descriptions,
+                  "form descriptions in JSON or folders of them, \"-\" for standard input")
       ->type_name("FORM.json")
       ->check(CheckedPath);
 }
@@ -297,7 +303,7 @@ void AddGenerate(CLI::App& program, Task& task) {
   command.callback([&task, options] {
     const bool saves = (!options->DryRun && !options->Check) || !options->Journal.empty();
     const auto generate = [options] {
-      options->Descriptions = common::FilesMeant(options->Descriptions);
+      options->Descriptions = DescriptionFiles(common::FilesMeant(options->Descriptions), options->DescriptionsFrom);
       return Generate(*options);
     };
     task = {generate, options->Project, saves};

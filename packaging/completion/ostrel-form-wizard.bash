@@ -59,7 +59,7 @@ _ostrel_form_wizard_value() {
   local IFS=$' \t\n'
   case $prev in
     --project) _filedir vbp ;;
-    --dictionary | --journal) _filedir ;;
+    --dictionary | --journal | --descriptions-from) _filedir ;;
     --toolbox | --profile) _filedir ini ;;
     --language) _ostrel_form_wizard_words "$(_ostrel_form_wizard_languages)" ;;
     --code-page) _ostrel_form_wizard_words '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001' ;;
@@ -127,7 +127,7 @@ _ostrel_form_wizard() {
     generate)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
-          --profile --language --dry-run --diff --check --journal --force --json'
+          --profile --language --descriptions-from --dry-run --diff --check --journal --force --json'
       else
         _filedir json
       fi
@@ -151,7 +151,7 @@ _ostrel_form_wizard_desktop() {
       _filedir frm
       return
       ;;
-    --system | --class | --fields | --set | --project | --journal) ;; # not options of this program
+    --system | --class | --fields | --set | --project | --journal | --descriptions-from) ;; # not options of this program
     *)
       _ostrel_form_wizard_value && return
       $split && return

@@ -169,13 +169,19 @@ TEST_CASE("A form comes out the same alone and in a batch, whatever was made bef
     for (int order = 0; order < 4; ++order) {
       std::ranges::shuffle(descriptions, random);
       const auto work = workplace();
-      std::string files, errors;
+      std::string files, list = "\xEF\xBB\xBF", errors;
+      WriteFile(work->Folder / "Masken 項目/.hidden.json", "");
+      WriteFile(work->Folder / "Masken 項目/read.me", "");
       for (const std::string& description : descriptions) {
-        const std::string file = std::to_string(&description - descriptions.data()) + ".json";
+        const std::string file = "Masken 項目/" + std::to_string(&description - descriptions.data()) + ".json";
         WriteFile(work->Folder / file, description);
-        files += file + " ";
+        files += Quoted(file) + " ";
+        list += file + (files.size() % 2 == 0 ? "\r\n\r\n" : "\n");
         errors += alone[description].Error;
       }
+      WriteFile(work->Folder / "list.txt", order == 2 ? list : "Masken 項目/\n");
+      if (order == 1) files = "\"Masken 項目\" ";
+      if (order > 1) files = "--descriptions-from list.txt ";
       const Outcome made = work->Generate(files + "--json");
       CHECK(made.Status == 1);
       CHECK(made.Error == errors);
@@ -319,6 +325,8 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
             R"({"class":"Sample.Person","fields":[{"property":"Phones","caption":"a\r\nShell"}]})");
   WriteFile(work.Folder / "five.json", R"({"class":"Sample.Person","fields":[5]})");
   WriteFile(work.Folder / "deep.json", std::string(100'000, '['));
+  WriteFile(work.Folder / "empty/read.me", "\r\n\n");
+  WriteFile(work.Folder / "list.txt", "rows.json");
   WriteFile(work.Folder / "types.json", R"({"class":"Sample.Person","fields":[{"property":"Notes","rows":[")" +
                                             std::string(100'000, 'x') + "\"]}]}");
   const auto before = work.Files();
@@ -353,7 +361,15 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{"five.json", 3, "five.json: fields[0]: expected a property's name or an object, found 5"},
         Case{"deep.json", 3, "deep.json: nested more than 16 deep"},
         Case{"types.json", 3, "types.json: fields[0].rows: expected a whole number from 1 to 32767, found [\"x"},
-        Case{".", 3, ".: this is a folder or a device"},
+        Case{"empty", 3, "empty: no form description is in this folder; their names end in \".json\""},
+        Case{"--descriptions-from empty", 3, "empty: this is a folder or a device; a list of form descriptions is"},
+        Case{"--descriptions-from empty/read.me", 3, "read.me: no form description is listed"},
+        Case{"--descriptions-from none.txt", 3, "none.txt: there is no such file"},
+        Case{"--descriptions-from -", 3, "standard input: no form description is listed"},
+        Case{"--descriptions-from - -", 3, "this is the list of form descriptions and cannot be one"},
+        Case{"--descriptions-from rows.json", 3, "Notes\",\"rows\":0}]}: there is no such file"},
+        Case{"--descriptions-from list.txt --journal list.txt --force", 2, "the run reads this file"},
+        Case{"--descriptions-from list.txt " + name, 2, "give either --class and --fields or form descriptions"},
         Case{std::string(5000, 'x') + ".json rows.json", 3, "xxx.json: "},
         Case{"--fields Name --class Sample.\x1b[31m" + std::string(5000, 'x'), 3, "--class Sample.\\x1B[31mxxx"},
         Case{name + " --journal " + Quoted(work.Home + "/Form1.frm"), 3,

@@ -1,0 +1,17 @@
+// A text that a user names: a file, a pipe, or standard input.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace formwizard::apps::cli {
+
+// "-" is standard input; a pipe will do, as a shell makes one of a command's output. `what` is said in messages, such
+// as "form description". support::InputError, which names the file, when there is none, it cannot be read, is a folder
+// or a device, or holds more than `most` bytes.
+std::string ReadText(const std::string& file, const std::string& what, std::size_t most);
+
+// As messages call it.
+std::string NameOf(const std::string& file);
+
+}  // namespace formwizard::apps::cli
