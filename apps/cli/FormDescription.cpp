@@ -9,196 +9,320 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <limits>
+#include <span>
+#include <utility>
 
 namespace formwizard::apps::cli {
 namespace {
 
 using Json = nlohmann::json;
 using support::InputError;
-using system::LargestDescription;
 
 constexpr int DeepestDescription = 16;
+constexpr int MostRows = std::numeric_limits<std::int16_t>::max();
 
-// A value of the description and where it stands, for messages: "FILE: fields[0].rows".
-class Value {
- public:
-  Value(const Json& json, std::string place, bool isRoot = false)
-      : json_(json), path_(std::move(place)), separator_(isRoot ? ": " : ".") {}
+// A value as it is met, or the beginning of an object or an array.
+struct Token {
+  enum class Kind : std::uint8_t { Null, Boolean, Integer, Float, Text, Object, Array };
 
-  [[noreturn]] void Fail(const std::string& expected) const {
-    throw InputError(path_ + ": expected " + expected + ", found " + Shown());
-  }
-
-  const Json& Object(std::initializer_list<std::string_view> members) const {
-    if (!json_.is_object()) Fail("an object");
-    for (const auto& [key, value] : json_.items()) {
-      if (std::ranges::find(members, key) == members.end()) FailUnknown(key, members);
-    }
-    return json_;
-  }
-  // Nothing when the object has no such member.
-  std::optional<Value> Member(const std::string& name) const {
-    const auto found = json_.find(name);
-    if (found == json_.end()) return std::nullopt;
-    return Value(*found, path_ + separator_ + name);
-  }
-  Value Required(const std::string& name) const {
-    const std::optional<Value> member = Member(name);
-    if (!member) throw InputError(path_ + ": \"" + name + "\" is missing");
-    return *member;
-  }
-
-  std::string Text() const {
-    std::string text = Line();
-    if (text.empty()) Fail("a text that is not empty");
-    return text;
-  }
-  // As one types it: a line break would begin a line of code of its own.
-  std::string Line() const {
-    if (!json_.is_string()) Fail("a text");
-    std::string text = json_.get<std::string>();
-    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos) Fail("a text without line breaks");
-    return text;
-  }
-  bool Boolean() const {
-    if (!json_.is_boolean()) Fail("true or false");
-    return json_.get<bool>();
-  }
-  int Integer() const {
-    constexpr int most = std::numeric_limits<std::int16_t>::max();
-    if (!json_.is_number_integer() || json_.get<std::int64_t>() < 1 || json_.get<std::int64_t>() > most) {
-      Fail("a whole number from 1 to " + std::to_string(most));
-    }
-    return json_.get<int>();
-  }
-  // The text that a profile file would hold.
-  std::string SettingText() const {
-    if (json_.is_string()) return json_.get<std::string>();
-    if (json_.is_boolean()) return runtime::Text(json_.get<bool>());
-    if (json_.is_number_integer()) return json_.dump();
-    Fail("a text, a whole number, true or false");
-  }
-  template <typename Each>
-  void Elements(Each&& each) const {
-    if (!json_.is_array()) Fail("an array");
-    for (std::size_t i = 0; i < json_.size(); ++i) each(Value(json_[i], path_ + "[" + std::to_string(i) + "]"));
-  }
-  bool IsText() const { return json_.is_string(); }
-  const Json& Raw() const { return json_; }
-  const std::string& Path() const { return path_; }
-
- private:
-  [[noreturn]] void FailUnknown(const std::string& key, std::initializer_list<std::string_view> members) const {
-    std::string known;
-    for (const std::string_view member : members) {
-      known += known.empty() ? "\"" : ", \"";
-      known += member;
-      known += '"';
-    }
-    throw InputError(path_ + ": unknown member \"" + key + "\"; known members: " + known);
-  }
-
-  std::string Shown() const {
-    std::string shown = json_.dump(-1, ' ', false, Json::error_handler_t::replace);
-    if (shown.size() > 60) shown = shown.substr(0, 57) + "...";
-    return shown;
-  }
-
-  const Json& json_;
-  std::string path_;
-  const char* separator_;  // between this place and a member's name
+  Kind Is;
+  std::string_view Text;     // of a text; of anything else as it is written
+  std::int64_t Integer = 0;  // also what a Boolean is
 };
 
-FieldChoice ReadField(const Value& value) {
-  FieldChoice field;
-  if (value.IsText()) {
-    field.Property = value.Text();
-    return field;
+// What may stand in a member.
+enum class Takes : std::uint8_t { Text, Line, Boolean, Rows, Settings, Fields, Combo };
+
+// A member of an object of the description, and what becomes of its value: where a field is meant, of the last one.
+struct Member {
+  std::string_view Name;
+  Takes Value;
+  bool IsRequired;
+  void (*Set)(FormDescription& form, const Token& value);
+};
+
+constexpr std::array RootMembers{
+    Member{"class", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Class = value.Text; }},
+    Member{"settings", Takes::Settings, false, [](FormDescription& form, const Token&) { form.Settings.clear(); }},
+    Member{"fields", Takes::Fields, true, [](FormDescription& form, const Token&) { form.Fields.clear(); }},
+    Member{"$schema", Takes::Line, false, [](FormDescription&, const Token&) {}},  // for editors
+};
+constexpr std::array FieldMembers{
+    Member{"property", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { form.Fields.back().Property = value.Text; }},
+    Member{"caption", Takes::Line, false,
+           [](FormDescription& form, const Token& value) { form.Fields.back().Caption = value.Text; }},
+    Member{"readOnly", Takes::Boolean, false,
+           [](FormDescription& form, const Token& value) { form.Fields.back().ReadOnly = value.Integer != 0; }},
+    Member{"updateAfter", Takes::Text, false,
+           [](FormDescription& form, const Token& value) { form.Fields.back().UpdateAfter = value.Text; }},
+    Member{
+        "rows", Takes::Rows, false,
+        [](FormDescription& form, const Token& value) { form.Fields.back().Rows = static_cast<int>(value.Integer); }},
+    Member{"combo", Takes::Combo, false,
+           [](FormDescription& form, const Token&) { form.Fields.back().Combo = ComboChoice{}; }},
+};
+constexpr std::array ComboMembers{
+    Member{"query", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Query = value.Text; }},
+    Member{"column", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Column = value.Text; }},
+};
+
+// Empty when the value may stand there, otherwise what was expected.
+std::string ExpectedInsteadOf(const Token& value, Takes takes) {
+  switch (takes) {
+    case Takes::Text:
+    case Takes::Line:
+      if (value.Is != Token::Kind::Text) return "a text";
+      // As one types it: a line break would begin a line of code of its own.
+      if (value.Text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+        return "a text without line breaks";
+      }
+      return takes == Takes::Text && value.Text.empty() ? "a text that is not empty" : "";
+    case Takes::Boolean:
+      return value.Is == Token::Kind::Boolean ? "" : "true or false";
+    case Takes::Rows:
+      if (value.Is == Token::Kind::Integer && value.Integer >= 1 && value.Integer <= MostRows) return "";
+      return "a whole number from 1 to " + std::to_string(MostRows);
+    case Takes::Fields:
+      return value.Is == Token::Kind::Array ? "" : "an array";
+    default:
+      return value.Is == Token::Kind::Object ? "" : "an object";
   }
-  if (!value.Raw().is_object()) value.Fail("a property's name or an object");
-  value.Object({"property", "caption", "readOnly", "updateAfter", "rows", "combo"});
-  field.Property = value.Required("property").Text();
-  if (const auto member = value.Member("caption")) field.Caption = member->Line();
-  if (const auto member = value.Member("readOnly")) field.ReadOnly = member->Boolean();
-  if (const auto member = value.Member("updateAfter")) field.UpdateAfter = member->Text();
-  if (const auto member = value.Member("rows")) field.Rows = member->Integer();
-  if (const auto member = value.Member("combo")) {
-    member->Object({"query", "column"});
-    field.Combo = ComboChoice{member->Required("query").Text(), member->Required("column").Text()};
-  }
-  return field;
 }
 
-FormDescription ReadDescription(const Value& root, const std::string& file) {
-  root.Object({"class", "settings", "fields", "$schema"});
-  if (const auto schema = root.Member("$schema")) schema->Line();  // for editors
-  FormDescription form;
-  form.Source = file;
-  form.Class = root.Required("class").Text();
-  if (const auto settings = root.Member("settings")) {
-    if (!settings->Raw().is_object()) settings->Fail("an object");
-    for (const auto& [key, json] : settings->Raw().items()) {
-      const Value value(json, settings->Path() + "." + key);
-      form.Settings[key] = value.SettingText();
-      CheckSetting(value.Path(), key, form.Settings[key]);
-    }
-  }
-  root.Required("fields").Elements([&](const Value& field) { form.Fields.push_back(ReadField(field)); });
-  return form;
-}
-
-// Finds where a text is no JSON, or is nested too deeply, before anything is made of it.
-class Check : public nlohmann::json_sax<Json> {
+// The beginning of a wrong value, written closely.
+class ShownValue {
  public:
-  bool null() override { return true; }
-  bool boolean(bool) override { return true; }
-  bool number_integer(number_integer_t) override { return true; }
-  bool number_unsigned(number_unsigned_t) override { return true; }
-  bool number_float(number_float_t, const string_t&) override { return true; }
-  bool string(string_t&) override { return true; }
-  bool binary(binary_t&) override { return true; }
-  bool key(string_t&) override { return true; }
-  bool start_object(std::size_t) override { return ++depth_ <= DeepestDescription; }
-  bool start_array(std::size_t) override { return ++depth_ <= DeepestDescription; }
-  bool end_object() override { return --depth_, true; }
-  bool end_array() override { return --depth_, true; }
-  bool parse_error(std::size_t at, const std::string&, const nlohmann::detail::exception& error) override {
-    At = at;
-    IsOutOfRange = dynamic_cast<const Json::out_of_range*>(&error) != nullptr;
-    return false;
+  void Add(const Token& value) {
+    Separate();
+    if (HasRoom()) text_ += value.Is == Token::Kind::Text ? Quoted(value.Text) : value.Text;
+    if (value.Is == Token::Kind::Object || value.Is == Token::Kind::Array) ++depth_;
   }
-
-  std::size_t At = 0;  // the byte that ends what is wrong, counted from 1; 0 when nothing is
-  bool IsOutOfRange = false;
+  void AddKey(std::string_view key) {
+    Separate();
+    if (HasRoom()) text_ += Quoted(key) + ":";
+  }
+  void End(char closing) {
+    if (HasRoom()) text_ += closing;
+    --depth_;
+  }
+  bool IsOpen() const { return depth_ > 0; }
+  std::string Text() const { return HasRoom() ? text_ : text_.substr(0, Most - 3) + "..."; }
 
  private:
+  static constexpr std::size_t Most = 60;  // bytes
+
+  static std::string Quoted(std::string_view text) {
+    return Json(text.substr(0, Most)).dump(-1, ' ', false, Json::error_handler_t::replace);
+  }
+  bool HasRoom() const { return text_.size() <= Most; }
+  void Separate() {
+    if (HasRoom() && !text_.empty() && !text_.ends_with('[') && !text_.ends_with('{') && !text_.ends_with(':'))
+      text_ += ',';
+  }
+
+  std::string text_;
   int depth_ = 0;
 };
 
-void CheckJson(const std::string& text, const std::string& file) {
-  Check check;
-  if (Json::sax_parse(text, &check)) return;
-  if (check.At == 0) {
-    throw InputError(file + ": nested more than " + std::to_string(DeepestDescription) +
-                     " deep; a form description is an object with \"class\" and \"fields\"");
+// Fills a form description as its text is read. What is wrong with a value waits until all of the text was found to be
+// JSON that is not nested too deeply.
+class Reader : public nlohmann::json_sax<Json> {
+ public:
+  Reader(FormDescription& form, std::string name) : form_(form), name_(std::move(name)) {}
+
+  bool null() override { return Take({Token::Kind::Null, "null"}); }
+  bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
+  bool number_integer(number_integer_t value) override {
+    return Take({Token::Kind::Integer, std::to_string(value), value});
   }
-  const std::string_view before = std::string_view(text).substr(0, check.At - 1);
-  const auto line = 1 + std::ranges::count(before, '\n');
-  const auto column = 1 + before.size() - (before.rfind('\n') + 1);
-  const std::string place = file + ":" + std::to_string(line) + ":" + std::to_string(column);
-  if (check.IsOutOfRange) throw InputError(place + ": this number is out of range; write a smaller one");
-  throw InputError(place + ": this is not valid JSON; a form description is an object with \"class\" and \"fields\"");
-}
+  bool number_unsigned(number_unsigned_t value) override {
+    constexpr number_unsigned_t most = std::numeric_limits<std::int64_t>::max();
+    return Take({Token::Kind::Integer, std::to_string(value), static_cast<std::int64_t>(std::min(value, most))});
+  }
+  bool number_float(number_float_t, const string_t& text) override { return Take({Token::Kind::Float, text}); }
+  bool string(string_t& text) override { return Take({Token::Kind::Text, text}); }
+  bool binary(binary_t&) override { return false; }  // JSON has none
+  bool start_object(std::size_t) override { return ++depth_ <= DeepestDescription && Take({Token::Kind::Object, "{"}); }
+  bool start_array(std::size_t) override { return ++depth_ <= DeepestDescription && Take({Token::Kind::Array, "["}); }
+  bool end_array() override { return End(']'); }
+  bool end_object() override { return End('}'); }
+
+  bool key(string_t& key) override {
+    if (HasFailed()) {
+      if (shown_.IsOpen()) shown_.AddKey(key);
+      return true;
+    }
+    Frame& object = frames_.back();
+    object.Key = key;
+    if (object.Is == Place::Settings) return true;
+    object.Current = std::ranges::find(object.Members, object.Key, &Member::Name);
+    if (object.Current == object.Members.end()) {
+      std::string known;
+      for (const Member& member : object.Members) {
+        known += (known.empty() ? "\"" : ", \"") + std::string(member.Name) + '"';
+      }
+      problem_ = PathTo(frames_.size() - 1) + ": unknown member \"" + key + "\"; known members: " + known;
+    }
+    return true;
+  }
+
+  bool parse_error(std::size_t at, const std::string&, const nlohmann::detail::exception& error) override {
+    errorAt_ = at;
+    isOutOfRange_ = dynamic_cast<const Json::out_of_range*>(&error) != nullptr;
+    return false;
+  }
+
+  // support::InputError for what is wrong in the text, which was read when `isWhole`.
+  void Check(const std::string& text, bool isWhole) const {
+    if (!isWhole) FailAsJson(text);
+    if (HasFailed()) throw InputError(problem_ + shown_.Text());
+  }
+
+ private:
+  enum class Place : std::uint8_t { Root, Settings, Fields, Field, Combo };
+
+  // An object or array that has begun.
+  struct Frame {
+    Place Is;
+    std::span<const Member> Members;
+    std::span<const Member>::iterator Current;  // the member whose value comes next or has begun
+    std::string Key;                            // of that member
+    std::size_t Count;                          // elements of an array before the current one
+    unsigned Seen;                              // a bit a member
+  };
+
+  bool HasFailed() const { return !problem_.empty(); }
+
+  bool Take(const Token& value) {
+    if (HasFailed()) {
+      if (shown_.IsOpen()) shown_.Add(value);
+    } else if (frames_.empty()) {
+      value.Is == Token::Kind::Object ? Begin(Place::Root, RootMembers) : Fail("an object", value);
+    } else if (frames_.back().Is == Place::Settings) {
+      TakeSetting(value);
+    } else if (frames_.back().Is == Place::Fields) {
+      TakeField(value);
+    } else {
+      TakeMember(value);
+    }
+    return true;
+  }
+
+  void TakeMember(const Token& value) {
+    Frame& object = frames_.back();
+    const Member& member = *object.Current;
+    const std::string expected = ExpectedInsteadOf(value, member.Value);
+    if (!expected.empty()) return Fail(expected, value);
+    object.Seen |= 1U << static_cast<unsigned>(object.Current - object.Members.begin());
+    member.Set(form_, value);
+    if (member.Value == Takes::Settings) Begin(Place::Settings, {});
+    if (member.Value == Takes::Fields) Begin(Place::Fields, {});
+    if (member.Value == Takes::Combo) Begin(Place::Combo, ComboMembers);
+  }
+
+  // The text that a profile file would hold.
+  void TakeSetting(const Token& value) {
+    const std::string& key = frames_.back().Key;
+    if (value.Is != Token::Kind::Text && value.Is != Token::Kind::Boolean && value.Is != Token::Kind::Integer) {
+      return Fail("a text, a whole number, true or false", value);
+    }
+    std::string& text = form_.Settings[key];
+    text = value.Is == Token::Kind::Boolean ? runtime::Text(value.Integer != 0) : std::string(value.Text);
+    try {
+      CheckSetting(PathTo(frames_.size()), key, text);
+    } catch (const InputError& error) {
+      problem_ = error.what();
+    }
+  }
+
+  // A name alone is a property.
+  void TakeField(const Token& value) {
+    const bool isText = value.Is == Token::Kind::Text;
+    const std::string expected = isText                            ? ExpectedInsteadOf(value, Takes::Text)
+                                 : value.Is == Token::Kind::Object ? ""
+                                                                   : "a property's name or an object";
+    if (!expected.empty()) return Fail(expected, value);
+    form_.Fields.emplace_back();
+    if (isText) {
+      form_.Fields.back().Property = value.Text;
+      ++frames_.back().Count;
+    } else {
+      Begin(Place::Field, FieldMembers);
+    }
+  }
+
+  void Begin(Place place, std::span<const Member> members) {
+    frames_.push_back({place, members, members.begin(), {}, 0, 0});
+  }
+
+  bool End(char closing) {
+    --depth_;
+    if (HasFailed()) {
+      if (shown_.IsOpen()) shown_.End(closing);
+      return true;
+    }
+    const Frame& ending = frames_.back();
+    for (std::size_t i = 0; i < ending.Members.size() && !HasFailed(); ++i) {
+      if (!ending.Members[i].IsRequired || (ending.Seen >> i & 1U) != 0) continue;
+      problem_ = PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) + "\" is missing";
+    }
+    frames_.pop_back();
+    if (!frames_.empty() && frames_.back().Is == Place::Fields) ++frames_.back().Count;
+    return true;
+  }
+
+  // "FILE: fields[0].rows", down to the member or element that so many frames are at.
+  std::string PathTo(std::size_t frameCount) const {
+    std::string path = name_;
+    for (std::size_t i = 0; i < frameCount; ++i) {
+      const Frame& frame = frames_[i];
+      path += frame.Is == Place::Fields ? "[" + std::to_string(frame.Count) + "]" : (i == 0 ? ": " : ".") + frame.Key;
+    }
+    return path;
+  }
+  void Fail(const std::string& expected, const Token& value) {
+    problem_ = PathTo(frames_.size()) + ": expected " + expected + ", found ";
+    shown_.Add(value);
+  }
+
+  [[noreturn]] void FailAsJson(const std::string& text) const {
+    if (errorAt_ == 0) {
+      throw InputError(name_ + ": nested more than " + std::to_string(DeepestDescription) +
+                       " deep; a form description is an object with \"class\" and \"fields\"");
+    }
+    const std::string_view before = std::string_view(text).substr(0, errorAt_ - 1);
+    const auto line = 1 + std::ranges::count(before, '\n');
+    const auto column = 1 + before.size() - (before.rfind('\n') + 1);
+    const std::string place = name_ + ":" + std::to_string(line) + ":" + std::to_string(column);
+    if (isOutOfRange_) throw InputError(place + ": this number is out of range; write a smaller one");
+    throw InputError(place + ": this is not valid JSON; a form description is an object with \"class\" and \"fields\"");
+  }
+
+  FormDescription& form_;
+  std::string name_;  // of the input, in messages
+  std::vector<Frame> frames_;
+  int depth_ = 0;
+  std::string problem_;  // empty when there is none; `shown_` follows
+  ShownValue shown_;
+  std::size_t errorAt_ = 0;  // the byte that ends what is no JSON, counted from 1
+  bool isOutOfRange_ = false;
+};
 
 }  // namespace
 
 FormDescription ReadFormDescription(const std::string& file) {
-  const std::string text = ReadText(file, "form description", LargestDescription);
-  const std::string name = NameOf(file);
-  CheckJson(text, name);
-  const Json json = Json::parse(text);
-  return ReadDescription(Value(json, name, true), name);
+  const std::string text = ReadText(file, "form description", system::LargestDescription);
+  FormDescription form;
+  form.Source = NameOf(file);
+  Reader reader(form, form.Source);
+  reader.Check(text, Json::sax_parse(text, &reader));
+  return form;
 }
 
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {

@@ -20,7 +20,8 @@ std::string ReadStream(std::istream& in, const std::string& name, const std::str
   std::array<char, 4096> part;  // NOLINT(cppcoreguidelines-pro-type-member-init): only what was read is looked at
   while (in.read(part.data(), part.size()), in.gcount() > 0) {
     text.append(part.data(), static_cast<std::size_t>(in.gcount()));
-    if (text.size() > most) throw InputError(name + ": a " + what + " has at most " + std::to_string(most) + " bytes");
+    if (text.size() <= most) continue;
+    throw InputError(name + ": a " + what + " has at most " + std::to_string(most) + " bytes");
   }
   if (in.bad()) throw InputError(name + ": reading the " + what + " failed");
   return text;

@@ -324,6 +324,8 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
   WriteFile(work.Folder / "lines.json",
             R"({"class":"Sample.Person","fields":[{"property":"Phones","caption":"a\r\nShell"}]})");
   WriteFile(work.Folder / "five.json", R"({"class":"Sample.Person","fields":[5]})");
+  WriteFile(work.Folder / "late.json", R"({"class":1,"fields":[1,)");
+  WriteFile(work.Folder / "combo.json", R"({"fields":["a",{"combo":{"query":"Q"},"rows":0}],"class":"A.B"})");
   WriteFile(work.Folder / "deep.json", std::string(100'000, '['));
   WriteFile(work.Folder / "empty/read.me", "\r\n\n");
   WriteFile(work.Folder / "list.txt", "rows.json");
@@ -359,6 +361,8 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{"1e400.json", 3, "1e400.json:1:74: this number is out of range"},
         Case{"lines.json", 3, "lines.json: fields[0].caption: expected a text without line breaks"},
         Case{"five.json", 3, "five.json: fields[0]: expected a property's name or an object, found 5"},
+        Case{"late.json", 3, "late.json:1:24: this is not valid JSON"},  // said before that a class is a text
+        Case{"combo.json", 3, "combo.json: fields[1].combo: \"column\" is missing"},
         Case{"deep.json", 3, "deep.json: nested more than 16 deep"},
         Case{"types.json", 3, "types.json: fields[0].rows: expected a whole number from 1 to 32767, found [\"x"},
         Case{"empty", 3, "empty: no form description is in this folder; their names end in \".json\""},
