@@ -24,8 +24,9 @@ class TemporaryInput {
     out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     out.close();
     Require(out.good(), "the input can be written to the folder for temporary files");
-    return path_.string();
+    return Path();
   }
+  std::string Path() const { return path_.string(); }
 
  private:
   std::filesystem::path path_;

@@ -154,7 +154,6 @@ struct AddInFixture : ui::Clipboard {
                        .ProgramFolder = "/addin/"},
                       *this};
   std::span<const std::byte> Picture;  // on the clipboard
-
   bool ClipboardIsBusy = false;
 
   bool LendPicture(std::span<const std::byte> bitmap, const std::function<void()>& use) override {
@@ -175,7 +174,8 @@ struct AddInFixture : ui::Clipboard {
 
 }  // namespace
 
-TEST_CASE("The command stands on the Add-Ins menu, which the version tells, with its face from the clipboard") {
+TEST_CASE(
+    "The command stands on the Add-Ins menu, which the version tells, with its face unless the clipboard is busy") {
   for (const auto& [version, menu] : {std::pair{"6.00", "11"}, std::pair{"5.00", "9"}, std::pair{"6.0", "9"}}) {
     CAPTURE(std::string(version));
     AddInFixture fixture(version);
@@ -186,13 +186,11 @@ TEST_CASE("The command stands on the Add-Ins menu, which the version tells, with
     CHECK(std::ranges::equal(fixture.Picture, resources::Bitmap(9999)));
     CHECK(fixture.Shown.empty());
   }
-}
-
-TEST_CASE_FIXTURE(AddInFixture, "A busy clipboard costs the command its picture alone") {
-  ClipboardIsBusy = true;
-  Connect();
-  CHECK(Environment.Lines.ends_with("Clipboard\nConnectEvents\n"));
-  CHECK(Click());
+  AddInFixture busy;
+  busy.ClipboardIsBusy = true;
+  busy.Connect();
+  CHECK(busy.Environment.Lines.ends_with("Clipboard\nConnectEvents\n"));
+  CHECK(busy.Click());
 }
 
 TEST_CASE("The command starts a group when the last command before it does and the one before that does not") {

@@ -1,6 +1,5 @@
 // The program itself, run as a user runs it.
 #include "adapters/satellite/StringResources.h"
-#include "adapters/vb6files/FormTree.h"
 #include "system/CodePage.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
@@ -19,6 +18,7 @@
 #include <regex>
 
 using namespace formwizard::tests;
+using namespace std::string_literals;
 
 namespace {
 
@@ -41,12 +41,14 @@ struct Workplace {
     CopySample(sample, Home);
     CHECK(Run("dictionary import " + Quoted(Samples + "dictionary.json") + " " + Dictionary).Status == 0);
   }
-  Outcome Run(const std::string& arguments) const {
-    return RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, Folder);
+  // `more` is what RunProgram takes behind the folder.
+  Outcome Run(const std::string& arguments, const auto&... more) const {
+    return RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, Folder, more...);
   }
-  Outcome Generate(const std::string& arguments) const {
+  Outcome Generate(const std::string& arguments, const auto&... more) const {
     return Run("generate --project " + Quoted(Project) + " --dictionary " + Dictionary + " --profile " +
-               Quoted(Profile) + Toolbox + " " + arguments);
+                   Quoted(Profile) + Toolbox + " " + arguments,
+               more...);
   }
   Outcome Describe(const std::string& json, const std::string& arguments = "") const {
     WriteFile(Folder / "Maske 項目.json", json);
@@ -74,39 +76,6 @@ TEST_CASE("The typical request gives exactly the expected project, whatever scri
   CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
   CHECK(ReadFile(journal) == Golden("typical-journal.jsonl"));
   CHECK(ReadFile(work.Folder / work.Profile) == "[OstrelFormWizard]\r\nLastConnect=Samples\r\n");
-}
-
-TEST_CASE("No fresh form shows a scroll bar: its frame fills the client area, whatever the settings") {
-  using formwizard::adapters::vb6files::FormNode;
-  const Workplace work;
-  std::string arguments;
-  for (int i = 0; i < 32; ++i) {
-    const nlohmann::json settings{
-        {"Columns", i / 8 + 1}, {"Button", (i & 1) != 0}, {"Menu", (i & 2) != 0}, {"FormSizable", (i & 4) != 0}};
-    const auto fields =
-        i % 3 == 0 ? nlohmann::json{"Name"} : nlohmann::json{"Name", "Photo", "Notes", "Spouse.Name", "Phones"};
-    const std::string file = std::to_string(i) + ".json";
-    WriteFile(work.Folder / file,
-              nlohmann::json{{"class", "Sample.Person"}, {"settings", settings}, {"fields", fields}}.dump());
-    arguments += " " + file;
-  }
-  CheckDone(work.Generate(arguments));
-  int forms = 0;
-  for (const auto& [name, text] : work.Files()) {
-    if (!name.starts_with("frmPerson") || !name.ends_with(".frm")) continue;
-    CAPTURE(name);
-    ++forms;
-    const auto tree = formwizard::adapters::vb6files::ReadFormTree(name, text, "", formwizard::system::CodePage(1252));
-    const FormNode& form = tree.Form;
-    const auto frame = std::ranges::find(form.Children, "fra_Main", &FormNode::Name);
-    REQUIRE(frame != form.Children.end());
-    for (const std::string side : {"Width", "Height"}) {  // bars come when the form measures less than its frame
-      const double room = form.Number("Scale" + side);
-      const double spare = room - frame->Number(side) * room / form.Number("Client" + side);
-      CHECK_MESSAGE((spare >= 0 && spare < 1), side, ": ", spare);
-    }
-  }
-  CHECK(forms == 32);
 }
 
 TEST_CASE("A start-up form that has code is reused with a note, a module of its name is not reused") {
@@ -152,8 +121,7 @@ TEST_CASE("A form comes out the same alone and in a batch, whatever was made bef
     return std::regex_replace(texts, std::regex("(frm[A-Z][a-z]+)[0-9]*"), "$1") + form.dump();
   };
   for (const bool listFails : {false, true}) {
-    std::map<std::string, Outcome> alone;
-    std::map<std::string, std::string> looks;
+    std::map<std::string, std::pair<std::string, std::string>> alone;  // what it looks like, and errors
     const auto workplace = [&] {
       auto work = std::make_unique<Workplace>();
       WriteFile(work->Folder / "undotted.json", dictionary.dump());
@@ -162,8 +130,8 @@ TEST_CASE("A form comes out the same alone and in a batch, whatever was made bef
     };
     for (const std::string& description : descriptions) {
       const auto work = workplace();
-      alone[description] = work->Describe(description, "--json");
-      looks[description] = look(*work, json::parse(alone[description].Out)["forms"][0]);
+      const Outcome made = work->Describe(description, "--json");
+      alone[description] = {look(*work, json::parse(made.Out)["forms"][0]), made.Error};
     }
     std::mt19937 random(1);
     for (int order = 0; order < 4; ++order) {
@@ -177,7 +145,7 @@ TEST_CASE("A form comes out the same alone and in a batch, whatever was made bef
         WriteFile(work->Folder / file, description);
         files += Quoted(file) + " ";
         list += file + (files.size() % 2 == 0 ? "\r\n\r\n" : "\n");
-        errors += alone[description].Error;
+        errors += alone[description].second;
       }
       WriteFile(work->Folder / "list.txt", order == 2 ? list : "Masken 項目/\n");
       if (order == 1) files = "\"Masken 項目\" ";
@@ -187,49 +155,31 @@ TEST_CASE("A form comes out the same alone and in a batch, whatever was made bef
       CHECK(made.Error == errors);
       const auto forms = json::parse(made.Out)["forms"];
       REQUIRE(forms.size() == descriptions.size());
-      for (std::size_t i = 0; i < forms.size(); ++i) CHECK(look(*work, forms[i]) == looks[descriptions[i]]);
+      for (std::size_t i = 0; i < forms.size(); ++i) CHECK(look(*work, forms[i]) == alone[descriptions[i]].first);
       CHECK(work->Files().contains("frmPerson5.frm"));
     }
   }
 }
 
-TEST_CASE("Every kind of field and setting goes through the description") {
+TEST_CASE(
+    "A description gives the form that the same choices in the windows give, and its summary says what is in it") {
   const Workplace work;
-  const Outcome made = work.Describe(R"({ "class": "Sample.Person", "settings": { "Columns": 2, "Menu": false },
-    "fields": [ "Name", { "property": "DOB", "caption": "Né le" }, "Age",
-                { "property": "SSN", "readOnly": true, "updateAfter": "Name" },
-                { "property": "Spouse.Name", "combo": { "query": "BySearch", "column": "SSN" } },
-                "Spouse.DOB", { "property": "FavoriteColors", "rows": 4 }, "Phones", "Photo", "Notes" ] })",
+  const Outcome made = work.Describe(R"({"class": "Sample.Person", "settings": {"Columns": 2}, "fields": ["Name",
+    {"property": "Home.City", "caption": "Town"}, {"property": "Age", "updateAfter": "Name"},
+    {"property": "Notes", "rows": 7}, {"property": "Spouse.Name", "combo": {"query": "ByName", "column": "Name"}}]})",
                                      "--json");
   CheckDone(made);
-  const auto summary = nlohmann::json::parse(made.Out);
-  std::string fields;
-  for (const auto& field : summary["forms"][0]["fields"]) {
-    fields += field["ControlName"].get<std::string>() + ":" + field["FieldKind"].dump() + ":" +
-              field["RowCount"].dump() + " ";
-  }
-  CHECK(fields ==
-        "txtName:1:1 txtDOB:1:1 conAge:2:1 conSSN:2:1 cmbSpouseName:4:1 refSpouseDOB:3:1 lstFavoriteColors:5:4 "
-        "lvwPhones:6:3 imgPhoto:7:5 txtNotes:8:5 ");
-  CHECK(summary["forms"][0]["component"] == "frmPerson");
-  CHECK(summary["forms"][0]["layout"]["CharWidth"] == 135);
-  CHECK(summary["files"].size() == 3);
-  const auto files = work.Files();
-  for (const char* part :
-       {"\"N\xE9 le\"", "    rs.Execute \"\", \"\", \"\"\r\n",
-        "Private Sub txtName_LostFocus()\r\n    SyncScreenToObject\r\n    conSSN.Caption = m_object.SSN\r\n"}) {
-    CAPTURE(part);
-    CHECK(Has(files.at("frmPerson.frm"), part));
-  }
-  CHECK(files.at("frmPerson.frx") == "\x08txtNotes");
-}
-
-TEST_CASE("A description gives the form that the same choices in the windows give") {
-  const Workplace work;
-  CheckDone(work.Describe(R"({"class": "Sample.Person", "settings": {"Columns": 2}, "fields": ["Name",
-    {"property": "Home.City", "caption": "Town"}, {"property": "Age", "updateAfter": "Name"},
-    {"property": "Notes", "rows": 7}, {"property": "Spouse.Name", "combo": {"query": "ByName", "column": "Name"}}]})"));
   CheckSameFiles(work.Files(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
+  const auto summary = nlohmann::json::parse(made.Out);
+  const auto& form = summary["forms"][0];
+  std::string fields;
+  for (const auto& field : form["fields"]) {
+    fields += field["ControlName"].get<std::string>() + field["FieldKind"].dump() + field["RowCount"].dump() + " ";
+  }
+  CHECK(fields == "txtName11 txtHomeCity11 conAge21 txtNotes87 cmbSpouseName41 ");
+  CHECK(form["component"] == "frmPerson");
+  CHECK(form["layout"]["CharWidth"] == 135);
+  CHECK(summary["files"].size() == 3);
 }
 
 TEST_CASE("What the environment refuses is reported under its routine, the form stands and the status says so") {
@@ -260,15 +210,6 @@ TEST_CASE("What the environment refuses is reported under its routine, the form 
   CHECK(work.Files().contains("frmB.frm"));
 }
 
-TEST_CASE("A control library that is not known costs its control and says what to supply") {
-  Workplace work;
-  work.Toolbox.clear();
-  const Outcome made = work.Generate(Typical);
-  CHECK(made.Status == 1);
-  CHECK(Has(made.Error, "WriteForm : ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: copy the value of"));
-  CHECK(Has(made.Error, "Error occurred in procedure WriteConHelper  : ActiveX control"));
-}
-
 TEST_CASE("Dry run, diff and check write nothing and say what would be") {
   const Workplace work;
   const auto before = work.Files();
@@ -284,31 +225,25 @@ TEST_CASE("Dry run, diff and check write nothing and say what would be") {
   CHECK_FALSE(std::filesystem::exists(NativePath(work.Folder / work.Profile)));
 }
 
-TEST_CASE("A link to a project stands for the project") {
-  Workplace work;
-  const std::filesystem::path link = work.Folder.Path() / "link.vbp";
-  std::error_code error;
-  std::filesystem::create_symlink(NativePath(work.Project), link, error);
-  if (error) return;  // not on this machine
-  work.Project = work.Folder / "link.vbp";
-  CheckDone(work.Generate(Typical));
-  CHECK(std::filesystem::is_symlink(link));
-  CHECK(work.Files().contains("frmPerson.frm"));
-}
-
-TEST_CASE("A larger project gets the form beside what it has, and keeps its control libraries") {
+TEST_CASE("A larger project, here behind a link, gets the form beside what it has, and keeps its control libraries") {
   Workplace work("library");
   work.Project = work.Home + "/Lending.vbp";
   const auto before = work.Files();
+  const std::filesystem::path link = work.Folder.Path() / "link.vbp";
+  std::error_code error;
+  std::filesystem::create_symlink(NativePath(work.Project), link, error);
+  if (!error) work.Project = work.Folder / "link.vbp";  // otherwise not on this machine
   CheckDone(work.Generate("--class Library.Book --fields Title,Edition,Cover,Abstract,Keywords,Borrower.Name"));
+  CHECK(std::filesystem::is_symlink(link) == !error);
   // The project has a frmBook already.
   auto files = work.Files();
   CHECK(Has(files["frmBook2.frm"], "Caption         =   \"\xC9\x64ition\"\r\n"));
   CHECK(files.erase("frmBook2.frm") + files.erase("frmBook2.frx") == 2);
+  std::string& project = files["Lending.vbp"];
   for (const std::string line :
        {"Form=frmBook2.frm\r\n", "Object={2B7E4F10-9C3D-4A55-8E61-7D0F3B9A1C24}#1.0#0; OSTRELQUERY.OCX\r\n"}) {
-    REQUIRE(Has(files["Lending.vbp"], line));
-    files["Lending.vbp"].erase(files["Lending.vbp"].find(line), line.size());
+    REQUIRE(Has(project, line));
+    project.erase(project.find(line), line.size());
   }
   CHECK(files == before);
 }
@@ -388,34 +323,36 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
     CHECK(made.Error.size() < 2000);  // a screen
     CHECK(work.Files() == before);
   }
-  for (const auto& [project, dictionary] :
-       {std::pair{std::string("none.vbp"), work.Dictionary}, std::pair{work.Home + "/Form1.frm", work.Dictionary},
-        std::pair{work.Project, std::string("none.sqlite")}, std::pair{work.Project, Quoted(work.Project)}}) {
-    CAPTURE(project);
-    CAPTURE(dictionary);
-    work.Project = project;
-    work.Dictionary = dictionary;
-    CHECK(work.Generate(Typical).Status == 3);
-  }
+  const auto checkInput = [&](std::string Workplace::*input, const std::string& wrong, const std::string& message) {
+    CAPTURE(wrong);
+    const std::string right = std::exchange(work.*input, wrong);
+    const Outcome made = work.Generate(name);
+    CHECK(made.Status == 3);
+    CHECK_MESSAGE(Has(made.Error, message), made.Error);
+    work.*input = right;
+  };
+  WriteFile(work.Folder / "five.ini", "[OstrelFormWizard]\r\nColumns=5\r\n");
+  checkInput(&Workplace::Profile, "five.ini",
+             "five.ini: [OstrelFormWizard]: Columns must be a whole number from 1 to 4");
+  checkInput(&Workplace::Project, "none.vbp", "none.vbp: ");
+  checkInput(&Workplace::Project, work.Home + "/Form1.frm", "Form1.frm");
+  checkInput(&Workplace::Dictionary, "none.sqlite", "none.sqlite: ");
+  checkInput(&Workplace::Dictionary, Quoted(work.Project), "Project1.vbp: ");
   CHECK(work.Files() == before);
 }
 
-TEST_CASE("A profile that the wizard would stumble over is an input like any other") {
-  Workplace work;
-  WriteFile(work.Folder / work.Profile, "[OstrelFormWizard]\r\nColumns=5\r\n");
-  const Outcome made = work.Generate("--class Sample.Person --fields Name");
-  CHECK(made.Status == 3);
-  CHECK(
-      Has(made.Error, work.Profile + ": [OstrelFormWizard]: Columns must be a whole number from 1 to 4, found \"5\""));
-}
-
-TEST_CASE("Settings that cannot be written leave a complete form complete") {
-  Workplace work;
+TEST_CASE("Settings that cannot be written cost nothing, a control library that is not known costs its control") {
+  Workplace work, other;
   work.Profile = work.Dictionary.substr(1, work.Dictionary.size() - 2) + "/outility.ini";  // below a file
   const Outcome made = work.Generate(Typical);
   CHECK(made.Status == 0);
   CHECK(Has(made.Error, "warning: " + work.Profile + ": the settings cannot be written"));
   CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
+  other.Toolbox.clear();
+  const Outcome without = other.Generate(Typical);
+  CHECK(without.Status == 1);
+  CHECK(Has(without.Error, "WriteForm : ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: copy the value of"));
+  CHECK(Has(without.Error, "Error occurred in procedure WriteConHelper  : ActiveX control"));
 }
 
 TEST_CASE("A report that is too long for memory waits in a file, without room for which nothing is saved") {
@@ -425,14 +362,10 @@ TEST_CASE("A report that is too long for memory waits in a file, without room fo
   std::string arguments = "--json";
   for (int i = 0; i < 80; ++i) arguments += " one.json";
 #ifndef _WIN32
-  const std::string command = "generate --project " + Quoted(work.Project) + " --dictionary " + work.Dictionary + " ";
-  const auto run = [&](const std::string& room) {
-    return RunProgram(BuiltProgram("ostrel-form-wizard"), command + arguments, work.Folder, "", "TMPDIR=" + room);
-  };
-  CHECK(run("none").Status == 4);
+  CHECK(work.Generate(arguments, "", "TMPDIR=none").Status == 4);
   CHECK(work.Files() == before);
   std::filesystem::create_directory(work.Folder.Path() / "room");
-  run("room");
+  work.Generate(arguments, "", "TMPDIR=room");
   CHECK(std::filesystem::is_empty(work.Folder.Path() / "room"));
 #endif
   const auto summary = nlohmann::json::parse(work.Generate(arguments).Out);
@@ -442,24 +375,20 @@ TEST_CASE("A report that is too long for memory waits in a file, without room fo
 
 #ifndef _WIN32
 TEST_CASE("Output that does not arrive is a failure, but what was saved stays saved") {
-  const Workplace work;
   for (const char* lost : {">/dev/full", ">&-"}) {
-    for (const std::string command :
-         {"--help", "--version", "systems --dictionary ", "classes --json --dictionary ", "dictionary export "}) {
+    const Workplace work;
+    for (const std::string& command :
+         {"--help"s, "--version"s, "systems --dictionary " + work.Dictionary,
+          "classes --json --dictionary " + work.Dictionary, "dictionary export " + work.Dictionary + " -"}) {
       CAPTURE(command);
-      const bool exports = command.starts_with("dictionary");
-      const std::string arguments = command + (command.ends_with(' ') ? work.Dictionary : "") + (exports ? " -" : "");
-      const Outcome listed = RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, work.Folder, lost);
+      const Outcome listed = work.Run(command, lost);
       CHECK(listed.Status == 4);
       CHECK(Has(listed.Error, "standard output: "));
     }
-    const Workplace other;
-    const std::string arguments = "generate --project " + Quoted(other.Project) + " --dictionary " + other.Dictionary +
-                                  " --profile outility.ini" + other.Toolbox + " " + Typical;
-    const Outcome made = RunProgram(BuiltProgram("ostrel-form-wizard"), arguments, other.Folder, lost);
+    const Outcome made = work.Generate(Typical, lost);
     CHECK(made.Status == 1);
     CHECK(Has(made.Error, "Project1.vbp: the project was saved; after that: standard output: "));
-    CHECK(other.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
+    CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
   }
 }
 
@@ -467,9 +396,9 @@ TEST_CASE("A line of a project that leads to no file is named at once") {
   Workplace work;
   std::string folders;
   for (int i = 0; i < 20'000; ++i) folders += "a\\";
-  for (const auto& [line, message] : {std::pair{std::string("/dev/zero"), ":2: /dev/zero: this is a device"},
-                                      {"C:\\a.frm", ":2: C:"},
-                                      {"none.frm", ":2: the file "},
+  for (const auto& [line, message] : {std::pair{"/dev/zero"s, "/dev/zero: this is a device"},
+                                      {"C:\\a.frm", "C:"},
+                                      {"none.frm", "the file "},
                                       {folders + "a.frm", "this path has 40"}}) {
     WriteFile(work.Project, "Type=Exe\r\nForm=" + line + "\r\n");
     const Outcome made = work.Generate(Typical);
@@ -532,11 +461,9 @@ TEST_CASE("A character that the code page lacks stops the run before anything is
   const std::string cyrillic = R"({"class":"Sample.Person","fields":[{"property":"Name","caption":"Имя"}]})";
   const Outcome made = work.Describe(cyrillic, "good.json");
   CHECK(made.Status == 3);
-  CHECK(Has(made.Error, "nothing was written"));
   CHECK(Has(made.Error, "the text \"Имя\" cannot be written in code page 1252, which lacks its character U+0418"));
-  const Outcome japanese = work.Generate(Typical + " --language JPN");
-  CHECK(japanese.Status == 3);
-  CHECK(Has(japanese.Error, "1252"));
+  CHECK(Has(made.Error, "nothing was written"));
+  CHECK(work.Generate(Typical + " --language JPN").Status == 3);
   CHECK(work.Files() == before);
   CheckDone(work.Describe(cyrillic, "--code-page 1251"));
   CHECK(Has(work.Files().at("frmPerson.frm"), "\"\xC8\xEC\xFF\""));

@@ -1,6 +1,10 @@
+#include "adapters/vb6files/FormTree.h"
+#include "system/CodePage.h"
 #include "tests/support/GenerationFixture.h"
 
 #include <doctest/doctest.h>
+
+#include <algorithm>
 
 using namespace formwizard;
 using namespace formwizard::tests;
@@ -52,6 +56,29 @@ TEST_CASE("Each kind of field gets its control with its properties in order") {
           "Name lblHomeCity \nAlignment 1 \nCaption Home City \nHeight 325 \nLeft 2520 \nTabIndex 3 \nTop 240 \n"
           "Width 90 \nfra_Main \n");
     CHECK(run.Desktop.Texts().empty());
+  }
+}
+
+TEST_CASE("No fresh form shows a scroll bar: its frame fills the client area, whatever the settings") {
+  using adapters::vb6files::FormNode;
+  for (int i = 0; i < 32; ++i) {
+    CAPTURE(i);
+    GenerationFixture run;
+    run.Settings.Columns = Int16(i / 8 + 1);
+    run.Settings.Button = (i & 1) != 0;
+    run.Settings.Menu = (i & 2) != 0;
+    run.Settings.FormSizable = (i & 4) != 0;
+    i % 3 == 0 ? void(run.AddField(kind::TextBox, "Name")) : run.AddEveryKind();
+    const std::string name = run.WriteForm().NewComponent->Name();
+    const std::string text = run.Ide.OnDisk().TextsOf(name).Frm;
+    const FormNode form = adapters::vb6files::ReadFormTree(name, text, "", system::CodePage(1252)).Form;
+    const auto frame = std::ranges::find(form.Children, "fra_Main", &FormNode::Name);
+    REQUIRE(frame != form.Children.end());
+    for (const std::string side : {"Width", "Height"}) {  // bars come when the form measures less than its frame
+      const double room = form.Number("Scale" + side);
+      const double spare = room - frame->Number(side) * room / form.Number("Client" + side);
+      CHECK_MESSAGE((spare >= 0 && spare < 1), side, ": ", spare);
+    }
   }
 }
 

@@ -51,10 +51,9 @@ TEST_CASE("Settings load with their defaults and refuse what does not convert") 
   settings.ButtonAreaWidth = Int16(0);
   LoadSettings(settings, profile, "f");
   CHECK(settings.ButtonAreaWidth == Int16(1335));
-  profile.Values = {
-      {"Menu", "fAlse"}, {"Button", "0"}, {"FormSizable", "1"}, {"SearchNew", "TRUE"}, {"Columns", " 4 "}};
+  profile.Values = {{"Menu", "fAlse"}, {"FormSizable", "1"}, {"SearchNew", "TRUE"}, {"Columns", " 4 "}};
   LoadSettings(settings, profile, "f");
-  CHECK_FALSE((settings.Menu || settings.Button));
+  CHECK_FALSE(settings.Menu);
   CHECK((settings.FormSizable && settings.SearchNew));
   CHECK(settings.Columns == Int16(4));
   for (const auto& [key, value] :

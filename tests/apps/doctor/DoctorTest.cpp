@@ -1,6 +1,7 @@
 #include "tests/support/RunProgram.h"
 
 #include <doctest/doctest.h>
+#include <nlohmann/json.hpp>
 
 #include <filesystem>
 
@@ -48,21 +49,11 @@ TEST_CASE("A check that fails, hangs, throws or crashes is told in a line of its
            Case{"healthy --strict --fix", true, mended, 0},
            Case{"healthy --strict", false, sound, 0},
            Case{"healthy --json", true,
-                R"([
-  {
-    "id": "good",
-    "state": "good",
-    "message": "well",
-    "remedy": ""
-  },
-  {
-    "id": "mended",
-    "state": "fault",
-    "message": "broken",
-    "remedy": "rm broken"
-  }
-]
-)",
+                nlohmann::ordered_json::parse(R"([
+             {"id": "good", "state": "good", "message": "well", "remedy": ""},
+             {"id": "mended", "state": "fault", "message": "broken", "remedy": "rm broken"}])")
+                        .dump(2) +
+                    "\n",
                 1},
        }) {
     CAPTURE(c.Arguments);
@@ -95,30 +86,24 @@ TEST_CASE("The command line's own doctor says what is wrong with its files and t
   const std::string good = "good          settings: " + newSettings +
                            " can be made by the command line\ngood          languages: English and, in " + at +
                            ", FRA\ngood          code-pages: all that a project can be written in\n";
-  const auto check = [&](const std::string& settings, const std::string& tools, const std::string& expected, int status,
+  const auto check = [&](const std::string& tools, const std::string& expected, int status,
                          const std::string& options = "") {
     const Outcome outcome = RunProgram(folder / "ostrel-form-wizard", "doctor" + options, output, "",
-                                       "XDG_CONFIG_HOME='" + at + settings + "' PATH='" + at + tools + "'");
+                                       "XDG_CONFIG_HOME='" + at + "new' PATH='" + at + tools + "'");
     CHECK(outcome.Out == expected);
     CHECK(outcome.Status == status);
     CHECK_FALSE(std::filesystem::exists(folder / "new"));
   };
-  check("new", "none", good + withoutDesktop, 0);
-  check("new", "none", good + withoutDesktop, 1, " --strict");
+  check("none", good + withoutDesktop, 0);
+  check("none", good + withoutDesktop, 1, " --strict");
   WriteFile(folder / "ostrel-form-wizard-desktop", "");
   const auto before = FilesIn(folder.Path());
   const std::string desktop = good + "good          desktop: " + at + "ostrel-form-wizard-desktop\n";
-  check("new", "font", desktop + "good          fonts: pictures of forms are drawn in Some Font\n", 0, " --strict");
-  check("new", "nofont",
-        desktop +
-            "warning       fonts: there is no font, and so no text in pictures of forms; to mend "
-            "it: apt-get install fonts-liberation\n",
-        0);
-  check("new", "none",
-        desktop +
-            "unknown       fonts: cannot be told from here: fc-match is not installed; to have it: "
-            "apt-get install fontconfig\n",
-        0);
+  const std::string noFont = "warning       fonts: there is no font, and so no text in pictures of forms; to mend it: ",
+                    noTool = "unknown       fonts: cannot be told from here: fc-match is not installed; to have it: ";
+  check("font", desktop + "good          fonts: pictures of forms are drawn in Some Font\n", 0, " --strict");
+  check("nofont", desktop + noFont + "apt-get install fonts-liberation\n", 0);
+  check("none", desktop + noTool + "apt-get install fontconfig\n", 0);
   CHECK(FilesIn(folder.Path()) == before);
   // The library lacks its resources; in the place of the settings' folder is a file.
   WriteFile(folder / "OstrelFormWizardFRA.dll", ReadFile(folder / "OstrelFormWizardFRA.dll").substr(0, 300));
