@@ -30,6 +30,12 @@ class Opened {
   std::vector<Window>& open_;
 };
 
+// Which closes a message box whose answer is nobody's.
+bool ProgramEnds() {
+  MSG message{};
+  return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
+}
+
 // Null: whatever the title.
 void AbortMessages(HWND owner, const wchar_t* title) {
   HWND box = nullptr;
@@ -53,6 +59,7 @@ ui::MessageAnswer Win32Desktop::ShowMessage(std::string_view text, int style, st
   std::optional<Opened<std::wstring>> alone;
   if (open_.empty()) alone.emplace(messages_, Wide(title));
   const int answer = MessageBoxW(Owner(), Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(style));
+  if (ProgramEnds()) return ui::MessageAnswer::Abort;
   if (answer == 0) throw std::runtime_error("A message cannot be shown: " + std::string(text));
   return static_cast<ui::MessageAnswer>(answer);
 }

@@ -1,5 +1,6 @@
 // The command that opens the native dialogs over the files of a project, used by keyboard.
 #include "apps/common/Dictionaries.h"
+#include "tests/adapters/win32/Anew.h"
 #include "tests/adapters/win32/User.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
@@ -8,6 +9,11 @@
 
 #include <doctest/doctest.h>
 
+#include <commctrl.h>
+
+#include <cstdlib>
+#include <filesystem>
+
 using namespace formwizard;
 using namespace formwizard::tests;
 
@@ -15,24 +21,27 @@ namespace {
 
 const std::string Sample = SourceFolder() + "/samples/new-project";
 
+// A project, its dictionary and a profile in one folder.
 struct Place {
-  TemporaryFolder Folder;
-  std::string Home = Folder / "項目", Project = Home + "/Project1.vbp", Profile = Folder / "outility.ini";
+  std::string Folder, Home = Folder + "/項目", Project = Home + "/Project1.vbp", Profile = Folder + "/outility.ini";
 
-  Place() {
-    CopySample("new-project", Home);
-    OpenSampleDictionary(Folder);
-  }
   auto Files() const { return FilesIn(NativePath(Home)); }
 
   Outcome Use(const std::vector<std::string>& options, const std::function<void()>& work) const {
-    std::vector<std::string> arguments{"wizard",       "--project",         Project,
-                                       "--dictionary", Folder / "d.sqlite", "--profile",
-                                       Profile,        "--toolbox",         SourceFolder() + "/samples/toolbox.ini"};
+    std::vector<std::string> arguments{"wizard",       "--project",          Project,
+                                       "--dictionary", Folder + "/d.sqlite", "--profile",
+                                       Profile,        "--toolbox",          SourceFolder() + "/samples/toolbox.ini"};
     arguments.insert(arguments.end(), options.begin(), options.end());
     Outcome outcome;
     UseWindows([&] { outcome = RunHere(arguments); }, work);
     return outcome;
+  }
+};
+
+struct NewPlace : TemporaryFolder, Place {
+  NewPlace() : Place{Utf8(Path())} {
+    CopySample("new-project", Home);
+    OpenSampleDictionary(*this);
   }
 };
 
@@ -51,12 +60,35 @@ void MakeForm() {
   PressAccessKey('F');
 }
 
+void MakeGoldenForm() {
+  KeyboardUser user;
+  PassThroughWizard(user);
+  Press(VK_RETURN);
+}
+
+LRESULT CALLBACK DieAtStatus(int code, WPARAM isOwn, LPARAM sent) {
+  if (reinterpret_cast<const CWPSTRUCT*>(sent)->message == SB_SETTEXTW) KillThisProcess();
+  return CallNextHookEx(nullptr, code, isOwn, sent);
+}
+
+// The work goes on while this thread waits for the end, at the first file that is in its place.
+void MakeFormAndDie(const Place& place, const std::string& when) {
+  KeyboardUser user;
+  PassThroughWizard(user);
+  if (when == "open") KillThisProcess();
+  const DWORD thread = GetWindowThreadProcessId(ActiveWindow(), nullptr);
+  if (when == "made") SetWindowsHookExW(WH_CALLWNDPROC, DieAtStatus, nullptr, thread);
+  PostMessageW(WindowOf(WizardDesign().cmdFinish), BM_CLICK, 0, 0);
+  while (!std::filesystem::exists(NativePath(place.Home + "/frmPerson.frm"))) continue;
+  KillThisProcess();
+}
+
 }  // namespace
 
 TEST_CASE("A form made in the dialogs is saved and told of, a cancelled one leaves the project as it was") {
-  const Place place;
+  const NewPlace place;
   const auto before = place.Files();
-  const std::string journal = place.Folder / "journal", frm = place.Home + "/frmPerson.frm\n";
+  const std::string journal = place / "journal", frm = place.Home + "/frmPerson.frm\n";
   const Outcome cancelled = place.Use({"--journal", journal}, [] {
     Choose();
     Press(VK_ESCAPE);
@@ -74,11 +106,7 @@ TEST_CASE("A form made in the dialogs is saved and told of, a cancelled one leav
   CHECK(ReadFile(journal).starts_with("{\"call\":\"AddToolboxProgID\""));
   CHECK(place.Files() == before);
 
-  const Outcome made = place.Use({}, [] {
-    KeyboardUser user;
-    PassThroughWizard(user, [](int) {});
-    Press(VK_RETURN);
-  });
+  const Outcome made = place.Use({}, MakeGoldenForm);
   CHECK(made.Status == 0);
   CHECK(made.Error.empty());
   CHECK(made.Out == "wrote " + frm + "wrote " + place.Home +
@@ -87,7 +115,7 @@ TEST_CASE("A form made in the dialogs is saved and told of, a cancelled one leav
 }
 
 TEST_CASE("What keeps the project from being opened or saved, and a note on it, is said in a box and on the console") {
-  const Place place;
+  const NewPlace place;
   auto files = place.Files();
   WriteFile(place.Home + "/Form1.frm", files["Form1.frm"] += "Sub Form_Load()\r\nEnd Sub\r\n");
   const auto editProject = [&] {
@@ -114,5 +142,34 @@ TEST_CASE("What keeps the project from being opened or saved, and a note on it, 
     CHECK(outcome.Error.starts_with("ostrel-form-wizard: " + c.Begin));
     CHECK(outcome.Error.ends_with(said.substr(said.find(':') + 2) + "\n"));
     CHECK((c.Status == 0 || place.Files() == files));
+  }
+}
+
+TEST_CASE(
+    "Killed while its form is chosen, made or saved, the program leaves a whole project, which the next run goes on "
+    "with") {
+  constexpr wchar_t variable[] = L"FORMWIZARD_KILLED";
+  if (const wchar_t* told = _wgetenv(variable)) {
+    const std::string text = Utf8(std::filesystem::path(told));
+    const Place place{text.substr(text.find(' ') + 1)};
+    place.Use({}, [&] { MakeFormAndDie(place, text.substr(0, text.find(' '))); });
+    return;
+  }
+  const auto golden = FilesIn(SourceFolder() + "/tests/golden/addin-project");
+  for (const std::wstring when : {L"open", L"made", L"saved"}) {
+    CAPTURE(when == L"made");
+    CAPTURE(when == L"saved");
+    const NewPlace place;
+    const auto before = place.Files();
+    WriteFile(place.Profile, "[OstrelFormWizard]\r\nRows=4\r\n");
+    CHECK(RunAnew(variable, when + L" " + place.Path().wstring()) == Killed);
+    CHECK(ReadFile(place.Profile) == "[OstrelFormWizard]\r\nRows=4\r\n");
+    const auto after = place.Files();
+    if (when != L"saved") CHECK(after == before);
+    const bool isSaved = after.at("Project1.vbp") == golden.at("Project1.vbp");
+    for (const auto& [name, text] : isSaved ? golden : before) CHECK(after.at(name) == text);
+    if (isSaved) continue;
+    CHECK(place.Use({}, MakeGoldenForm).Status == 0);
+    CheckSameFiles(place.Files(), golden);
   }
 }

@@ -1,14 +1,12 @@
 #include "tests/adapters/win32/Densities.h"
 
 #include "adapters/win32/Screen.h"
-#include "adapters/win32/Text.h"
+#include "tests/adapters/win32/Anew.h"
 
 #include <doctest/doctest.h>
 
 #include <windows.h>
 
-#include <process.h>
-#include <array>
 #include <cstdlib>
 #include <string>
 
@@ -25,15 +23,6 @@ void SetDensity(DWORD dotsPerInch) {
 
 bool IsWine() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
 
-// A comma would separate two tests, so a sign for any character stands for it.
-std::wstring ThisTest() {
-  std::wstring name = adapters::win32::Wide(doctest::getContextOptions()->currentTest->m_name);
-  for (wchar_t& character : name) {
-    if (character == L',') character = L'?';
-  }
-  return L"\"--test-case=" + name + L"\"";
-}
-
 }  // namespace
 
 void AtEveryDensity(const std::function<void(int dotsPerInch)>& check) {
@@ -45,15 +34,11 @@ void AtEveryDensity(const std::function<void(int dotsPerInch)>& check) {
     check(density);
     return;
   }
-  std::array<wchar_t, 1024> program{};
-  GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size()));
   for (const DWORD density : {Designed, DWORD{120}, DWORD{144}, DWORD{192}}) {
     CAPTURE(density);
     SetDensity(density);
-    _wputenv_s(Variable, std::to_wstring(density).c_str());
-    CHECK(_wspawnl(_P_WAIT, program.data(), L"test", ThisTest().c_str(), nullptr) == 0);
+    CHECK(RunAnew(Variable, std::to_wstring(density)) == 0);
   }
-  _wputenv_s(Variable, L"");
   SetDensity(Designed);
 }
 

@@ -131,6 +131,38 @@ TEST_CASE("Buttons and the focus show what the keys will do") {
   });
 }
 
+TEST_CASE("A double click acts once on what is under it, or only opens and closes it") {
+  DialogFixture desktop;
+  wizard::frmWizard& dialog = desktop.Dialog;
+  desktop.UseWizard([&] {
+    MouseUser user;
+    user.Press(dialog.cmdNext);
+    user.GoOnWith(dialog.tvwConnection, "Samples");
+    CHECK(dialog.CurrentStep() == Int16(3));
+    const HWND classes = WindowOf(dialog.tvwClasses);
+    Click(classes, {200, 200}, 2);  // beside all, with a class selected
+    user.Open(dialog.tvwClasses, "Sample");
+    CHECK(dialog.CurrentStep() == Int16(3));
+    user.Open(dialog.tvwClasses, "Sample");
+    user.GoOnWith(dialog.tvwClasses, "Person");
+    CHECK(dialog.CurrentStep() == Int16(4));
+    const auto take = [&](const char* node) { user.Take(dialog.tvwAttributes, node, "", dialog.cmdSelectOne); };
+    const ui::ListBox& list = dialog.lstSelected;
+    for (const auto& [node, left] : {std::pair{"*Name", 1}, {"*SSN", 2}, {"Age", 3}, {"*Name", 2}}) {
+      take(node);
+      CHECK(list.ListCount() == left);
+    }
+    const HWND entries = WindowOf(list);
+    Click(entries, {8, 100}, 2);  // below all, where the last is selected
+    CHECK(SendMessageW(entries, LB_GETCOUNT, 0, 0) == list.ListCount());
+    const int before = list.ListCount();
+    Click(entries, {8, 4}, 2);
+    CHECK(list.ListCount() == before - 1);
+    CHECK(SendMessageW(entries, LB_GETCOUNT, 0, 0) == before - 1);
+    Press(VK_ESCAPE);
+  });
+}
+
 TEST_CASE("A refused text is put back after the message about it was answered") {
   DialogFixture desktop;
   desktop.UseWizard([&] {
@@ -213,11 +245,15 @@ TEST_CASE("What the user does while a dialog works is dropped, so two fast click
   SampleFixture sample;
   SampleForm& form = sample.Form;
   int clicksMeanwhile = -1, works = 0;
-  bool quitWaits = false;
+  bool quitWaits = false, mayEnd = false;
   form.Work = [&] {
     PostMessageW(WindowOf(form.box), WM_CHAR, 'x', 0);
     PostMessageW(WindowOf(form.other), WM_KEYDOWN, VK_ESCAPE, 0);
-    PostMessageW(GetParent(WindowOf(form.other)), WM_CLOSE, 0, 0);
+    PostMessageW(WindowOf(form.other), WM_SYSKEYDOWN, VK_F4, 1 << 29);  // with Alt
+    PostMessageW(ActiveWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+    PostMessageW(ActiveWindow(), WM_CLOSE, 0, 0);
+    mayEnd = SendMessageW(ActiveWindow(), WM_QUERYENDSESSION, 0, 0) != FALSE;
+    SendMessageW(ActiveWindow(), WM_ENDSESSION, FALSE, 0);  // another program objects
     ++works;
     form.Enabled = false;
     form.box.SetText("shown");
@@ -248,15 +284,19 @@ TEST_CASE("What the user does while a dialog works is dropped, so two fast click
   CHECK(clicksMeanwhile == 0);
   CHECK(form.OtherClicks == 1);
   CHECK(quitWaits);
+  CHECK(mayEnd);
   CHECK(form.IsUnloaded());
 }
 
 TEST_CASE("A dialog ends with the program or with the window that owns it, and the other windows can be used") {
-  for (const bool byOwner : {false, true}) {
+  for (const auto& [byOwner, overMessage] : {std::pair{false, false}, {true, false}, {false, true}}) {
     CAPTURE(byOwner);
+    CAPTURE(overMessage);
     SampleFixture sample;
     const MainWindow beside;
     bool isPassedOn = false;
+    auto answer = ui::MessageAnswer::Ok;
+    sample.Form.Work = [&] { answer = sample.Desktop.ShowMessage("Really?", ui::OkOnly, "Sample"); };
     const auto show = [&] {
       sample.Desktop.ShowModal(sample.Form, nullptr);
       MSG message{};
@@ -264,6 +304,7 @@ TEST_CASE("A dialog ends with the program or with the window that owns it, and t
     };
     UseWindows(show, [&] {
       CHECK_FALSE(IsWindowEnabled(beside.Handle()));
+      if (overMessage) PressAccessKey('W');
       beside.Run([&] {
         if (byOwner) {
           DestroyWindow(sample.Main.Handle());
@@ -273,6 +314,7 @@ TEST_CASE("A dialog ends with the program or with the window that owns it, and t
       });
     });
     CHECK(isPassedOn == !byOwner);
+    CHECK((answer == ui::MessageAnswer::Abort) == overMessage);
     CHECK(sample.Form.IsUnloaded());
     CHECK(IsWindowEnabled(beside.Handle()));
   }

@@ -1,4 +1,6 @@
 // The add-in comes and goes while its windows are open, many times, and as part of a host that holds on to its objects.
+#include "apps/registration/Registration.h"
+#include "tests/adapters/win32/Anew.h"
 #include "tests/apps/addin-dll/HostFixture.h"
 
 #include <doctest/doctest.h>
@@ -97,6 +99,13 @@ TEST_CASE("Disconnected while the wizard is open, the add-in is gone at once, wi
   };
   const std::pair<std::function<void()>, Case> cases[] = {
       {[] {}, {"a second click", [](HostFixture& host) { CHECK(Click(host.WizardCommand())); }, false, 1}},
+      {[] {},
+       {"the end of the user's work asked for and called off",
+        [](HostFixture&) {
+          CHECK(::SendMessageW(ActiveWindow(), WM_QUERYENDSESSION, 0, 0));
+          ::SendMessageW(ActiveWindow(), WM_ENDSESSION, FALSE, 0);
+        },
+        false, 1}},
       {[] {}, {"one of two", [](HostFixture& host) { host.Connect(), host.Disconnect(); }, false, 1}},
       {[] {}, {"disconnected", disconnect, true, 0}},
       {openMenu, {"over its menu", disconnect, true, 0}},
@@ -183,6 +192,55 @@ TEST_CASE("The message that ends the host closes the wizard and reaches the host
       },
       [&] { host.Window.Run([] { ::PostQuitMessage(7); }); });
   CHECK(message.wParam == 7);
+}
+
+TEST_CASE(
+    "A host that is killed while the wizard is open or makes a form leaves whole settings, and a next one works") {
+  constexpr wchar_t variable[] = L"FORMWIZARD_KILLED";
+  if (const wchar_t* last = _wgetenv(variable)) {
+    HostFixture host;
+    host.Connect();
+    host.UseWizard([&] {
+      KeyboardUser user;
+      PassThroughWizard(user);
+      if (last == std::wstring(L"none")) KillThisProcess();
+      host.Window.Run([&] {
+        AtEachCall = [&](const std::string& member) {
+          if (NativePath(member) == last) KillThisProcess();
+        };
+      });
+      Finish();
+    });
+    return;
+  }
+  if (!Installer().empty()) return;  // its settings stand beside the installed library
+  const auto registered = [] {
+    using namespace formwizard::apps::registration;
+    return std::pair(RegisteredLibrary(BothScopes[0]), RegisteredLibrary(BothScopes[1]));
+  };
+  const auto before = registered();
+  for (const wchar_t* last : {L"none", L"VBProject.AddToolboxProgID", L"VBControls.Add", L"CodeModule.InsertLines"}) {
+    CAPTURE(Utf8(std::filesystem::path(last)));
+    const TemporaryFolder folder;
+    const std::wstring temporary = _wgetenv(L"TMP");
+    _wputenv_s(L"TMP", folder.Path().c_str());
+    CHECK(RunAnew(variable, last) == Killed);
+    _wputenv_s(L"TMP", temporary.c_str());
+    int settings = 0;
+    for (const auto& [name, text] : FilesIn(folder.Path())) {
+      const bool isProfile = name.ends_with("/outility.ini");
+      CHECK((isProfile || name.ends_with("/d.sqlite") || name.ends_with("/OstrelFormWizard.dll")));
+      if (isProfile) settings += text.starts_with("[OstrelFormWizard]\r\n") && text.find("Columns=2\r\n") != text.npos;
+    }
+    CHECK(settings == 1);
+    CHECK(registered() == before);
+    HostFixture next;
+    next.Connect();
+    next.UseWizard([] {
+      CHECK(IsAtStep(1));
+      Press(VK_ESCAPE);
+    });
+  }
 }
 
 TEST_CASE("A library whose objects the environment still holds is not unloaded") {
