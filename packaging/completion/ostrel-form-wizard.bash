@@ -44,13 +44,14 @@ _ostrel_form_wizard_paths() {
     '$4 == 1 && $6 == "" && $3 != "%Library.List" { print object "." $1 }'
 }
 
-# English and the languages whose satellites stand beside the program.
+# English and the languages whose satellites stand beside the program; the links are those of their regions.
 _ostrel_form_wizard_languages() {
   local library
   echo ENU
   for library in "$(dirname "$(readlink -f "$(command -v "${words[0]}")")")"/OstrelFormWizard???.dll; do
+    [[ -f $library && ! -L $library ]] || continue
     library=${library##*/OstrelFormWizard}
-    [[ $library == "???.dll" ]] || echo "${library%.dll}"
+    echo "${library%.dll}"
   done
 }
 

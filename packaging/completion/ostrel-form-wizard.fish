@@ -57,10 +57,11 @@ function __ostrel_form_wizard_files --argument-names ending
         string match -r '^[^\t]*(?:/|\.'$ending')(?=\t|$)'
 end
 
-# English and the languages whose satellites stand beside the program.
+# English and the languages whose satellites stand beside the program; the links are those of their regions.
 function __ostrel_form_wizard_languages
     echo ENU
     for library in (path dirname (path resolve (command -s ostrel-form-wizard)))/OstrelFormWizard???.dll
+        test -L $library; and continue
         string match -rq 'OstrelFormWizard(?<language>...)\.dll$' $library; and echo $language
     end
 end
