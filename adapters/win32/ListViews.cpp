@@ -79,8 +79,8 @@ class ListBoxView : public ObservingView<ui::ListBox, ui::ListObserver> {
       Send(messages_.Delete, static_cast<WPARAM>(i - 1));
     }
     if (first >= control_.ListCount()) return;
-    const auto count = static_cast<WPARAM>(control_.ListCount() - first);
-    Send(messages_.Prepare, count, static_cast<LPARAM>(count * AverageBytes));
+    const int count = control_.ListCount() - first;
+    Send(messages_.Prepare, static_cast<WPARAM>(count), LPARAM{AverageBytes} * count);
     for (int i = first; i < control_.ListCount(); ++i) Insert(i);
   }
 

@@ -22,7 +22,7 @@ LSTATUS ReadText(HKEY key, const wchar_t* name, std::wstring& text) {
   LSTATUS status = ERROR_MORE_DATA;
   while (status == ERROR_MORE_DATA) {  // it may grow between two calls
     text.resize(bytes / sizeof(wchar_t) + 1);
-    bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    bytes = static_cast<DWORD>(text.size()) * DWORD{sizeof(wchar_t)};
     status = RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
   }
   text.resize(std::wcslen(text.c_str()));
