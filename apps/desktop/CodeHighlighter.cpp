@@ -121,7 +121,7 @@ Formats ColorLines(QStringView text, const CodeColors& colors, bool& isComment) 
 
 // Whether a comment goes on behind the paragraph. The environment allows one of 25 lines, so that it is enough to look
 // back until a line is none of these.
-bool EndsInComment(QTextBlock paragraph, const CodeColors& colors) {
+bool EndsInComment(const QTextBlock& paragraph, const CodeColors& colors) {
   const auto goesOn = [](const QTextBlock& block) { return block.text().endsWith(u" _"); };
   if (!goesOn(paragraph)) return false;
   QTextBlock start = paragraph;
