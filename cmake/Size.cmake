@@ -1,12 +1,15 @@
 # Programs for users are small: what nothing calls is left out of them, and they are optimized as a whole when they are
-# linked. Not where tests are built besides, each of which would then be optimized as a whole, too.
-if(MSVC OR NOT CMAKE_BUILD_TYPE STREQUAL "Release" OR NOT DEFINED BUILD_TESTING OR BUILD_TESTING)
+# linked. The latter not where tests are built besides, each of which would then be optimized as a whole, too.
+if(MSVC OR NOT CMAKE_BUILD_TYPE STREQUAL "Release")
   return()
 endif()
 
 add_compile_options(-ffunction-sections -fdata-sections)
 add_link_options(-Wl,--gc-sections)
 
+if(NOT DEFINED BUILD_TESTING OR BUILD_TESTING)
+  return()
+endif()
 include(CheckIPOSupported)
 check_ipo_supported(RESULT FORMWIZARD_OPTIMIZE_WHOLE LANGUAGES CXX)
 set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ${FORMWIZARD_OPTIMIZE_WHOLE})
