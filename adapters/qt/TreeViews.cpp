@@ -66,7 +66,7 @@ class TreeViewView final : public ObservingView<ui::TreeView, ItemWidget<QTreeVi
     ui::Node* node = TreeModel::NodeOf(index);
     if (!node) return;
     NodeChanged(*node);
-    Act([this, node, action] { (control_.*action)(*node); });
+    Act([&tree = control_, node, action] { (tree.*action)(*node); });
   }
 
   void Show() override {

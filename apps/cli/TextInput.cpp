@@ -21,7 +21,8 @@ std::string ReadStream(std::istream& in, const std::string& name, const std::str
   while (in.read(part.data(), part.size()), in.gcount() > 0) {
     text.append(part.data(), static_cast<std::size_t>(in.gcount()));
     if (text.size() <= most) continue;
-    throw InputError(name + ": a " + what + " has at most " + std::to_string(most) + " bytes");
+    throw InputError(std::string(name).append(": a ").append(what).append(" has at most ") + std::to_string(most) +
+                     " bytes");
   }
   if (in.bad()) throw InputError(name + ": reading the " + what + " failed");
   return text;
