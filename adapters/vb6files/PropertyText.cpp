@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <limits>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -49,9 +50,11 @@ void AppendFraction(std::string& out, double value) {
   if (out.compare(start, 2, "0.") == 0) out.erase(start, 1);
 }
 
-// "2.45745e5"
+// "2.45745e5"; what a Single cannot hold is the largest that it can.
 void AppendExponential(std::string& out, double value) {
-  AppendDigits(out, static_cast<float>(value), std::chars_format::scientific);  // "2.45745e+05"
+  constexpr double largest = std::numeric_limits<float>::max();
+  const auto single = static_cast<float>(std::clamp(value, -largest, largest));
+  AppendDigits(out, single, std::chars_format::scientific);  // "2.45745e+05"
   const std::size_t exponent = out.rfind('e') + 1;
   const int tens = std::atoi(out.c_str() + exponent);
   out.resize(exponent);
