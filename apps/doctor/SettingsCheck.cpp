@@ -25,7 +25,11 @@ fs::path WrittenFirst(const fs::path& profile) {
   return folder;
 }
 
-std::string RemedyFor(const fs::path& written) {
+constexpr char OwnFolder[] = "set HOME or XDG_CONFIG_HOME to a folder of yours";
+
+std::string RemedyFor(const fs::path& written, const fs::path& profile) {
+  const bool isElsewhere = written != profile && written != profile.parent_path();
+  if (!IsWindows && isElsewhere) return OwnFolder;  // that folder is not the user's to change
   if (!IsWindows) return "chmod u+rw " + Quoted(written) + ", as its owner";
   std::error_code error;
   const bool isProtected = (fs::status(written, error).permissions() & fs::perms::owner_write) == fs::perms::none;
@@ -45,17 +49,16 @@ Finding SettingsIn(const std::string& profile, const std::string& program) {
     const system::WholeFile change(files, system::Utf8(isThere ? path : written / path.filename()));
     return {State::Good, profile + (isThere ? " can be written by " : " can be made by ") + program};
   } catch (const support::InputError& error) {
-    return {State::Fault, program + " cannot read its settings: " + error.what(), RemedyFor(written)};
+    return {State::Fault, program + " cannot read its settings: " + error.what(), RemedyFor(written, path)};
   } catch (const support::SaveError& error) {
-    return {State::Fault, program + " cannot keep its settings: " + error.what(), RemedyFor(written)};
+    return {State::Fault, program + " cannot keep its settings: " + error.what(), RemedyFor(written, path)};
   }
 }
 
 Finding OwnSettings() {
   const std::string profile = common::DefaultProfile();
   if (!profile.empty()) return SettingsIn(profile, "the command line");
-  return {State::Fault, "you have no folder for settings, and so they are not kept",
-          "set HOME or XDG_CONFIG_HOME to a folder of yours"};
+  return {State::Fault, "you have no folder for settings, and so they are not kept", OwnFolder};
 }
 
 }  // namespace formwizard::apps::doctor
