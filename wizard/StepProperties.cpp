@@ -1,9 +1,9 @@
 #include "runtime/Conversions.h"
+#include "wizard/OfferedProperties.h"
 #include "wizard/TreePictures.h"
 #include "wizard/frmWizard.h"
 
 #include <algorithm>
-#include <array>
 
 namespace formwizard::wizard {
 namespace {
@@ -11,55 +11,15 @@ namespace {
 namespace kind = model::kind;
 using factory::PropertyColumn;
 
-// What a collection's control is, and the setting that gives its rows.
-struct CollectionKind {
-  std::string_view Collection;
-  Int16 FieldKind;
-  Int16 settings::Settings::*Rows;
-};
-
-constexpr std::array Collections{
-    CollectionKind{"list", kind::ListBox, &settings::Settings::CollectionRows},
-    CollectionKind{"array", kind::ListView, &settings::Settings::CollectionRows},
-    CollectionKind{"binarystream", kind::Picture, &settings::Settings::ImageRows},
-    CollectionKind{"characterstream", kind::MultiLine, &settings::Settings::MultilineRows},
-};
-
-bool IsNumber(factory::ResultSet& row, PropertyColumn column, int number) {
-  return runtime::EqualsNumber(row.GetData(column), Int32(number));
-}
-
-// For what may be missing, which a server may say by Null.
-std::string TextOrEmpty(factory::ResultSet& row, PropertyColumn column) {
-  const runtime::Variant value = row.GetData(column);
-  return std::holds_alternative<runtime::Null>(value) ? "" : ToText(value);
-}
-
-std::string CollectionOf(factory::ResultSet& row) { return TextOrEmpty(row, "Collection"); }
-
-bool IsOffered(factory::ResultSet& row, bool dataTypesOnly) {
-  const bool isCollection = !CollectionOf(row).empty();
-  const bool isObject = IsNumber(row, "Datatype", 0);
-  if (dataTypesOnly && (isObject || isCollection)) return false;
-  if (isCollection && isObject) return false;  // collections of objects are never offered
-  return !runtime::EqualsText(row.GetData(PropertyColumn("Type")), "%Library.List");
-}
-
 void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const settings::Settings& settings) {
   const std::string name = ToText(row.GetData(PropertyColumn("Name")));
   field.DisplayName = name;
   field.PropertyName = name;
   field.Caption = ToText(row.GetData(PropertyColumn("Caption")));
-  const auto found = std::ranges::find(Collections, CollectionOf(row), &CollectionKind::Collection);
-  if (found != Collections.end()) {
-    field.FieldKind = found->FieldKind;
-    field.RowCount = settings.*found->Rows;
-  } else if (IsNumber(row, "Datatype", 1) || IsNumber(row, "Serial", 1)) {
-    field.FieldKind = kind::TextBox;
-  } else {
-    field.FieldKind = kind::ReferenceLabel;
-    field.ReferenceClass = ToText(row.GetData(PropertyColumn("Type")));
-  }
+  const OfferedKind offered = KindOf(row);
+  field.FieldKind = offered.FieldKind;
+  if (offered.RowsSetting) field.RowCount = settings.*offered.RowsSetting;
+  if (field.FieldKind == kind::ReferenceLabel) field.ReferenceClass = ToText(row.GetData(PropertyColumn("Type")));
 }
 
 // A property inside a reference is shown through the reference itself, displaying that column of its object.
@@ -67,13 +27,12 @@ void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, 
   const std::string name = ToText(row.GetData(PropertyColumn("Name")));
   field.DisplayName = parent.DisplayName + "." + name;
   field.Caption = parent.Caption + " " + TextOrEmpty(row, "caption");  // lower case, as it is asked for
+  field.FieldKind = KindInside(parent.FieldKind, row).FieldKind;
   if (parent.FieldKind == kind::ReferenceLabel) {
-    field.FieldKind = kind::ReferenceLabel;
     field.PropertyName = parent.PropertyName;
     field.ReferenceClass = parent.ReferenceClass;
     field.ReferenceColumn = name;
   } else {
-    field.FieldKind = kind::TextBox;
     field.PropertyName = parent.PropertyName + "." + name;
   }
 }
@@ -151,7 +110,6 @@ void frmWizard::AddProperty(ui::Node* parent, factory::ResultSet& row) {
   } else {
     DescribeOwn(field, row, services_.State.Settings);
   }
-  if (field.FieldKind == kind::TextBox && IsNumber(row, "Editable", 0)) field.FieldKind = kind::ReadOnlyLabel;
   field.MaxWidth =
       runtime::RoundToInt32(runtime::NumericValue(row.GetData(PropertyColumn("MaxLen"))) * model.CharWidth.Value());
   field.PropertyType = ToText(row.GetData(PropertyColumn("Type")));
