@@ -1,5 +1,5 @@
-// Feeds bytes to the reader of toolbox files: what it gives for a control can stand in a project, and is read from
-// there as the same library.
+// Feeds bytes to the reader of toolbox files, and of projects in their place: what it gives for a control can stand in
+// a project, and is read from there as the same library.
 #include "adapters/vb6files/ProjectFile.h"
 #include "adapters/vb6files/Toolbox.h"
 #include "fuzz/Property.h"
@@ -28,19 +28,22 @@ void CheckReference(const Toolbox& toolbox, const ObjectReference& reference) {
   Require(!read.File.empty() && read.Id.starts_with('{'), "the library has an identifier and a file");
 }
 
+void CheckToolbox(const Toolbox& toolbox) {
+  for (const std::string_view progId : ProgIds) {
+    try {
+      CheckReference(toolbox, toolbox.Find(progId));
+    } catch (const runtime::RuntimeError& error) {
+      Require(error.Number() == runtime::ControlNotFound, "what is missing is a control");
+    }
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const tests::MemoryFileSystem files({{"fuzz.ini", TextOf(data, size)}});
-  IsAccepted("fuzz.ini:", [&] {
-    const Toolbox toolbox(files, "fuzz.ini");
-    for (const std::string_view progId : ProgIds) {
-      try {
-        CheckReference(toolbox, toolbox.Find(progId));
-      } catch (const runtime::RuntimeError& error) {
-        Require(error.Number() == runtime::ControlNotFound, "what is missing is a control");
-      }
-    }
-  });
+  for (const std::string file : {"fuzz.ini", "fuzz.vbp"}) {
+    const tests::MemoryFileSystem files(tests::MemoryFileSystem::Contents{{file, TextOf(data, size)}});
+    IsAccepted(file + ":", [&] { CheckToolbox(Toolbox(files, file)); });
+  }
   return 0;
 }

@@ -211,6 +211,16 @@ std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
   return std::make_shared<Component>(*this, entry);
 }
 
+void ProjectOnDisk::CheckToolboxKnows(std::string_view progId) const {
+  const std::string_view library = Toolbox::LibraryOf(progId);
+  if (!library.empty() && libraries_.Find(library)) return;
+  try {
+    static_cast<void>(toolbox_.Find(progId));
+  } catch (const runtime::RuntimeError& unknown) {
+    throw support::InputError(path_ + ": " + unknown.Description());
+  }
+}
+
 void ProjectOnDisk::AddToolboxProgID(std::string_view progId) {
   const std::string_view library = Toolbox::LibraryOf(progId);
   if (!library.empty() && libraries_.Find(library)) return;

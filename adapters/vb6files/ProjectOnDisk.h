@@ -73,6 +73,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Of a form that has code from before the wizard filled it; nothing for any other, and once the form is finished.
   std::optional<KeptCode> CodeKeptIn(std::string_view name) const;
 
+  // support::InputError, with the remedy, when neither the project nor the toolbox knows the library of the control.
+  void CheckToolboxKnows(std::string_view progId) const;
+
   const std::string& Path() const { return path_; }
   const system::CodePage& ProjectCodePage() const { return codePage_; }
   // Whether saving would write something.

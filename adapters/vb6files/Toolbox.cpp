@@ -1,6 +1,8 @@
 #include "adapters/vb6files/Toolbox.h"
 
 #include "adapters/vb6files/ControlClasses.h"
+#include "adapters/vb6files/ProjectFile.h"
+#include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
 #include "support/Failures.h"
@@ -28,6 +30,9 @@ constexpr std::string_view Section = "[Toolbox]";
 
 std::string_view Trimmed(std::string_view text) { return runtime::Trimmed(text, " \t\r"); }
 
+// Without its folder: the environment finds a library by its GUID.
+std::string_view NameOf(std::string_view file) { return file.substr(file.rfind('\\') + 1); }
+
 std::string_view GuidOf(std::string_view id) { return id.substr(0, id.find('#')); }
 
 bool IsGuid(std::string_view text) {
@@ -54,12 +59,32 @@ bool IsObjectValue(std::string_view value) {
 
 Toolbox::Toolbox(const system::FileSystem& files, std::string file) : file_(std::move(file)) {
   if (file_.empty()) return;
-  const std::optional<std::string> text = files.Read(file_, system::LargestSettings);
+  constexpr std::string_view ofProjects = ".vbp";
+  const bool isProject = file_.size() > ofProjects.size() &&
+                         runtime::EqualIgnoringCase(file_.substr(file_.size() - ofProjects.size()), ofProjects);
+  std::optional<std::string> text = files.Read(file_, isProject ? system::LargestProject : system::LargestSettings);
   if (!text) throw support::InputError(file_ + ": there is no such toolbox file; check the path given with --toolbox");
+  isProject ? ReadProject(*std::move(text)) : ReadEntries(*text);
+}
 
+void Toolbox::ReadProject(std::string text) {
+  const ProjectFile project(file_, std::move(text));
+  for (const std::string_view value : project.Objects()) {
+    ObjectReference reference = Parse(value);
+    if (reference.Library != LibraryOf(generator::ide::Query.ProgId) || !IsObjectValue(value)) continue;
+    reference.File = NameOf(reference.File);
+    entries_.push_back({std::string(generator::ide::Query.ProgId), std::move(reference)});
+    return;
+  }
+  throw support::InputError(
+      file_ + ": this project does not use the query control: it has no line \"Object={GUID}#version#0; " +
+      std::string(Libraries.front().File) + "\"; give with --toolbox a project that uses it, or a toolbox file");
+}
+
+void Toolbox::ReadEntries(std::string_view rest) {
   int number = 0;
   bool inSection = false;
-  for (std::string_view rest = *text; !rest.empty();) {
+  while (!rest.empty()) {
     const std::size_t length = std::min(rest.find('\n'), rest.size());
     const std::string_view line = Trimmed(rest.substr(0, length));
     rest.remove_prefix(std::min(length + 1, rest.size()));
@@ -90,12 +115,12 @@ ObjectReference Toolbox::Find(std::string_view progId) const {
   if (known != Libraries.end() && !known->Id.empty()) {
     return {std::string(known->Id), std::string(known->File), std::string(known->Library)};
   }
-  runtime::Raise(runtime::ControlNotFound,
-                 "ActiveX control '" + std::string(progId) +
-                     "' not found: copy the value of \"Object=\" from a project that uses it into the section " +
-                     std::string(Section) + " of a toolbox file, as \"" + std::string(progId) +
-                     "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" +
-                     (file_.empty() ? "none was given" : file_ + " has no such line") + ")");
+  runtime::Raise(
+      runtime::ControlNotFound,
+      "ActiveX control '" + std::string(progId) +
+          "' not found: name with --toolbox a project (.vbp) that uses it, or a toolbox file with the line \"" +
+          std::string(progId) + "={GUID}#version#0; FILE.OCX\" in its section " + std::string(Section) + " (" +
+          (file_.empty() ? "none was given" : file_ + " has no such line") + ")");
 }
 
 // A library is known by its GUID, whatever its file is called; by its file only where the GUID is not known.
@@ -107,7 +132,8 @@ ObjectReference Toolbox::Parse(std::string_view value) const {
     return runtime::EqualIgnoringCase(GuidOf(reference.Id), GuidOf(id));
   };
   for (const KnownLibrary& known : Libraries) {
-    const bool same = known.Id.empty() ? runtime::EqualIgnoringCase(reference.File, known.File) : hasGuidOf(known.Id);
+    const bool same =
+        known.Id.empty() ? runtime::EqualIgnoringCase(NameOf(reference.File), known.File) : hasGuidOf(known.Id);
     if (same) reference.Library = known.Library;
   }
   for (const Entry& entry : entries_) {

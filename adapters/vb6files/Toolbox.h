@@ -13,7 +13,8 @@ namespace formwizard::adapters::vb6files {
 class Toolbox {
  public:
   // `file` is an INI-format text: section [Toolbox], key a ProgID, value what stands behind "Object=" in a project that
-  // uses the control. Empty: no such file. support::InputError for a file that is missing or damaged.
+  // uses the control; or, when its name ends in ".vbp", a project that uses the query control. Empty: no such file.
+  // support::InputError for a file that is missing or damaged, and for a project that does not use the control.
   Toolbox(const system::FileSystem& files, std::string file);
 
   // The library of a control class, as a project refers to it; error 363, saying what to supply and how, when it is not
@@ -31,6 +32,8 @@ class Toolbox {
     ObjectReference Reference;
   };
 
+  void ReadProject(std::string text);
+  void ReadEntries(std::string_view rest);
   void ReadEntry(std::string_view line, int number);
 
   std::string file_;

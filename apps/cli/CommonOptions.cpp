@@ -1,5 +1,8 @@
+#include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/ProjectOptions.h"
+#include "generator/ide/ActiveX.h"
+#include "support/Failures.h"
 #include "system/Paths.h"
 
 #include <CLI/CLI.hpp>
@@ -25,11 +28,25 @@ void AddSurroundings(CLI::App& command, ProjectOptions& options) {
       ->capture_default_str()
       ->type_name("N");
   AddFile(command, "--toolbox", options.Toolbox,
-          "a file that lists control libraries the project does not reference yet");
+          "a project (.vbp) that uses the query control, or a file of control libraries");
   AddFile(command, "--profile", options.Profile,
           "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
   command.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")
       ->type_name("ABC");
+}
+
+void AddAllowIncomplete(CLI::App& command, ProjectOptions& options) {
+  command.add_flag("--allow-incomplete", options.AllowIncomplete, "make forms also without the query control");
+}
+
+void CheckToolbox(const adapters::vb6files::ProjectOnDisk& project, const ProjectOptions& options) {
+  if (options.AllowIncomplete) return;
+  try {
+    project.CheckToolboxKnows(generator::ide::Query.ProgId);
+  } catch (const support::InputError& error) {
+    throw support::InputError(std::string(error.what()) +
+                              "; nothing was written (--allow-incomplete makes forms without it)");
+  }
 }
 
 }  // namespace formwizard::apps::cli

@@ -98,6 +98,7 @@ class Run {
         profile_(*profiles_, profileFile_),
         server_(common::OpenDictionary(options.Dictionary)),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
+    CheckToolbox(project_, options);
     project_.OnChange([this](vb6files::FileChange change) { Note(std::move(change)); }, !writes_);
     if (!options.Journal.empty()) {
       journal_.emplace(options.Journal, options.Force);
@@ -282,6 +283,7 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
   command.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
   command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
   command.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");
+  AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
   command.add_flag("--json", options.Json, "show the summary as JSON");

@@ -58,6 +58,7 @@ class Run {
         profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
         dictionary_(common::OpenDictionary(options.Dictionary)),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
+    CheckToolbox(project_, options);
     const auto report = [this](const vb6files::FileChange& change) { report_ += LineOf(change, !options_.DryRun); };
     project_.OnChange(report, options.DryRun);
     if (options.Journal.empty()) return;
@@ -143,6 +144,7 @@ class Run {
 
 void AddDialogOptions(CLI::App& command, WizardOptions& options) {
   command.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
+  AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
 }

@@ -87,7 +87,7 @@ void AddOptions(QCommandLineParser& parser) {
                       "FILE"},
                      {"language", "Three-letter language of the texts, such as DEU.", "ABC"},
                      {"code-page", "The Windows code page of the project's files (default: 1252).", "N", "1252"},
-                     {"toolbox", "A file that lists control libraries the project does not reference yet.", "FILE"},
+                     {"toolbox", "A project that uses the query control, or a file of control libraries.", "FILE"},
                      {"wizard", "Open the wizard at once."},
                      {"render", "Draw the form file into a picture (PNG) and end; needs no display.", "FORM.frm"}});
   parser.addPositionalArgument("file", "The project to open (.vbp); with --render, the picture to write.", "[FILE]");

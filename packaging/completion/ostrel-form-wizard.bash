@@ -61,7 +61,8 @@ _ostrel_form_wizard_value() {
   case $prev in
     --project) _filedir vbp ;;
     --dictionary | --journal | --descriptions-from) _filedir ;;
-    --toolbox | --profile) _filedir ini ;;
+    --toolbox) _filedir '@(ini|vbp)' ;;
+    --profile) _filedir ini ;;
     --language) _ostrel_form_wizard_words "$(_ostrel_form_wizard_languages)" ;;
     --code-page) _ostrel_form_wizard_words '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001' ;;
     --system)
@@ -128,7 +129,7 @@ _ostrel_form_wizard() {
     generate)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
-          --profile --language --descriptions-from --dry-run --diff --check --journal --force --json'
+          --allow-incomplete --profile --language --descriptions-from --dry-run --diff --check --journal --force --json'
       else
         _filedir json
       fi

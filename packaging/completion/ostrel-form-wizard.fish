@@ -116,8 +116,9 @@ __ostrel_form_wizard_option --set generate 'a setting for this run' -xa "Bold= B
     SearchSort= Statusbar= Toolbar="
 __ostrel_form_wizard_option --code-page "$in_project" 'the Windows code page of the project\'s files' -xa \
     '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001'
-__ostrel_form_wizard_option --toolbox "$in_project" 'control libraries that the project does not refer to yet' -xa \
-    '(__ostrel_form_wizard_files ini)'
+__ostrel_form_wizard_option --toolbox "$in_project" 'a project that uses the query control, or a file of libraries' -xa \
+    "(__ostrel_form_wizard_files '(?:ini|vbp)')"
+__ostrel_form_wizard_option --allow-incomplete generate 'make forms also without the query control'
 __ostrel_form_wizard_option --profile "$in_project" 'the settings file' -xa '(__ostrel_form_wizard_files ini)'
 __ostrel_form_wizard_option --language "$in_project" 'three-letter language of the texts' -xa \
     '(__ostrel_form_wizard_languages)'

@@ -341,18 +341,43 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
   CHECK(work.Files() == before);
 }
 
-TEST_CASE("Settings that cannot be written cost nothing, a control library that is not known costs its control") {
-  Workplace work, other;
+TEST_CASE("Settings that cannot be written cost nothing") {
+  Workplace work;
   work.Profile = work.Dictionary.substr(1, work.Dictionary.size() - 2) + "/outility.ini";  // below a file
   const Outcome made = work.Generate(Typical);
   CHECK(made.Status == 0);
   CHECK(Has(made.Error, "warning: " + work.Profile + ": the settings cannot be written"));
   CHECK(work.Files() == FilesIn(SourceFolder() + "/tests/golden/typical-project"));
-  other.Toolbox.clear();
+}
+
+TEST_CASE("The query control comes from any project that uses it, and without it nothing is written unless allowed") {
+  const std::string golden = SourceFolder() + "/tests/golden/typical-project";
+  Workplace work;
+  const auto before = work.Files();
+  for (const auto& [toolbox, message] :
+       {std::pair{""s, "Project1.vbp: ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: name with --toolbox"},
+        {" --toolbox " + Quoted(Samples + "new-project/Project1.vbp"),
+         "this project does not use the query control"}}) {
+    work.Toolbox = toolbox;
+    for (const char* more : {"", " --dry-run"}) {
+      const Outcome refused = work.Generate(Typical + more);
+      CHECK(refused.Status == 3);
+      CHECK_MESSAGE(Has(refused.Error, message), refused.Error);
+    }
+    CHECK(work.Files() == before);
+  }
+  Workplace other;
+  other.Toolbox = " --allow-incomplete";
   const Outcome without = other.Generate(Typical);
   CHECK(without.Status == 1);
-  CHECK(Has(without.Error, "WriteForm : ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: copy the value of"));
+  CHECK(Has(without.Error, "WriteForm : ActiveX control 'OSTRELQUERY.OstrelQueryCtrl.1' not found: name with"));
   CHECK(Has(without.Error, "Error occurred in procedure WriteConHelper  : ActiveX control"));
+
+  work.Toolbox = " --toolbox " + Quoted(golden + "/Project1.vbp");
+  CheckDone(work.Generate(Typical));
+  CHECK(work.Files() == FilesIn(golden));
+  work.Toolbox.clear();  // the project has it now
+  CheckDone(work.Generate(Typical));
 }
 
 TEST_CASE("A report that is too long for memory waits in a file, without room for which nothing is saved") {

@@ -44,6 +44,27 @@ TEST_CASE("A project keeps its own line of a library, a missing one comes from t
   }
 }
 
+TEST_CASE("A project that uses the query control is a toolbox file, any other is refused") {
+  const std::string before =
+      "Type=Exe\r\nForm=A.frm\r\nObject={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.2#0; MSCOMCTL.OCX\r\n";
+  const std::string id = "{5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B648}#1.0#0";
+  const auto fileFound = [&](const std::string& text) {
+    const MemoryFileSystem files(MemoryFileSystem::Contents{{"Other.VBP", text}});
+    const ObjectReference found = Toolbox(files, "Other.VBP").Find(Query);
+    CHECK(found.Id == id);
+    return found.File;
+  };
+  CHECK(fileFound(before + "Object=" + id + "; OSTRELQUERY.OCX\r\nName=\"O\"\r\n") == "OSTRELQUERY.OCX");
+  CHECK(fileFound("Type=Exe\nobject=" + id + "; ..\\lib\\OstrelQuery.ocx\n") == "OstrelQuery.ocx");
+  for (const std::string& text :
+       {before, before + "Object=" + id + "\r\n", before + "Object={5}#1.0#0; OSTRELQUERY.OCX\r\n",
+        before + "[Toolbox]\r\nObject=" + id + "; Q.OCX\r\n"}) {
+    CAPTURE(text);
+    CHECK_THROWS_WITH_AS(fileFound(text), doctest::Contains("Other.VBP: this project does not use the query control: "),
+                         support::InputError);
+  }
+}
+
 TEST_CASE("A class that nothing knows is refused with what to supply and where") {
   const MemoryFileSystem files(MemoryFileSystem::Contents{{"empty.ini", "[Toolbox]\r\n"}});
   for (const auto& [file, progId, where] :
@@ -51,10 +72,9 @@ TEST_CASE("A class that nothing knows is refused with what to supply and where")
         std::tuple{"empty.ini", std::string("Other.Control"), std::string("empty.ini has no such line")}}) {
     const auto find = [&, path = file, id = progId] { Toolbox(files, path).Find(id); };
     const std::string message = "ActiveX control '" + progId +
-                                "' not found: copy the value of \"Object=\" from a project that uses it into the "
-                                "section [Toolbox] of a toolbox file, as \"" +
-                                progId + "={GUID}#version#0; FILE.OCX\", and name that file with --toolbox (" + where +
-                                ")";
+                                "' not found: name with --toolbox a project (.vbp) that uses it, or a toolbox file "
+                                "with the line \"" +
+                                progId + "={GUID}#version#0; FILE.OCX\" in its section [Toolbox] (" + where + ")";
     CHECK_THROWS_WITH_AS(find(), message.c_str(), runtime::RuntimeError);
     CHECK(formwizard::tests::ErrorNumberOf(find) == runtime::ControlNotFound);
   }
