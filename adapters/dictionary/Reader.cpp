@@ -4,12 +4,14 @@
 #include "adapters/dictionary/JsonInput.h"
 #include "adapters/dictionary/ValueRules.h"
 #include "support/Failures.h"
+#include "support/Names.h"
 #include "wizard/factory/DictionaryText.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <unordered_set>
 #include <utility>
 
@@ -99,11 +101,9 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
     Frame& frame = Top();
     const auto found = std::ranges::find(frame.Members, key, &Member::Key);
     if (found == frame.Members.end()) {
-      std::string known;
-      for (const Member& member : frame.Members)
-        known += (known.empty() ? "\"" : ", \"") + std::string(member.Key) + "\"";
+      const support::Names names(frame.Members, std::mem_fn(&Member::Key));
       frame.CurrentMember = nullptr;
-      Fail("unknown member " + Shown(key) + "; known members: " + known);
+      Fail("unknown member " + Shown(key) + "; known members: " + names.Listed(key));
     }
     frame.CurrentMember = &*found;
     if (frame.CurrentValue().IsSet) Fail("the member is given twice");

@@ -4,6 +4,7 @@
 #include "adapters/dictionary/JsonText.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
+#include "support/Names.h"
 #include "wizard/factory/SystemList.h"
 
 #include <ostream>
@@ -163,20 +164,22 @@ void WriteSystem(FactoryCreator& creator, const System& system, Classes classes,
 }  // namespace
 
 void WriteDictionary(FactoryCreator& server, const std::string& system, Classes classes, std::ostream& out) {
-  const std::string systems = server.Create()->SystemList();
+  const std::vector<System> systems = SystemsIn(server.Create()->SystemList());
+  const support::Names names(systems, [](const System& each) { return std::string_view(each.Name); });
+  const auto only = names.Find(system);
+  if (!system.empty() && !only) {
+    throw support::InputError("the server has no system \"" + system + "\"; " + names.Answer(system));
+  }
   JsonList list(out, DocumentBegin, "  ");
-  bool isKnown = system.empty();
   Once connects;
-  for (const System& each : SystemsIn(systems)) {
-    if (!system.empty() && each.Name != system) continue;
-    isKnown = true;
+  for (const System& each : systems) {
+    if (!system.empty() && &each != &systems[*only]) continue;
     connects.Take(each.Connect, "system \"" + each.Name + "\", its connect string");
     list.Next();
     WriteSystem(server, each, classes, out);
   }
   list.End(std::string(DocumentBegin) + "]");
   out << " }\n";
-  if (!isKnown) throw support::InputError("the server has no system \"" + system + "\"; it has " + systems);
 }
 
 }  // namespace formwizard::adapters::dictionary

@@ -5,6 +5,7 @@
 #include "runtime/Variant.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
+#include "support/Names.h"
 #include "wizard/factory/SystemList.h"
 
 #include <CLI/CLI.hpp>
@@ -12,6 +13,8 @@
 
 #include <functional>
 #include <iostream>
+#include <optional>
+#include <vector>
 
 namespace formwizard::apps::cli {
 namespace {
@@ -38,29 +41,33 @@ class Server {
         Factory(creator_->Create()) {}
 
   void Connect(const BrowseOptions& options) {
-    std::string known;
-    for (const System& system : SystemsIn(Factory->SystemList())) {
-      if (options.System.empty() || system.Name == options.System) {
-        Factory->Connect(system.Connect);
-        if (Factory->IsConnected()) return;
-        throw support::InputError(source_ + ": unable to connect to system \"" + system.Name + "\"");
-      }
-      known += (known.empty() ? "" : ", ") + system.Name;
+    const std::vector<System> systems = SystemsIn(Factory->SystemList());
+    const support::Names names(systems, [](const System& each) { return std::string_view(each.Name); });
+    const auto found =
+        options.System.empty() && !systems.empty() ? std::optional<std::size_t>(0) : names.Find(options.System);
+    if (!found) {
+      throw support::InputError(source_ + ": there is no system \"" + options.System + "\"; " +
+                                names.Answer(options.System));
     }
-    throw support::InputError(source_ + ": there is no system \"" + options.System + "\"; " +
-                              (known.empty() ? "none is available" : "available: " + known));
+    const System& system = systems[*found];
+    Factory->Connect(system.Connect);
+    if (!Factory->IsConnected()) {
+      throw support::InputError(source_ + ": unable to connect to system \"" + system.Name +
+                                "\"; see \"ostrel-form-wizard systems\"");
+    }
   }
 
-  // All classes are gone through for one that has neither properties nor queries.
-  void CheckClass(const std::string& name) const {
-    if (Tells("%CompiledProperty", "PropertyInfo", name) || Tells("%CompiledQuery", "QueryInfo", name)) return;
-    const auto classes = Factory->ResultSet("%ClassDefinition", "ClassInfo");
-    classes->Execute({});
-    while (classes->Next()) {
-      if (runtime::EqualsText(classes->GetData(ClassColumn("Name")), name)) return;
-    }
-    throw support::InputError(source_ + ": there is no class \"" + name +
-                              "\"; see \"ostrel-form-wizard classes --all\"");
+  // The name of the class that is meant. All classes are gone through for one that has neither properties nor queries,
+  // and for one that is called otherwise.
+  std::string ClassMeant(const std::string& name) const {
+    if (Tells("%CompiledProperty", "PropertyInfo", name) || Tells("%CompiledQuery", "QueryInfo", name)) return name;
+    std::vector<std::string> classes;
+    const auto rows = Factory->ResultSet("%ClassDefinition", "ClassInfo");
+    rows->Execute({});
+    while (rows->Next()) classes.push_back(ToText(rows->GetData(ClassColumn("Name"))));
+    const support::Names names(classes, [](const std::string& each) { return std::string_view(each); });
+    if (const auto found = names.Find(name)) return classes[*found];
+    throw support::InputError(source_ + ": there is no class \"" + name + "\"; " + names.Answer(name));
   }
 
  private:
@@ -160,10 +167,10 @@ int ListClasses(const BrowseOptions& options) {
 int ListProperties(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
-  server.CheckClass(options.Class);
+  const std::string className = server.ClassMeant(options.Class);
   Table table(options.Json);
   const auto rows = server.Factory->ResultSet("%CompiledProperty", "PropertyInfo");
-  rows->Execute({options.Class});
+  rows->Execute({className});
   while (rows->Next()) table.Row(RowOf(*rows));
   return table.End();
 }
@@ -171,13 +178,13 @@ int ListProperties(const BrowseOptions& options) {
 int ListQueries(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
-  server.CheckClass(options.Class);
+  const std::string className = server.ClassMeant(options.Class);
   Table table(options.Json);
   const auto rows = server.Factory->ResultSet("%CompiledQuery", "QueryInfo");
-  rows->Execute({options.Class});
+  rows->Execute({className});
   while (rows->Next()) {
     Json row = RowOf(*rows);
-    const auto query = server.Factory->ResultSet(options.Class, row["Name"].get<std::string>());
+    const auto query = server.Factory->ResultSet(className, row["Name"].get<std::string>());
     Json columns = Json::array();
     for (runtime::Int16 column(1); column <= query->GetColumnCount(); column += runtime::Int16(1)) {
       columns.push_back(query->GetColumnName(column));

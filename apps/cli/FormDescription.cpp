@@ -4,6 +4,7 @@
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
+#include "support/Names.h"
 #include "system/Limits.h"
 
 #include <nlohmann/json.hpp>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <span>
 #include <utility>
@@ -163,11 +165,8 @@ class Reader : public nlohmann::json_sax<Json> {
     if (object.Is == Place::Settings) return true;
     object.Current = std::ranges::find(object.Members, object.Key, &Member::Name);
     if (object.Current == object.Members.end()) {
-      std::string known;
-      for (const Member& member : object.Members) {
-        known += (known.empty() ? "\"" : ", \"") + std::string(member.Name) + '"';
-      }
-      problem_ = PathTo(frames_.size() - 1) + ": unknown member \"" + key + "\"; known members: " + known;
+      const support::Names names(object.Members, std::mem_fn(&Member::Name));
+      problem_ = PathTo(frames_.size() - 1) + ": unknown member \"" + key + "\"; known members: " + names.Listed(key);
     }
     return true;
   }
@@ -328,11 +327,8 @@ FormDescription ReadFormDescription(const std::string& file) {
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {
   const settings::SettingKey* found = settings::KeyNamed(key);
   if (!found) {
-    std::string known;
-    for (const settings::SettingKey& each : settings::SettingKeys()) {
-      known += (known.empty() ? "" : ", ") + std::string(each.Key);
-    }
-    throw InputError(where + ": there is no setting \"" + key + "\"; known settings: " + known);
+    const support::Names names(settings::SettingKeys(), std::mem_fn(&settings::SettingKey::Key));
+    throw InputError(where + ": there is no setting \"" + key + "\"; " + names.Answer(key));
   }
   if (settings::IsAllowed(*found, value)) return;
   throw InputError(where + ": " + std::string(found->Key) + " must be " + settings::AllowedFor(*found) + ", found \"" +

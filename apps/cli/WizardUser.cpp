@@ -1,6 +1,7 @@
 #include "apps/cli/WizardUser.h"
 
 #include "support/Failures.h"
+#include "support/Names.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,30 +11,8 @@ namespace formwizard::apps::cli {
 namespace {
 
 using support::InputError;
+using support::Names;
 using wizard::frmWizard;
-
-constexpr std::size_t ShownChoices = 12;
-
-std::string Listed(const std::vector<std::string>& choices) {
-  if (choices.empty()) return "none is available";
-  std::string text = "available: ";
-  for (std::size_t i = 0; i < std::min(choices.size(), ShownChoices); ++i) text += (i == 0 ? "" : ", ") + choices[i];
-  if (choices.size() > ShownChoices) text += " and " + std::to_string(choices.size() - ShownChoices) + " more";
-  return text;
-}
-
-// Of the nodes that have one.
-template <typename TextOf>
-std::string Listed(ui::TreeView& tree, TextOf textOf) {
-  std::vector<std::string> texts;
-  for (const ui::Node& node : tree.Nodes.All()) {
-    if (!textOf(node).empty()) texts.push_back(textOf(node));
-  }
-  return Listed(texts);
-}
-
-const std::string& TextOf(const ui::Node& node) { return node.Text; }
-const std::string& TagOf(const ui::Node& node) { return node.Tag; }
 
 [[noreturn]] void Fail(const FormDescription& form, const std::string& what) {
   throw InputError(form.Source + ": " + what);
@@ -46,7 +25,7 @@ class FieldsUser {
 
   void ChooseFields() {
     if (form_.Fields.empty()) Fail("choose at least one property");
-    for (ui::Node* root : dialog_.tvwAttributes.Nodes.Roots()) roots_.emplace(Name(*root), root);
+    for (const ui::Node* root : dialog_.tvwAttributes.Nodes.Roots()) roots_.Add(Name(*root));
     for (const FieldChoice& field : form_.Fields) {
       const int before = dialog_.lstSelected.ListCount();
       dialog_.tvwAttributes.ClickNode(PropertyNode(field.Property));
@@ -74,31 +53,51 @@ class FieldsUser {
   }
 
   // A node's text without the star of a required property.
-  static std::string Name(const ui::Node& node) {
-    const std::string& text = node.Text;
+  static std::string_view Name(const ui::Node& node) {
+    const std::string_view text = node.Text;
     return text.starts_with('*') ? text.substr(1) : text;
   }
+  static bool IsObject(const ui::Node& node) { return node.Child() != nullptr || node.Expanded; }
 
+  // A name may have dots of its own: of the properties that the path can begin with, the one with the longest name.
   ui::Node& PropertyNode(const std::string& path) {
-    const std::size_t dot = path.find('.');
-    const auto root = roots_.find(path.substr(0, dot));
-    if (root == roots_.end()) {
-      std::vector<std::string> known;
-      for (const ui::Node* node : dialog_.tvwAttributes.Nodes.Roots()) known.push_back(Name(*node));
-      Fail("class " + form_.Class + " offers no property \"" + path + "\"; " + Listed(known));
+    ui::Node* meant = Root(path);
+    if (meant && !IsObject(*meant)) return *meant;
+    for (std::size_t dot = path.rfind('.'); dot != std::string::npos;
+         dot = dot == 0 ? dot - 1 : path.rfind('.', dot - 1)) {
+      ui::Node* const root = Root(std::string_view(path).substr(0, dot));
+      ui::Node* const child = root ? ChildNode(*root, std::string_view(path).substr(dot + 1)) : nullptr;
+      if (child) return *child;
+      if (!meant) meant = root;
     }
-    ui::Node& node = *root->second;
-    const bool isObject = node.Child() != nullptr || node.Expanded;
-    if (!isObject && dot == std::string::npos) return node;
-    if (!isObject)
-      Fail("property \"" + path.substr(0, dot) + "\" is no object, so it has no \"" + path.substr(dot + 1) + "\"");
+    if (!meant) Fail("class " + form_.Class + " offers no property \"" + path + "\"; " + roots_.Answer(path));
+    FailBelow(*meant, path);
+  }
+
+  ui::Node* Root(std::string_view name) {
+    const auto found = roots_.Find(name);
+    return found ? dialog_.tvwAttributes.Nodes.Roots()[*found] : nullptr;
+  }
+
+  // Null for what the node does not have.
+  ui::Node* ChildNode(ui::Node& node, std::string_view name) {
+    if (!IsObject(node)) return nullptr;
     dialog_.tvwAttributes.ExpandNode(node);
-    std::vector<std::string> known;
-    for (ui::Node* child : node.Children()) {
-      known.push_back(Name(node) + "." + Name(*child));
-      if (known.back() == path) return *child;
-    }
-    Fail("\"" + path + "\" cannot be chosen; " + Listed(known));
+    const auto found = ChildNames(node).Find(name);
+    return found ? node.Children()[*found] : nullptr;
+  }
+  static Names ChildNames(const ui::Node& node) {
+    return {node.Children(), [](const ui::Node* child) { return Name(*child); }};
+  }
+
+  // What begins with a property that there is, and goes on with none.
+  [[noreturn]] void FailBelow(ui::Node& node, const std::string& path) {
+    const std::string name(Name(node));
+    const std::string rest =
+        path.substr(std::min(path.size(), path.find(name) == 0 ? name.size() + 1 : path.find('.') + 1));
+    if (!IsObject(node)) Fail("property \"" + name + "\" is no object, so it has no \"" + rest + "\"");
+    dialog_.tvwAttributes.ExpandNode(node);
+    Fail("\"" + path + "\" cannot be chosen; " + ChildNames(node).Answer(rest, name + "."));
   }
 
   void SetAttributesOf(const FieldChoice& field) {
@@ -139,20 +138,16 @@ class FieldsUser {
   }
 
   void Choose(ui::ListBox& list, const std::string& what, const std::string& text) {
-    std::vector<std::string> known;
-    for (int i = 0; i < list.ListCount(); ++i) {
-      if (list.List(i) == text) {
-        list.ClickItem(i);
-        return;
-      }
-      known.push_back(list.List(i));
-    }
-    Fail("there is no " + what + " \"" + text + "\"; " + Listed(known));
+    Names names;
+    for (int i = 0; i < list.ListCount(); ++i) names.Add(list.List(i));
+    const auto found = names.Find(text);
+    if (!found) Fail("there is no " + what + " \"" + text + "\"; " + names.Answer(text));
+    list.ClickItem(static_cast<int>(*found));
   }
 
   frmWizard& dialog_;
   const FormDescription& form_;
-  std::unordered_map<std::string, ui::Node*> roots_;
+  Names roots_;  // of the tree of properties
 };
 
 }  // namespace
@@ -174,23 +169,25 @@ void WizardUser::Make(const FormDescription& form) {
 // As far as the class step.
 void WizardUser::OpenDialog(const FormDescription& form) {
   classes_.clear();
+  classNames_ = {};
   dialog_ = std::make_unique<frmWizard>(services_, environment_);
   dialog_->Load();
   dialog_->cmdNext.Click();
   ChooseSystem(form);
   for (ui::Node& node : dialog_->tvwClasses.Nodes.All()) {
-    if (!node.Tag.empty()) classes_.emplace(node.Tag, &node);
+    if (node.Tag.empty()) continue;
+    classNames_.Add(node.Tag);
+    classes_.push_back(&node);
   }
 }
 
 void WizardUser::ChooseSystem(const FormDescription& form) {
   ui::TreeView& tree = dialog_->tvwConnection;
   if (!system_.empty()) {
-    const auto found = std::ranges::find(tree.Nodes.All(), system_, TextOf);
-    if (found == tree.Nodes.All().end()) {
-      Fail(form, "there is no system \"" + system_ + "\"; " + Listed(tree, TextOf));
-    }
-    tree.ClickNode(*found);
+    const Names names(tree.Nodes.All(), [](const ui::Node& node) { return std::string_view(node.Text); });
+    const auto found = names.Find(system_);
+    if (!found) Fail(form, "there is no system \"" + system_ + "\"; " + names.Answer(system_));
+    tree.ClickNode(*std::next(tree.Nodes.All().begin(), static_cast<std::ptrdiff_t>(*found)));
   }
   dialog_->cmdNext.Click();
   if (dialog_->IsConnected()) return;
@@ -198,11 +195,11 @@ void WizardUser::ChooseSystem(const FormDescription& form) {
 }
 
 void WizardUser::ChooseClass(const FormDescription& form) {
-  const auto found = classes_.find(form.Class);
-  if (found == classes_.end()) {
-    Fail(form, "there is no persistent class \"" + form.Class + "\"; " + Listed(dialog_->tvwClasses, TagOf));
+  const auto found = classNames_.Find(form.Class);
+  if (!found) {
+    Fail(form, "there is no persistent class \"" + form.Class + "\"; " + classNames_.Answer(form.Class));
   }
-  dialog_->tvwClasses.ClickNode(*found->second);
+  dialog_->tvwClasses.ClickNode(*classes_[*found]);
   dialog_->cmdNext.Click();
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "apps/cli/FormDescription.h"
+#include "support/Names.h"
 #include "wizard/frmWizard.h"
 
 #include <memory>
 #include <string>
-#include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace formwizard::apps::cli {
 
@@ -32,7 +32,8 @@ class WizardUser {
   generator::ide::Vbe& environment_;
   std::string system_;
   std::unique_ptr<wizard::frmWizard> dialog_;
-  std::unordered_map<std::string_view, ui::Node*> classes_;  // those that the dialog shows, by their full names
+  support::Names classNames_;       // full ones
+  std::vector<ui::Node*> classes_;  // those that the dialog shows, in the same order
 };
 
 }  // namespace formwizard::apps::cli

@@ -164,10 +164,10 @@ TEST_CASE("A form comes out the same alone and in a batch, whatever was made bef
 TEST_CASE(
     "A description gives the form that the same choices in the windows give, and its summary says what is in it") {
   const Workplace work;
-  const Outcome made = work.Describe(R"({"class": "Sample.Person", "settings": {"Columns": 2}, "fields": ["Name",
-    {"property": "Home.City", "caption": "Town"}, {"property": "Age", "updateAfter": "Name"},
-    {"property": "Notes", "rows": 7}, {"property": "Spouse.Name", "combo": {"query": "ByName", "column": "Name"}}]})",
-                                     "--json");
+  const Outcome made = work.Describe(R"({"class": " sample.person", "settings": {"Columns": 2}, "fields": ["Name",
+    {"property": "home.CITY ", "caption": "Town"}, {"property": "Age", "updateAfter": " name"},
+    {"property": "Notes", "rows": 7}, {"property": "spouse.Name", "combo": {"query": "BYname", "column": "name"}}]})",
+                                     "--json --system SAMPLES");
   CheckDone(made);
   CheckSameFiles(work.Files(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
   const auto summary = nlohmann::json::parse(made.Out);
@@ -281,18 +281,20 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{name + " --set Menu=maybe", 2, "Menu must be 1, 0, True or False"},
         Case{name + " --set Colour=1", 2, "there is no setting \"Colour\""},
         Case{"--nonsense", 2, "--nonsense"},
-        Case{"--class Sample.Nobody --fields Name", 3, "no persistent class \"Sample.Nobody\"; available: Billing"},
-        Case{name + ",Colour", 3, "offers no property \"Colour\"; available: Name, SSN, DOB"},
+        Case{"--class Sample.Nobody --fields Name", 3,
+             "no persistent class \"Sample.Nobody\"; available: Sample.Company, Sample.P"},
+        Case{name + ",Colour", 3,
+             "offers no property \"Colour\"; available: FavoriteColors, DOB, Home, Name, SSN, Age"},
         Case{"--class Sample.Person --fields Home", 3, "\"Home\" cannot be chosen; available: Home.Street"},
         Case{name + ".First", 3, "property \"Name\" is no object"},
         Case{name + ",Name", 3, "the property Name is chosen twice"},
-        Case{name + " --system Nowhere", 3, "there is no system \"Nowhere\"; available: Samples, Archive"},
+        Case{name + " --system Nowhere", 3, "there is no system \"Nowhere\"; available: Archive, Samples"},
         Case{name + " --code-page 4711", 3, "code page 4711 is not known"},
         Case{"missing.json", 3, "missing.json: there is no such file"},
         Case{"broken.json", 3, "broken.json:3:1: this is not valid JSON"},
         Case{"rows.json", 3, "rows.json: fields[1].rows: expected a whole number from 1"},
         Case{"query.json", 3,
-             "no query that returns the object id \"Statistics\"; available: Extent, ByName, BySearch"},
+             "no query that returns the object id \"Statistics\"; available: Extent, BySearch, ByName"},
         Case{"1e400.json", 3, "1e400.json:1:74: this number is out of range"},
         Case{"lines.json", 3, "lines.json: fields[0].caption: expected a text without line breaks"},
         Case{"five.json", 3, "five.json: fields[0]: expected a property's name or an object, found 5"},
@@ -447,7 +449,7 @@ TEST_CASE("The dictionary can be looked at") {
         std::pair{"properties --class Sample.Address",
                   "Street\tStreet\t%Library.String\t1\t0\t\t0\t1\t80\nCity\tCity\t%Library.String\t1\t0\t\t1\t1\t50\n"
                   "State\tState\t%Library.String\t1\t0\t\t0\t1\t2\nZip\tZip Code\t%Library.String\t1\t0\t\t0\t1\t10\n"},
-        std::pair{"queries --class Sample.Person",
+        std::pair{"queries --class \" SAMPLE.person\" --system samples",
                   "Extent\t1\t[\"ID\"]\t0\nByName\t1\t[\"ID\",\"Name\",\"DOB\"]\t1\n"
                   "BySearch\t1\t[\"ID\",\"Name\",\"SSN\"]\t3\nStatistics\t0\t[\"City\",\"Count\"]\t0\n"}}) {
     CAPTURE(command);
@@ -455,9 +457,12 @@ TEST_CASE("The dictionary can be looked at") {
     CheckDone(shown);
     CHECK(shown.Out == expected);
   }
-  for (const char* command : {"properties --class Nobody", "classes --system Nowhere"}) {
-    CAPTURE(command);
-    CHECK(work.Run(command + (" --dictionary " + work.Dictionary)).Status == 3);
+  for (const auto& [command, likeliest] :
+       {std::pair{"properties --class persn", "\"persn\"; available: Sample.Person, "},
+        std::pair{"classes --system Nowhere", "no system \"Nowhere\"; available: Archive, Samples"}}) {
+    const Outcome shown = work.Run(command + (" --dictionary " + work.Dictionary));
+    CHECK(shown.Status == 3);
+    CHECK_MESSAGE(Has(shown.Error, likeliest), shown.Error);
   }
   CHECK(work.Run("--version").Out.starts_with("ostrel-form-wizard "));
   CHECK(work.Run("").Status == 2);

@@ -1,6 +1,7 @@
 #include "support/Strings.h"
 
 #include "support/Messages.h"
+#include "support/Names.h"
 #include "support/Pieces.h"
 #include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeLibraries.h"
@@ -49,4 +50,31 @@ TEST_CASE("A message shows what is no character as an escape") {
   for (const char* text : {"\xC0\x8A", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\n"}) {
     CHECK(Shown(text).starts_with('\\'));
   }
+}
+
+TEST_CASE("A name is found exactly, or alone but for its case; what is not there has the likeliest in front") {
+  const std::string longOne(70, 'x');
+  const std::vector<std::string> all{"Zip",          "name",  "Name",   "Home.City", " Odd",
+                                     "\xC3\x84rger", "State", "Street", longOne};
+  const Names names(all, [](const std::string& each) { return std::string_view(each); });
+  for (const auto& [wanted, found] : {std::pair{"Name", 2},
+                                      {"name ", 1},
+                                      {"NAME", -1},
+                                      {"\tzIP ", 0},
+                                      {" Odd", 4},
+                                      {"odd", -1},
+                                      {"\xC3\xA4RGER", 5},
+                                      {"HOME.city", 3},
+                                      {"Zi", -1},
+                                      {"", -1}}) {
+    CHECK_MESSAGE(names.Find(wanted).value_or(~0U) == static_cast<unsigned>(found), wanted);
+  }
+  for (const auto& [wanted, listed] : {std::pair{"Naem", "name, Name, "},
+                                       {"NAME", "name, Name, "},
+                                       {"Stret", "Street, State, "},
+                                       {"city", "Home.City, "},
+                                       {"", "Zip, name, Name, Home.City"}}) {
+    CHECK_MESSAGE(names.Answer(wanted).starts_with(std::string("available: ") + listed), names.Answer(wanted));
+  }
+  CHECK(Names().Answer("x") == "none is available");
 }

@@ -120,7 +120,7 @@ TEST_CASE("Bad input is named by its line, its column and its path, with what wa
            Case{R"("Collection":"list","Name":"b","Caption":"a\" & b")",
                 "53: .Caption: a quotation mark is not allowed"},
            Case{R"("Name":"b","Type":"a b")", "21: .Type: a name must contain nothing but"},
-           Case{R"("Name":"b","Colour":1)", "14: : unknown member \"Colour\"; known members: \"Name\", \"Caption\""},
+           Case{R"("Name":"b","Colour":1)", "14: : unknown member \"Colour\"; known members: Collection, Name"},
            Case{R"("Name":"b","Name":"c")", "14: .Name: the member is given twice"},
            Case{R"("Caption":"b")", "16: .Name: this member is missing"},
            Case{R"("Name":"")", "10: .Name: expected a text that is not empty, found"},

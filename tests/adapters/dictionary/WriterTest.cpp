@@ -44,7 +44,7 @@ TEST_CASE("A server is written with what it tells, without its own classes unles
 
 TEST_CASE("A server that refuses something is named with what it was asked") {
   FakeServer server;
-  CHECK_THROWS_WITH_AS(Written(server, "U"), "the server has no system \"U\"; it has Samples,conn;Archive,other",
+  CHECK_THROWS_WITH_AS(Written(server, "U"), "the server has no system \"U\"; available: Samples, Archive",
                        support::InputError);
   server.Data.AddClass("A.B");
   server.Data.AddProperty("A.B", "P");
