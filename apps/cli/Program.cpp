@@ -18,8 +18,8 @@ namespace formwizard::apps::cli {
 namespace {
 
 // In the order of the help text.
-constexpr std::array<AddCommand*, 8> Commands{
-    AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddDoctor,
+constexpr std::array<AddCommand*, 9> Commands{
+    AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddRender, AddDoctor,
 };
 
 int Say(const common::Failure& failure) {

@@ -5,13 +5,9 @@
 #include "apps/desktop/ControlPictures.h"
 #include "apps/desktop/ShapePictures.h"
 #include "runtime/Conversions.h"
-#include "support/Failures.h"
-#include "system/WholeFile.h"
 #include "ui/WindowFrame.h"
 
-#include <QBuffer>
 #include <QFontMetrics>
-#include <QImageWriter>
 #include <QLinearGradient>
 
 #include <algorithm>
@@ -281,19 +277,6 @@ QImage PictureOf(const FormNode& form, double scale, bool showTabOrder) {
   painter.end();
   image.setDevicePixelRatio(scale > 0 ? scale : 1);
   return image;
-}
-
-void RenderToFile(const std::string& frmPath, const std::string& pngPath, int codePage) {
-  using namespace adapters::vb6files;
-  const FormTree tree = ReadFormFile(system::RealFileSystem(), frmPath, system::CodePage(codePage));
-  const QImage image = PictureOf(tree.Form, 1, false);
-  if (image.isNull()) throw support::SaveError(pngPath + ": there is not enough memory for the picture");
-  QBuffer buffer;
-  QImageWriter writer(&buffer, "png");
-  if (!writer.write(image)) {
-    throw support::SaveError(pngPath + ": the picture cannot be written: " + writer.errorString().toStdString());
-  }
-  system::WriteWholeFile(system::RealFileSystem(), pngPath, buffer.data().toStdString());
 }
 
 }  // namespace formwizard::apps::desktop

@@ -7,8 +7,6 @@
 #include <QPainter>
 #include <QSize>
 
-#include <string>
-
 namespace formwizard::apps::desktop {
 
 struct PictureOptions {
@@ -25,9 +23,5 @@ void DrawForm(QPainter& painter, const adapters::vb6files::FormNode& form, const
 
 // `scale` is the device pixel ratio of the image.
 QImage PictureOf(const adapters::vb6files::FormNode& form, double scale, bool showTabOrder);
-
-// Reads a form file, with its .frx, and writes its picture. Needs a QGuiApplication but no display.
-// support::InputError for a form that cannot be read, support::SaveError when the picture cannot be written.
-void RenderToFile(const std::string& frmPath, const std::string& pngPath, int codePage);
 
 }  // namespace formwizard::apps::desktop

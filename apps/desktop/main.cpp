@@ -1,11 +1,12 @@
 #include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
-#include "apps/desktop/FormPicture.h"
 #include "apps/desktop/MainWindow.h"
+#include "apps/desktop/PictureFile.h"
 #include "support/Messages.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFontDatabase>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -65,13 +66,26 @@ int Complain(const common::Failure& failure) {
   return failure.Status;
 }
 
-int Misused(const QString& message) { return Complain({common::WrongUsage, message.toStdString()}); }
+int Misused(const std::string& message) { return Complain({common::WrongUsage, message}); }
 
 int Print(const QString& text) {
   std::cout << text.toStdString();
   common::FlushOutput();
   return common::Done;
 }
+
+#ifdef Q_OS_WIN
+QStringList ArgumentsLeft(int, char**) { return QApplication::arguments(); }
+std::string Given(const QString& text) { return text.toStdString(); }
+#else
+// What the toolkit has left. Names of files are bytes, which need not be UTF-8: each is a character to the parser.
+QStringList ArgumentsLeft(int argc, char** argv) {
+  QStringList arguments;
+  std::for_each_n(argv, argc, [&](const char* argument) { arguments << QString::fromLatin1(argument); });
+  return arguments;
+}
+std::string Given(const QString& text) { return text.toLatin1().toStdString(); }
+#endif
 
 void AddOptions(QCommandLineParser& parser) {
   parser.setApplicationDescription(
@@ -80,21 +94,39 @@ void AddOptions(QCommandLineParser& parser) {
       "written.");
   parser.addOption({{"h", "help"}, "Shows this help."});
   parser.addVersionOption();
-  parser.addOptions({{"dictionary", "The class dictionary.", "FILE"},
-                     {"profile",
-                      "The settings file (default: outility.ini beside the program, else in the user's "
-                      "configuration folder).",
-                      "FILE"},
-                     {"language", "Three-letter language of the texts, such as DEU.", "ABC"},
-                     {"code-page", "The Windows code page of the project's files (default: 1252).", "N", "1252"},
-                     {"toolbox", "A project that uses the query control, or a file of control libraries.", "FILE"},
-                     {"wizard", "Open the wizard at once."},
-                     {"render", "Draw the form file into a picture (PNG) and end; needs no display.", "FORM.frm"}});
+  parser.addOptions(
+      {{"dictionary", "The class dictionary.", "FILE"},
+       {"profile",
+        "The settings file (default: outility.ini beside the program, else in the user's "
+        "configuration folder).",
+        "FILE"},
+       {"language", "Three-letter language of the texts, such as DEU.", "ABC"},
+       {"code-page", "The Windows code page of the project's files (default: 1252).", "N", "1252"},
+       {"toolbox", "A project that uses the query control, or a file of control libraries.", "FILE"},
+       {"wizard", "Open the wizard at once."},
+       {"render", "Draw the form file into a picture (PNG or SVG) and end; needs no display.", "FORM.frm"}});
   parser.addPositionalArgument("file", "The project to open (.vbp); with --render, the picture to write.", "[FILE]");
 }
 
+int Render(const std::string& form, const std::string& picture, int codePage) {
+  RenderToFile(form, picture, codePage);
+  if (QFontDatabase::families().isEmpty()) {
+    std::cerr << "ostrel-form-wizard-desktop: " << support::Shown(picture)
+              << " has no texts, because there is no font; install one, such as the package fonts-liberation\n";
+  }
+  return common::Done;
+}
+
+// Whoever needs no display need not hear what the toolkit misses of one.
+void DoWithoutDisplay() {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << message.toStdString() << '\n';
+  });
+}
+
 int Run(int argc, char** argv) {
-  if (NeedsNoDisplay(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (NeedsNoDisplay(argc, argv)) DoWithoutDisplay();
   if (!HasDisplay(argc, argv)) {
     return Complain({common::InvalidInput, "there is no display; set DISPLAY, or draw a form with --render"});
   }
@@ -104,7 +136,7 @@ int Run(int argc, char** argv) {
   QApplication::setDesktopFileName("ostrel-form-wizard-desktop");
   QCommandLineParser parser;
   AddOptions(parser);
-  if (!parser.parse(QApplication::arguments())) return Misused(parser.errorText());
+  if (!parser.parse(ArgumentsLeft(argc, argv))) return Misused(Given(parser.errorText()));
   if (parser.isSet("help")) return Print(parser.helpText());
   if (parser.isSet("version")) return Print("ostrel-form-wizard-desktop " FORMWIZARD_VERSION "\n");
   bool isNumber = false;
@@ -113,17 +145,17 @@ int Run(int argc, char** argv) {
 
   const QStringList files = parser.positionalArguments();
   if (parser.isSet("render")) {
-    if (files.size() != 1) return Misused("--render takes a form and a picture: FORM.frm PICTURE.png");
-    RenderToFile(parser.value("render").toStdString(), files.front().toStdString(), codePage);
-    return common::Done;
+    if (files.size() != 1) return Misused("--render takes a form and a picture: FORM.frm PICTURE.png (or .svg)");
+    return Render(Given(parser.value("render")), Given(files.front()), codePage);
   }
   if (files.size() > 1) return Misused("one project can be open at a time");
   if (parser.isSet("wizard") && files.isEmpty()) return Misused("--wizard takes a project: --wizard PROJECT.vbp");
 
-  MainWindow window({parser.value("profile").toStdString(), parser.value("language").toStdString(),
-                     parser.value("toolbox").toStdString(), codePage});
+  const auto value = [&](const char* option) { return Given(parser.value(option)); };
+  MainWindow window({value("profile"), value("language"), value("toolbox"), codePage});
   window.show();
-  window.Open(files.value(0), parser.value("dictionary"), parser.isSet("wizard"));
+  window.Open(QString::fromStdString(Given(files.value(0))), QString::fromStdString(value("dictionary")),
+              parser.isSet("wizard"));
   return QApplication::exec();
 }
 

@@ -99,7 +99,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | wizard | systems | classes | properties | queries | dictionary | doctor)
+      generate | wizard | systems | classes | properties | queries | dictionary | render | doctor)
         command=${words[i]}
         break
         ;;
@@ -107,7 +107,7 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary doctor'
+    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary render doctor'
     return
   fi
   if [[ $command == dictionary ]]; then
@@ -126,6 +126,13 @@ _ostrel_form_wizard() {
   _ostrel_form_wizard_value && return
   $split && return
   case $command in
+    render)
+      if [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --code-page'
+      else
+        _filedir '@(frm|png|svg)'
+      fi
+      ;;
     generate)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
@@ -160,7 +167,7 @@ _ostrel_form_wizard_desktop() {
       ;;
   esac
   if ((cword > 2)) && [[ ${words[cword - 2]} == --render ]]; then
-    _filedir png
+    _filedir '@(png|svg)'
   elif [[ $cur == -* ]]; then
     _ostrel_form_wizard_words '--help --version --dictionary --profile --language --code-page --toolbox --wizard --render'
   else

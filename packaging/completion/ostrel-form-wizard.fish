@@ -98,6 +98,7 @@ for command in 'generate	create forms in a project' \
     'properties	list the properties of a class' \
     'queries	list the queries of a class' \
     'dictionary	make a dictionary from JSON, or JSON from a dictionary' \
+    'render	draw a form into a picture' \
     'doctor	look at the installation and say what mends it'
     complete -c $program -f -n '__ostrel_form_wizard_in ""' -a (string split \t $command)[1] \
         -d (string split \t $command)[2]
@@ -114,7 +115,7 @@ __ostrel_form_wizard_option --fields generate 'its properties in order' -xa '(__
 __ostrel_form_wizard_option --set generate 'a setting for this run' -xa "Bold= Button= CollectionRows= Columns= FormSizable=
     ImageRows= LabelAlignLeft= Menu= MultilineRows= New= Save= Search= SearchClear= SearchNew= SearchPredicates=
     SearchSort= Statusbar= Toolbar="
-__ostrel_form_wizard_option --code-page "$in_project" 'the Windows code page of the project\'s files' -xa \
+__ostrel_form_wizard_option --code-page "$in_project render" 'the Windows code page of the project\'s files' -xa \
     '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001'
 __ostrel_form_wizard_option --toolbox "$in_project" 'a project that uses the query control, or a file of libraries' -xa \
     "(__ostrel_form_wizard_files '(?:ini|vbp)')"
@@ -138,6 +139,7 @@ __ostrel_form_wizard_option --render desktop 'draw a form into a picture and exi
     '(__ostrel_form_wizard_files frm)'
 
 complete -c $program -f -n '__ostrel_form_wizard_in generate' -a '(__ostrel_form_wizard_files json)'
+complete -c $program -f -n '__ostrel_form_wizard_in render' -a '(__ostrel_form_wizard_files "(frm|png|svg)")'
 complete -c $program -f -n "__ostrel_form_wizard_in wizard doctor $listings"
 complete -c $program -f -n '__ostrel_form_wizard_in dictionary; and test (count (commandline -opc)) = 2' \
     -a 'import export'

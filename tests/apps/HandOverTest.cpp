@@ -1,4 +1,4 @@
-// The command that opens the wizard where its dialogs are those of another program.
+// The commands that are done by the desktop program.
 #ifndef _WIN32
 #include "tests/support/BuildTree.h"
 #include "tests/support/RunProgram.h"
@@ -11,7 +11,9 @@
 using namespace formwizard::tests;
 namespace fs = std::filesystem;
 
-TEST_CASE("The wizard is opened by the desktop program, beside this one or on the path, over inputs that are right") {
+TEST_CASE(
+    "The desktop program, beside this one or on the path, opens the wizard over inputs that are right, and draws "
+    "forms") {
   const TemporaryFolder folder;
   const std::string program = folder / "ostrel-form-wizard", other = "/ostrel-form-wizard-desktop";
   fs::copy_file(BuiltProgram("ostrel-form-wizard"), program);
@@ -21,10 +23,17 @@ TEST_CASE("The wizard is opened by the desktop program, beside this one or on th
   };
   CHECK(run("dictionary import \"" + SourceFolder() + "/samples/dictionary.json\" d").Status == 0);
   const std::string wizard = "wizard --project \"my project/Project1.vbp\" --dictionary ";
-  const Outcome alone = run(wizard + "d");
-  CHECK(alone.Status == 3);
-  CHECK_MESSAGE(alone.Error.find("neither beside this program nor on the path; install it") != std::string::npos,
-                alone.Error);
+  const std::string render = "render --code-page 1250 -- -x.frm '$(a b).SVG'";
+  for (const std::string& command : {wizard + "d", render}) {
+    const Outcome alone = run(command);
+    CHECK(alone.Status == 3);
+    CHECK_MESSAGE(alone.Error.find("neither beside this program nor on the path; install it (on Debian, the package "
+                                   "ostrel-form-wizard-desktop)") != std::string::npos,
+                  alone.Error);
+  }
+  for (const char* wrong : {"render x.frm x.gif", "render x.frm -", "render - x.png", "render x.frm"}) {
+    CHECK_MESSAGE(run(wrong).Status == 2, wrong);
+  }
   for (const char* place : {"on", "."}) {  // the one beside comes first
     fs::create_directories(folder.Path() / place);
     const std::string script = folder / place + other;
@@ -35,6 +44,7 @@ TEST_CASE("The wizard is opened by the desktop program, beside this one or on th
     CHECK(opened.Out == std::string(place) +
                             "\n<--wizard>\n<--dictionary=d>\n<--code-page=1252>\n<--toolbox=" + SourceFolder() +
                             "/samples/toolbox.ini>\n<--language=DEU>\n<-->\n<my project/Project1.vbp>\n");
+    CHECK(run(render).Out == std::string(place) + "\n<--render=./-x.frm>\n<--code-page=1250>\n<-->\n<$(a b).SVG>\n");
   }
   for (const char* wrong : {"none", "d --toolbox none"}) {
     const Outcome refused = run(wizard + wrong);

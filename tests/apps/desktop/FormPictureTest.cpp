@@ -1,5 +1,7 @@
 #include "apps/desktop/FormPicture.h"
 
+#include "apps/common/Endings.h"
+#include "apps/desktop/PictureFile.h"
 #include "support/Failures.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
@@ -7,6 +9,8 @@
 #include <doctest/doctest.h>
 
 #include <QImageReader>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
 
 using namespace formwizard;
 using namespace formwizard::adapters::vb6files;
@@ -246,5 +250,38 @@ TEST_CASE("A form becomes a PNG file, a damaged form or a folder that is not the
   CHECK_THROWS_AS(RenderToFile(folder / "none.frm", folder / "bad.png", 1252), support::InputError);
   CHECK_THROWS_WITH_AS(RenderToFile(good, folder / "none/x.png", 1252),
                        doctest::Contains((folder / "none/x.png").c_str()), support::SaveError);
+  CHECK_THROWS_AS(RenderToFile(good, folder / "x.gif", 1252), apps::common::UsageError);
   CHECK(FilesIn(folder.Path()).size() == 2);
+}
+
+TEST_CASE("As SVG a form has its size, its texts and what cuts them off, and everything that it refers to") {
+  TemporaryFolder folder;
+  std::string lines = "Caption = \"<a>&b\001\"\n";
+  for (const char* style : {"0", "1", "2", "3", "4", "5", "6", "7"}) {
+    lines +=
+        Control("VB.Shape", {0, 0, 40, 40}, std::string("Shape = 5\nBorderStyle = 3\nFillStyle = ") + style + "\n");
+  }
+  lines += Control("VB.VScrollBar", {0, 0, 16, 90}) + Control("VB.OptionButton", {0, 0, 90, 20}) +
+           Control("VB.Image", {0, 0, 90, 20}) +
+           Control("VB.Frame", {10, 10, 80, 40}, Control("VB.Label", {50, 20, 99, 15}, "Caption = \"]]><&&'Long\"\n"));
+  WriteFile(folder / "f.frm",
+            "VERSION 5.00\nBegin VB.Form F\nClientWidth = 3000\nClientHeight = 1500\n" + lines + Foot);
+  RenderToFile(folder / "f.frm", folder / "f.Svg", 1252);
+  const QString document = QString::fromStdString(ReadFile(folder / "f.Svg"));
+  QXmlStreamReader xml(document);
+  QStringList texts;
+  for (; !xml.atEnd(); xml.readNext()) {
+    if (xml.isCharacters() && !xml.isWhitespace()) texts << xml.text().toString();
+  }
+  CHECK_MESSAGE(!xml.hasError(), xml.errorString().toStdString());
+  CHECK(texts.join('|').toStdString() == "<a>&b|<a>&b|]]><&'Long");
+  const auto all = [&](const char* pattern) {
+    QSet<QString> found;
+    for (const auto& match : QRegularExpression(pattern).globalMatch(document)) found << match.captured(1);
+    return found;
+  };
+  CHECK(all("svg [^>]* viewBox=\"0 0 ([^\"]*)") == QSet<QString>{"208 127"});
+  CHECK(all("id=\"([^\"]*)").size() > 10);
+  CHECK(all("id=\"([^\"]*)") == all("url\\(#([^)]*)"));
+  CHECK(all("width=\"(\\d+)\" height=\"15\"/>\n</clipPath>") == QSet<QString>{"30"});  // what the frame leaves of 99
 }
