@@ -1,5 +1,6 @@
 #include "apps/cli/FormDescription.h"
 
+#include "adapters/dictionary/JsonInput.h"
 #include "apps/cli/TextInput.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
@@ -15,12 +16,15 @@
 #include <functional>
 #include <limits>
 #include <span>
+#include <sstream>
 #include <utility>
 
 namespace formwizard::apps::cli {
 namespace {
 
 using Json = nlohmann::json;
+using adapters::dictionary::JsonInput;
+using adapters::dictionary::JsonIterator;
 using support::InputError;
 
 constexpr int DeepestDescription = 16;
@@ -33,6 +37,9 @@ struct Token {
   Kind Is;
   std::string_view Text;     // of a text; of anything else as it is written
   std::int64_t Integer = 0;  // also what a Boolean is
+  std::string Where = "";    // of what may stand there
+
+  GivenText Given() const { return {std::string(Text), Where}; }
 };
 
 // What may stand in a member.
@@ -47,31 +54,34 @@ struct Member {
 };
 
 constexpr std::array RootMembers{
-    Member{"class", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Class = value.Text; }},
+    Member{"class", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Class = value.Given(); }},
     Member{"settings", Takes::Settings, false, [](FormDescription& form, const Token&) { form.Settings.clear(); }},
     Member{"fields", Takes::Fields, true, [](FormDescription& form, const Token&) { form.Fields.clear(); }},
     Member{"$schema", Takes::Line, false, [](FormDescription&, const Token&) {}},  // for editors
 };
 constexpr std::array FieldMembers{
     Member{"property", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Property = value.Text; }},
+           [](FormDescription& form, const Token& value) { form.Fields.back().Property = value.Given(); }},
     Member{"caption", Takes::Line, false,
            [](FormDescription& form, const Token& value) { form.Fields.back().Caption = value.Text; }},
     Member{"readOnly", Takes::Boolean, false,
-           [](FormDescription& form, const Token& value) { form.Fields.back().ReadOnly = value.Integer != 0; }},
+           [](FormDescription& form, const Token& value) {
+             form.Fields.back().ReadOnly = {value.Integer != 0, value.Where};
+           }},
     Member{"updateAfter", Takes::Text, false,
-           [](FormDescription& form, const Token& value) { form.Fields.back().UpdateAfter = value.Text; }},
-    Member{
-        "rows", Takes::Rows, false,
-        [](FormDescription& form, const Token& value) { form.Fields.back().Rows = static_cast<int>(value.Integer); }},
+           [](FormDescription& form, const Token& value) { form.Fields.back().UpdateAfter = value.Given(); }},
+    Member{"rows", Takes::Rows, false,
+           [](FormDescription& form, const Token& value) {
+             form.Fields.back().Rows = {static_cast<int>(value.Integer), value.Where};
+           }},
     Member{"combo", Takes::Combo, false,
            [](FormDescription& form, const Token&) { form.Fields.back().Combo = ComboChoice{}; }},
 };
 constexpr std::array ComboMembers{
     Member{"query", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Query = value.Text; }},
+           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Query = value.Given(); }},
     Member{"column", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Column = value.Text; }},
+           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Column = value.Given(); }},
 };
 
 // Empty when the value may stand there, otherwise what was expected.
@@ -136,7 +146,8 @@ class ShownValue {
 // JSON that is not nested too deeply.
 class Reader : public nlohmann::json_sax<Json> {
  public:
-  Reader(FormDescription& form, std::string name) : form_(form), name_(std::move(name)) {}
+  // `name` is that of the input, in messages. All must outlive the reader.
+  Reader(FormDescription& form, JsonInput& input, const std::string& name) : form_(form), input_(input), name_(name) {}
 
   bool null() override { return Take({Token::Kind::Null, "null"}); }
   bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
@@ -158,37 +169,43 @@ class Reader : public nlohmann::json_sax<Json> {
   bool key(string_t& key) override {
     if (HasFailed()) {
       if (shown_.IsOpen()) shown_.AddKey(key);
-      return true;
+      return Go();
     }
     Frame& object = frames_.back();
     object.Key = key;
-    if (object.Is == Place::Settings) return true;
+    if (object.Is == Part::Settings) return Go();
     object.Current = std::ranges::find(object.Members, object.Key, &Member::Name);
     if (object.Current == object.Members.end()) {
       const support::Names names(object.Members, std::mem_fn(&Member::Name));
-      problem_ = PathTo(frames_.size() - 1) + ": unknown member \"" + key + "\"; known members: " + names.Listed(key);
+      problem_ = At(input_.BeginOfValue()) + PathTo(frames_.size() - 1) + ": unknown member \"" + key +
+                 "\"; known members: " + names.Listed(key);
     }
-    return true;
+    return Go();
   }
 
-  bool parse_error(std::size_t at, const std::string&, const nlohmann::detail::exception& error) override {
-    errorAt_ = at;
-    isOutOfRange_ = dynamic_cast<const Json::out_of_range*>(&error) != nullptr;
-    return false;
+  bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& error) override {
+    if (dynamic_cast<const Json::out_of_range*>(&error)) {
+      throw InputError(At(input_.BeginOfValue()) + ": this number is out of range; write a smaller one");
+    }
+    throw InputError(At(input_.Here()) +
+                     ": this is not valid JSON; a form description is an object with \"class\" and \"fields\"");
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.
-  void Check(const std::string& text, bool isWhole) const {
-    if (!isWhole) FailAsJson(text);
+  void Check(bool isWhole) {
+    if (!isWhole) {
+      throw InputError(At(input_.Here()) + ": nested more than " + std::to_string(DeepestDescription) +
+                       " deep; a form description is an object with \"class\" and \"fields\"");
+    }
     if (HasFailed()) throw InputError(problem_ + shown_.Text());
   }
 
  private:
-  enum class Place : std::uint8_t { Root, Settings, Fields, Field, Combo };
+  enum class Part : std::uint8_t { Root, Settings, Fields, Field, Combo };
 
   // An object or array that has begun.
   struct Frame {
-    Place Is;
+    Part Is;
     std::span<const Member> Members;
     std::span<const Member>::iterator Current;  // the member whose value comes next or has begun
     std::string Key;                            // of that member
@@ -198,19 +215,26 @@ class Reader : public nlohmann::json_sax<Json> {
 
   bool HasFailed() const { return !problem_.empty(); }
 
-  bool Take(const Token& value) {
+  // The next value begins behind what was read.
+  bool Go() {
+    input_.EndValue();
+    return true;
+  }
+
+  bool Take(Token value) {
+    if (!HasFailed()) value.Where = At(input_.BeginOfValue());
     if (HasFailed()) {
       if (shown_.IsOpen()) shown_.Add(value);
     } else if (frames_.empty()) {
-      value.Is == Token::Kind::Object ? Begin(Place::Root, RootMembers) : Fail("an object", value);
-    } else if (frames_.back().Is == Place::Settings) {
+      value.Is == Token::Kind::Object ? Begin(Part::Root, RootMembers) : Fail("an object", value);
+    } else if (frames_.back().Is == Part::Settings) {
       TakeSetting(value);
-    } else if (frames_.back().Is == Place::Fields) {
+    } else if (frames_.back().Is == Part::Fields) {
       TakeField(value);
     } else {
       TakeMember(value);
     }
-    return true;
+    return Go();
   }
 
   void TakeMember(const Token& value) {
@@ -220,9 +244,9 @@ class Reader : public nlohmann::json_sax<Json> {
     if (!expected.empty()) return Fail(expected, value);
     object.Seen |= 1U << static_cast<unsigned>(object.Current - object.Members.begin());
     member.Set(form_, value);
-    if (member.Value == Takes::Settings) Begin(Place::Settings, {});
-    if (member.Value == Takes::Fields) Begin(Place::Fields, {});
-    if (member.Value == Takes::Combo) Begin(Place::Combo, ComboMembers);
+    if (member.Value == Takes::Settings) Begin(Part::Settings, {});
+    if (member.Value == Takes::Fields) Begin(Part::Fields, {});
+    if (member.Value == Takes::Combo) Begin(Part::Combo, ComboMembers);
   }
 
   // The text that a profile file would hold.
@@ -234,7 +258,7 @@ class Reader : public nlohmann::json_sax<Json> {
     std::string& text = form_.Settings[key];
     text = value.Is == Token::Kind::Boolean ? runtime::Text(value.Integer != 0) : std::string(value.Text);
     try {
-      CheckSetting(PathTo(frames_.size()), key, text);
+      CheckSetting(value.Where + PathTo(frames_.size()), key, text);
     } catch (const InputError& error) {
       problem_ = error.what();
     }
@@ -249,68 +273,58 @@ class Reader : public nlohmann::json_sax<Json> {
     if (!expected.empty()) return Fail(expected, value);
     form_.Fields.emplace_back();
     if (isText) {
-      form_.Fields.back().Property = value.Text;
+      form_.Fields.back().Property = value.Given();
       ++frames_.back().Count;
     } else {
-      Begin(Place::Field, FieldMembers);
+      Begin(Part::Field, FieldMembers);
     }
   }
 
-  void Begin(Place place, std::span<const Member> members) {
-    frames_.push_back({place, members, members.begin(), {}, 0, 0});
+  void Begin(Part part, std::span<const Member> members) {
+    frames_.push_back({part, members, members.begin(), {}, 0, 0});
   }
 
   bool End(char closing) {
     --depth_;
     if (HasFailed()) {
       if (shown_.IsOpen()) shown_.End(closing);
-      return true;
+      return Go();
     }
     const Frame& ending = frames_.back();
     for (std::size_t i = 0; i < ending.Members.size() && !HasFailed(); ++i) {
       if (!ending.Members[i].IsRequired || (ending.Seen >> i & 1U) != 0) continue;
-      problem_ = PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) + "\" is missing";
+      problem_ = At(input_.Here()) + PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) +
+                 "\" is missing";
     }
     frames_.pop_back();
-    if (!frames_.empty() && frames_.back().Is == Place::Fields) ++frames_.back().Count;
-    return true;
+    if (!frames_.empty() && frames_.back().Is == Part::Fields) ++frames_.back().Count;
+    return Go();
   }
 
-  // "FILE: fields[0].rows", down to the member or element that so many frames are at.
+  std::string At(adapters::dictionary::Place place) const {
+    return name_ + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
+  }
+  // ": fields[0].rows", down to the member or element that so many frames are at.
   std::string PathTo(std::size_t frameCount) const {
-    std::string path = name_;
+    std::string path;
     for (std::size_t i = 0; i < frameCount; ++i) {
       const Frame& frame = frames_[i];
-      path += frame.Is == Place::Fields ? "[" + std::to_string(frame.Count) + "]" : (i == 0 ? ": " : ".") + frame.Key;
+      path += frame.Is == Part::Fields ? "[" + std::to_string(frame.Count) + "]" : (i == 0 ? ": " : ".") + frame.Key;
     }
     return path;
   }
   void Fail(const std::string& expected, const Token& value) {
-    problem_ = PathTo(frames_.size()) + ": expected " + expected + ", found ";
+    problem_ = value.Where + PathTo(frames_.size()) + ": expected " + expected + ", found ";
     shown_.Add(value);
   }
 
-  [[noreturn]] void FailAsJson(const std::string& text) const {
-    if (errorAt_ == 0) {
-      throw InputError(name_ + ": nested more than " + std::to_string(DeepestDescription) +
-                       " deep; a form description is an object with \"class\" and \"fields\"");
-    }
-    const std::string_view before = std::string_view(text).substr(0, errorAt_ - 1);
-    const auto line = 1 + std::ranges::count(before, '\n');
-    const auto column = 1 + before.size() - (before.rfind('\n') + 1);
-    const std::string place = name_ + ":" + std::to_string(line) + ":" + std::to_string(column);
-    if (isOutOfRange_) throw InputError(place + ": this number is out of range; write a smaller one");
-    throw InputError(place + ": this is not valid JSON; a form description is an object with \"class\" and \"fields\"");
-  }
-
   FormDescription& form_;
-  std::string name_;  // of the input, in messages
+  JsonInput& input_;
+  const std::string& name_;
   std::vector<Frame> frames_;
   int depth_ = 0;
   std::string problem_;  // empty when there is none; `shown_` follows
   ShownValue shown_;
-  std::size_t errorAt_ = 0;  // the byte that ends what is no JSON, counted from 1
-  bool isOutOfRange_ = false;
 };
 
 }  // namespace
@@ -319,8 +333,10 @@ FormDescription ReadFormDescription(const std::string& file) {
   const std::string text = ReadText(file, "form description", system::LargestDescription);
   FormDescription form;
   form.Source = NameOf(file);
-  Reader reader(form, form.Source);
-  reader.Check(text, Json::sax_parse(text, &reader));
+  std::istringstream in(text);
+  JsonInput input(in, form.Source);
+  Reader reader(form, input, form.Source);
+  reader.Check(Json::sax_parse(JsonIterator(input), JsonIterator(), &reader));
   return form;
 }
 

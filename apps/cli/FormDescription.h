@@ -9,32 +9,40 @@
 
 namespace formwizard::apps::cli {
 
+// A value and where it is given, which begins messages about it: "person.json:3:14", "--fields Name".
+template <typename T>
+struct Given {
+  T Value{};
+  std::string Where;
+};
+using GivenText = Given<std::string>;
+
 struct ComboChoice {
-  std::string Query, Column;
+  GivenText Query, Column;
 };
 
 // One property by its dotted path, and what is set for it on the wizard's Attributes step.
 struct FieldChoice {
-  std::string Property;
+  GivenText Property;
   std::optional<std::string> Caption;
-  std::optional<bool> ReadOnly;
-  std::optional<std::string> UpdateAfter;  // the path of another field of the form
-  std::optional<int> Rows;
+  std::optional<Given<bool>> ReadOnly;
+  std::optional<GivenText> UpdateAfter;  // the path of another field of the form
+  std::optional<Given<int>> Rows;
   std::optional<ComboChoice> Combo;
 };
 
 using SettingTexts = std::map<std::string, std::string>;
 
 struct FormDescription {
-  std::string Source;  // the file it comes from, or "--class": begins every message about it
-  std::string Class;
+  std::string Source;  // the file it comes from, or "--class": begins messages about it as a whole
+  GivenText Class;
   SettingTexts Settings;
   std::vector<FieldChoice> Fields;
 };
 
 // The description in a JSON file or a pipe, "-" for standard input, of at most 16 MiB and a depth of 16.
-// support::InputError names the file, the line and column of a syntax error or the path of a wrong value, and what was
-// expected.
+// support::InputError names the file, line and column, counted from 1, of what is wrong, the path of a wrong value, and
+// what was expected.
 FormDescription ReadFormDescription(const std::string& file);
 
 // Checks a setting's name and value as the wizard's own settings dialog would; support::InputError otherwise. `where`

@@ -81,8 +81,10 @@ void CheckUsage(const GenerateOptions& options) {
 FormDescription DescriptionFromOptions(const GenerateOptions& options) {
   FormDescription form;
   form.Source = "--class " + options.Class;
-  form.Class = options.Class;
-  for (const std::string& property : options.Fields) form.Fields.push_back({property, {}, {}, {}, {}, {}});
+  form.Class = {options.Class, form.Source};
+  for (const std::string& property : options.Fields) {
+    form.Fields.push_back({{property, "--fields " + property}, {}, {}, {}, {}, {}});
+  }
   return form;
 }
 

@@ -14,9 +14,7 @@ using support::InputError;
 using support::Names;
 using wizard::frmWizard;
 
-[[noreturn]] void Fail(const FormDescription& form, const std::string& what) {
-  throw InputError(form.Source + ": " + what);
-}
+[[noreturn]] void Fail(const std::string& where, const std::string& what) { throw InputError(where + ": " + what); }
 
 // Chooses the properties of one form and sets their attributes.
 class FieldsUser {
@@ -24,13 +22,14 @@ class FieldsUser {
   FieldsUser(frmWizard& dialog, const FormDescription& form) : dialog_(dialog), form_(form) {}
 
   void ChooseFields() {
-    if (form_.Fields.empty()) Fail("choose at least one property");
+    if (form_.Fields.empty()) Fail(form_.Source, "fields: choose at least one property");
     for (const ui::Node* root : dialog_.tvwAttributes.Nodes.Roots()) roots_.Add(Name(*root));
     for (const FieldChoice& field : form_.Fields) {
       const int before = dialog_.lstSelected.ListCount();
       dialog_.tvwAttributes.ClickNode(PropertyNode(field.Property));
       dialog_.cmdSelectOne.Click();
-      if (dialog_.lstSelected.ListCount() == before) Fail("the property " + field.Property + " is chosen twice");
+      if (dialog_.lstSelected.ListCount() == before)
+        Fail(field.Property.Where, "the property " + field.Property.Value + " is chosen twice");
     }
   }
 
@@ -46,8 +45,6 @@ class FieldsUser {
   }
 
  private:
-  [[noreturn]] void Fail(const std::string& what) const { cli::Fail(form_, what); }
-
   static bool HasAttributes(const FieldChoice& field) {
     return field.Caption || field.ReadOnly || field.UpdateAfter || field.Rows || field.Combo;
   }
@@ -60,7 +57,8 @@ class FieldsUser {
   static bool IsObject(const ui::Node& node) { return node.Child() != nullptr || node.Expanded; }
 
   // A name may have dots of its own: of the properties that the path can begin with, the one with the longest name.
-  ui::Node& PropertyNode(const std::string& path) {
+  ui::Node& PropertyNode(const GivenText& property) {
+    const std::string& path = property.Value;
     ui::Node* meant = Root(path);
     if (meant && !IsObject(*meant)) return *meant;
     for (std::size_t dot = path.rfind('.'); dot != std::string::npos;
@@ -70,8 +68,10 @@ class FieldsUser {
       if (child) return *child;
       if (!meant) meant = root;
     }
-    if (!meant) Fail("class " + form_.Class + " offers no property \"" + path + "\"; " + roots_.Answer(path));
-    FailBelow(*meant, path);
+    if (!meant)
+      Fail(property.Where,
+           "class " + form_.Class.Value + " offers no property \"" + path + "\"; " + roots_.Answer(path));
+    FailBelow(*meant, property);
   }
 
   ui::Node* Root(std::string_view name) {
@@ -91,13 +91,14 @@ class FieldsUser {
   }
 
   // What begins with a property that there is, and goes on with none.
-  [[noreturn]] void FailBelow(ui::Node& node, const std::string& path) {
+  [[noreturn]] void FailBelow(ui::Node& node, const GivenText& property) {
+    const std::string& path = property.Value;
     const std::string name(Name(node));
     const std::string rest =
         path.substr(std::min(path.size(), path.find(name) == 0 ? name.size() + 1 : path.find('.') + 1));
-    if (!IsObject(node)) Fail("property \"" + name + "\" is no object, so it has no \"" + rest + "\"");
+    if (!IsObject(node)) Fail(property.Where, "property \"" + name + "\" is no object, so it has no \"" + rest + "\"");
     dialog_.tvwAttributes.ExpandNode(node);
-    Fail("\"" + path + "\" cannot be chosen; " + ChildNames(node).Answer(rest, name + "."));
+    Fail(property.Where, "\"" + path + "\" cannot be chosen; " + ChildNames(node).Answer(rest, name + "."));
   }
 
   void SetAttributesOf(const FieldChoice& field) {
@@ -107,41 +108,46 @@ class FieldsUser {
     if (field.UpdateAfter) SetUpdateAfter(field);
     if (field.Rows) {
       if (!dialog_.HasRows(panel)) {
-        Fail("property " + field.Property + " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
+        Fail(field.Rows->Where, "property " + field.Property.Value +
+                                    " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
       }
-      dialog_.txtRowHeight[panel].Type(std::to_string(*field.Rows));
+      dialog_.txtRowHeight[panel].Type(std::to_string(field.Rows->Value));
     }
     if (field.Combo) SetCombo(field);
   }
 
   void SetReadOnly(const FieldChoice& field) {
     if (!dialog_.chkReadOnly.IsShown()) {
-      Fail("property " + field.Property + " cannot be made read-only; only simple properties can");
+      Fail(field.ReadOnly->Where,
+           "property " + field.Property.Value + " cannot be made read-only; only simple properties can");
     }
-    if ((dialog_.chkReadOnly.Value() != 0) != *field.ReadOnly) dialog_.chkReadOnly.Click();
+    if ((dialog_.chkReadOnly.Value() != 0) != field.ReadOnly->Value) dialog_.chkReadOnly.Click();
   }
 
   void SetUpdateAfter(const FieldChoice& field) {
     if (!dialog_.chkReadOnly.IsShown() || dialog_.chkReadOnly.Value() == 0) {
-      Fail("property " + field.Property + " must be read-only to be updated after another one");
+      Fail(field.UpdateAfter->Where, "property " + field.Property.Value +
+                                         " must be read-only to be updated after another one; add \"readOnly\": true");
     }
     Choose(dialog_.lstUpdateAfter, "field", *field.UpdateAfter);
   }
 
   void SetCombo(const FieldChoice& field) {
+    const auto& [query, column] = *field.Combo;
     if (!dialog_.chkRefCombo.IsShown()) {
-      Fail("property " + field.Property + " is no reference and cannot be shown as a combo box");
+      Fail(query.Where, "property " + field.Property.Value +
+                            " is no reference and cannot be shown as a combo box; leave \"combo\" out");
     }
     if (dialog_.chkRefCombo.Value() == 0) dialog_.chkRefCombo.Click();
-    Choose(dialog_.lstQueryName, "query that returns the object id", field.Combo->Query);
-    Choose(dialog_.lstQueryColumn, "column of query " + field.Combo->Query, field.Combo->Column);
+    Choose(dialog_.lstQueryName, "query that returns the object id", query);
+    Choose(dialog_.lstQueryColumn, "column of query " + query.Value, column);
   }
 
-  void Choose(ui::ListBox& list, const std::string& what, const std::string& text) {
+  void Choose(ui::ListBox& list, const std::string& what, const GivenText& name) {
     Names names;
     for (int i = 0; i < list.ListCount(); ++i) names.Add(list.List(i));
-    const auto found = names.Find(text);
-    if (!found) Fail("there is no " + what + " \"" + text + "\"; " + names.Answer(text));
+    const auto found = names.Find(name.Value);
+    if (!found) Fail(name.Where, "there is no " + what + " \"" + name.Value + "\"; " + names.Answer(name.Value));
     list.ClickItem(static_cast<int>(*found));
   }
 
@@ -186,18 +192,19 @@ void WizardUser::ChooseSystem(const FormDescription& form) {
   if (!system_.empty()) {
     const Names names(tree.Nodes.All(), [](const ui::Node& node) { return std::string_view(node.Text); });
     const auto found = names.Find(system_);
-    if (!found) Fail(form, "there is no system \"" + system_ + "\"; " + names.Answer(system_));
+    if (!found) Fail("--system " + system_, "there is no system \"" + system_ + "\"; " + names.Answer(system_));
     tree.ClickNode(*std::next(tree.Nodes.All().begin(), static_cast<std::ptrdiff_t>(*found)));
   }
   dialog_->cmdNext.Click();
   if (dialog_->IsConnected()) return;
-  Fail(form, dialog_->barStatus.Panels[0].Get() + "; see \"ostrel-form-wizard systems\"");
+  Fail(form.Source, dialog_->barStatus.Panels[0].Get() + "; see \"ostrel-form-wizard systems\"");
 }
 
 void WizardUser::ChooseClass(const FormDescription& form) {
-  const auto found = classNames_.Find(form.Class);
+  const auto found = classNames_.Find(form.Class.Value);
   if (!found) {
-    Fail(form, "there is no persistent class \"" + form.Class + "\"; " + classNames_.Answer(form.Class));
+    Fail(form.Class.Where,
+         "there is no persistent class \"" + form.Class.Value + "\"; " + classNames_.Answer(form.Class.Value));
   }
   dialog_->tvwClasses.ClickNode(*classes_[*found]);
   dialog_->cmdNext.Click();
