@@ -172,21 +172,21 @@ void ProjectOnDisk::ReadNames() const {
   byName_.reserve(entries_.size());
   for (Entry& entry : entries_) {
     if (entry.Name.empty()) entry.Name = texts_.Kept(NameInFile(entry));
-    byName_.emplace(entry.Name, &entry);
+    byName_.insert(&entry);
   }
   namesRead_ = true;
 }
 
-const ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
+ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
   ReadNames();
   const auto found = byName_.find(bytes);
-  return found == byName_.end() ? nullptr : found->second;
+  return found == byName_.end() ? nullptr : *found;
 }
 
 std::shared_ptr<VBComponent> ProjectOnDisk::Find(std::string_view name) {
-  const Entry* entry = FindEntry(codePage_.Encode(name));
+  Entry* entry = FindEntry(codePage_.Encode(name));
   if (!entry || codePage_.Decode(entry->Name) != name) return nullptr;
-  return std::make_shared<Component>(*this, *byName_.find(entry->Name)->second);
+  return std::make_shared<Component>(*this, *entry);
 }
 
 // The search for a stem goes on where the last one ended.
@@ -206,7 +206,7 @@ std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
   const std::string name = "Form" + std::to_string(firstFreeForm_);
   Entry& entry =
       entries_.emplace_back(Entry{texts_.Kept(name), "", true, FormDocument::New(name, codePage_, libraries_)});
-  byName_.emplace(entry.Name, &entry);
+  byName_.insert(&entry);
   open_.push_back(&entry);
   return std::make_shared<Component>(*this, entry);
 }
@@ -263,10 +263,10 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
   DocumentOf(entry).SetName(name);
   // A new form is never what the project file means, even where a form that is gone had its name.
   if (!entry.Path.empty()) project_.RenameForm(entry.Name, bytes);
-  byName_.erase(entry.Name);
+  byName_.erase(&entry);
   Release(entry.Name);
   entry.Name = texts_.Kept(bytes);
-  byName_.emplace(entry.Name, &entry);
+  byName_.insert(&entry);
 }
 
 // A name that is free again may have the lowest free number.
@@ -317,7 +317,7 @@ void ProjectOnDisk::Finish(Entry& entry) {
     project_.ReplaceFormPath(entry.Path, newPath);
   }
   entry.Path = texts_.Kept(newPath);
-  listedPaths_.insert(entry.Path);
+  if (stem != entry.Name) listedPaths_.insert(entry.Path);
   entry.ControlCount = entry.Document->Controls()->Count();
   entry.IsFinished = true;
   entry.Document.reset();

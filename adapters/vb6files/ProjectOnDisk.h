@@ -97,6 +97,19 @@ class ProjectOnDisk : public generator::ide::Vbe,
     bool IsFinished = false;
     generator::ide::Int32 ControlCount = {};  // of a finished form
   };
+  struct NameHash : CaselessHash {
+    using CaselessHash::operator();
+    std::size_t operator()(const Entry* entry) const { return (*this)(entry->Name); }
+  };
+  struct NameEqual {
+    using is_transparent = void;
+    static std::string_view Of(const Entry* entry) { return entry->Name; }
+    static std::string_view Of(std::string_view name) { return name; }
+    template <typename A, typename B>
+    bool operator()(const A& a, const B& b) const {
+      return CaselessEqual()(Of(a), Of(b));
+    }
+  };
 
   void AddToolboxProgID(std::string_view progId) override;
   generator::ide::VBComponents& Components() override { return *this; }
@@ -112,7 +125,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::string FrxOf(const std::string& frmPath, std::string_view frm, bool isShown) const;
   std::string NewFile(const std::string& projectPath) const;
   std::string FilePath(std::string_view projectPath) const;
-  const Entry* FindEntry(std::string_view bytes) const;
+  Entry* FindEntry(std::string_view bytes) const;
   FormDocument& DocumentOf(Entry& entry);
   std::shared_ptr<generator::ide::VBControls> ControlsOf(Entry& entry);
   void Rename(Entry& entry, std::string_view name);
@@ -135,8 +148,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   bool dryRun_ = false;
   mutable Texts texts_;                // names and paths of components
   mutable std::deque<Entry> entries_;  // items first, then new forms
-  mutable std::pmr::unordered_map<std::string_view, Entry*, CaselessHash, CaselessEqual> byName_{&texts_};
-  std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> listedPaths_{&texts_};  // of component files
+  mutable std::unordered_set<Entry*, NameHash, NameEqual> byName_;
+  // Of component files as read, and of new ones that are not called by the names of their forms.
+  std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> listedPaths_{&texts_};
   mutable bool namesRead_ = false;
   mutable std::unordered_map<std::string, int> firstFree_;  // by stem
   int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"

@@ -12,7 +12,7 @@ constexpr std::string_view BytewiseHead = "A save of this project is under way, 
 constexpr std::string_view Foot = "end\n";
 
 // "SUM LENGTH PATH", because a path may hold anything.
-void Append(std::string& text, std::uint64_t sum, std::string_view path) {
+void AppendLine(std::string& text, std::uint64_t sum, std::string_view path) {
   text += system::Hexadecimal(sum) + " " + std::to_string(path.size()) + " ";
   text.append(path).append("\n");
 }
@@ -37,13 +37,16 @@ bool Take(std::string_view& text, SaveRecord::File& file) {
 
 }  // namespace
 
-std::string SaveRecord::Text() const {
+std::string SaveRecord::Begin(std::uint64_t oldProject, std::uint64_t newProject) {
   std::string text(Head);
-  Append(text, OldProject, "");
-  Append(text, NewProject, "");
-  for (const File& file : Files) Append(text, file.Sum, file.Path);
-  return text.append(Foot);
+  AppendLine(text, oldProject, "");
+  AppendLine(text, newProject, "");
+  return text;
 }
+
+void SaveRecord::Append(std::string& text, const File& file) { AppendLine(text, file.Sum, file.Path); }
+
+void SaveRecord::End(std::string& text) { text += Foot; }
 
 std::optional<SaveRecord> SaveRecord::Parse(std::string_view text) {
   const bool isBytewise = text.starts_with(BytewiseHead);

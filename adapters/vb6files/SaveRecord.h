@@ -25,8 +25,11 @@ struct SaveRecord {
   std::uint64_t OldProject = 0, NewProject = 0;  // sums of the project file
   std::vector<File> Files;
 
-  // Of a record with the sums of today.
-  std::string Text() const;
+  // The text of a record with the sums of today, begun by those of the project file; a line for each file and the end
+  // are appended.
+  static std::string Begin(std::uint64_t oldProject, std::uint64_t newProject);
+  static void Append(std::string& text, const File& file);
+  static void End(std::string& text);
   // Nothing for a text that is cut off or no record.
   static std::optional<SaveRecord> Parse(std::string_view text);
 };

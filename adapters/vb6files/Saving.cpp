@@ -136,14 +136,13 @@ void Saving::CheckTargets() {
 
 // Before the first file is moved, the record of what will be is on the disk.
 void Saving::Prepare(std::string_view text) {
-  SaveRecord record;
-  record.OldProject = record.Sum(original_);
-  record.NewProject = record.Sum(text);
+  std::string record = SaveRecord::Begin(system::ContentSum(original_), system::ContentSum(text));
   for (const Target& target : targets_) {
-    if (!target.IsThere) record.Files.push_back(target.File);
+    if (!target.IsThere) SaveRecord::Append(record, target.File);
   }
+  SaveRecord::End(record);
   system::WriteNewFile(files_, stagingFolder_ + Project, text, projectFile_);
-  system::WriteNewFile(files_, stagingFolder_ + Record, record.Text());
+  system::WriteNewFile(files_, stagingFolder_ + Record, record);
   files_.FlushFolder(stagingFolder_);
   files_.FlushFolder(folder_);
 }

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <set>
 #include <string>
@@ -67,7 +68,7 @@ class Saving {
   const system::FilesRead& read_;
   std::string folder_, folderPart_, name_, stagingFolder_;
   std::unique_ptr<system::FileLock> lock_;
-  std::vector<Target> targets_;  // of the prepared files, which are called by their numbers
+  std::deque<Target> targets_;  // of the prepared files, which are called by their numbers
 };
 
 }  // namespace formwizard::adapters::vb6files

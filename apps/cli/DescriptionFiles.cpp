@@ -66,12 +66,13 @@ void AddFolder(const std::string& folder, std::vector<std::string>& files) {
 
 }  // namespace
 
-std::vector<std::string> DescriptionFiles(const std::vector<std::string>& named, const std::string& list) {
-  std::vector<std::string> all = named, files;
+std::vector<std::string> DescriptionFiles(std::vector<std::string> named, const std::string& list) {
   if (list == "-") CheckHasNoInput(named);
-  if (!list.empty()) std::ranges::move(ReadList(list), std::back_inserter(all));
-  if (list == "-") CheckHasNoInput(all);
-  for (std::string& each : all) {
+  if (!list.empty()) std::ranges::move(ReadList(list), std::back_inserter(named));
+  if (list == "-") CheckHasNoInput(named);
+  std::vector<std::string> files;
+  files.reserve(named.size());
+  for (std::string& each : named) {
     if (IsFolder(each)) {
       AddFolder(each, files);
     } else {

@@ -190,7 +190,7 @@ class Run {
       }
     }
     if (!files.empty()) changesFiles_ = true;
-    if (options_.Json) allFiles_.insert(allFiles_.end(), files.begin(), files.end());
+    if (options_.Json) summary_.AddFiles(files);
     return files;
   }
 
@@ -203,7 +203,7 @@ class Run {
            ": the settings cannot be written, so that the system is not remembered; the project is saved");
     }
     PrintReport();
-    if (options_.Json) summary_.PrintTo(std::cout, warnings_, options_.Project, allFiles_);
+    if (options_.Json) summary_.PrintTo(std::cout, warnings_, options_.Project);
     common::FlushOutput();
     if (incomplete_) return Incomplete;
     return options_.Check && changesFiles_ ? Incomplete : Done;
@@ -244,17 +244,17 @@ class Run {
   Spool report_;                               // that is not printed yet
   Summary summary_;
   std::vector<std::string> warnings_;
-  std::vector<std::string> allFiles_;  // for the summary
   bool changesFiles_ = false;
   bool incomplete_ = false;
 };
 
-void MakeAll(Run& run, const GenerateOptions& options) {
+// The name of a description is not needed any longer than the description itself.
+void MakeAll(Run& run, GenerateOptions& options) {
   if (options.Descriptions.empty()) run.Make(DescriptionFromOptions(options));
-  for (const std::string& file : options.Descriptions) run.Make(ReadFormDescription(file));
+  for (std::string& file : options.Descriptions) run.Make(ReadFormDescription(std::exchange(file, "")));
 }
 
-int Generate(const GenerateOptions& options) {
+int Generate(GenerateOptions& options) {
   CheckUsage(options);
   Run run(options);
   try {
@@ -307,7 +307,8 @@ void AddGenerate(CLI::App& program, Task& task) {
   command.callback([&task, options] {
     const bool saves = (!options->DryRun && !options->Check) || !options->Journal.empty();
     const auto generate = [options] {
-      options->Descriptions = DescriptionFiles(common::FilesMeant(options->Descriptions), options->DescriptionsFrom);
+      options->Descriptions =
+          DescriptionFiles(common::FilesMeant(std::move(options->Descriptions)), options->DescriptionsFrom);
       return Generate(*options);
     };
     task = {generate, options->Project, saves};

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t Block = 1 << 16;
+constexpr std::size_t Block = 1 << 14;
 
 }  // namespace
 

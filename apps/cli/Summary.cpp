@@ -65,19 +65,35 @@ std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten)
   return (isWritten ? "wrote " : "would write ") + support::Escaped(change.Path) + '\n';
 }
 
-// As an element of an array that is a member, which stands two steps further in.
-void Summary::Add(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
-                  const ui::TextMeasure& measure) {
-  forms_.Add(std::exchange(hasForms_, true) ? "," : "");
-  forms_.Add(runtime::ReplaceAll("\n" + TextOf(Described(result, form, settings, measure)), "\n", "\n    "));
+// An element stands two steps further in than the summary.
+void Summary::Array::Add(const std::string& json) {
+  Elements.Add(std::exchange(IsEmpty, false) ? "" : ",");
+  Elements.Add(runtime::ReplaceAll("\n" + json, "\n", "\n    "));
 }
 
-void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project,
-                      const std::vector<std::string>& files) {
-  out << "{\n  \"forms\": [";
+void Summary::Array::PrintTo(std::ostream& out) {
+  out << '[';
+  Elements.PrintTo(out);
+  out << (IsEmpty ? "]" : "\n  ]");
+}
+
+void Summary::Add(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
+                  const ui::TextMeasure& measure) {
+  forms_.Add(TextOf(Described(result, form, settings, measure)));
+}
+
+void Summary::AddFiles(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) files_.Add(TextOf(path));
+}
+
+void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project) {
+  out << "{\n  \"forms\": ";
   forms_.PrintTo(out);
-  const Json rest{{"warnings", warnings}, {"project", project}, {"files", files}};
-  out << (hasForms_ ? "\n  ]," : "],") << TextOf(rest).substr(1) << '\n';  // goes on with the object that has begun
+  std::string rest = TextOf({{"warnings", warnings}, {"project", project}});
+  rest.erase(rest.rfind('\n'));  // the object goes on
+  out << "," << rest.substr(1) << ",\n  \"files\": ";
+  files_.PrintTo(out);
+  out << "\n}\n";
 }
 
 }  // namespace formwizard::apps::cli

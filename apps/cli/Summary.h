@@ -31,13 +31,22 @@ class Summary {
   // names, the failures and notes.
   void Add(const FormResult& result, const model::FormModel& form, const settings::Settings& settings,
            const ui::TextMeasure& measure);
+  // What the run has written, or would write; in the order of the calls.
+  void AddFiles(const std::vector<std::string>& paths);
   // Once, when everything is known.
-  void PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project,
-               const std::vector<std::string>& files);
+  void PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project);
 
  private:
-  Spool forms_;
-  bool hasForms_ = false;
+  // The elements of an array that is a member of the summary, as text.
+  struct Array {
+    Spool Elements;
+    bool IsEmpty = true;
+
+    void Add(const std::string& json);
+    void PrintTo(std::ostream& out);
+  };
+
+  Array forms_, files_;
 };
 
 }  // namespace formwizard::apps::cli

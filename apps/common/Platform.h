@@ -22,7 +22,7 @@ std::vector<std::string> Arguments(int argc, char** argv);
 
 // On Windows, whose shells leave that to programs, the files that names with "*" or "?" in their last part stand for,
 // in order, quoted or not; a name that no file fits stays as it is. Elsewhere the names themselves.
-std::vector<std::string> FilesMeant(const std::vector<std::string>& names);
+std::vector<std::string> FilesMeant(std::vector<std::string> names);
 
 // Files by the rules of Windows' profile calls; there also in the machine's code page, so that the add-in reads what
 // this program writes. Without a `profile` settings last as long as the program.

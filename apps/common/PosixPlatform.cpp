@@ -46,7 +46,7 @@ fs::path ConfigurationRoot() {
 
 std::vector<std::string> Arguments(int argc, char** argv) { return {argv + (argc > 0 ? 1 : 0), argv + argc}; }
 
-std::vector<std::string> FilesMeant(const std::vector<std::string>& names) { return names; }
+std::vector<std::string> FilesMeant(std::vector<std::string> names) { return names; }
 
 std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profile) {
   if (profile.empty()) return std::make_unique<MemoryProfile>();

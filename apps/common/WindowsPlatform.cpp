@@ -107,7 +107,7 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
-std::vector<std::string> FilesMeant(const std::vector<std::string>& names) {
+std::vector<std::string> FilesMeant(std::vector<std::string> names) {
   std::vector<std::string> files;
   for (const std::string& name : names) {
     const std::vector<std::string> found = FilesLike(name);
