@@ -37,10 +37,19 @@ Json JsonOf(const FieldChoice& field) {
   return json;
 }
 
-std::string TextOf(const FormDescription& form) {
+std::string OneText(const FormDescription& form) {
   Json json{{"class", form.Class}, {"settings", Json(form.Settings)}, {"fields", Json::array()}};
   for (const FieldChoice& field : form.Fields) json["fields"].push_back(JsonOf(field));
   return json.dump();
+}
+
+std::string TextOf(const std::vector<FormDescription>& forms) {
+  std::string text;
+  for (const FormDescription& form : forms) {
+    CheckBounds(form);
+    text += (text.empty() ? "[" : ",") + OneText(form);
+  }
+  return text + "]";
 }
 
 }  // namespace
@@ -49,12 +58,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const TemporaryInput input;
   const std::string file = input.Write(data, size);
   IsAccepted(file + ":", [&] {
-    const FormDescription form = ReadFormDescription(file);
-    CheckBounds(form);
-    const std::string text = TextOf(form);
+    const std::string text = TextOf(ReadFormDescriptions(file));
     const std::string again = input.Write(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
     bool isSame = false;
-    const bool isRead = IsAccepted("", [&] { isSame = TextOf(ReadFormDescription(again)) == text; });
+    const bool isRead = IsAccepted("", [&] { isSame = TextOf(ReadFormDescriptions(again)) == text; });
     Require(isRead && isSame, "a description that is written anew is read as the same");
   });
   return 0;

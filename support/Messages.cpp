@@ -73,4 +73,10 @@ std::string Shortened(std::string text) {
 
 std::string Shown(std::string_view message) { return Shortened(Escaped(message)); }
 
+std::string Counted(std::size_t count, std::string_view what, std::string_view plural) {
+  std::string text = std::to_string(count) + " ";
+  if (count == 1) return text.append(what);
+  return plural.empty() ? text.append(what) + "s" : text.append(plural);
+}
+
 }  // namespace formwizard::support

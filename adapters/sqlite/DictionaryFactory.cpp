@@ -2,6 +2,7 @@
 #include "adapters/sqlite/OpenDictionary.h"
 #include "adapters/sqlite/Schema.h"
 #include "runtime/Conversions.h"
+#include "support/Messages.h"
 
 #include <array>
 #include <optional>
@@ -67,7 +68,7 @@ struct Store {
 
 void CheckParameterCount(std::span<const std::string_view> parameters, std::size_t expected) {
   if (parameters.size() == expected) return;
-  Fail("The query takes " + std::to_string(expected) + " parameters, not " + std::to_string(parameters.size()));
+  Fail("The query takes " + support::Counted(expected, "parameter") + ", not " + std::to_string(parameters.size()));
 }
 
 class DictionaryRows : public factory::ResultSet {

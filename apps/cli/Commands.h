@@ -29,7 +29,18 @@ AddCommand AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQue
 // An option, or an argument when the name has no dashes, that takes a path. One that no file can have ends in
 // support::InputError.
 CLI::Option* AddFile(CLI::App& command, const char* name, std::string& file, const char* about);
-// The check that this makes, for options that take several; what it returns is what is wrong.
+// The same where "-" is standard input or output, which is no wrong usage then.
+CLI::Option* AddStream(CLI::App& command, const char* name, std::string& file, const char* about);
+// The checks that these make, for options that take several; what they return is what is wrong.
 std::string CheckedPath(const std::string& path);
+std::string NoStream(const std::string& path);
+
+// How much a command tells.
+struct Verbosity {
+  bool Quiet = false;  // errors, and what was asked for
+  bool Verbose = false;
+};
+// -q and -v, of which one may be given.
+void AddVerbosity(CLI::App& command, Verbosity& verbosity, const char* aboutVerbose);
 
 }  // namespace formwizard::apps::cli

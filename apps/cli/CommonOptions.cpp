@@ -10,12 +10,27 @@
 namespace formwizard::apps::cli {
 
 CLI::Option* AddFile(CLI::App& command, const char* name, std::string& file, const char* about) {
+  return AddStream(command, name, file, about)->check(NoStream);
+}
+
+CLI::Option* AddStream(CLI::App& command, const char* name, std::string& file, const char* about) {
   return command.add_option(name, file, about)->type_name("FILE")->check(CheckedPath);
+}
+
+std::string NoStream(const std::string& path) {
+  if (path != "-") return "";
+  return "this is a file that is read in any order or replaced as a whole, not standard input or output; name one, "
+         "\"./-\" if it is called so";
 }
 
 std::string CheckedPath(const std::string& path) {
   system::CheckPath(path);
   return "";
+}
+
+void AddVerbosity(CLI::App& command, Verbosity& verbosity, const char* aboutVerbose) {
+  CLI::Option& quiet = *command.add_flag("-q,--quiet", verbosity.Quiet, "say nothing but errors");
+  command.add_flag("-v,--verbose", verbosity.Verbose, aboutVerbose)->excludes(&quiet);
 }
 
 void AddInputs(CLI::App& command, ProjectOptions& options) {

@@ -19,8 +19,6 @@ namespace {
 using support::InputError;
 
 std::vector<std::string> LinesOf(std::string_view text) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
   std::vector<std::string> lines;
   while (!text.empty()) {
     std::string_view line = text.substr(0, text.find('\n'));

@@ -1,14 +1,14 @@
 #include "apps/cli/Commands.h"
+#include "apps/cli/TextInput.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
-#include "system/Paths.h"
+#include "support/Messages.h"
 #include "system/WholeFile.h"
 
 #include <CLI/CLI.hpp>
 
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <utility>
@@ -20,6 +20,7 @@ struct TransferOptions {
   std::string From, To, System;
   bool Server = false;  // export from the installed server, of one system or all
   bool Force = false;   // replaces whatever file stands there
+  Verbosity Tells;
 };
 
 void WriteJson(const TransferOptions& options, std::ostream& out) {
@@ -30,17 +31,22 @@ void WriteJson(const TransferOptions& options, std::ostream& out) {
   }
 }
 
+std::string LineOf(const std::string& file, const common::RowCounts& rows) {
+  using support::Counted;
+  return "wrote " + support::Escaped(file) + ": " + Counted(rows[0], "system") + ", " +
+         Counted(rows[1], "class", "classes") + ", " + Counted(rows[2], "property", "properties") + ", " +
+         Counted(rows[3], "query", "queries") + '\n';
+}
+
 int Import(const TransferOptions& options) {
-  if (options.From == "-") {
-    common::ImportDictionary(std::cin, "standard input", options.To, options.Force);
-    return common::Done;
-  }
-  if (!system::RealFileSystem().ReadHead(options.From, 0)) {  // says what is no file and what cannot be read
+  // Says what is no file and what cannot be read.
+  if (options.From != "-" && !system::RealFileSystem().ReadHead(options.From, 0)) {
     throw support::InputError(options.From + ": there is no such file; give a dictionary in JSON");
   }
-  std::ifstream in(system::NativePath(options.From), std::ios::binary);
-  if (!in) throw support::InputError(options.From + ": the file cannot be read; give a dictionary in JSON");
-  common::ImportDictionary(in, options.From, options.To, options.Force);
+  const auto in = OpenText(options.From);
+  if (!*in) throw support::InputError(options.From + ": the file cannot be read; give a dictionary in JSON");
+  const common::RowCounts rows = common::ImportDictionary(*in, NameOf(options.From), options.To, options.Force);
+  if (options.Tells.Verbose) std::cout << LineOf(options.To, rows);
   return common::Done;
 }
 
@@ -53,6 +59,7 @@ int Export(const TransferOptions& options) {
   system::WholeFile file(system::RealFileSystem(), options.To);
   WriteJson(options, file.Stream());
   file.Commit();
+  if (options.Tells.Verbose) std::cout << "wrote " << support::Escaped(options.To) << '\n';
   return common::Done;
 }
 
@@ -65,6 +72,8 @@ void AddServerToExport(CLI::App& command, TransferOptions& options) {
 void CheckExport(TransferOptions& options) {
   if (options.Server && !options.To.empty()) throw CLI::ExcludesError("--server", "in");
   if (options.Server) options.To = std::exchange(options.From, "");
+  const std::string wrong = NoStream(options.From);
+  if (!wrong.empty()) throw CLI::ValidationError("in", wrong);
 }
 
 void AddTransfer(CLI::App& dictionary, Task& task, bool isImport) {
@@ -72,14 +81,17 @@ void AddTransfer(CLI::App& dictionary, Task& task, bool isImport) {
   CLI::App& command =
       *dictionary.add_subcommand(isImport ? "import" : "export",
                                  isImport ? "make a class dictionary from JSON" : "write a class dictionary as JSON");
-  AddFile(command, "in", options->From, isImport ? "JSON; \"-\" for standard input" : "class dictionary")->required();
+  // A store is no stream.
+  const auto addIn = isImport || common::CanHaveServer() ? AddStream : AddFile, addOut = isImport ? AddFile : AddStream;
+  addIn(command, "in", options->From, isImport ? "JSON; \"-\" for standard input" : "class dictionary")->required();
   CLI::Option& out =
-      *AddFile(command, "out", options->To, isImport ? "class dictionary" : "JSON; \"-\" for standard output");
+      *addOut(command, "out", options->To, isImport ? "class dictionary" : "JSON; \"-\" for standard output");
   if (isImport || !common::CanHaveServer()) out.required();  // an export of a server has one name alone
   command.add_flag("--force", options->Force, "replace the file also when it is something else");
+  AddVerbosity(command, options->Tells, "say what was written");
   if (!isImport && common::CanHaveServer()) AddServerToExport(command, *options);
   command.callback([&task, options, isImport] {
-    CheckExport(*options);
+    if (!isImport) CheckExport(*options);
     if (options->To.empty()) throw CLI::RequiredError("out");
     task = {[options, isImport] { return isImport ? Import(*options) : Export(*options); }, options->From,
             isImport || options->To != "-"};

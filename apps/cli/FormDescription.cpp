@@ -28,6 +28,7 @@ using adapters::dictionary::JsonIterator;
 using support::InputError;
 
 constexpr int DeepestDescription = 16;
+constexpr const char* Meant = "a form description is an object with \"class\" and \"fields\", or an array of them";
 constexpr int MostRows = std::numeric_limits<std::int16_t>::max();
 
 // A value as it is met, or the beginning of an object or an array.
@@ -142,12 +143,12 @@ class ShownValue {
   int depth_ = 0;
 };
 
-// Fills a form description as its text is read. What is wrong with a value waits until all of the text was found to be
+// Makes form descriptions as their text is read. What is wrong with a value waits until all of the text was found to be
 // JSON that is not nested too deeply.
 class Reader : public nlohmann::json_sax<Json> {
  public:
-  // `name` is that of the input, in messages. All must outlive the reader.
-  Reader(FormDescription& form, JsonInput& input, const std::string& name) : form_(form), input_(input), name_(name) {}
+  // `name` is that of the input, in messages. Both must outlive the reader.
+  Reader(JsonInput& input, const std::string& name) : input_(input), name_(name) {}
 
   bool null() override { return Take({Token::Kind::Null, "null"}); }
   bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
@@ -187,21 +188,22 @@ class Reader : public nlohmann::json_sax<Json> {
     if (dynamic_cast<const Json::out_of_range*>(&error)) {
       throw InputError(At(input_.BeginOfValue()) + ": this number is out of range; write a smaller one");
     }
-    throw InputError(At(input_.Here()) +
-                     ": this is not valid JSON; a form description is an object with \"class\" and \"fields\"");
+    throw InputError(At(input_.Here()) + ": this is not valid JSON; " + Meant);
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.
-  void Check(bool isWhole) {
+  std::vector<FormDescription> Take(bool isWhole) {
     if (!isWhole) {
-      throw InputError(At(input_.Here()) + ": nested more than " + std::to_string(DeepestDescription) +
-                       " deep; a form description is an object with \"class\" and \"fields\"");
+      throw InputError(At(input_.Here()) + ": nested more than " + std::to_string(DeepestDescription) + " deep; " +
+                       Meant);
     }
     if (HasFailed()) throw InputError(problem_ + shown_.Text());
+    if (forms_.empty()) throw InputError(name_ + ": no form is described in this array; write one object a form");
+    return std::move(forms_);
   }
 
  private:
-  enum class Part : std::uint8_t { Root, Settings, Fields, Field, Combo };
+  enum class Part : std::uint8_t { Forms, Form, Settings, Fields, Field, Combo };
 
   // An object or array that has begun.
   struct Frame {
@@ -225,8 +227,10 @@ class Reader : public nlohmann::json_sax<Json> {
     if (!HasFailed()) value.Where = At(input_.BeginOfValue());
     if (HasFailed()) {
       if (shown_.IsOpen()) shown_.Add(value);
-    } else if (frames_.empty()) {
-      value.Is == Token::Kind::Object ? Begin(Part::Root, RootMembers) : Fail("an object", value);
+    } else if (frames_.empty() && value.Is == Token::Kind::Array) {
+      Begin(Part::Forms, {});
+    } else if (frames_.empty() || frames_.back().Is == Part::Forms) {
+      TakeForm(value);
     } else if (frames_.back().Is == Part::Settings) {
       TakeSetting(value);
     } else if (frames_.back().Is == Part::Fields) {
@@ -237,13 +241,19 @@ class Reader : public nlohmann::json_sax<Json> {
     return Go();
   }
 
+  void TakeForm(const Token& value) {
+    if (value.Is != Token::Kind::Object) return Fail(frames_.empty() ? "an object or an array" : "an object", value);
+    forms_.emplace_back().Source = frames_.empty() ? name_ : value.Where;
+    Begin(Part::Form, RootMembers);
+  }
+
   void TakeMember(const Token& value) {
     Frame& object = frames_.back();
     const Member& member = *object.Current;
     const std::string expected = ExpectedInsteadOf(value, member.Value);
     if (!expected.empty()) return Fail(expected, value);
     object.Seen |= 1U << static_cast<unsigned>(object.Current - object.Members.begin());
-    member.Set(form_, value);
+    member.Set(forms_.back(), value);
     if (member.Value == Takes::Settings) Begin(Part::Settings, {});
     if (member.Value == Takes::Fields) Begin(Part::Fields, {});
     if (member.Value == Takes::Combo) Begin(Part::Combo, ComboMembers);
@@ -255,7 +265,7 @@ class Reader : public nlohmann::json_sax<Json> {
     if (value.Is != Token::Kind::Text && value.Is != Token::Kind::Boolean && value.Is != Token::Kind::Integer) {
       return Fail("a text, a whole number, true or false", value);
     }
-    std::string& text = form_.Settings[key];
+    std::string& text = forms_.back().Settings[key];
     text = value.Is == Token::Kind::Boolean ? runtime::Text(value.Integer != 0) : std::string(value.Text);
     try {
       CheckSetting(value.Where + PathTo(frames_.size()), key, text);
@@ -271,9 +281,10 @@ class Reader : public nlohmann::json_sax<Json> {
                                  : value.Is == Token::Kind::Object ? ""
                                                                    : "a property's name or an object";
     if (!expected.empty()) return Fail(expected, value);
-    form_.Fields.emplace_back();
+    std::vector<FieldChoice>& fields = forms_.back().Fields;
+    fields.emplace_back();
     if (isText) {
-      form_.Fields.back().Property = value.Given();
+      fields.back().Property = value.Given();
       ++frames_.back().Count;
     } else {
       Begin(Part::Field, FieldMembers);
@@ -297,19 +308,22 @@ class Reader : public nlohmann::json_sax<Json> {
                  "\" is missing";
     }
     frames_.pop_back();
-    if (!frames_.empty() && frames_.back().Is == Part::Fields) ++frames_.back().Count;
+    if (!frames_.empty() && IsArray(frames_.back())) ++frames_.back().Count;
     return Go();
   }
+
+  static bool IsArray(const Frame& frame) { return frame.Is == Part::Forms || frame.Is == Part::Fields; }
 
   std::string At(adapters::dictionary::Place place) const {
     return name_ + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
   }
-  // ": fields[0].rows", down to the member or element that so many frames are at.
+  // ": fields[0].rows" or ": [1].fields[0].rows", down to the member or element that so many frames are at.
   std::string PathTo(std::size_t frameCount) const {
     std::string path;
     for (std::size_t i = 0; i < frameCount; ++i) {
       const Frame& frame = frames_[i];
-      path += frame.Is == Part::Fields ? "[" + std::to_string(frame.Count) + "]" : (i == 0 ? ": " : ".") + frame.Key;
+      if (i == 0) path += ": ";
+      path += IsArray(frame) ? "[" + std::to_string(frame.Count) + "]" : (i == 0 ? "" : ".") + frame.Key;
     }
     return path;
   }
@@ -318,7 +332,7 @@ class Reader : public nlohmann::json_sax<Json> {
     shown_.Add(value);
   }
 
-  FormDescription& form_;
+  std::vector<FormDescription> forms_;
   JsonInput& input_;
   const std::string& name_;
   std::vector<Frame> frames_;
@@ -329,15 +343,14 @@ class Reader : public nlohmann::json_sax<Json> {
 
 }  // namespace
 
-FormDescription ReadFormDescription(const std::string& file) {
+std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
   const std::string text = ReadText(file, "form description", system::LargestDescription);
-  FormDescription form;
-  form.Source = NameOf(file);
+  const std::string name = NameOf(file);
   std::istringstream in(text);
-  JsonInput input(in, form.Source);
-  Reader reader(form, input, form.Source);
-  reader.Check(Json::sax_parse(JsonIterator(input), JsonIterator(), &reader));
-  return form;
+  JsonInput input(in, name);
+  Reader reader(input, name);
+  const bool isWhole = Json::sax_parse(JsonIterator(input), JsonIterator(), &reader);
+  return reader.Take(isWhole);
 }
 
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {

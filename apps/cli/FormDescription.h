@@ -34,16 +34,17 @@ struct FieldChoice {
 using SettingTexts = std::map<std::string, std::string>;
 
 struct FormDescription {
-  std::string Source;  // the file it comes from, or "--class": begins messages about it as a whole
+  std::string
+      Source;  // the file it comes from, with its place in an array, or "--class": begins messages about all of it
   GivenText Class;
   SettingTexts Settings;
   std::vector<FieldChoice> Fields;
 };
 
-// The description in a JSON file or a pipe, "-" for standard input, of at most 16 MiB and a depth of 16.
-// support::InputError names the file, line and column, counted from 1, of what is wrong, the path of a wrong value, and
-// what was expected.
-FormDescription ReadFormDescription(const std::string& file);
+// The description in a JSON file or a pipe, "-" for standard input, or those of an array, of at most 16 MiB and a depth
+// of 16. support::InputError names the file, line and column, counted from 1, of what is wrong, the path of a wrong
+// value, and what was expected.
+std::vector<FormDescription> ReadFormDescriptions(const std::string& file);
 
 // Checks a setting's name and value as the wizard's own settings dialog would; support::InputError otherwise. `where`
 // begins the message.

@@ -42,6 +42,7 @@ struct GenerateOptions : ProjectOptions {
   std::string Class, System, Journal, DescriptionsFrom;
   std::vector<std::string> Fields, Settings, Descriptions;
   bool DryRun = false, Diff = false, Check = false, Json = false, Force = false;
+  Verbosity Tells;
 };
 
 SettingTexts SettingsFromOptions(const std::vector<std::string>& settings) {
@@ -159,14 +160,17 @@ class Run {
     if (!result.Failures.empty()) incomplete_ = true;
     if (const auto kept = project_.CodeKeptIn(result.Component)) {
       result.Notes.push_back(vb6files::NoteOn(result.Component, *kept));
-      std::cerr << "ostrel-form-wizard: note: " << support::Shown(result.Notes.back()) << '\n';
+      if (!options_.Tells.Quiet) {
+        std::cerr << "ostrel-form-wizard: note: " << support::Shown(result.Notes.back()) << '\n';
+      }
     }
     project_.FinishForms();
     result.Files = ReportChanges();
     if (options_.Json) {
       summary_.Add(result, state.Form, state.Settings, measure_);
-    } else if (!options_.Diff) {
+    } else if (!options_.Diff && !options_.Tells.Quiet) {
       report_.Add(LineOf(result, state.Form));
+      if (options_.Tells.Verbose) report_.Add(FieldLinesOf(state.Form));
     }
     if (!writes_) PrintReport();
   }
@@ -185,7 +189,7 @@ class Run {
       const std::string name = support::Escaped(change.Path);
       if (options_.Diff) {
         report_.Add(UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New));
-      } else if (!options_.Json) {
+      } else if (!options_.Json && !options_.Tells.Quiet) {
         report_.Add(LineOf(change, writes_));
       }
     }
@@ -206,7 +210,7 @@ class Run {
     if (options_.Json) summary_.PrintTo(std::cout, warnings_, options_.Project);
     common::FlushOutput();
     if (incomplete_) return Incomplete;
-    return options_.Check && changesFiles_ ? Incomplete : Done;
+    return options_.Check && changesFiles_ ? common::Differs : Done;
   }
 
   void KeepJournal() {
@@ -214,7 +218,7 @@ class Run {
   }
 
   void Warn(const std::string& message) {
-    std::cerr << "ostrel-form-wizard: warning: " << support::Shown(message) << '\n';
+    if (!options_.Tells.Quiet) std::cerr << "ostrel-form-wizard: warning: " << support::Shown(message) << '\n';
     warnings_.push_back(message);
   }
 
@@ -251,7 +255,9 @@ class Run {
 // The name of a description is not needed any longer than the description itself.
 void MakeAll(Run& run, GenerateOptions& options) {
   if (options.Descriptions.empty()) run.Make(DescriptionFromOptions(options));
-  for (std::string& file : options.Descriptions) run.Make(ReadFormDescription(std::exchange(file, "")));
+  for (std::string& file : options.Descriptions) {
+    for (const FormDescription& form : ReadFormDescriptions(std::exchange(file, ""))) run.Make(form);
+  }
 }
 
 int Generate(GenerateOptions& options) {
@@ -282,15 +288,16 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
       ->allow_extra_args(false)
       ->type_name("KEY=VALUE");
   AddSurroundings(command, options);
-  command.add_flag("--dry-run", options.DryRun, "write nothing, say what would be written");
+  command.add_flag("-n,--dry-run", options.DryRun, "write nothing, say what would be written");
   command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
   command.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");
   AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
   command.add_flag("--json", options.Json, "show the summary as JSON");
-  AddFile(command, "--descriptions-from", options.DescriptionsFrom,
-          "a list of form descriptions, one path a line, \"-\" for standard input");
+  AddVerbosity(command, options.Tells, "show the fields of each form, too, and where settings come from");
+  AddStream(command, "--descriptions-from", options.DescriptionsFrom,
+            "a list of form descriptions, one path a line, \"-\" for standard input");
   command
       .add_option("descriptions", options.Descriptions,
                   "form descriptions in JSON or folders of them, \"-\" for standard input")

@@ -47,9 +47,9 @@ std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 a form is incomplete, --check found something to write, doctor a fault, the wizard\n"
-      "was cancelled or what came after saving failed, 2 wrong usage, 3 an input is missing or invalid, 4 saving\n"
-      "failed and nothing was changed.");
+      "Exit status: 0 done, 1 --check found a difference or doctor a fault, 2 wrong usage, 3 an input is missing or\n"
+      "invalid, 4 saving failed and nothing was changed, 5 a form is incomplete, the wizard was cancelled or what\n"
+      "came after saving failed.");
   for (AddCommand* add : Commands) add(app, task);
   try {
     std::ranges::reverse(arguments);  // as the parser wants them

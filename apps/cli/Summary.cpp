@@ -57,8 +57,20 @@ std::string TextOf(const Json& json) { return json.dump(Indentation, ' ', false,
 }  // namespace
 
 std::string LineOf(const FormResult& result, const model::FormModel& form) {
-  return support::Escaped(result.Component) + ": " + std::to_string(form.SelectedFields.UpperBound().Value()) +
-         " fields of " + support::Escaped(form.ClassName) + (result.Failures.empty() ? "\n" : ", incomplete\n");
+  const auto fields = static_cast<std::size_t>(form.SelectedFields.UpperBound().Value());
+  return support::Escaped(result.Component) + ": " + support::Counted(fields, "field") + " of " +
+         support::Escaped(form.ClassName) + (result.Failures.empty() ? "\n" : ", incomplete\n");
+}
+
+std::string FieldLinesOf(const model::FormModel& form) {
+  std::string lines;
+  for (const Int16 index : form.SelectedFields) {
+    const model::FieldRecord& field = form.Fields[index];
+    const auto rows = static_cast<std::size_t>(field.RowCount.Value());
+    lines += "  " + support::Escaped(field.DisplayName) + ": " + support::Escaped(field.ControlName) + ", " +
+             support::Counted(rows, "row") + '\n';
+  }
+  return lines;
 }
 
 std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten) {

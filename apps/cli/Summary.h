@@ -23,6 +23,8 @@ struct FormResult {
 // What a form has become, and what becomes of a file that changed, as a line for people.
 std::string LineOf(const FormResult& result, const model::FormModel& form);
 std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten);
+// What became of each field of the form, in order, a line each.
+std::string FieldLinesOf(const model::FormModel& form);
 
 // The JSON summary of a run, written form by form.
 class Summary {

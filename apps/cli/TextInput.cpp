@@ -3,6 +3,7 @@
 #include "support/Failures.h"
 #include "system/FileSystem.h"
 #include "system/Paths.h"
+#include "system/Utf8Input.h"
 
 #include <array>
 #include <filesystem>
@@ -15,6 +16,24 @@ namespace {
 
 using support::InputError;
 
+// Owns all that it reads through.
+class TextFile : public std::istream {
+ public:
+  explicit TextFile(const std::string& file)
+      : std::istream(nullptr), name_(NameOf(file)), in_(file == "-" ? std::cin : file_), text_(in_, name_) {
+    if (file != "-") file_.open(system::NativePath(file), std::ios::binary);
+    rdbuf(&text_);
+    exceptions(std::ios::badbit);  // what the buffer raises is not to be lost
+    if (!in_) setstate(std::ios::failbit);
+  }
+
+ private:
+  std::string name_;
+  std::ifstream file_;
+  std::istream& in_;
+  system::Utf8Input text_;
+};
+
 std::string ReadStream(std::istream& in, const std::string& name, const std::string& what, std::size_t most) {
   std::string text;
   std::array<char, 4096> part;  // NOLINT(cppcoreguidelines-pro-type-member-init): only what was read is looked at
@@ -24,7 +43,6 @@ std::string ReadStream(std::istream& in, const std::string& name, const std::str
     throw InputError(std::string(name).append(": a ").append(what).append(" has at most ") + std::to_string(most) +
                      " bytes");
   }
-  if (in.bad()) throw InputError(name + ": reading the " + what + " failed");
   return text;
 }
 
@@ -32,8 +50,10 @@ std::string ReadStream(std::istream& in, const std::string& name, const std::str
 
 std::string NameOf(const std::string& file) { return file == "-" ? "standard input" : file; }
 
+std::unique_ptr<std::istream> OpenText(const std::string& file) { return std::make_unique<TextFile>(file); }
+
 std::string ReadText(const std::string& file, const std::string& what, std::size_t most) {
-  if (file == "-") return ReadStream(std::cin, NameOf(file), what, most);
+  if (file == "-") return ReadStream(*OpenText(file), NameOf(file), what, most);
   if (!system::RealFileSystem().StampOf(file)) throw InputError(file + ": there is no such file; check the path");
   namespace fs = std::filesystem;
   std::error_code error;
@@ -41,9 +61,9 @@ std::string ReadText(const std::string& file, const std::string& what, std::size
   if (!error && type != fs::file_type::regular && type != fs::file_type::fifo) {
     throw InputError(file + ": this is a folder or a device; a " + what + " is a file, or \"-\"");
   }
-  std::ifstream in(system::NativePath(file), std::ios::binary);
-  if (!in) throw InputError(file + ": the " + what + " cannot be read; check the permissions");
-  return ReadStream(in, file, what, most);
+  const auto in = OpenText(file);
+  if (!*in) throw InputError(file + ": the " + what + " cannot be read; check the permissions");
+  return ReadStream(*in, file, what, most);
 }
 
 }  // namespace formwizard::apps::cli

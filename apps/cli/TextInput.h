@@ -2,14 +2,21 @@
 #pragma once
 
 #include <cstddef>
+#include <istream>
+#include <memory>
 #include <string>
 
 namespace formwizard::apps::cli {
 
-// "-" is standard input; a pipe will do, as a shell makes one of a command's output. `what` is said in messages, such
-// as "form description". support::InputError, which names the file, when there is none, it cannot be read, is a folder
-// or a device, or holds more than `most` bytes.
+// "-" is standard input. All texts are read as UTF-8, whichever Unicode they are written in (see system::Utf8Input).
+
+// A pipe will do, as a shell makes one of a command's output. `what` is said in messages, such as "form description".
+// support::InputError, which names the file, when there is none, it cannot be read, is a folder or a device, or holds
+// more than `most` bytes.
 std::string ReadText(const std::string& file, const std::string& what, std::size_t most);
+
+// The same for a text of any length. A stream that has failed could not be opened; reading raises support::InputError.
+std::unique_ptr<std::istream> OpenText(const std::string& file);
 
 // As messages call it.
 std::string NameOf(const std::string& file);

@@ -12,13 +12,36 @@ namespace formwizard::apps::common {
 namespace dictionary = adapters::dictionary;
 namespace sqlite = adapters::sqlite;
 
+namespace {
+
+class CountingStore : public wizard::factory::DictionaryStore {
+ public:
+  CountingStore(DictionaryStore& store, RowCounts& counts) : store_(store), counts_(counts) {}
+
+  void Add(wizard::factory::Table table, const wizard::factory::Row& row) override {
+    ++counts_.at(static_cast<std::size_t>(table));
+    store_.Add(table, row);
+  }
+
+ private:
+  DictionaryStore& store_;
+  RowCounts& counts_;
+};
+
+}  // namespace
+
 std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path) {
   return wizard::factory::Checked(sqlite::OpenDictionary(path), path);
 }
 
-void ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force) {
+RowCounts ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force) {
+  RowCounts counts{};
   sqlite::MakeDictionary(target, force ? sqlite::Replacing::AnyFile : sqlite::Replacing::Dictionaries,
-                         [&](auto& store) { dictionary::ReadDictionary(in, source, store); });
+                         [&](wizard::factory::DictionaryStore& store) {
+                           CountingStore counting(store, counts);
+                           dictionary::ReadDictionary(in, source, counting);
+                         });
+  return counts;
 }
 
 void ExportDictionary(const std::string& path, std::ostream& out) {

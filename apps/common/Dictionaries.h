@@ -1,8 +1,11 @@
 // Class dictionaries as the programs use them: the JSON form joined to the store.
 #pragma once
 
+#include "wizard/factory/Dictionary.h"
 #include "wizard/factory/Factory.h"
 
+#include <array>
+#include <cstddef>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -13,10 +16,13 @@ namespace formwizard::apps::common {
 // does a file that cannot be read.
 std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path);
 
+// The rows of a dictionary, by table.
+using RowCounts = std::array<std::size_t, wizard::factory::TableCount>;
+
 // Makes the dictionary `target` of JSON, which messages call `source`. What is no dictionary is only replaced by force.
 // support::InputError for what is wrong in the JSON, support::SaveError when the dictionary cannot be written; the old
 // one is then as it was.
-void ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force = false);
+RowCounts ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force = false);
 
 // Writes a dictionary as JSON, also one that holds names which OpenDictionary refuses: so they can be corrected.
 void ExportDictionary(const std::string& path, std::ostream& out);

@@ -10,10 +10,11 @@ namespace formwizard::apps::common {
 // The documented exit statuses.
 enum ExitStatus : int {
   Done = 0,
-  Incomplete = 1,  // saved, but not all went well, or with --check something would be written
+  Differs = 1,  // what was looked at is not as it should be; nothing else ends so
   WrongUsage = 2,
   InvalidInput = 3,
-  NotSaved = 4,
+  NotSaved = 4,    // and nothing was changed
+  Incomplete = 5,  // saved, but not all went well, or nothing was made because the user gave up
 };
 
 // A command line that makes no sense; its message says what is wrong.

@@ -13,7 +13,7 @@ int Doctor(const DoctorOptions& options, std::ostream& out, Checks checks, const
   }
   const std::vector<Finding> findings = MakeChecks(checks, programs, options.Fix);
   (options.Json ? WriteJson : WriteText)(checks, findings, out);
-  return IsFailure(checks, findings, options.Strict) ? common::Incomplete : common::Done;
+  return IsFailure(checks, findings, options.Strict) ? common::Differs : common::Done;
 }
 
 }  // namespace formwizard::apps::doctor

@@ -20,7 +20,7 @@ struct DoctorOptions {
 Checks SystemChecks();
 Programs SystemPrograms();
 
-// An exit status: Done or, for a failure, Incomplete. Without Fix nothing is changed.
+// An exit status: Done or, for a failure, Differs. Without Fix nothing is changed.
 int Doctor(const DoctorOptions& options, std::ostream& out, Checks checks = SystemChecks(),
            const Programs& programs = SystemPrograms());
 

@@ -114,7 +114,7 @@ _ostrel_form_wizard() {
     if ((cword == i + 1)); then
       _ostrel_form_wizard_words '--help import export'
     elif [[ $cur == -?* ]]; then
-      _ostrel_form_wizard_words '--help --force'
+      _ostrel_form_wizard_words '--help --force --quiet --verbose'
     elif [[ ${words[i + 1]} == import && $cword -eq $((i + 2)) || ${words[i + 1]} == export && $cword -eq $((i + 3)) ]]; then
       _filedir json
     else
@@ -136,7 +136,8 @@ _ostrel_form_wizard() {
     generate)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
-          --allow-incomplete --profile --language --descriptions-from --dry-run --diff --check --journal --force --json'
+          --allow-incomplete --profile --language --descriptions-from --dry-run --diff --check --journal --force --json
+          --quiet --verbose'
       else
         _filedir json
       fi

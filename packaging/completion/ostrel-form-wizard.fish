@@ -123,7 +123,9 @@ __ostrel_form_wizard_option --allow-incomplete generate 'make forms also without
 __ostrel_form_wizard_option --profile "$in_project" 'the settings file' -xa '(__ostrel_form_wizard_files ini)'
 __ostrel_form_wizard_option --language "$in_project" 'three-letter language of the texts' -xa \
     '(__ostrel_form_wizard_languages)'
-__ostrel_form_wizard_option --dry-run generate 'write nothing, say what would be written'
+__ostrel_form_wizard_option --dry-run generate 'write nothing, say what would be written' -s n
+__ostrel_form_wizard_option --quiet 'generate dictionary' 'say nothing but errors' -s q
+__ostrel_form_wizard_option --verbose 'generate dictionary' 'say more' -s v
 __ostrel_form_wizard_option --diff generate 'show the changes of every file as a unified diff'
 __ostrel_form_wizard_option --check generate 'write nothing, exit with status 1 when something would be written'
 __ostrel_form_wizard_option --descriptions-from generate 'a list of form descriptions, one path a line' -rF

@@ -1,4 +1,6 @@
 // Import and export by the program itself, run as a user runs it.
+#include "system/Text.h"
+#include "system/Utf8Input.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
@@ -6,8 +8,12 @@
 #include <doctest/doctest.h>
 
 #include <filesystem>
+#include <iterator>
+#include <sstream>
 
 using namespace formwizard::tests;
+using namespace std::string_literals;
+using formwizard::system::Utf16, formwizard::system::Utf8;
 
 namespace {
 
@@ -32,6 +38,33 @@ TEST_CASE("A dictionary is written to a file or to standard output, from which i
   CHECK(ReadFile(place.Folder / "Ausfuhr 項目.json") == shown.Out);
   CHECK(place.Run("dictionary import \"Ausfuhr 項目.json\" d.sqlite").Status == 0);
   CHECK(place.Run("dictionary export d.sqlite -").Out == shown.Out);
+  CHECK(place.Run("dictionary import d.json -").Status == 2);
+}
+
+TEST_CASE("Texts are read in every Unicode that a shell writes") {
+  const Place place;
+  const std::string exported = place.Run("dictionary export d.sqlite -").Out;
+  std::u16string text = Utf16(exported);
+  text.resize(32'767, u' ');
+  text += u"\xD835\xDC9C";  // whose halves the end of a block parts, unless there is a mark
+  for (const auto& [mark, high] : {std::pair{"\xFF\xFE"s, 1U}, {""s, 1U}, {"\xFE\xFF"s, 0U}, {""s, 0U}}) {
+    std::string bytes = mark;
+    for (const char16_t unit : text) {
+      bytes += static_cast<char>(high == 1 ? unit & 0xFF : unit >> 8);
+      bytes += static_cast<char>(high == 1 ? unit >> 8 : unit & 0xFF);
+    }
+    std::istringstream in(bytes);
+    const std::string name = "in";
+    formwizard::system::Utf8Input input(in, name);
+    CHECK(std::string(std::istreambuf_iterator<char>(&input), {}) == Utf8(std::u16string_view(text)));
+    bytes.resize(mark.size() + 2 * Utf16(exported).size());
+    WriteFile(place.Folder / "wide.json", bytes);
+    CHECK(place.Run("dictionary import -v wide.json e.sqlite").Out ==
+          "wrote e.sqlite: 2 systems, 8 classes, 39 properties, 7 queries\n");
+    CHECK(place.Run("dictionary export e.sqlite -").Out == exported);
+  }
+  WriteFile(place.Folder / "marked.json", "\xEF\xBB\xBF" + exported);
+  CHECK(place.Run("dictionary import marked.json e.sqlite").Status == 0);
 }
 
 TEST_CASE("What is not theirs is not overwritten by import and export, unless by force") {

@@ -93,7 +93,7 @@ TEST_CASE("A form made in the dialogs is saved and told of, a cancelled one leav
     Choose();
     Press(VK_ESCAPE);
   });
-  CHECK(cancelled.Status == 1);
+  CHECK(cancelled.Status == 5);
   CHECK(cancelled.Out.empty());
   CHECK(cancelled.Error == "ostrel-form-wizard: " + place.Project + ": no form was made; the project is as it was\n");
   CHECK(ReadFile(journal).empty());

@@ -89,7 +89,7 @@ class Site {
       CHECK(made.Status == Killed);
     } else if (made.Status == 0) {
       CheckSaved(state);
-    } else if (made.Status == 1) {
+    } else if (made.Status == 5) {
       CHECK(Has(made.Error, "was saved"));
       CheckSaved(state);
     } else {
