@@ -112,8 +112,12 @@ Section "Command line"
   File "${STAGE}\README.txt"
   File "${STAGE}\INSTALL.txt"
   File "${STAGE}\WINDOWS.txt"
+  File "${STAGE}\GENERATED-FORMS.txt"
   File "${STAGE}\LICENSE.txt"
   File "${STAGE}\NOTICES.txt"
+  SetOutPath $INSTDIR\docs
+  File "${STAGE}\docs\dictionary.schema.json"
+  File "${STAGE}\docs\form-description.schema.json"
   SetOutPath $INSTDIR\samples
   File "${STAGE}\samples\dictionary.json"
   File "${STAGE}\samples\toolbox.ini"

@@ -1,0 +1,41 @@
+# Pages of this working copy as packages hold them.
+
+# Sets RESULT to the text of a page, named from the root, as it is without the sources: passages between
+# <!-- sources --> and <!-- /sources --> are left out, and of links to files that are not KEPT, a regular expression of
+# their paths from the root, the words stay.
+function(formwizard_packaged_page result page kept)
+  file(READ ${PROJECT_SOURCE_DIR}/${page} text)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${page})
+  set(rest "")
+  while(text MATCHES "^(.*)<!-- sources -->\n(.*)$")
+    set(text "${CMAKE_MATCH_1}")
+    string(FIND "${CMAKE_MATCH_2}" "<!-- /sources -->\n" end)
+    if(end EQUAL -1)
+      message(FATAL_ERROR "${page}: a passage has no <!-- /sources --> on a line")
+    endif()
+    math(EXPR end "${end} + 18")
+    string(SUBSTRING "${CMAKE_MATCH_2}" ${end} -1 after)
+    string(PREPEND rest "${after}")
+  endwhile()
+  string(APPEND text "${rest}")
+
+  get_filename_component(folder ${PROJECT_SOURCE_DIR}/${page} DIRECTORY)
+  set(rest "")
+  while(text MATCHES "^(.*)\\[([^][]*)\\]\\(([^() ]*)\\)(.*)$")
+    set(text "${CMAKE_MATCH_1}")
+    set(words "${CMAKE_MATCH_2}")
+    set(target "${CMAKE_MATCH_3}")
+    string(PREPEND rest "${CMAKE_MATCH_4}")
+    string(REGEX REPLACE "#.*" "" file "${target}")
+    get_filename_component(file "${folder}/${file}" ABSOLUTE)
+    file(RELATIVE_PATH file ${PROJECT_SOURCE_DIR} "${file}")
+    if(target MATCHES "^(#|https?:)" OR file MATCHES "${kept}")
+      set(words "[${words}](${target})")
+    else()
+      string(REGEX REPLACE "!$" "" text "${text}")
+    endif()
+    string(PREPEND rest "${words}")
+  endwhile()
+  string(REGEX REPLACE "\n+$" "" text "${text}${rest}")  # the last one is added with the file
+  set(${result} "${text}" PARENT_SCOPE)
+endfunction()
