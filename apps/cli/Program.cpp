@@ -1,6 +1,7 @@
 #include "apps/cli/Program.h"
 
 #include "apps/cli/Commands.h"
+#include "apps/cli/UsageErrors.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
 #include "support/Messages.h"
@@ -33,7 +34,7 @@ int EndOfParsing(const CLI::App& app, const CLI::ParseError& end) {
   std::ostringstream out;
   std::ostringstream wrong;
   if (app.exit(end, out, wrong) != 0) {
-    return Say({common::WrongUsage, std::string(end.what()) + "; see \"ostrel-form-wizard --help\""});
+    return Say({common::WrongUsage, Explained(app, end)});
   }
   std::cout << out.str();
   common::FlushOutput();

@@ -289,9 +289,10 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{name + " --set Columns=5", 2, "Columns must be a whole number from 1 to 4, found \"5\""},
         Case{name + " --set Menu=maybe", 2, "Menu must be 1, 0, True or False"},
         Case{name + " --set Colour=1", 2, "there is no setting \"Colour\""},
-        Case{"--nonsense", 2, "--nonsense"},
         Case{name + " -qv", 2, "--quiet"},
         Case{name + " --toolbox -", 2, "--toolbox: this is a file that is read in any order or replaced as a whole"},
+        Case{"--class Sample.Person --feilds Name", 2,
+             "generate: there is no option \"--feilds\"; available: --fields, "},
         Case{"--class Sample.Nobody --fields Name", 3,
              "no persistent class \"Sample.Nobody\"; available: Sample.Company, Sample.P"},
         Case{name + ",Colour", 3,
@@ -482,7 +483,28 @@ TEST_CASE("The dictionary can be looked at") {
     CHECK_MESSAGE(Has(shown.Error, likeliest), shown.Error);
   }
   CHECK(work.Run("--version").Out.starts_with("ostrel-form-wizard "));
-  CHECK(work.Run("").Status == 2);
+}
+
+TEST_CASE("A command or option that is mistyped is named with the likeliest, whatever else is missing") {
+  const Workplace work;
+  for (const auto& [line, message] :
+       {std::pair{"", "name a command; available: generate, wizard,"},
+        {"generat --project x", "there is no command \"generat\"; available: generate, "},
+        {"--versoin", "there is no option \"--versoin\" in front of a command; available: --version, --help; see"},
+        {"--dictionary x classes", "classes: --dictionary belongs behind the command; see"},
+        {"dictionary imprt a b", "dictionary: there is no command \"imprt\"; available: import, export; see"},
+        {"dictionary import a b c", "dictionary import: \"c\" is one argument too many; see \"ostrel-form-wizard dict"},
+        {"properties --dictonary=a", "there is no option \"--dictonary\"; available: --dictionary, "},
+        {"properties --dictionary a", "properties: --class is required; see \"ostrel-form-wizard properties --help\""},
+        {"classes --dictionary", "classes: --dictionary needs a value behind it"},
+        {"classes --dictionary a --dictionary b", "--dictionary is given more than once"},
+        {"classes --json=x", "--json takes no value"},
+        {"generate --code-page x", "--code-page = x: this is not a number"}}) {
+    const Outcome made = work.Run(line);
+    CHECK_MESSAGE(made.Status == 2, line);
+    CHECK_MESSAGE(made.Error.starts_with("ostrel-form-wizard: "), made.Error);
+    CHECK_MESSAGE(Has(made.Error, message), made.Error);
+  }
 }
 
 TEST_CASE("Forms speak the language that is asked for, in the code page of the project") {
