@@ -46,8 +46,8 @@ void AddSurroundings(CLI::App& command, ProjectOptions& options) {
           "a project (.vbp) that uses the query control, or a file of control libraries");
   AddFile(command, "--profile", options.Profile,
           "the settings file (default: outility.ini beside the program, else in the user's configuration folder)");
-  command.add_option("--language", options.Language, "three-letter language of the texts, such as DEU")
-      ->type_name("ABC");
+  command.add_option("--language", options.Language, "the language of the texts: DEU, de, de_DE or german")
+      ->type_name("LANGUAGE");
 }
 
 void AddAllowIncomplete(CLI::App& command, ProjectOptions& options) {

@@ -14,6 +14,7 @@
 #include "apps/cli/WizardUser.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
+#include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "settings/Profile.h"
@@ -242,7 +243,7 @@ class Run {
                                     .Libraries = *satellites_,
                                     .ProfileFile = profileFile_,
                                     .ProgramFolder = common::ProgramFolder(),
-                                    .Language = options_.Language}};
+                                    .Language = common::LanguageMeant(options_.Language)}};
   std::optional<WizardUser> user_;
   std::vector<vb6files::FileChange> changes_;  // that are not reported yet
   Spool report_;                               // that is not printed yet

@@ -10,6 +10,7 @@
 #include "apps/cli/WizardProgram.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
+#include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
@@ -74,7 +75,7 @@ class Run {
                                      .Libraries = *satellites_,
                                      .ProfileFile = profileFile_,
                                      .ProgramFolder = common::ProgramFolder(),
-                                     .Language = options_.Language});
+                                     .Language = common::LanguageMeant(options_.Language)});
     wizard::frmWizard dialog(services, journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_));
     const bool isFinished = ShowUntilFinished(dialog);
     if (journal_) journal_->Keep();  // also one that tells how far a form came

@@ -1,4 +1,5 @@
 #include "apps/common/Endings.h"
+#include "apps/common/Languages.h"
 #include "apps/common/Platform.h"
 #include "apps/desktop/MainWindow.h"
 #include "apps/desktop/PictureFile.h"
@@ -100,7 +101,7 @@ void AddOptions(QCommandLineParser& parser) {
         "The settings file (default: outility.ini beside the program, else in the user's "
         "configuration folder).",
         "FILE"},
-       {"language", "Three-letter language of the texts, such as DEU.", "ABC"},
+       {"language", "The language of the texts: DEU, de, de_DE or german.", "LANGUAGE"},
        {"code-page", "The Windows code page of the project's files (default: 1252).", "N", "1252"},
        {"toolbox", "A project that uses the query control, or a file of control libraries.", "FILE"},
        {"wizard", "Open the wizard at once."},
@@ -152,7 +153,13 @@ int Run(int argc, char** argv) {
   if (parser.isSet("wizard") && files.isEmpty()) return Misused("--wizard takes a project: --wizard PROJECT.vbp");
 
   const auto value = [&](const char* option) { return Given(parser.value(option)); };
-  MainWindow window({value("profile"), value("language"), value("toolbox"), codePage});
+  std::string language;
+  try {
+    language = common::LanguageMeant(value("language"));
+  } catch (const common::UsageError& error) {
+    return Misused(error.what());
+  }
+  MainWindow window({value("profile"), language, value("toolbox"), codePage});
   window.show();
   window.Open(QString::fromStdString(Given(files.value(0))), QString::fromStdString(value("dictionary")),
               parser.isSet("wizard"));

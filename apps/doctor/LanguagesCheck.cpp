@@ -1,11 +1,10 @@
 // Whether the satellites that are there can be read and have all texts.
 #include "adapters/satellite/StringResources.h"
+#include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/doctor/CommonChecks.h"
 #include "resources/StringTable.h"
-#include "runtime/Conversions.h"
 #include "support/Failures.h"
-#include "support/Strings.h"
 #include "system/FileSystem.h"
 
 #include <algorithm>
@@ -16,14 +15,6 @@ namespace formwizard::apps::doctor {
 namespace {
 
 constexpr bool IsWindows = std::filesystem::path::preferred_separator == '\\';
-
-// The three letters in a satellite's name; empty for any other name.
-std::string LanguageOf(const std::string& name) {
-  const std::string start(support::ApplicationName), end = ".dll";
-  const bool hasLanguage = name.size() == start.size() + 3 + end.size();
-  if (!hasLanguage || !runtime::EqualIgnoringCase(name.substr(0, start.size()), start)) return "";
-  return runtime::EqualIgnoringCase(name.substr(start.size() + 3), end) ? name.substr(start.size(), 3) : "";
-}
 
 // What is wrong with a satellite; empty for nothing.
 std::string FaultOf(const std::string& path) {
@@ -51,7 +42,7 @@ Finding LanguagesIn(const std::string& folder) {
   std::ranges::sort(names);
   std::string whole, faults, commands;
   for (const std::string& name : names) {
-    const std::string language = LanguageOf(name);
+    const std::string language = common::LanguageOfLibrary(name);
     if (language.empty()) continue;
     const std::string fault = FaultOf(folder + name);
     if (fault.empty()) {

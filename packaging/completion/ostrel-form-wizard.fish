@@ -121,7 +121,7 @@ __ostrel_form_wizard_option --toolbox "$in_project" 'a project that uses the que
     "(__ostrel_form_wizard_files '(?:ini|vbp)')"
 __ostrel_form_wizard_option --allow-incomplete generate 'make forms also without the query control'
 __ostrel_form_wizard_option --profile "$in_project" 'the settings file' -xa '(__ostrel_form_wizard_files ini)'
-__ostrel_form_wizard_option --language "$in_project" 'three-letter language of the texts' -xa \
+__ostrel_form_wizard_option --language "$in_project" 'language of the texts' -xa \
     '(__ostrel_form_wizard_languages)'
 __ostrel_form_wizard_option --dry-run generate 'write nothing, say what would be written' -s n
 __ostrel_form_wizard_option --quiet 'generate dictionary' 'say nothing but errors' -s q

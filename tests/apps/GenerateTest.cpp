@@ -510,16 +510,30 @@ TEST_CASE("A command or option that is mistyped is named with the likeliest, wha
 TEST_CASE("Forms speak the language that is asked for, in the code page of the project") {
   const std::string library = Utf8(NativePath(BuiltProgram("ostrel-form-wizard")).parent_path() / "OstrelFormWizard");
   const Workplace work;
-  for (const auto& [language, number] : {std::pair{"DEU", 1252}, std::pair{"FRA", 1252}, std::pair{"JPN", 932},
-                                         std::pair{"KOR", 949}, std::pair{"CHS", 936}, std::pair{"CHT", 950}}) {
-    CAPTURE(language);
+  for (const auto& [language, meant, number] : {std::tuple{"DEU", "german", 1252},
+                                                {"DEA", "de-at.UTF-8", 1252},
+                                                {"FRA", "fr", 1252},
+                                                {"JPN", "ja_JP", 932},
+                                                {"KOR", "\" KOR\"", 949},
+                                                {"CHS", "chs", 936},
+                                                {"CHT", "zh_TW", 950}}) {
+    CAPTURE(meant);
     const auto texts = formwizard::adapters::satellite::ReadStringTable(ReadFile(library + language + ".dll"));
     constexpr int save = 202;
     const std::string caption = formwizard::system::CodePage(number).Encode(texts->at(save));
     const Outcome made =
-        work.Generate(Typical + " --dry-run --diff --language " + language + " --code-page " + std::to_string(number));
+        work.Generate(Typical + " --dry-run --diff --language " + meant + " --code-page " + std::to_string(number));
     CheckDone(made);
     CHECK(Has(made.Out, "Caption         =   \"" + caption + "\""));
+  }
+  CheckDone(work.Generate(Typical + " --dry-run --language en_GB"));
+  for (const char* unknown : {"sv", "klingon", "../DEU"}) {
+    const Outcome made = work.Generate(Typical + " --dry-run --language " + unknown);
+    CHECK(made.Status == 2);
+    CHECK_MESSAGE(Has(made.Error, "--language "s + unknown + ": there are no texts in this language; available: "),
+                  made.Error);
+    CHECK_MESSAGE(Has(made.Error, "DEU (de), "), made.Error);
+    CHECK_FALSE(Has(made.Error, "DEA"));  // the same texts
   }
 }
 
