@@ -19,10 +19,12 @@ class Writer {
 
   Writer(std::ostream& out, Before before) : out_(out), before_(std::move(before)) {}
 
+  // The line of a call. There is one: no call is made while another is carried out.
+  Line& Begin(const CallName& call) { return line_.Begin(call); }
   // Carries the call out and writes its line afterwards, so that a result or an error can stand in it. `onResult` adds
   // what is only known then.
   template <std::invocable Call, typename OnResult>
-  auto Note(Line line, Call&& call, OnResult&& onResult) {
+  auto Note(Line& line, Call&& call, OnResult&& onResult) {
     try {
       if (before_) before_(line.Text());
       auto result = std::forward<Call>(call)();
@@ -35,9 +37,9 @@ class Writer {
     }
   }
   template <std::invocable Call>
-  void Note(Line line, Call&& call) {
+  void Note(Line& line, Call&& call) {
     Note(
-        std::move(line),
+        line,
         [&] {
           std::forward<Call>(call)();
           return 0;
@@ -46,10 +48,14 @@ class Writer {
   }
 
  private:
-  void Write(const Line& line) { out_ << line.Text() << '\n'; }
+  void Write(Line& line) {
+    const std::string_view text = line.End();
+    out_.write(text.data(), static_cast<std::streamsize>(text.size()));
+  }
 
   std::ostream& out_;
   Before before_;
+  Line line_;
 };
 
 std::string_view TypeOf(const ide::PropertyValue& value) {
@@ -63,11 +69,10 @@ class Control : public ide::VBControl {
 
   std::string Name() const override { return Inner->Name(); }
   void SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) override {
-    Line line("VBControl.Properties");
-    line.Add("control", Inner->Name()).Add("name", name.Text());
+    Line& line = writer_.Begin("VBControl.Properties").Add("control", Inner->Name()).Add("name", name.Text());
     if (!std::holds_alternative<std::string_view>(value)) line.Add("type", TypeOf(value));
     line.AddValue("value", value);
-    writer_.Note(std::move(line), [&] { Inner->SetProperty(name, value); });
+    writer_.Note(line, [&] { Inner->SetProperty(name, value); });
   }
   void SetContainer(const std::shared_ptr<ide::VBControl>& container) override;
 
@@ -84,7 +89,7 @@ std::shared_ptr<ide::VBControl> Unwrapped(const std::shared_ptr<ide::VBControl>&
 }
 
 void Control::SetContainer(const std::shared_ptr<ide::VBControl>& container) {
-  writer_.Note(Line("VBControl.Container").Add("control", Inner->Name()).Add("container", container),
+  writer_.Note(writer_.Begin("VBControl.Container").Add("control", Inner->Name()).Add("container", container),
                [&] { Inner->SetContainer(Unwrapped(container)); });
 }
 
@@ -96,7 +101,7 @@ class Controls : public ide::VBControls {
   std::shared_ptr<ide::VBControl> Add(std::string_view progId,
                                       const std::shared_ptr<ide::VBControl>& container) override {
     const auto added = writer_.Note(
-        Line("VBControls.Add").Add("progId", progId).Add("container", container),
+        writer_.Begin("VBControls.Add").Add("progId", progId).Add("container", container),
         [&] { return inner_->Add(progId, Unwrapped(container)); },
         [](Line& line, const auto& control) { line.Add("name", control->Name()); });
     return std::make_shared<Control>(writer_, added);
@@ -113,12 +118,12 @@ class Module : public ide::CodeModule {
 
   Int32 CountOfLines() const override { return inner_->CountOfLines(); }
   void InsertLines(Int32 line, std::string_view text) override {
-    writer_.Note(Line("CodeModule.InsertLines").Add("line", line.Value()).Add("text", text),
+    writer_.Note(writer_.Begin("CodeModule.InsertLines").Add("line", line.Value()).Add("text", text),
                  [&] { inner_->InsertLines(line, text); });
   }
   Int32 CreateEventProc(std::string_view event, std::string_view object) override {
     return writer_.Note(
-        Line("CodeModule.CreateEventProc").Add("event", event).Add("object", object),
+        writer_.Begin("CodeModule.CreateEventProc").Add("event", event).Add("object", object),
         [&] { return inner_->CreateEventProc(event, object); },
         [](Line& line, Int32 created) { line.Add("line", created.Value()); });
   }
@@ -134,12 +139,14 @@ class Component : public ide::VBComponent {
 
   std::string Name() const override { return inner_->Name(); }
   void SetName(std::string_view name) override {
-    writer_.Note(Line("VBComponent.Name").Add("value", name), [&] { inner_->SetName(name); });
+    writer_.Note(writer_.Begin("VBComponent.Name").Add("value", name), [&] { inner_->SetName(name); });
   }
   void SetProperty(const ide::PropertyName& name, const ide::PropertyValue& value) override {
-    writer_.Note(
-        Line("VBComponent.Properties").Add("name", name.Text()).Add("type", TypeOf(value)).AddValue("value", value),
-        [&] { inner_->SetProperty(name, value); });
+    writer_.Note(writer_.Begin("VBComponent.Properties")
+                     .Add("name", name.Text())
+                     .Add("type", TypeOf(value))
+                     .AddValue("value", value),
+                 [&] { inner_->SetProperty(name, value); });
   }
   std::shared_ptr<ide::VBControls> DesignerControls() override {
     std::shared_ptr<ide::VBControls> controls = inner_->DesignerControls();
@@ -147,7 +154,7 @@ class Component : public ide::VBComponent {
   }
   std::shared_ptr<ide::CodeModule> Code() override { return std::make_shared<Module>(writer_, inner_->Code()); }
   void Activate() override {
-    writer_.Note(Line("VBComponent.Activate"), [&] { inner_->Activate(); });
+    writer_.Note(writer_.Begin("VBComponent.Activate"), [&] { inner_->Activate(); });
   }
 
  private:
@@ -167,7 +174,7 @@ class Environment : public ide::Vbe, public ide::VBProject, public ide::VBCompon
   ide::VBComponents& Components() override { return *this; }
 
   void AddToolboxProgID(std::string_view progId) override {
-    writer_.Note(Line("AddToolboxProgID").Add("progId", progId),
+    writer_.Note(writer_.Begin("AddToolboxProgID").Add("progId", progId),
                  [&] { inner_.ActiveVBProject().AddToolboxProgID(progId); });
   }
   std::shared_ptr<ide::VBComponent> Find(std::string_view name) override {
@@ -179,7 +186,7 @@ class Environment : public ide::Vbe, public ide::VBProject, public ide::VBCompon
   }
   std::shared_ptr<ide::VBComponent> Add(ide::ComponentType type) override {
     const auto added = writer_.Note(
-        Line("VBComponents.Add").Add("type", static_cast<int>(type)), [&] { return Inner().Add(type); },
+        writer_.Begin("VBComponents.Add").Add("type", static_cast<int>(type)), [&] { return Inner().Add(type); },
         [](Line& line, const auto& component) { line.Add("name", component->Name()); });
     return std::make_shared<Component>(writer_, added);
   }

@@ -3,43 +3,81 @@
 
 #include "generator/ide/Ide.h"
 
+#include <array>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace formwizard::adapters::journal {
 
-// Written member by member, without a document tree: a form is hundreds of calls. Texts are UTF-8; what is none is
-// replaced by the character for that.
-class Line {
+// What begins a call or a member, whose names are plain letters, as it is written.
+class Beginning {
  public:
-  explicit Line(std::string_view call) {
-    text_.reserve(MostOften);
-    Add("call", call);
+  // Writes it to a place with room for Most bytes, and gives its end.
+  char* PutTo(char* to) const {
+    std::memcpy(to, text_.data(), Most);  // also what is unused: a fixed size is no call
+    return to + size_;
+  }
+  static constexpr std::size_t Most = 48;
+
+ protected:
+  consteval Beginning(std::string_view before, std::string_view name, std::string_view behind) {
+    for (const std::string_view part : {before, name, behind}) {
+      for (const char c : part) text_.at(size_++) = c;
+    }
   }
 
-  // Names of members are plain letters.
-  Line& Add(std::string_view name, std::string_view text);
-  Line& Add(std::string_view name, std::int32_t number);
-  Line& Add(std::string_view name, std::same_as<bool> auto flag) { return AddWritten(name, flag ? "true" : "false"); }
-  Line& AddValue(std::string_view name, const generator::ide::PropertyValue& value);
+ private:
+  std::array<char, Most> text_{};
+  std::size_t size_ = 0;
+};
+
+class CallName : public Beginning {
+ public:
+  template <std::size_t Size>
+  consteval CallName(const char (&name)[Size]) : Beginning(R"({"call":")", {name, Size - 1}, "\"") {}
+};
+
+class MemberName : public Beginning {
+ public:
+  template <std::size_t Size>
+  consteval MemberName(const char (&name)[Size]) : Beginning(",\"", {name, Size - 1}, "\":") {}
+};
+
+// Written member by member into one text, without a document tree: a form is hundreds of calls. Texts are UTF-8; what
+// is none is replaced by the character for that.
+class Line {
+ public:
+  // Every line begins so; the text of the one before is gone.
+  Line& Begin(const CallName& call);
+
+  Line& Add(const MemberName& name, std::string_view text);
+  Line& Add(const MemberName& name, std::int32_t number);
+  Line& Add(const MemberName& name, std::same_as<bool> auto flag) { return AddWritten(name, flag ? "true" : "false"); }
+  Line& AddValue(const MemberName& name, const generator::ide::PropertyValue& value);
   // A control by its name; null for none.
-  Line& Add(std::string_view name, const std::shared_ptr<generator::ide::VBControl>& control);
+  Line& Add(const MemberName& name, const std::shared_ptr<generator::ide::VBControl>& control);
   Line& AddError(const runtime::RuntimeError& error);
 
   // The object as it is so far.
-  std::string Text() const { return text_ + "}"; }
+  std::string Text() const { return buffer_.substr(0, size_) + "}"; }
+  // The whole line with its line break, until the next one begins.
+  std::string_view End();
 
  private:
-  static constexpr std::size_t MostOften = 192;  // bytes
-
-  Line& AddWritten(std::string_view name, std::string_view json);
+  Line& AddWritten(const MemberName& name, std::string_view json);
   void AppendQuoted(std::string_view text);
+  void Append(std::string_view text);
+  void Append(const Beginning& beginning);
+  // Where so many bytes can be written behind the line; `size_` then says how many were.
+  char* Room(std::size_t most);
 
-  std::string text_;
+  std::string buffer_;  // of which the line is the beginning
+  std::size_t size_ = 0;
 };
 
 }  // namespace formwizard::adapters::journal

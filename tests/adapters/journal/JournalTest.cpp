@@ -10,12 +10,12 @@ TEST_CASE("Every changing call is one line of JSON, in call order, with its erro
   MemoryProject ide;
   ide.Refuse = {{"Left", 380}, {"Toolbox", 363}};
   ide::VBProject& project = ide.ActiveVBProject();
-  CHECK(ErrorNumberOf([&] { project.AddToolboxProgID("X"); }) == 363);
+  CHECK(ErrorNumberOf([&] { project.AddToolboxProgID("a plain beginning\b\x1F\x7F\\ \xE0\xA4 é"); }) == 363);
   CHECK(project.Components().Find("none") == nullptr);
   const auto form = project.Components().Add(ide::ComponentType::Form);
   form->SetProperty("ControlBox", true);
   form->SetProperty("Height", Int32(3275));
-  form->SetProperty("Caption", std::string_view("Größe \"1\"\r\n"));
+  form->SetProperty("Caption", std::string_view("Größe \"1\"\r\n\t\x01 and more"));
   const auto frame = form->DesignerControls()->Add("VB.Frame", nullptr);
   const auto label = form->DesignerControls()->Add("VB.Label", frame);
   label->SetProperty("Name", std::string_view("lblA"));
@@ -27,11 +27,12 @@ TEST_CASE("Every changing call is one line of JSON, in call order, with its erro
   form->SetName("frmA");
   form->Activate();
   CHECK(ide.Journal() ==
-        R"({"call":"AddToolboxProgID","progId":"X","error":{"number":363,"description":"refused"}}
+        "{\"call\":\"AddToolboxProgID\",\"progId\":\"a plain beginning\\b\\u001f\x7F\\\\ \xEF\xBF\xBD é"
+        R"(","error":{"number":363,"description":"refused"}}
 {"call":"VBComponents.Add","type":5,"name":"Form1"}
 {"call":"VBComponent.Properties","name":"ControlBox","type":"Boolean","value":true}
 {"call":"VBComponent.Properties","name":"Height","type":"Long","value":3275}
-{"call":"VBComponent.Properties","name":"Caption","type":"String","value":"Größe \"1\"\r\n"}
+{"call":"VBComponent.Properties","name":"Caption","type":"String","value":"Größe \"1\"\r\n\t\u0001 and more"}
 {"call":"VBControls.Add","progId":"VB.Frame","container":null,"name":"Frame1"}
 {"call":"VBControls.Add","progId":"VB.Label","container":"Frame1","name":"Label1"}
 {"call":"VBControl.Properties","control":"Label1","name":"Name","value":"lblA"}
