@@ -31,6 +31,7 @@ bool frmWizard::IsClass(const ui::Node& node) { return node.Key().empty(); }
 void frmWizard::ClearClassList() {
   tvwClasses.Nodes.Clear();
   hasAllClasses_ = false;
+  ForgetOffered();
   ForgetClass();
 }
 

@@ -1,39 +1,32 @@
 #include "runtime/Conversions.h"
-#include "wizard/OfferedProperties.h"
 #include "wizard/TreePictures.h"
 #include "wizard/frmWizard.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace formwizard::wizard {
 namespace {
 
 namespace kind = model::kind;
-using factory::PropertyColumn;
-
-void DescribeOwn(model::FieldRecord& field, factory::ResultSet& row, const settings::Settings& settings) {
-  const std::string name = ToText(row.GetData(PropertyColumn("Name")));
-  field.DisplayName = name;
-  field.PropertyName = name;
-  field.Caption = ToText(row.GetData(PropertyColumn("Caption")));
-  const OfferedKind offered = KindOf(row);
-  field.FieldKind = offered.FieldKind;
-  if (offered.RowsSetting) field.RowCount = settings.*offered.RowsSetting;
-  if (field.FieldKind == kind::ReferenceLabel) field.ReferenceClass = ToText(row.GetData(PropertyColumn("Type")));
+void DescribeOwn(model::FieldRecord& field, const OfferedProperty& property) {
+  field.DisplayName = property.Name;
+  field.PropertyName = property.Name;
+  field.Caption = property.Caption;
+  if (property.Kind.FieldKind == kind::ReferenceLabel) field.ReferenceClass = property.Type;
 }
 
 // A property inside a reference is shown through the reference itself, displaying that column of its object.
-void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, factory::ResultSet& row) {
-  const std::string name = ToText(row.GetData(PropertyColumn("Name")));
-  field.DisplayName = parent.DisplayName + "." + name;
-  field.Caption = parent.Caption + " " + TextOrEmpty(row, "caption");  // lower case, as it is asked for
-  field.FieldKind = KindInside(parent.FieldKind, row).FieldKind;
+void DescribeChild(model::FieldRecord& field, const model::FieldRecord& parent, const OfferedProperty& property) {
+  field.DisplayName = parent.DisplayName + "." + property.Name;
+  field.Caption = parent.Caption + " " + property.Caption;
   if (parent.FieldKind == kind::ReferenceLabel) {
     field.PropertyName = parent.PropertyName;
     field.ReferenceClass = parent.ReferenceClass;
-    field.ReferenceColumn = name;
+    field.ReferenceColumn = property.Name;
   } else {
-    field.PropertyName = parent.PropertyName + "." + name;
+    field.PropertyName = parent.PropertyName + "." + property.Name;
   }
 }
 
@@ -59,7 +52,7 @@ void frmWizard::EnterProperties() {
     ForgetProperties();
     services_.Desktop.ProcessMessages();
     Model().ResetFieldRecords();
-    PopulateAttributeList(nullptr, selectedClass_->Tag, false);
+    PopulateAttributeList(nullptr, selectedClass_->Tag);
     populatedClass_ = selectedClass_->Tag;
   }
   if (lstSelected.ListCount() == 0) Allow(cmdNext, false);
@@ -77,55 +70,69 @@ std::string frmWizard::ConvertKeyNameToIntName(std::string_view name) {
 
 Int16 RecordIndexOf(const ui::Node& node) { return runtime::RoundToInt16(runtime::LeadingNumber(node.Key())); }
 
-void frmWizard::PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly) {
+void frmWizard::PopulateAttributeList(ui::Node* parent, const std::string& className) {
   support::LeaveOnError(
       report_, "PopulateAttributeList",
       [&] {
         SetBusy(true);
         StatusMessage(Text(402));
-        ReadProperties(parent, className, dataTypesOnly);
+        ReadProperties(parent, className);
       },
       [&] { SetBusy(false); });
   SetBusy(false);
   StatusMessage(readyText_);
 }
 
-void frmWizard::ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly) {
+void frmWizard::ReadProperties(ui::Node* parent, const std::string& className) {
+  if (!parent && className == offeredOf_) {
+    for (const OfferedProperty& property : offered_) AddProperty(parent, property);
+    return;
+  }
+  if (!parent) ForgetOffered();
   const auto rows = Factory().ResultSet("%CompiledProperty", "PropertyInfo");
   rows->Execute({className});
   while (rows->Next()) {
-    if (IsOffered(*rows, dataTypesOnly)) AddProperty(parent, *rows);
+    std::optional<OfferedProperty> property = ReadProperty(*rows, parent ? &RecordOf(*parent) : nullptr);
+    if (!property) continue;
+    AddProperty(parent, *property);
+    if (!parent) offered_.push_back(std::move(*property));
   }
   rows->Close();
+  if (!parent) offeredOf_ = className;
 }
 
-void frmWizard::AddProperty(ui::Node* parent, factory::ResultSet& row) {
+void frmWizard::ForgetOffered() {
+  offeredOf_.clear();
+  offered_.clear();
+}
+
+void frmWizard::AddProperty(ui::Node* parent, const OfferedProperty& property) {
   model::FormModel& model = Model();
   const Int16 index = model.AllocateFieldRecord();
   model::FieldRecord& field = model.Fields[index];
-  field.RowCount = Int16(1);
-  field.RequiredMark = IsNumber(row, "Required", 1) ? "*" : "";
   if (parent) {
-    DescribeChild(field, model.Fields[RecordIndexOf(*parent)], row);
+    DescribeChild(field, RecordOf(*parent), property);
   } else {
-    DescribeOwn(field, row, services_.State.Settings);
+    DescribeOwn(field, property);
   }
-  field.MaxWidth =
-      runtime::RoundToInt32(runtime::NumericValue(row.GetData(PropertyColumn("MaxLen"))) * model.CharWidth.Value());
-  field.PropertyType = ToText(row.GetData(PropertyColumn("Type")));
+  const OfferedKind& kind = property.Kind;
+  field.FieldKind = kind.FieldKind;
+  field.RowCount = kind.RowsSetting ? services_.State.Settings.*kind.RowsSetting : Int16(1);
+  field.RequiredMark = property.IsRequired ? "*" : "";
+  field.MaxWidth = runtime::RoundToInt32(property.MaxLen * model.CharWidth.Value());
+  field.PropertyType = property.Type;
 
-  ui::Node& node = tvwAttributes.Nodes.Add(parent, runtime::Text(index) + "key",
-                                           field.RequiredMark + ToText(row.GetData(PropertyColumn("Name"))));
-  node.Tag = field.PropertyType;
-  const bool isObject = IsNumber(row, "Datatype", 0);
-  node.Image = isObject ? picture::Object : picture::Property;
-  if (isObject) tvwAttributes.Nodes.Add(&node, "", "");  // so that it can be expanded before anything is loaded
+  ui::Node& node = tvwAttributes.Nodes.Add(parent, runtime::Text(index) + "key", field.RequiredMark + property.Name);
+  node.Tag = property.Type;
+  node.Image = property.IsObject ? picture::Object : picture::Property;
+  if (property.IsObject)
+    tvwAttributes.Nodes.Add(&node, "", "");  // so that it can be expanded before anything is loaded
 }
 
 void frmWizard::tvwAttributes_Expand(ui::Node& node) {
   if (node.Tag.empty()) return;
   if (ui::Node* placeholder = node.Child()) tvwAttributes.Nodes.Remove(*placeholder);
-  PopulateAttributeList(&node, node.Tag, true);
+  PopulateAttributeList(&node, node.Tag);
   node.Tag.clear();
 }
 

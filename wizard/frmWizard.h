@@ -7,12 +7,14 @@
 #include "ui/Form.h"
 #include "ui/ListBox.h"
 #include "ui/TreeView.h"
+#include "wizard/OfferedProperties.h"
 #include "wizard/WizardServices.h"
 
 #include <array>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::wizard {
 
@@ -67,9 +69,9 @@ class frmWizard : public ui::Form {
   void Form_Load();
   void Form_Unload() { CloseConnection(); }
   // For a program that has the next form made by the same dialog. Loads it once more and connects it as it was; shows
-  // its class step as a new dialog would that somebody has brought there. Texts, fonts and the lists of systems and of
-  // classes are not read again. False when they have not been read to their end, or the connection fails: only a new
-  // dialog will do then.
+  // its class step as a new dialog would that somebody has brought there. Texts, fonts, the lists of systems and of
+  // classes, and the properties of a class that is chosen again at once are not read again. False when they have not
+  // been read to their end, or the connection fails: only a new dialog will do then.
   bool LoadAgain();
   void SetStep(Int16 step);
   void MoveStep(Int16 delta);  // shows another step; does not run its entry work
@@ -129,6 +131,7 @@ class frmWizard : public ui::Form {
   void PlaceFrames();
   void SetToolTips();
   model::FormModel& Model() { return services_.State.Form; }
+  model::FieldRecord& RecordOf(const ui::Node& node) { return Model().Fields[RecordIndexOf(node)]; }
   model::FieldRecord& Record(int index) { return Model().Fields[Int16(index)]; }
   std::string Text(int id) const { return services_.Strings.LoadResStringLocal(id); }
   void SetBusy(bool busy);
@@ -174,9 +177,10 @@ class frmWizard : public ui::Form {
   void ConnectPropertiesEvents();
   void EnterProperties();
   void ForgetProperties();
-  void PopulateAttributeList(ui::Node* parent, const std::string& className, bool dataTypesOnly);
-  void ReadProperties(ui::Node* parent, const std::string& className, bool dataTypesOnly);
-  void AddProperty(ui::Node* parent, factory::ResultSet& row);
+  void PopulateAttributeList(ui::Node* parent, const std::string& className);
+  void ReadProperties(ui::Node* parent, const std::string& className);
+  void ForgetOffered();
+  void AddProperty(ui::Node* parent, const OfferedProperty& property);
   void tvwAttributes_Expand(ui::Node& node);
   void tvwAttributes_DblClick();
   void SelectProperty(ui::Node& node);
@@ -220,6 +224,8 @@ class frmWizard : public ui::Form {
   std::string readyText_;
   std::string populatedClass_;  // the class whose properties are loaded; empty after a connection attempt
   bool hasAllClasses_ = false;  // the class list was read to its end
+  std::string offeredOf_;       // the class whose own properties were read last, to their end
+  std::vector<OfferedProperty> offered_;
   ui::Node* selectedClass_ = nullptr;
   float classesX_ = 0, classesY_ = 0;  // where the mouse was last pressed in tvwClasses
   std::unique_ptr<settings::frmSettings> settingsDialog_;
