@@ -4,7 +4,7 @@
 namespace formwizard::generator {
 namespace {
 
-constexpr std::string_view Declarations = Page(R"vb(
+constexpr auto Declarations = Page(R"vb(
 Private m_factory As Object
 Private m_object As Object
 Private m_modified As Boolean
@@ -14,7 +14,7 @@ Private disableclick As Boolean
 )vb");
 
 // "EndIf" here and there, "End If" elsewhere: both are the required output, as are all blanks and capitals below.
-constexpr std::string_view FormLoad = Page(R"vb(
+constexpr auto FormLoad = Page(R"vb(
 Private Sub Form_Load()
     Dim sdir as String
     actionClose
@@ -28,7 +28,7 @@ Private Sub Form_Load()
 )vb");
 
 // Written whether or not the form can be resized.
-constexpr std::string_view FormResize = Page(R"vb(
+constexpr auto FormResize = Page(R"vb(
 Private Sub Form_Resize()
 picPatch.Visible = False
 If Me.ScaleWidth < fra_Main.Width Then
@@ -81,13 +81,13 @@ End If
 
 // The body lines begin with a tab.
 constexpr std::string_view ScrollHandlers[] = {
-    "Private Sub HScroll_Change()\n\tfra_Main.Left = -HScroll.value * 15",
-    "Private Sub HScroll_Scroll()\n\tHScroll_Change",
-    "Private Sub VScroll_Change()\n\tfra_Main.Top = -VScroll.value * 15",
-    "Private Sub VScroll_Scroll()\n\tVScroll_Change",
+    "Private Sub HScroll_Change()\r\n\tfra_Main.Left = -HScroll.value * 15",
+    "Private Sub HScroll_Scroll()\r\n\tHScroll_Change",
+    "Private Sub VScroll_Change()\r\n\tfra_Main.Top = -VScroll.value * 15",
+    "Private Sub VScroll_Scroll()\r\n\tVScroll_Change",
 };
 
-constexpr std::string_view ActionNewBegin = Page(R"vb(
+constexpr auto ActionNewBegin = Page(R"vb(
 Private Sub actionNew()
     actionClose
     Set m_object = m_factory.new(m_classname)
@@ -103,7 +103,7 @@ constexpr std::string_view ActionNewButton = "         cmd__Delete.Enabled = Fal
 constexpr std::string_view ActionNewMenu = "         mnu__Delete.Enabled = False";
 constexpr std::string_view ActionNewEnd = "    End If";
 
-constexpr std::string_view ActionFind = Page(R"vb(
+constexpr auto ActionFind = Page(R"vb(
 Private Sub actionFind()
     actionClose
     Set OstrelQuery1.Factory = m_factory
@@ -121,7 +121,7 @@ Private Sub actionFind()
     End If
 )vb");
 
-constexpr std::string_view ActionSave = Page(R"vb(
+constexpr auto ActionSave = Page(R"vb(
 Private Sub actionSave()
     SyncScreenToObject
     On Error GoTo actionSaveError
@@ -135,7 +135,7 @@ actionSaveError:
     MsgBox Err.Description
 )vb");
 
-constexpr std::string_view ActionDelete = Page(R"vb(
+constexpr auto ActionDelete = Page(R"vb(
 Private Sub actionDelete()
     If id = "" then
         MsgBox"{idUnknown}", vbInformation
@@ -155,7 +155,7 @@ actionDeleteError:
     MsgBox Err.Description
 )vb");
 
-constexpr std::string_view ActionClose = Page(R"vb(
+constexpr auto ActionClose = Page(R"vb(
 Private Sub actionClose()
     If Not m_object Is Nothing And m_modified Then
       If MsgBox("{askSave}",vbYesNo) = vbYes Then actionSave
@@ -170,13 +170,13 @@ Private Sub actionClose()
     m_modified = False
 )vb");
 
-constexpr std::string_view ActionExit = Page(R"vb(
+constexpr auto ActionExit = Page(R"vb(
 Private Sub actionExit()
     actionClose
     End
 )vb");
 
-constexpr std::string_view BeginWait = Page(R"vb(
+constexpr auto BeginWait = Page(R"vb(
 Private Sub BeginWait()
     'turn on the hourglass cursor;
     'you can nest calls to BeginWait-the cursor is restored
@@ -187,7 +187,7 @@ Private Sub BeginWait()
     Screen.MousePointer = vbHourglass
 )vb");
 
-constexpr std::string_view EndWait = Page(R"vb(
+constexpr auto EndWait = Page(R"vb(
 Private Sub EndWait()
     'turn off the hourglass cursor
 
@@ -200,7 +200,7 @@ Private Sub EndWait()
     EndIf
 )vb");
 
-constexpr std::string_view MinMax = Page(R"vb(
+constexpr auto MinMax = Page(R"vb(
 Private Function minmax(val As Long, min As Long, max As Long)
     minmax = val
     If min <> -1 And val < min Then minmax = min
@@ -208,7 +208,7 @@ Private Function minmax(val As Long, min As Long, max As Long)
 End Function
 )vb");
 
-constexpr std::string_view ListViewColumnClick = Page(R"vb(
+constexpr auto ListViewColumnClick = Page(R"vb(
 Public Sub ListView_ColumnClick(hList As ListView, ByVal ColumnHeader As MSComctlLib.ColumnHeader)
     'Handle any listview
     If hList.Sorted = False Then
@@ -236,9 +236,7 @@ void AppendSub(ide::CodeModule& module, std::string_view page, std::string_view 
 }
 
 void AppendPage(ide::CodeModule& module, std::string_view page, std::string_view ending) {
-  Lines lines;
-  lines.Add(page);
-  Append(module, lines.Text() + std::string(ending));
+  Append(module, std::string(page).append(ending));
 }
 
 void AppendActionNew(Generation& run, ide::CodeModule& module) {

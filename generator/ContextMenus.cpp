@@ -4,7 +4,7 @@
 namespace formwizard::generator {
 namespace {
 
-constexpr std::string_view ChangeReferenceBegin = Page(R"vb(
+constexpr auto ChangeReferenceBegin = Page(R"vb(
     Dim obj As Object
     Set OstrelQuery1.Factory = m_factory
     OstrelQuery1.ClassName = "{class}"
@@ -19,7 +19,7 @@ constexpr std::string_view ChangeReferenceEnd = "    obj.sys_Close";
 constexpr std::string_view RemoveReferenceBegin = "    Set m_object.{property} = Nothing";
 constexpr std::string_view RemoveReferenceControl = "    {control}.Caption = \"\"";
 
-constexpr std::string_view InsertIntoArray = Page(R"vb(
+constexpr auto InsertIntoArray = Page(R"vb(
     Dim newindex As String, newvalue As String, itemX As ListItem
     newindex = InputBox("{askIndex}", "{title}{caption}")
     If newindex = "" Then Exit Sub
@@ -32,7 +32,7 @@ constexpr std::string_view InsertIntoArray = Page(R"vb(
 )vb");
 
 // "SeletedItem" and "SeletecItem": two different misspellings, both the required output.
-constexpr std::string_view RemoveFromArray = Page(R"vb(
+constexpr auto RemoveFromArray = Page(R"vb(
     If {control}.ListItems.Count < 1 Then Exit Sub
     m_object.{property}.RemoveAt {control}.SeletedItem.Text
     {control}.Remove {control}.SeletecItem.Index
@@ -41,33 +41,33 @@ constexpr std::string_view RemoveFromArray = Page(R"vb(
 
 constexpr std::string_view SortByColumn = "    Call ListView_ColumnClick({control}, ColumnHeader)";
 
-constexpr std::string_view EnableListItems = Page(R"vb(
+constexpr auto EnableListItems = Page(R"vb(
     Dim Enabled As Boolean
     Enabled = {control}.ListIndex <> -1
     mnu{property}Insert.Enabled = Enabled
     mnu{property}Remove.Enabled = Enabled
 )vb");
 
-constexpr std::string_view AskNewElement = Page(R"vb(
+constexpr auto AskNewElement = Page(R"vb(
     Dim newvalue As String
     newvalue = InputBox("{askElement}", "{title}{caption}")
     If newvalue = "" Then Exit Sub
 )vb");
 
-constexpr std::string_view AddToEndOfList = Page(R"vb(
+constexpr auto AddToEndOfList = Page(R"vb(
     m_object.{property}.Insert newvalue
     {control}.AddItem newvalue
     m_modified = True
 )vb");
 
 // The object counts from 1 and the list box from 0.
-constexpr std::string_view InsertIntoList = Page(R"vb(
+constexpr auto InsertIntoList = Page(R"vb(
     m_object.{property}.InsertAt newvalue, {control}.ListIndex + 1
     {control}.AddItem newvalue, {control}.ListIndex
     m_modified = True
 )vb");
 
-constexpr std::string_view RemoveFromList = Page(R"vb(
+constexpr auto RemoveFromList = Page(R"vb(
     m_object.{property}.RemoveAt {control}.ListIndex + 1
     {control}.RemoveItem {control}.ListIndex
     m_modified = True
@@ -82,7 +82,7 @@ constexpr std::string_view PictureFilter =
     "Icons (*.ico;*.cur)|*.ico;*.cur|"
     "All Files (*.*)|*.*";
 
-constexpr std::string_view ChangePicture = Page(R"vb(
+constexpr auto ChangePicture = Page(R"vb(
     dlgCommon.Filter = "{filter}"
     dlgCommon.Flags = cdlOFNHideReadOnly
     dlgCommon.ShowOpen
@@ -92,7 +92,7 @@ constexpr std::string_view ChangePicture = Page(R"vb(
     m_modified = True
 )vb");
 
-constexpr std::string_view RemovePicture = Page(R"vb(
+constexpr auto RemovePicture = Page(R"vb(
     Set {control}.Picture = Nothing
     m_modified = True
 )vb");
@@ -154,7 +154,8 @@ void WriteListMenu(Generation& run, Int16 index) {
     const Values values =
         NamesOf(field).Set("askElement", askElement).Set("title", title).Set("caption", field.Caption);
     WriteEvent(run, field.ControlName, "Click", EnableListItems, values);
-    for (const auto& [item, page] : {std::pair{"AddToEnd", AddToEndOfList}, std::pair{"Insert", InsertIntoList}}) {
+    using Item = std::pair<std::string_view, std::string_view>;
+    for (const auto& [item, page] : {Item{"AddToEnd", AddToEndOfList}, Item{"Insert", InsertIntoList}}) {
       Lines body;
       body.Add(AskNewElement, values);
       body.Add(page, values);

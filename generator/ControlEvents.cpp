@@ -12,21 +12,21 @@ constexpr std::array<std::string_view, 6> Actions{"New", "Find", "Save", "Delete
 constexpr std::string_view MarkModified = "    m_modified = True";
 constexpr std::string_view ShowPopupMenu = "    If Button = 2 then PopupMenu mnu{property}";
 
-constexpr std::string_view RefreshReadOnly = Page(R"vb(
+constexpr auto RefreshReadOnly = Page(R"vb(
     SyncScreenToObject
     {control}.Caption = m_object.{property}
 )vb");
 
-constexpr std::string_view FillComboBegin =
+constexpr auto FillComboBegin = Page(
     "    Dim rs As Object\n"
     "    Dim text As String\n"
     "    Dim i As Integer\n"
     "    \n"  // four blanks
     "    Set rs = m_factory.ResultSet(\"{class}\", \"{query}\")\n"
-    "    rs.Execute {arguments}";  // without parameters the blank stays at the end of the line
+    "    rs.Execute {arguments}");  // without parameters the blank stays at the end of the line
 
 // lst__Hidden holds the object ids beside the entries shown; both begin with an empty one.
-constexpr std::string_view FillComboEnd = Page(R"vb(
+constexpr auto FillComboEnd = Page(R"vb(
     text = {control}.text
     {control}.Clear
     lst__Hidden.Clear
@@ -47,7 +47,7 @@ constexpr std::string_view FillComboEnd = Page(R"vb(
     Next
 )vb");
 
-constexpr std::string_view ChooseReference = Page(R"vb(
+constexpr auto ChooseReference = Page(R"vb(
     If disableclick Then Exit Sub
     Dim index As Integer
     Dim obj As Object

@@ -8,7 +8,7 @@ namespace formwizard::generator {
 
 // The object's reference as the single entry of the combo box. "disableclick" keeps the assignment of ListIndex from
 // re-entering the box's Click handler.
-constexpr std::string_view ReferenceComboPage = Page(R"vb(
+constexpr auto ReferenceComboPage = Page(R"vb(
     Set obj = m_object.{property}
     {control}.Clear
     If Not obj Is Nothing Then
@@ -23,24 +23,24 @@ std::string_view ReferenceComboToScreen() { return ReferenceComboPage; }
 
 namespace {
 
-constexpr std::string_view EnableField = Page(R"vb(
+constexpr auto EnableField = Page(R"vb(
     lbl{base}.Enabled = Enabled
     {control}.Enabled = Enabled
 )vb");
 
-constexpr std::string_view EnableMenu = Page(R"vb(
+constexpr auto EnableMenu = Page(R"vb(
     mnu__Save.Enabled = Enabled
     mnu__Close.Enabled = Enabled
     mnu__Delete.Enabled = Enabled
 )vb");
 
-constexpr std::string_view EnableButtons = Page(R"vb(
+constexpr auto EnableButtons = Page(R"vb(
     cmd__Save.Enabled = Enabled
     cmd__Close.Enabled = Enabled
     cmd__Delete.Enabled = Enabled
 )vb");
 
-constexpr std::string_view SyncObjectToScreenBegin = Page(R"vb(
+constexpr auto SyncObjectToScreenBegin = Page(R"vb(
 Private Sub SyncObjectToScreen()
     Dim obj As Object
     Dim i As Integer
@@ -49,19 +49,19 @@ Private Sub SyncObjectToScreen()
     Dim itemX As ListItem
 )vb");
 
-constexpr std::string_view DateToScreen =
+constexpr auto DateToScreen = Page(
     "    If m_object.{property} <> 0 Then \n"  // the trailing blank is output
     "       {control}.Text = m_object.{property}\n"
     "    Else\n"
     "       {control}.Text = \"\"\n"
-    "    EndIf";  // "EndIf" here, "End If" below: both are the required output
+    "    EndIf");  // "EndIf" here, "End If" below: both are the required output
 
-constexpr std::string_view ReferenceLabelToScreen = Page(R"vb(
+constexpr auto ReferenceLabelToScreen = Page(R"vb(
     Set obj = m_object.{property}
     If Not obj Is Nothing Then {control}.Caption = obj.{display} Else {control}.Caption = ""
 )vb");
 
-constexpr std::string_view ListToScreen = Page(R"vb(
+constexpr auto ListToScreen = Page(R"vb(
     Set obj = m_object.{property}
     {control}.Clear
     Do
@@ -71,7 +71,7 @@ constexpr std::string_view ListToScreen = Page(R"vb(
     Loop
 )vb");
 
-constexpr std::string_view ArrayToScreen = Page(R"vb(
+constexpr auto ArrayToScreen = Page(R"vb(
     Set obj = m_object.{property}
     {control}.ColumnHeaders.Clear
     {control}.ColumnHeaders.Add , , "{header1}"
@@ -86,7 +86,7 @@ constexpr std::string_view ArrayToScreen = Page(R"vb(
 )vb");
 
 // "Item" and "item" side by side, as required. The control is not cleared first: EraseScreen has run.
-constexpr std::string_view StreamToScreen = Page(R"vb(
+constexpr auto StreamToScreen = Page(R"vb(
     For i = 1 to 100
       item = m_object.{property}.Read(10000)
       If Item = "" Then Exit For

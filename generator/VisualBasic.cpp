@@ -8,22 +8,15 @@ namespace {
 
 constexpr std::string_view LineBreak = "\r\n";
 
-// Takes the next line off the page.
-std::string_view TakeLine(std::string_view& page) {
-  const std::string_view line = page.substr(0, page.find('\n'));
-  page.remove_prefix(std::min(line.size() + 1, page.size()));
-  return line;
-}
-
-void AppendFilled(std::string& text, std::string_view line, const Values& values) {
+void AppendFilled(std::string& text, std::string_view page, const Values& values) {
   for (;;) {
-    const std::size_t open = line.find('{');
-    text += line.substr(0, open);
+    const std::size_t open = page.find('{');
+    text += page.substr(0, open);
     if (open == std::string_view::npos) return;
-    const std::size_t close = line.find('}', open);
+    const std::size_t close = page.find('}', open);
     if (close == std::string_view::npos) throw std::logic_error("a gap without its closing brace");
-    text += values.Of(line.substr(open + 1, close - open - 1));
-    line.remove_prefix(close + 1);
+    text += values.Of(page.substr(open + 1, close - open - 1));
+    page.remove_prefix(close + 1);
   }
 }
 
@@ -57,17 +50,15 @@ void Lines::BeginLine() {
 void Lines::EndLine() { text_ += LineBreak; }
 
 void Lines::Add(std::string_view page) {
-  while (!page.empty()) {
-    BeginLine();
-    text_ += TakeLine(page);
-  }
+  if (page.empty()) return;
+  BeginLine();
+  text_ += page;
 }
 
 void Lines::Add(std::string_view page, const Values& values) {
-  while (!page.empty()) {
-    BeginLine();
-    AppendFilled(text_, TakeLine(page), values);
-  }
+  if (page.empty()) return;
+  BeginLine();
+  AppendFilled(text_, page, values);
 }
 
 void Procedure::AppendTo(ide::CodeModule& module) {
@@ -80,16 +71,14 @@ void Append(ide::CodeModule& module, std::string_view text) {
   module.InsertLines(module.CountOfLines() + Int32(1), text);
 }
 
-void WriteEvent(Generation& run, std::string_view object, std::string_view event, const Lines& body) {
+void WriteEvent(Generation& run, std::string_view object, std::string_view event, std::string_view page) {
   ide::CodeModule& module = Required(run.NewCodeModule);
   const Int16 line(module.CreateEventProc(event, object));  // 16 bits: a longer module overflows here
-  module.InsertLines(line + Int16(1), body.Text());
+  module.InsertLines(line + Int16(1), page);
 }
 
-void WriteEvent(Generation& run, std::string_view object, std::string_view event, std::string_view page) {
-  Lines body;
-  body.Add(page);
-  WriteEvent(run, object, event, body);
+void WriteEvent(Generation& run, std::string_view object, std::string_view event, const Lines& body) {
+  WriteEvent(run, object, event, std::string_view(body.Text()));
 }
 
 void WriteEvent(Generation& run, std::string_view object, std::string_view event, std::string_view page,

@@ -11,12 +11,27 @@
 namespace formwizard::generator {
 
 // A page of lines as it stands in the source, without the line break after the opening quote and the one before the
-// closing one.
-constexpr std::string_view Page(std::string_view source) {
-  if (source.starts_with('\n')) source.remove_prefix(1);
-  if (source.ends_with('\n')) source.remove_suffix(1);
-  return source;
-}
+// closing one, and with those between the lines as a code module has them.
+template <std::size_t Size>
+class Page {
+ public:
+  consteval explicit Page(const char (&source)[Size]) {
+    std::string_view lines(source, Size - 1);
+    if (lines.starts_with('\n')) lines.remove_prefix(1);
+    if (lines.ends_with('\n')) lines.remove_suffix(1);
+    for (const char c : lines) {
+      if (c == '\n') text_[size_++] = '\r';
+      text_[size_++] = c;
+    }
+  }
+  constexpr operator std::string_view() const { return {text_.data(), size_}; }
+
+ private:
+  static constexpr std::size_t MostLines = 64;  // of a page; one with more does not compile
+
+  std::array<char, Size + MostLines> text_{};
+  std::size_t size_ = 0;
+};
 
 // What fills the gaps of a page. Texts are not copied: they must live as long as these values.
 class Values {
@@ -40,7 +55,7 @@ Values NamesOf(const FieldRecord& field);
 class Lines {
  public:
   Lines() { text_.reserve(MostOften); }
-  // Pages are "\n"-separated; a page without text adds nothing.
+  // A page without text adds nothing.
   void Add(std::string_view page);
   // Fills the gaps "{name}"; an inserted text is taken as it is, whatever it holds.
   void Add(std::string_view page, const Values& values);

@@ -116,7 +116,7 @@ TEST_CASE_FIXTURE(GenerationFixture,
 
 TEST_CASE("A template inserts texts as they are and refuses a gap that nothing fills") {
   generator::Lines lines;
-  lines.Add("{a}{b}\nplain", generator::Values().Set("a", "{b}").Set("b", "\"}"));
+  lines.Add(generator::Page("{a}{b}\nplain"), generator::Values().Set("a", "{b}").Set("b", "\"}"));
   CHECK(lines.Text() == "{b}\"}\r\nplain");
   CHECK_THROWS_AS(lines.Add("{c}", generator::Values().Set("a", "")), std::logic_error);
 }
