@@ -1,4 +1,7 @@
 #include "apps/cli/Commands.h"
+#include "apps/cli/DescribedForm.h"
+#include "apps/cli/Listing.h"
+#include "apps/cli/PropertyTree.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
@@ -9,27 +12,27 @@
 #include "wizard/factory/SystemList.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace formwizard::apps::cli {
 namespace {
 
-using Json = nlohmann::ordered_json;
-using runtime::Variant;
 using wizard::factory::ClassColumn;
 using wizard::factory::ObjectFactory;
-using wizard::factory::ResultSet;
 using wizard::factory::System;
 using wizard::factory::SystemsIn;
 
 struct BrowseOptions {
   std::string Dictionary, System, Class;
-  bool Server = false, Json = false, All = false;  // the installed server instead of a dictionary
+  bool Server = false;  // the installed server instead of a dictionary
+  bool Json = false, All = false, Description = false;
 };
 
 // A factory that is connected to the system asked for, or to the first one.
@@ -70,6 +73,8 @@ class Server {
     throw support::InputError(source_ + ": there is no class \"" + name + "\"; " + names.Answer(name));
   }
 
+  const std::string& Source() const { return source_; }  // begins messages
+
  private:
   // Whether the query on the class has a row.
   bool Tells(const char* className, const char* query, const std::string& of) const {
@@ -83,117 +88,99 @@ class Server {
   }
 
   std::unique_ptr<wizard::factory::FactoryCreator> creator_;
-  std::string source_;  // begins messages
+  std::string source_;
 
  public:
   std::unique_ptr<ObjectFactory> Factory;
 };
 
-Json ValueOf(const Variant& value) {
-  if (const auto* number = std::get_if<runtime::Int32>(&value)) return number->Value();
-  return ToText(value);
+std::string YesNo(bool is) { return is ? "yes" : "no"; }
+
+std::string CellOf(const ListedRow& value) {
+  if (value.is_null()) return "";
+  return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
-std::string Dumped(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
-
-// Writes rows as they come: an array of objects, or one line a row with tabs between the values.
-class Table {
- public:
-  explicit Table(bool json) : json_(json) {
-    if (json_) std::cout << "[";
-  }
-  void Row(const Json& row) {
-    if (json_) {
-      std::cout << (first_ ? "\n  " : ",\n  ") << Dumped(row);
-    } else {
-      std::string line;
-      for (const auto& [key, value] : row.items()) {
-        if (!line.empty()) line += '\t';
-        line += support::Escaped(value.is_string() ? value.get<std::string>() : Dumped(value));
-      }
-      std::cout << line << '\n';
-    }
-    first_ = false;
-  }
-
-  // Only a whole table is valid JSON.
-  int End() {
-    if (json_) std::cout << (first_ ? "]\n" : "\n]\n");
-    return common::Done;
-  }
-
- private:
-  bool json_, first_ = true;
-};
-
-Json RowOf(ResultSet& rows) {
-  Json row;
-  for (runtime::Int16 column(1); column <= rows.GetColumnCount(); column += runtime::Int16(1)) {
-    const std::string name = rows.GetColumnName(column);
-    row[name] = ValueOf(rows.GetDataByName(name));
-  }
-  return row;
+// What a listing ends with.
+int EndOf(Listing& listing) {
+  listing.End();
+  return common::Done;
 }
 
 int ListSystems(const BrowseOptions& options) {
   const Server server(options);
-  Table table(options.Json);
+  Listing listing(std::cout, FormOfListing(options.Json), {"SYSTEM", "CONNECTION"});
   for (const System& system : SystemsIn(server.Factory->SystemList())) {
-    table.Row(Json{{"name", system.Name}, {"connect", system.Connect}});
+    listing.Add({system.Name, system.Connect}, {{"name", system.Name}, {"connect", system.Connect}});
   }
-  return table.End();
+  return EndOf(listing);
 }
 
 int ListClasses(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
-  Table table(options.Json);
+  std::vector<std::string> headings{"CLASS"};
+  if (options.All) headings.insert(headings.end(), {"SYSTEM", "PERSISTENT"});
+  Listing listing(std::cout, FormOfListing(options.Json), std::move(headings));
   const auto rows = server.Factory->ResultSet("%ClassDefinition", "ClassInfo");
   rows->Execute({});
   while (rows->Next()) {
-    const bool offered = runtime::EqualsNumber(rows->GetData(ClassColumn("System")), runtime::Int32(0)) &&
-                         runtime::EqualsNumber(rows->GetData(ClassColumn("Persistent")), runtime::Int32(1));
+    const std::string name = ToText(rows->GetData(ClassColumn("Name")));
+    const bool isSystem = !runtime::EqualsNumber(rows->GetData(ClassColumn("System")), runtime::Int32(0));
+    const bool isPersistent = runtime::EqualsNumber(rows->GetData(ClassColumn("Persistent")), runtime::Int32(1));
     if (options.All) {
-      table.Row(RowOf(*rows));
-    } else if (offered) {
-      Json row;
-      row["Name"] = ValueOf(rows->GetData(ClassColumn("Name")));
-      table.Row(row);
+      listing.Add({name, YesNo(isSystem), YesNo(isPersistent)}, ColumnsOf(*rows));
+    } else if (!isSystem && isPersistent) {
+      listing.Add({name}, {{"Name", name}});
     }
   }
-  return table.End();
+  return EndOf(listing);
+}
+
+void AddTo(Listing& listing, const TreeProperty& property) {
+  ListedRow row{{"path", property.Path}, {"kind", property.Kind}};
+  row.update(property.Columns);
+  listing.Add({property.Path, std::string(property.Kind), property.Type, YesNo(property.IsRequired),
+               YesNo(property.IsReadOnly), property.Width, property.Caption},
+              row, property.Depth);
 }
 
 int ListProperties(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
   const std::string className = server.ClassMeant(options.Class);
-  Table table(options.Json);
-  const auto rows = server.Factory->ResultSet("%CompiledProperty", "PropertyInfo");
-  rows->Execute({className});
-  while (rows->Next()) table.Row(RowOf(*rows));
-  return table.End();
+  if (options.Description) {
+    const std::string warning = DescribeForm(*server.Factory, server.Source(), className, std::cout);
+    if (!warning.empty()) std::cerr << "ostrel-form-wizard: warning: " << support::Shown(warning) << '\n';
+    return common::Done;
+  }
+  Listing listing(std::cout, FormOfListing(options.Json),
+                  {"PROPERTY", "KIND", "TYPE", "REQUIRED", "READ-ONLY", "WIDTH", "CAPTION"});
+  ForEachProperty(*server.Factory, className, options.All,
+                  [&](const TreeProperty& property) { AddTo(listing, property); });
+  return EndOf(listing);
 }
 
 int ListQueries(const BrowseOptions& options) {
   Server server(options);
   server.Connect(options);
   const std::string className = server.ClassMeant(options.Class);
-  Table table(options.Json);
+  Listing listing(std::cout, FormOfListing(options.Json), {"QUERY", "ID-COLUMN", "COLUMNS", "PARAMETERS"});
   const auto rows = server.Factory->ResultSet("%CompiledQuery", "QueryInfo");
   rows->Execute({className});
   while (rows->Next()) {
-    Json row = RowOf(*rows);
-    const auto query = server.Factory->ResultSet(className, row["Name"].get<std::string>());
-    Json columns = Json::array();
+    ListedRow row = ColumnsOf(*rows);
+    const auto query = server.Factory->ResultSet(className, CellOf(row["Name"]));
+    row["columns"] = ListedRow::array();
+    std::string names;
     for (runtime::Int16 column(1); column <= query->GetColumnCount(); column += runtime::Int16(1)) {
-      columns.push_back(query->GetColumnName(column));
+      row["columns"].push_back(query->GetColumnName(column));
+      names += (names.empty() ? "" : ",") + query->GetColumnName(column);
     }
-    row["columns"] = columns;
     row["params"] = query->GetParamCount().Value();
-    table.Row(row);
+    listing.Add({CellOf(row["Name"]), CellOf(row["ContainId"]), std::move(names), CellOf(row["params"])}, row);
   }
-  return table.End();
+  return EndOf(listing);
 }
 
 // Where a server can be installed it can take the place of the file.
@@ -243,8 +230,12 @@ void AddClasses(CLI::App& program, Task& task) {
 }
 
 void AddProperties(CLI::App& program, Task& task) {
-  AddListing(program, task, "properties", "list the properties of a class", Takes::Class, ListProperties,
-             std::make_shared<BrowseOptions>());
+  const auto options = std::make_shared<BrowseOptions>();
+  CLI::App& command = AddListing(program, task, "properties", "list the properties of a class that forms can show",
+                                 Takes::Class, ListProperties, options);
+  CLI::Option* all = command.add_flag("--all", options->All, "include those that no form can show");
+  command.add_flag("--description", options->Description, "show a form description that chooses all of them")
+      ->excludes(all);
 }
 
 void AddQueries(CLI::App& program, Task& task) {

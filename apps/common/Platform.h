@@ -5,6 +5,7 @@
 #include "support/ResourceLibraries.h"
 #include "wizard/factory/Factory.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -39,6 +40,10 @@ std::unique_ptr<wizard::factory::FactoryCreator> InstalledServer();
 // console shows what they are in UTF-8, whatever its code page. To be called when std::cout has its last buffer. A
 // stream that the caller has closed fails, and no file that is opened takes its place.
 std::shared_ptr<void> UseStandardStreams();
+
+// Whether a person sees what is written there as it comes.
+enum class StandardStream : std::uint8_t { Output, Error };
+bool IsTerminal(StandardStream stream);
 
 // From now on, writing to a pipe that nobody reads any more, or more than a file may hold, fails instead of ending the
 // program.

@@ -69,6 +69,10 @@ std::shared_ptr<void> UseStandardStreams() {
   return nullptr;
 }
 
+bool IsTerminal(StandardStream stream) {
+  return ::isatty(stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
+}
+
 void SurviveFailedWrites() {
   for (const int end : {SIGPIPE, SIGXFSZ}) static_cast<void>(std::signal(end, SIG_IGN));
 }

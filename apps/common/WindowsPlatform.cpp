@@ -134,6 +134,12 @@ std::shared_ptr<void> UseStandardStreams() {
   return ShowOnConsole();
 }
 
+bool IsTerminal(StandardStream stream) {
+  DWORD mode = 0;
+  return ::GetConsoleMode(::GetStdHandle(stream == StandardStream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE),
+                          &mode) != 0;
+}
+
 void SurviveFailedWrites() {}  // as it is on this system
 
 }  // namespace formwizard::apps::common

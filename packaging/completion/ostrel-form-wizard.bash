@@ -31,17 +31,11 @@ _ostrel_form_wizard_list() {
   _ostrel_form_wizard_rows "$@" | cut -f 1
 }
 
-# The paths that a word can become: properties of the class, or those of the one object in it that the word begins with.
+# The paths that a word can become: properties of the class, or those of one object in it that the word begins with.
 _ostrel_form_wizard_paths() {
-  local rows object=''
-  rows=$(_ostrel_form_wizard_rows properties --class "$1")
-  [[ $2 != *.* ]] || object=${2%.*}
-  # name, caption, type, data type, embedded, collection
-  awk -F '\t' -v object="$object" '$4 == 1 && $3 != "%Library.List" { print $1 }
-    $4 == 0 && $6 == "" && $1 != object { print $1 "." }' <<<"$rows"
-  [[ -z $object ]] || _ostrel_form_wizard_rows properties --class "$(awk -F '\t' -v object="$object" \
-    '$1 == object { print $3 }' <<<"$rows")" | awk -F '\t' -v object="$object" \
-    '$4 == 1 && $6 == "" && $3 != "%Library.List" { print object "." $1 }'
+  # path, kind
+  _ostrel_form_wizard_rows properties --class "$1" | awk -F '\t' -v word="$2" '$2 == "object" { $1 = $1 "." }
+    $1 != word && ($1 !~ /\../ || word ~ /\./) { print $1 }'
 }
 
 # English and the languages whose satellites stand beside the program; the links are those of their regions.
@@ -148,7 +142,8 @@ _ostrel_form_wizard() {
     doctor) _ostrel_form_wizard_words '--help --fix --strict --json' ;;
     systems) _ostrel_form_wizard_words '--help --dictionary --json' ;;
     classes) _ostrel_form_wizard_words '--help --dictionary --json --system --all' ;;
-    properties | queries) _ostrel_form_wizard_words '--help --dictionary --json --system --class' ;;
+    properties) _ostrel_form_wizard_words '--help --dictionary --json --system --class --all --description' ;;
+    queries) _ostrel_form_wizard_words '--help --dictionary --json --system --class' ;;
   esac
 }
 

@@ -29,25 +29,15 @@ end
 function __ostrel_form_wizard_fields
     set -l class (__ostrel_form_wizard_given --class)
     test -n "$class"; or return
-    set -l word (commandline -ct | string replace -r '^--fields=' '')
-    set -l chosen (string match -r '^.*,' -- $word)
-    set -l object (string match -r '[^,]+(?=\.[^,.]*$)' -- $word)
+    set -l list (commandline -ct | string replace -r '^--fields=' '')
+    set -l chosen (string match -r '^.*,' -- $list)
+    set -l word (string replace -r '^.*,' '' -- $list)
     for row in (__ostrel_form_wizard_rows properties --class $class)
-        # name, caption, type, data type, embedded, collection
-        set -l of (string split \t -- $row)
-        if test "$of[4]" = 0
-            test -z "$of[6]"; or continue
-            if test "$of[1]" != "$object"
-                echo "$chosen$of[1]."
-                continue
-            end
-            for inner in (__ostrel_form_wizard_rows properties --class $of[3])
-                set -l at (string split \t -- $inner)
-                test "$at[4]" = 1 -a -z "$at[6]" -a "$at[3]" != %Library.List; and echo "$chosen$object.$at[1]"
-            end
-        else if test "$of[3]" != %Library.List
-            echo "$chosen$of[1]"
-        end
+        set -l of (string split \t -- $row) # path, kind
+        test "$of[2]" = object; and set of[1] $of[1].
+        test "$of[1]" = "$word"; and continue
+        string match -q '*.?*' -- $of[1]; and not string match -q '*.*' -- $word; and continue
+        echo "$chosen$of[1]"
     end
 end
 
@@ -95,7 +85,7 @@ for command in 'generate	create forms in a project' \
     'wizard	open the wizard\'s dialogs over a project' \
     'systems	list the systems of a dictionary' \
     'classes	list the classes that a form can be made for' \
-    'properties	list the properties of a class' \
+    'properties	list the properties of a class that forms can show' \
     'queries	list the queries of a class' \
     'dictionary	make a dictionary from JSON, or JSON from a dictionary' \
     'render	draw a form into a picture' \
@@ -134,6 +124,8 @@ __ostrel_form_wizard_option --force generate 'let the journal replace a file tha
 __ostrel_form_wizard_option --force dictionary 'replace the file also when it is something else'
 __ostrel_form_wizard_option --json "generate doctor $listings" 'show the result as JSON'
 __ostrel_form_wizard_option --all classes 'system and not persistent classes too'
+__ostrel_form_wizard_option --all properties 'those that no form can show too'
+__ostrel_form_wizard_option --description properties 'show a form description that chooses all of them'
 __ostrel_form_wizard_option --fix doctor 'mend what you may change'
 __ostrel_form_wizard_option --strict doctor 'exit with status 1 unless everything is good'
 __ostrel_form_wizard_option --wizard desktop 'open the wizard at once'

@@ -462,14 +462,26 @@ TEST_CASE("The dictionary can be looked at") {
         std::pair{"classes", "Billing.Core.Invoice\nLibrary.Book\nSample.Company\nSample.Employee\nSample.Person\n"},
         std::pair{"classes --system Archive --json", "[\n  {\"Name\":\"Archive.Record\"}\n]\n"},
         std::pair{"classes --all",
-                  "%Library.Persistent\t1\t1\nBilling.Core.Invoice\t0\t1\nLibrary.Book\t0\t1\nSample.Address\t0\t0\n"
-                  "Sample.Company\t0\t1\nSample.Employee\t0\t1\nSample.Person\t0\t1\n"},
-        std::pair{"properties --class Sample.Address",
-                  "Street\tStreet\t%Library.String\t1\t0\t\t0\t1\t80\nCity\tCity\t%Library.String\t1\t0\t\t1\t1\t50\n"
-                  "State\tState\t%Library.String\t1\t0\t\t0\t1\t2\nZip\tZip Code\t%Library.String\t1\t0\t\t0\t1\t10\n"},
-        std::pair{"queries --class \" SAMPLE.person\" --system samples",
-                  "Extent\t1\t[\"ID\"]\t0\nByName\t1\t[\"ID\",\"Name\",\"DOB\"]\t1\n"
-                  "BySearch\t1\t[\"ID\",\"Name\",\"SSN\"]\t3\nStatistics\t0\t[\"City\",\"Count\"]\t0\n"}}) {
+                  "%Library.Persistent\tyes\tyes\nBilling.Core.Invoice\tno\tyes\nLibrary.Book\tno\tyes\nSample."
+                  "Address\tno\tno\n"
+                  "Sample.Company\tno\tyes\nSample.Employee\tno\tyes\nSample.Person\tno\tyes\n"},
+        std::pair{
+            "properties --class Sample.Employee",
+            "Name\ttext\t%Library.String\tyes\tno\t50\tName\nTitle\ttext\t%Library.String\tno\tno\t30\tTitle\n"
+            "Salary\ttext\t%Library.Numeric\tno\tno\t12\tSalary\nCompany\tobject\tSample.Company\tyes\tno\t\tCompany\n"
+            "Company.Name\treference\t%Library.String\tyes\tno\t80\tCompany Name\n"
+            "Company.Mission\treference\t%Library.String\tno\tno\t200\tCompany Mission\n"
+            "Company.Revenue\treference\t%Library.Integer\tno\tno\t\tCompany Revenue\n"
+            "Company.TaxID\treference\t%Library.String\tno\tno\t10\tCompany Tax ID\n"
+            "%Concurrency\ttext\t%Library.Integer\tno\tno\t\tConcurrency\n"},
+        std::pair{"properties --system Archive --class Archive.Record --json",
+                  "[\n  {\"path\":\"Signature\",\"kind\":\"text\",\"Name\":\"Signature\",\"Caption\":\"Signature\","
+                  "\"Type\":\"%Library.String\",\"Datatype\":1,\"Serial\":0,\"Collection\":\"\",\"Required\":0,"
+                  "\"Editable\":1,"
+                  "\"MaxLen\":20}\n]\n"},
+        std::pair{"queries --class Sample.Person",
+                  "Extent\t1\tID\t0\nByName\t1\tID,Name,DOB\t1\nBySearch\t1\tID,Name,SSN\t3\nStatistics\t0\tCity,"
+                  "Count\t0\n"}}) {
     CAPTURE(command);
     const Outcome shown = work.Run(command + (" --dictionary " + work.Dictionary));
     CheckDone(shown);
@@ -477,6 +489,8 @@ TEST_CASE("The dictionary can be looked at") {
   }
   for (const auto& [command, likeliest] :
        {std::pair{"properties --class persn", "\"persn\"; available: Sample.Person, "},
+        std::pair{"properties --description --class Sample.Address",
+                  "no form can be made for class \"Sample.Address\""},
         std::pair{"classes --system Nowhere", "no system \"Nowhere\"; available: Archive, Samples"}}) {
     const Outcome shown = work.Run(command + (" --dictionary " + work.Dictionary));
     CHECK(shown.Status == 3);
