@@ -1,7 +1,6 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <locale>
 #include <optional>
@@ -62,11 +61,16 @@ NumberScan ScanNumber(std::string_view text, bool skipBlanksInside) {
 
 // Nearly every number is a plain integer, which needs no stream: nothing unless the whole text is one.
 std::optional<double> PlainInteger(std::string_view text) {
+  constexpr std::size_t most = 18;  // digits that 64 bits always hold
+  const bool isNegative = text.starts_with('-');
+  if (isNegative) text.remove_prefix(1);
+  if (text.empty() || text.size() > most) return std::nullopt;
   std::int64_t integer = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, integer);
-  if (error != std::errc() || stop != end) return std::nullopt;
-  return static_cast<double>(integer);
+  for (const char digit : text) {
+    if (!IsDigit(digit)) return std::nullopt;
+    integer = integer * 10 + (digit - '0');
+  }
+  return static_cast<double>(isNegative ? -integer : integer);
 }
 
 // Has a point for a decimal sign whatever the user's locale is, which toolkits make the program's. Infinite when it is

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
 
 namespace formwizard::system {
@@ -25,10 +27,17 @@ class Utf8Converter : public CodePageConverter {
 
 constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
 
+// Eight characters a step, and the last ones together.
 bool IsAscii(std::string_view text) {
-  unsigned char all = 0;  // without a branch a byte, so that the compiler takes many at once
-  for (const char c : text) all |= static_cast<unsigned char>(c);
-  return all < 0x80;
+  std::uint64_t all = 0;
+  const auto take = [&](std::string_view eight) {
+    std::array<char, 8> word{};
+    eight.copy(word.data(), word.size());
+    all |= std::bit_cast<std::uint64_t>(word);
+  };
+  for (; text.size() > 8; text.remove_prefix(8)) take(text);
+  take(text);
+  return (all & 0x8080808080808080) == 0;
 }
 
 // The character at the start of a UTF-8 text as "U+00E4", for messages.
