@@ -3,6 +3,8 @@
 
 #include "runtime/Conversions.h"
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -12,12 +14,24 @@ namespace formwizard::adapters::vb6files {
 struct CaselessHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const {
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (const char c : text) {
-      const bool isCapital = c >= 'A' && c <= 'Z';
-      hash = (hash ^ (static_cast<unsigned char>(c) | (isCapital ? 0x20U : 0U))) * 0x100000001B3;
-    }
+    std::uint64_t hash = text.size();
+    for (; text.size() > WordSize; text.remove_prefix(WordSize)) hash = Joined(hash, FirstWord(text));
+    hash = Joined(hash, FirstWord(text));
     return static_cast<std::size_t>(hash ^ (hash >> 32));
+  }
+
+ private:
+  static constexpr std::size_t WordSize = 8;
+
+  // With the bit set in each of its bytes that tells small letters from capitals.
+  static std::uint64_t FirstWord(std::string_view text) {
+    std::array<char, WordSize> word{};
+    text.copy(word.data(), WordSize);
+    return std::bit_cast<std::uint64_t>(word) | 0x2020202020202020;
+  }
+  static std::uint64_t Joined(std::uint64_t hash, std::uint64_t word) {
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15;
+    return hash ^ (hash >> 29);
   }
 };
 

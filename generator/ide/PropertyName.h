@@ -25,7 +25,9 @@ class PropertyName {
   constexpr std::uint32_t Key() const { return key_; }
 
   friend constexpr bool operator==(const PropertyName& a, const PropertyName& b) {
-    return a.key_ == b.key_ && (a.text_ == b.text_ || std::ranges::equal(a.text_, b.text_, {}, Lower, Lower));
+    if (a.key_ != b.key_ || a.text_.size() != b.text_.size()) return false;
+    return a.text_.data() == b.text_.data() ||  // mostly the very same literal
+           std::ranges::equal(a.text_, b.text_, {}, Lower, Lower);
   }
 
  private:
