@@ -25,10 +25,10 @@ constexpr std::string_view LineEnd = "\r\n";
 // Returns how many there are.
 std::size_t ForEachLine(std::string_view text, auto action) {
   std::size_t count = 0;
-  for (; !text.empty(); ++count) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    action(line);
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  for (std::size_t start = 0; start < text.size(); ++count) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    action(std::string_view(text.data() + start, end - start));
+    start = end + 1;
   }
   return count;
 }
@@ -46,12 +46,13 @@ std::string_view ProcedureBegunBy(std::string_view line) {
   return IsOneOf(word, "Sub", "Function") ? TakeWord(line) : std::string_view();
 }
 
-// A quick look at the first letter spares most lines the rest.
+// A quick look at the first two letters spares most lines the rest: those of Private, Public, Friend, Static, Property,
+// Sub and Function.
 bool MayBeginProcedure(std::string_view line) {
   const auto first = std::ranges::find_if_not(line, IsBlank);
-  if (first == line.end()) return false;
-  const char letter = *first;
-  return letter == 'P' || letter == 'p' || letter == 'F' || letter == 'f' || letter == 'S' || letter == 's';
+  if (line.end() - first < 2) return false;
+  const int letter = first[0] | 0x20, next = first[1] | 0x20;
+  return (letter == 'p' || letter == 'f' || letter == 's') && (next == 'r' || next == 'u' || next == 't');
 }
 
 // Returns how many lines there are.
@@ -84,17 +85,16 @@ void CodeText::Load(std::string bytes) {
   bytes_ = std::move(bytes);
   lines_ = 0;
   procedures_.clear();
-  Note(bytes_);
+  NoteNew(bytes_);
 }
 
-// The lines and procedures of a text that is new.
-void CodeText::Note(std::string_view text) {
+// The lines and procedures of a text.
+void CodeText::NoteNew(std::string_view text) {
   lines_ += ForEachProcedure(text, [this](std::string_view name) { procedures_.insert(texts_.Kept(name)); });
 }
 
-bool CodeText::HasProcedure(std::string_view name) const { return procedures_.contains(name); }
-
-void CodeText::FinishLastLine() {
+void CodeText::PrepareEnd() {
+  if (bytes_.empty()) bytes_.reserve(MostOften);
   if (!bytes_.empty() && !bytes_.ends_with('\n')) bytes_ += LineEnd;
 }
 
@@ -109,20 +109,22 @@ std::size_t CodeText::StartOf(std::size_t line) const {
 
 void CodeText::Insert(std::size_t line, std::string_view text) {
   if (line > lines_) {
-    FinishLastLine();
+    PrepareEnd();
     bytes_.append(text).append(LineEnd);
   } else {
     const std::size_t start = StartOf(line);
     bytes_.insert(start, LineEnd).insert(start, text);
   }
-  Note(text);
+  NoteNew(text);
   if (text.empty() || text.ends_with('\n')) ++lines_;  // an empty one behind it
 }
 
-std::size_t CodeText::AppendSub(std::string_view name, std::string_view parameters) {
-  FinishLastLine();
+std::optional<std::size_t> CodeText::AppendHandler(std::string_view object, std::string_view event,
+                                                   std::string_view parameters) {
+  const std::string_view name = texts_.Kept({object, "_", event});
+  if (!procedures_.insert(name).second) return std::nullopt;
+  PrepareEnd();
   bytes_.append("\r\nPrivate Sub ").append(name).append("(").append(parameters).append(")\r\n\r\nEnd Sub\r\n");
-  procedures_.insert(texts_.Kept(name));
   lines_ += 4;
   return lines_ - 2;
 }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <memory_resource>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -28,22 +29,24 @@ class CodeText {
   // Before the one-based line; past the end it appends. The text's CRLFs separate lines, so a text that ends in CRLF
   // leaves an empty line after it. The line end of an unfinished last line is added when text goes behind it.
   void Insert(std::size_t line, std::string_view text);
-  // Appends an empty line and a Sub without lines of its own, and returns the one-based line where it begins.
-  std::size_t AppendSub(std::string_view name, std::string_view parameters);
-  // Whether a Sub, Function or Property of this name stands in the code; in any case of its letters.
-  bool HasProcedure(std::string_view name) const;
+  // Appends an empty line and a Sub without lines of its own, which handles an object's event, and returns the
+  // one-based line where it begins; nothing when the code has a procedure of its name, in any case of its letters.
+  std::optional<std::size_t> AppendHandler(std::string_view object, std::string_view event,
+                                           std::string_view parameters);
 
   const std::string& Bytes() const { return bytes_; }
 
  private:
-  void Note(std::string_view text);
-  void FinishLastLine();
+  void NoteNew(std::string_view text);
+  void PrepareEnd();
   std::size_t StartOf(std::size_t line) const;
+
+  static constexpr std::size_t MostOften = 32768;  // bytes of a form's code: it need not grow piece by piece
 
   std::string bytes_;
   std::size_t lines_ = 0;
-  Texts texts_;
-  std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> procedures_{&texts_};
+  Texts texts_{8192};  // of the procedures, with all that follows
+  std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> procedures_{64, &texts_};
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -16,8 +16,6 @@ constexpr double DropDownListStyle = 2;
 // ActiveX controls measure themselves in hundredths of a millimetre.
 double Himetric(double twips) { return std::round(twips * 2540 / 1440); }
 
-bool IsScale(const PropertyRow& row) { return row.Name.Text().starts_with("Scale"); }
-
 }  // namespace
 
 Control::Control(Designer& designer, const ControlClass& controlClass, std::string_view name)
@@ -77,13 +75,14 @@ void Control::SetProperty(const PropertyName& name, const generator::ide::Proper
   }
   CheckSettable(*row);
   if (row->Type == PropertyType::Text) {
-    Set(*row, {0, designer_.texts_.Kept(CoercedText(value, designer_.CodePageOfForm))});
+    std::string room;
+    Set(*row, {0, designer_.texts_.Kept(CoercedText(value, designer_.CodePageOfForm, room))});
     return;
   }
   const double number = CoercedNumber(*row, value);
   if (row->Is("TabIndex")) {
     designer_.SetTabIndex(*this, static_cast<int>(number));
-  } else if (IsScale(*row)) {
+  } else if (row->IsOfScale) {
     SetScale(*row, number);
   } else if (row->Type == PropertyType::Single) {
     SetPlace(*row, number);
@@ -154,7 +153,7 @@ Scale Control::ClientScale() const {
                     ClientExtent("Width"), ClientExtent("Height"));
 }
 
-void Control::AppendWritten(std::string& out, const Value& value, FrxBuilder& frx) const {
+void Control::AppendWritten(FormText& out, const Value& value, FrxBuilder& frx) const {
   const PropertyRow& row = *value.Row;
   const auto append = [&](double number) { AppendValue(out, row, {number}, frx); };
   if (row.Is("TabIndex")) return append(static_cast<double>(tabIndex_));
@@ -176,14 +175,14 @@ bool Control::IsWritten(const Value& value) const {
   return !IsDefault(*value.Row, value.Data);
 }
 
-void Control::AppendProperties(std::string& out, int level, FrxBuilder& frx) const {
+void Control::AppendProperties(FormText& out, int level, FrxBuilder& frx) const {
   for (const Value& value : values_) {
     if (!IsWritten(value)) continue;
-    AppendPropertyLine(out, level, value.Row->Name.Text(), [&] { AppendWritten(out, value, frx); });
+    AppendPropertyLine(out, level, value.Row->Start, [&] { AppendWritten(out, value, frx); });
   }
 }
 
-void Control::AppendTo(std::string& out, int level, FrxBuilder& frx) const {
+void Control::AppendTo(FormText& out, int level, FrxBuilder& frx) const {
   AppendIndent(out, level);
   out += "Begin ";
   out += class_.Name;

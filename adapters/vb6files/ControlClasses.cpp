@@ -271,7 +271,7 @@ constexpr std::array Classes{
 
 // Every property of every class, found by both: 0 is a free slot, anything else one more than the index of a row. What
 // finds its slot taken stands in the next that is free.
-constexpr std::size_t Slots = 1024;
+constexpr std::size_t Slots = 2048;
 
 constexpr std::size_t SlotOf(ClassBits classBit, std::uint32_t key) {
   return (key ^ (key >> 16) ^ (static_cast<std::size_t>(std::countr_zero(classBit)) * 73)) % Slots;

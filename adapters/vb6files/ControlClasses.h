@@ -3,6 +3,8 @@
 
 #include "generator/ide/PropertyName.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -39,6 +41,18 @@ constexpr double WholeNumberIn(std::string_view digits) {
   return digits.starts_with('-') ? -number : number;
 }
 
+// What stands in front of a property's value: the name padded to 16 columns, "=" and three blanks.
+struct LineStart {
+  constexpr explicit LineStart(std::string_view name) : Size(std::max<std::size_t>(name.size(), 16) + 4) {
+    std::ranges::fill(Chars, ' ');
+    std::ranges::copy(name, Chars.begin());
+    Chars[Size - 4] = '=';
+  }
+
+  std::array<char, 24> Chars{};
+  std::size_t Size;
+};
+
 struct PropertyRow {
   PropertyName Name;
   PropertyType Type;
@@ -47,6 +61,8 @@ struct PropertyRow {
   ClassBits AlwaysIn = 0;       // the classes that write it also at its default
   std::string_view Names = "";  // of an enumeration: the names of 0, 1, 2 ..., separated by "|"
   double DefaultNumber = WholeNumberIn(Default);
+  LineStart Start = LineStart(Name.Text());
+  bool IsOfScale = Name.Text().starts_with("Scale");
 
   // For names that stand in the table, of which no two have one key.
   constexpr bool Is(const PropertyName& name) const { return Name.Key() == name.Key(); }

@@ -4,6 +4,8 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -24,9 +26,9 @@ Control& Designer::Add(std::string_view progId, Control* container) {
   }
   if (container && !TakesChildren(*container, *known)) runtime::Raise(runtime::InvalidPropertyValue);
 
-  const std::string name = DefaultName(known->NameStem);
+  const std::string_view name = DefaultName(known->NameStem);
   ListYoungest();
-  Control& control = controls_.emplace_back(*this, *known, texts_.Kept(name));
+  Control& control = controls_.emplace_back(*this, *known, name);
   unlisted_ = &control;
   control.parent_ = container;
   (container ? container->children_ : topLevel_).push_back(&control);
@@ -34,11 +36,12 @@ Control& Designer::Add(std::string_view progId, Control* container) {
   return control;
 }
 
-std::string Designer::DefaultName(std::string_view stem) const {
+std::string_view Designer::DefaultName(std::string_view stem) {
+  std::array<char, 48> name{};
+  char* const digits = name.data() + stem.copy(name.data(), 32);
   for (int number = 1;; ++number) {
-    std::string name(stem);
-    name += std::to_string(number);
-    if (!Named(name)) return name;
+    const std::string_view full(name.data(), std::to_chars(digits, name.data() + name.size(), number).ptr);
+    if (!Named(full)) return texts_.Kept(full);
   }
 }
 
@@ -106,13 +109,13 @@ bool Designer::HasMenuBar() const {
                              [](const Control* c) { return c->class_.FileLayer == Layer::Menu && c->IsVisible(); });
 }
 
-void Designer::AppendTo(std::string& out, FrxBuilder& frx) const {
+void Designer::AppendTo(FormText& out, FrxBuilder& frx) const {
   for (std::size_t i = 0; i < tabOrder_.size(); ++i) tabOrder_[i]->tabIndex_ = i;
   AppendLayers(topLevel_, out, 1, frx);
 }
 
 // Of the first two layers the youngest control comes first; menus stand in the order of the bar.
-void Designer::AppendLayers(const std::pmr::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx) {
+void Designer::AppendLayers(const std::pmr::vector<Control*>& controls, FormText& out, int level, FrxBuilder& frx) {
   for (const Layer layer : {Layer::Windowed, Layer::Lightweight}) {
     for (auto control = controls.rbegin(); control != controls.rend(); ++control) {
       if ((*control)->class_.FileLayer == layer) (*control)->AppendTo(out, level, frx);

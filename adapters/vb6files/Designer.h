@@ -32,7 +32,7 @@ class Control final : public generator::ide::VBControl {
 
   const ControlClass& Class() const { return class_; }
   // "Begin" to "End", children included, `level` times three blanks deep.
-  void AppendTo(std::string& out, int level, FrxBuilder& frx) const;
+  void AppendTo(FormText& out, int level, FrxBuilder& frx) const;
   bool IsVisible() const;
 
  private:
@@ -46,8 +46,8 @@ class Control final : public generator::ide::VBControl {
   const PropertyData* ValueOf(const PropertyName& name) const;
   double NumberOf(const PropertyName& name) const;
   void CheckSettable(const PropertyRow& row) const;
-  void AppendProperties(std::string& out, int level, FrxBuilder& frx) const;
-  void AppendWritten(std::string& out, const Value& value, FrxBuilder& frx) const;
+  void AppendProperties(FormText& out, int level, FrxBuilder& frx) const;
+  void AppendWritten(FormText& out, const Value& value, FrxBuilder& frx) const;
   bool IsWritten(const Value& value) const;
   void SetPlace(const PropertyRow& row, double value);
   void SetScale(const PropertyRow& row, double value);
@@ -88,26 +88,28 @@ class Designer {
   // A menu bar is there when a menu of the top level is visible.
   bool HasMenuBar() const;
   // All controls, from the level below the form.
-  void AppendTo(std::string& out, FrxBuilder& frx) const;
+  void AppendTo(FormText& out, FrxBuilder& frx) const;
 
   const system::CodePage& CodePageOfForm;
 
  private:
   friend class Control;
 
-  std::string DefaultName(std::string_view stem) const;
+  std::string_view DefaultName(std::string_view stem);
   Control* Named(std::string_view name) const;
   void ListYoungest();
   void Rename(Control& control, std::string_view name);
   void Move(Control& control, Control& container);
   void SetTabIndex(Control& control, int index);
-  static void AppendLayers(const std::pmr::vector<Control*>& controls, std::string& out, int level, FrxBuilder& frx);
+  static void AppendLayers(const std::pmr::vector<Control*>& controls, FormText& out, int level, FrxBuilder& frx);
 
   const ControlLibraries& libraries_;
   const Scale& formScale_;
+  static constexpr std::size_t MostOften = 64;  // controls
+
   Texts texts_{16384};  // of the controls, with all that follows
   std::pmr::deque<Control> controls_{&texts_};
-  std::pmr::unordered_map<std::string_view, Control*, CaselessHash, CaselessEqual> byName_{&texts_};
+  std::pmr::unordered_map<std::string_view, Control*, CaselessHash, CaselessEqual> byName_{MostOften, &texts_};
   Control* unlisted_ = nullptr;                   // the youngest, as long as it has its default name: most are renamed
   std::pmr::vector<Control*> topLevel_{&texts_};  // oldest first
   std::pmr::vector<Control*> tabOrder_{&texts_};

@@ -108,31 +108,32 @@ void FormDocument::InsertLines(Int32 line, std::string_view text) {
 
 Int32 FormDocument::CreateEventProc(std::string_view event, std::string_view object) {
   BeginChange();
-  const std::string objectBytes = codePage_.Encode(object);
+  std::string room;
+  const std::string_view objectBytes = codePage_.Encoded(object, room);
   const bool isForm = runtime::EqualIgnoringCase(object, "Form");
   const Control* control = isForm ? nullptr : designer_.Find(objectBytes);
   const EventRow* row = nullptr;
   if (isForm || control) row = FindEvent(isForm ? classbit::Form : control->Class().Bit, event);
-  const std::string procedure = objectBytes + "_" + std::string(event);
-  if (!row || code_.HasProcedure(procedure)) {
+  const auto line = row ? code_.AppendHandler(objectBytes, event, row->Parameters) : std::nullopt;
+  if (!line) {
     runtime::Raise(runtime::EventHandlerInvalid, "Event handler is invalid: " + std::string(object) + "_" +
                                                      std::string(event) +
                                                      (row                 ? " exists already"
                                                       : isForm || control ? ": there is no such event"
                                                                           : ": there is no such object"));
   }
-  return Int32(code_.AppendSub(procedure, row->Parameters));
+  return Int32(*line);
 }
 
 // Libraries whose controls are on the form, in the order of the project.
-void FormDocument::AppendHead(std::string& out) const {
+void FormDocument::AppendHead(FormText& out) const {
   for (const std::string& line : headLines_) out += line;
   for (const ObjectReference& library : libraries_.InProjectOrder()) {
     if (!library.Library.empty() && designer_.UsesLibrary(library.Library)) out += ObjectLine(library);
   }
 }
 
-void FormDocument::AppendAttributes(std::string& out) const {
+void FormDocument::AppendAttributes(FormText& out) const {
   for (const std::string& line : attributeLines_) {
     if (IsNameAttribute(line)) {
       out += "Attribute VB_Name = \"" + name_ + "\"\r\n";
@@ -161,18 +162,16 @@ std::optional<KeptCode> FormDocument::CodeKept() const {
 FormFiles FormDocument::Render(std::string_view stem) const {
   if (!changed_) return {original_, originalFrx_};
   FrxBuilder frx(stem);
-  FormFiles files;
   constexpr std::size_t ofControl = 400;  // bytes, of most
-  files.Frm.reserve(code_.Bytes().size() + designer_.Count() * ofControl + 4096);
-  AppendHead(files.Frm);
-  files.Frm += "Begin " + class_ + " " + name_ + " \r\n";
-  header_.AppendTo(files.Frm, frx, designer_.HasMenuBar());
-  designer_.AppendTo(files.Frm, frx);
-  files.Frm += "End\r\n";
-  AppendAttributes(files.Frm);
-  files.Frm += code_.Bytes();
-  files.Frx = frx.Bytes();
-  return files;
+  FormText frm(code_.Bytes().size() + designer_.Count() * ofControl + 4096);
+  AppendHead(frm);
+  frm += "Begin " + class_ + " " + name_ + " \r\n";
+  header_.AppendTo(frm, frx, designer_.HasMenuBar());
+  designer_.AppendTo(frm, frx);
+  frm += "End\r\n";
+  AppendAttributes(frm);
+  frm += code_.Bytes();
+  return {std::move(frm).Text(), frx.Bytes()};
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -66,8 +66,8 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   generator::ide::Int32 CreateEventProc(std::string_view event, std::string_view object) override;
 
   void BeginChange();
-  void AppendHead(std::string& out) const;
-  void AppendAttributes(std::string& out) const;
+  void AppendHead(FormText& out) const;
+  void AppendAttributes(FormText& out) const;
 
   const system::CodePage& codePage_;
   const ControlLibraries& libraries_;

@@ -180,7 +180,10 @@ void FormHeader::SetProperty(const PropertyName& name, const PropertyValue& valu
   const PropertyRow* row = FindProperty(classbit::Form, name);
   if (!row)
     runtime::Raise(runtime::PropertyNotFound, "Property '" + std::string(name.Text()) + "' not found in VB.Form");
-  if (row->Type == PropertyType::Text) return SetText(row->Name, CoercedText(value, codePage));
+  if (row->Type == PropertyType::Text) {
+    std::string room;
+    return SetText(row->Name, CoercedText(value, codePage, room));
+  }
   const double number = CoercedNumber(*row, value);
   if (row->Is("Height")) {
     SetClientSize("ClientHeight", number, Frame().Height() + (hasMenuBar ? ui::MenuBarHeight : 0));
@@ -191,7 +194,7 @@ void FormHeader::SetProperty(const PropertyName& name, const PropertyValue& valu
     placed_ = true;
   } else if (row->Is("BorderStyle")) {
     SetBorderStyle(number);
-  } else if (row->Name.Text().starts_with("Scale")) {
+  } else if (row->IsOfScale) {
     SetScale(row->Name, number);
   } else {
     if (row->Is("StartUpPosition")) placed_ = true;
@@ -208,7 +211,7 @@ double FormHeader::WrittenNumber(const Property& property, bool hasMenuBar) cons
   return (systemPlaced ? 0 : top_) + Frame().Top() + shift + (hasMenuBar ? ui::MenuBarHeight : 0);
 }
 
-void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const {
+void FormHeader::AppendTo(FormText& out, FrxBuilder& frx, bool hasMenuBar) const {
   for (const Property& property : properties_) {
     const double number = WrittenNumber(property, hasMenuBar);
     const bool asRead = !property.Lines.empty() && number == property.Number;
@@ -216,13 +219,15 @@ void FormHeader::AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) co
       const std::size_t start = ReferenceStart(property.Lines);
       out += property.Lines.substr(0, start);
       if (property.Lines[start] == '$') out += '$';
-      out += frx.AddRecord(property.Record) + "\r\n";
+      out += frx.AddRecord(property.Record);
+      out += "\r\n";
     } else if (asRead) {
       out += property.Lines;
     } else if (!property.Row) {
-      AppendPropertyLine(out, 1, property.Name, [&] { AppendNumber(out, number); });
+      AppendPropertyLine(out, 1, LineStart(property.Name), [&] { AppendNumber(out, number); });
     } else if (!IsDefault(*property.Row, property.Data()) || (property.Row->AlwaysIn & classbit::Form) != 0) {
-      AppendPropertyLine(out, 1, property.Name, [&] { AppendValue(out, *property.Row, property.Data(), frx); });
+      AppendPropertyLine(out, 1, LineStart(property.Name),
+                         [&] { AppendValue(out, *property.Row, property.Data(), frx); });
     }
   }
 }

@@ -33,7 +33,7 @@ class FormHeader {
   const Scale& ClientScale() const { return scale_; }
 
   // The property lines, by name.
-  void AppendTo(std::string& out, FrxBuilder& frx, bool hasMenuBar) const;
+  void AppendTo(FormText& out, FrxBuilder& frx, bool hasMenuBar) const;
 
  private:
   struct Property {

@@ -12,7 +12,6 @@ namespace formwizard::adapters::vb6files {
 namespace {
 
 constexpr std::size_t LongestLineText = 130;  // bytes; a longer text goes to the companion file
-constexpr std::size_t NameColumns = 16;
 
 template <typename Integer>
 std::string LittleEndian(Integer value) {
@@ -31,37 +30,48 @@ std::string_view NameOf(std::string_view names, int value) {
 
 constexpr std::size_t NumberSize = 32;  // characters that any number fits
 
-template <typename... Format>
-void AppendDigits(std::string& out, Format... number) {
-  std::array<char, NumberSize> digits{};
-  out.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number...).ptr);
+template <typename Integer>
+void AppendDigits(FormText& out, Integer number) {
+  char* const start = out.Room<NumberSize>();
+  out.Take(static_cast<std::size_t>(std::to_chars(start, start + NumberSize, number).ptr - start));
 }
 
-void AppendColor(std::string& out, double value) {
+// The digits of a number that is no integer, with what takes them.
+struct Digits {
+  template <typename Number>
+  Digits(Number number, std::chars_format format)
+      : Text(Room.data(), std::to_chars(Room.data(), Room.data() + Room.size() - 1, number, format).ptr) {}
+  Digits(const Digits&) = delete;
+  Digits& operator=(const Digits&) = delete;
+
+  std::array<char, NumberSize> Room{};  // ends with a 0
+  std::string_view Text;
+};
+
+void AppendColor(FormText& out, double value) {
   std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), "&H%08X&", static_cast<unsigned>(static_cast<std::int64_t>(value)));
   out += text.data();
 }
 
 // Without the zero before the point.
-void AppendFraction(std::string& out, double value) {
-  const std::size_t start = out.size() + (value < 0 ? 1 : 0);
-  AppendDigits(out, std::round(value * 1000) / 1000, std::chars_format::fixed);
-  if (out.compare(start, 2, "0.") == 0) out.erase(start, 1);
+void AppendFraction(FormText& out, double value) {
+  const Digits digits(std::abs(std::round(value * 1000) / 1000), std::chars_format::fixed);
+  if (value < 0) out += '-';
+  out += digits.Text.substr(digits.Text.starts_with("0.") ? 1 : 0);
 }
 
 // "2.45745e5"; what a Single cannot hold is the largest that it can.
-void AppendExponential(std::string& out, double value) {
+void AppendExponential(FormText& out, double value) {
   constexpr double largest = std::numeric_limits<float>::max();
   const auto single = static_cast<float>(std::clamp(value, -largest, largest));
-  AppendDigits(out, single, std::chars_format::scientific);  // "2.45745e+05"
-  const std::size_t exponent = out.rfind('e') + 1;
-  const int tens = std::atoi(out.c_str() + exponent);
-  out.resize(exponent);
-  AppendDigits(out, tens);
+  const Digits digits(single, std::chars_format::scientific);  // "2.45745e+05"
+  const std::size_t exponent = digits.Text.find('e') + 1;
+  out += digits.Text.substr(0, exponent);
+  AppendDigits(out, std::atoi(digits.Room.data() + exponent));
 }
 
-void AppendText(std::string& out, std::string_view text, FrxBuilder& frx) {
+void AppendText(FormText& out, std::string_view text, FrxBuilder& frx) {
   const bool fits = text.size() <= LongestLineText &&
                     std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
   if (!fits) {
@@ -98,7 +108,7 @@ std::string FrxBuilder::AddMultiLineText(std::string_view text) {
   return AddRecord(length + std::string(text));
 }
 
-void AppendNumber(std::string& out, double value) {
+void AppendNumber(FormText& out, double value) {
   if (std::abs(value) >= 100000) {
     AppendExponential(out, value);
   } else if (const int whole = static_cast<int>(value); whole == value) {
@@ -108,7 +118,7 @@ void AppendNumber(std::string& out, double value) {
   }
 }
 
-void AppendValue(std::string& out, const PropertyRow& row, const PropertyData& data, FrxBuilder& frx) {
+void AppendValue(FormText& out, const PropertyRow& row, const PropertyData& data, FrxBuilder& frx) {
   switch (row.Type) {
     case PropertyType::Text:
       return AppendText(out, data.Text, frx);
@@ -129,16 +139,6 @@ void AppendValue(std::string& out, const PropertyRow& row, const PropertyData& d
     case PropertyType::Single:
       return AppendNumber(out, data.Number);
   }
-}
-
-void AppendIndent(std::string& out, int level) { out.append(static_cast<std::size_t>(level) * 3, ' '); }
-
-void AppendPropertyStart(std::string& out, int level, std::string_view name) {
-  const std::size_t indent = static_cast<std::size_t>(level) * 3, columns = std::max(name.size(), NameColumns);
-  const std::size_t start = out.size() + indent;
-  out.append(indent + columns + 4, ' ');
-  name.copy(out.data() + start, name.size());
-  out[start + columns] = '=';
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "adapters/vb6files/ControlClasses.h"
+#include "adapters/vb6files/FormText.h"
 
+#include <array>
 #include <concepts>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -35,22 +38,24 @@ struct PropertyData {
 // Everything below appends to the text of a form.
 
 // At most three decimals; from 100000 on with an exponent, as the environment writes single-precision numbers.
-void AppendNumber(std::string& out, double value);
+void AppendNumber(FormText& out, double value);
 
 // The value as it stands behind the "=" and its blanks; a text that is too long for a line or holds control characters
 // goes to the companion file.
-void AppendValue(std::string& out, const PropertyRow& row, const PropertyData& data, FrxBuilder& frx);
+void AppendValue(FormText& out, const PropertyRow& row, const PropertyData& data, FrxBuilder& frx);
 
 // `level` times three blanks.
-void AppendIndent(std::string& out, int level);
-
-// The start of a line: its indent, the name padded to 16 columns, "=" and three blanks.
-void AppendPropertyStart(std::string& out, int level, std::string_view name);
+inline void AppendIndent(FormText& out, int level) {
+  constexpr auto blanks = std::to_array("                     ");
+  for (; level > 7; level -= 7) out.AppendFirst(blanks, 21);
+  out.AppendFirst(blanks, static_cast<std::size_t>(level) * 3);
+}
 
 // A whole line, whose value `appendValue` appends.
 template <std::invocable Action>
-void AppendPropertyLine(std::string& out, int level, std::string_view name, Action&& appendValue) {
-  AppendPropertyStart(out, level, name);
+void AppendPropertyLine(FormText& out, int level, const LineStart& start, Action&& appendValue) {
+  AppendIndent(out, level);
+  out.AppendFirst(start.Chars, start.Size);
   appendValue();
   out += "\r\n";
 }

@@ -56,28 +56,29 @@ bool IsLetterBeyondAscii(std::string_view text) {
 bool IsLegalName(std::string_view name) {
   int characters = 0;
   for (std::size_t i = 0; i < name.size(); ++i) {
-    const char c = name[i];
-    const auto byte = static_cast<unsigned char>(c);
+    const auto byte = static_cast<unsigned char>(name[i]);
     const bool leads = byte >= 0xC0, follows = byte >= 0x80 && !leads;
     if (!follows) ++characters;
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    if (letter || follows || (leads && IsLetterBeyondAscii(name.substr(i)))) continue;
-    if (i == 0 || !((c >= '0' && c <= '9') || c == '_')) return false;
+    const bool isLetter = static_cast<unsigned>((byte | 0x20) - 'a') < 26;
+    if (isLetter || follows || (leads && IsLetterBeyondAscii(name.substr(i)))) continue;
+    if (i == 0 || !((byte >= '0' && byte <= '9') || byte == '_')) return false;
   }
   return !name.empty() && characters <= LongestName;
 }
 
 }  // namespace
 
-std::string CoercedText(const PropertyValue& value, const system::CodePage& codePage) {
-  return std::visit(
-      [&]<typename T>(const T& v) {
+std::string_view CoercedText(const PropertyValue& value, const system::CodePage& codePage, std::string& room) {
+  if (const auto* text = std::get_if<std::string_view>(&value)) return codePage.Encoded(*text, room);
+  room = std::visit(
+      []<typename T>(const T& v) {
         if constexpr (std::is_same_v<T, std::string_view>)
-          return codePage.Encode(v);
+          return std::string(v);
         else
           return runtime::Text(v);
       },
       value);
+  return room;
 }
 
 double CoercedNumber(const PropertyRow& row, const PropertyValue& value) {

@@ -10,8 +10,9 @@
 
 namespace formwizard::adapters::vb6files {
 
-// For a property that is a text: in the code page.
-std::string CoercedText(const generator::ide::PropertyValue& value, const system::CodePage& codePage);
+// For a property that is a text: in the code page. It lives as long as the value and `room`.
+std::string_view CoercedText(const generator::ide::PropertyValue& value, const system::CodePage& codePage,
+                             std::string& room);
 // For any other. Error 13 for a text that is no number, 6 for a number out of the type's range, 380 for a value that
 // the property does not take, 383 for a property that is not set this way.
 double CoercedNumber(const PropertyRow& row, const generator::ide::PropertyValue& value);

@@ -24,10 +24,10 @@ struct DesignerFixture {
     return control;
   }
   std::string Text() {
-    std::string out;
+    FormText out;
     FrxBuilder frx("frmX");
     Form.AppendTo(out, frx);
-    return out;
+    return std::move(out).Text();
   }
   // What stands behind each occurrence of a text, to the end of its line.
   std::string Behind(const std::string& start) {

@@ -100,9 +100,9 @@ TEST_CASE("The outer size of a form turns into its client area, its scale follow
     form->SetProperty("ScaleMode", Int16(3));
     CHECK(Value(*form, "ScaleMode") == "3  'Pixel");
   }
-  std::string line = "ScaleHeight = ";  // of a file that says more than a Single holds
-  AppendNumber(line, 1e80);
-  CHECK(line == "ScaleHeight = 3.4028235e38");
+  FormText line;
+  AppendNumber(line, 1e80);  // of a file that says more than a Single holds
+  CHECK(std::move(line).Text() == "3.4028235e38");
 }
 
 TEST_CASE("Code is inserted by lines and event procedures are appended once") {
