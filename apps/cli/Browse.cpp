@@ -26,6 +26,7 @@ namespace {
 
 using wizard::factory::ClassColumn;
 using wizard::factory::ObjectFactory;
+using wizard::factory::ResultSet;
 using wizard::factory::System;
 using wizard::factory::SystemsIn;
 
@@ -111,7 +112,9 @@ int ListSystems(const BrowseOptions& options) {
   const Server server(options);
   Listing listing(std::cout, FormOfListing(options.Json), {"SYSTEM", "CONNECTION"});
   for (const System& system : SystemsIn(server.Factory->SystemList())) {
-    listing.Add({system.Name, system.Connect}, {{"name", system.Name}, {"connect", system.Connect}});
+    listing.Add({system.Name, system.Connect}, [&] {
+      return ListedRow{{"name", system.Name}, {"connect", system.Connect}};
+    });
   }
   return EndOf(listing);
 }
@@ -129,20 +132,18 @@ int ListClasses(const BrowseOptions& options) {
     const bool isSystem = !runtime::EqualsNumber(rows->GetData(ClassColumn("System")), runtime::Int32(0));
     const bool isPersistent = runtime::EqualsNumber(rows->GetData(ClassColumn("Persistent")), runtime::Int32(1));
     if (options.All) {
-      listing.Add({name, YesNo(isSystem), YesNo(isPersistent)}, ColumnsOf(*rows));
+      listing.Add({name, YesNo(isSystem), YesNo(isPersistent)}, [&] { return ColumnsOf(*rows); });
     } else if (!isSystem && isPersistent) {
-      listing.Add({name}, {{"Name", name}});
+      listing.Add({name}, [&] { return ListedRow{{"Name", name}}; });
     }
   }
   return EndOf(listing);
 }
 
-void AddTo(Listing& listing, const TreeProperty& property) {
+ListedRow RowOf(const TreeProperty& property, ResultSet& columns) {
   ListedRow row{{"path", property.Path}, {"kind", property.Kind}};
-  row.update(property.Columns);
-  listing.Add({property.Path, std::string(property.Kind), property.Type, YesNo(property.IsRequired),
-               YesNo(property.IsReadOnly), property.Width, property.Caption},
-              row, property.Depth);
+  row.update(ColumnsOf(columns));
+  return row;
 }
 
 int ListProperties(const BrowseOptions& options) {
@@ -156,8 +157,12 @@ int ListProperties(const BrowseOptions& options) {
   }
   Listing listing(std::cout, FormOfListing(options.Json),
                   {"PROPERTY", "KIND", "TYPE", "REQUIRED", "READ-ONLY", "WIDTH", "CAPTION"});
-  ForEachProperty(*server.Factory, className, options.All,
-                  [&](const TreeProperty& property) { AddTo(listing, property); });
+  ForEachProperty(*server.Factory, className, options.All, [&](const TreeProperty& property, ResultSet& columns) {
+    listing.Add(
+        {property.Path, std::string(property.Kind), property.Type, YesNo(property.IsRequired),
+         YesNo(property.IsReadOnly), property.Width, property.Caption},
+        [&] { return RowOf(property, columns); }, property.Depth);
+  });
   return EndOf(listing);
 }
 
@@ -178,7 +183,8 @@ int ListQueries(const BrowseOptions& options) {
       names += (names.empty() ? "" : ",") + query->GetColumnName(column);
     }
     row["params"] = query->GetParamCount().Value();
-    listing.Add({CellOf(row["Name"]), CellOf(row["ContainId"]), std::move(names), CellOf(row["params"])}, row);
+    listing.Add({CellOf(row["Name"]), CellOf(row["ContainId"]), std::move(names), CellOf(row["params"])},
+                [&] { return row; });
   }
   return EndOf(listing);
 }

@@ -50,7 +50,7 @@ std::string DescribeForm(ObjectFactory& factory, const std::string& source, cons
   }
   std::string fields;
   std::size_t rows = 0;
-  ForEachProperty(factory, className, false, [&](const TreeProperty& property) {
+  ForEachProperty(factory, className, false, [&](const TreeProperty& property, wizard::factory::ResultSet&) {
     if (!property.IsField()) return;
     fields += (fields.empty() ? "\n    " : ",\n    ") + FieldOf(property);
     rows += static_cast<std::size_t>(property.RowCount.Value());

@@ -28,12 +28,12 @@ ListingForm FormOfListing(bool json) {
 Listing::Listing(std::ostream& out, ListingForm form, std::vector<std::string> headings)
     : out_(out), form_(form), widths_(headings.size()) {
   if (form_ == ListingForm::Json) out_ << '[';
-  if (form_ == ListingForm::Aligned) Add(std::move(headings), {});
+  if (form_ == ListingForm::Aligned) Add(std::move(headings), nullptr);
 }
 
-void Listing::Add(std::vector<std::string> cells, const ListedRow& row, std::size_t depth) {
+void Listing::Add(std::vector<std::string> cells, const std::function<ListedRow()>& row, std::size_t depth) {
   if (form_ == ListingForm::Json) {
-    out_ << (isFirst_ ? "\n  " : ",\n  ") << row.dump(-1, ' ', false, ListedRow::error_handler_t::replace);
+    out_ << (isFirst_ ? "\n  " : ",\n  ") << row().dump(-1, ' ', false, ListedRow::error_handler_t::replace);
     isFirst_ = false;
     return;
   }

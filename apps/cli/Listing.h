@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -28,9 +29,10 @@ class Listing {
   // `headings` are those of the cells, in capitals. `out` must outlive this object.
   Listing(std::ostream& out, ListingForm form, std::vector<std::string> headings);
 
-  // As many cells as headings, as UTF-8; what a terminal would obey is escaped. The row is what JSON shows instead.
+  // As many cells as headings, as UTF-8; what a terminal would obey is escaped. JSON shows what `row` gives instead,
+  // which is called for nothing else.
   // When aligned, the first cell stands `depth` steps further in.
-  void Add(std::vector<std::string> cells, const ListedRow& row, std::size_t depth = 0);
+  void Add(std::vector<std::string> cells, const std::function<ListedRow()>& row, std::size_t depth = 0);
   // Once, behind the last row: only then it is whole.
   void End();
 

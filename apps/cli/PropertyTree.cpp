@@ -12,6 +12,7 @@ namespace {
 using runtime::Int16;
 using runtime::Variant;
 using wizard::OfferedKind;
+using wizard::PropertyRow;
 using wizard::factory::ObjectFactory;
 using wizard::factory::ResultSet;
 
@@ -37,22 +38,22 @@ ListedRow ValueOf(const Variant& value) {
 // Goes through the properties of a class, and through those of each object among them.
 class Walk {
  public:
-  Walk(ObjectFactory& factory, bool all, const std::function<void(const TreeProperty&)>& take)
+  Walk(ObjectFactory& factory, bool all, const std::function<void(const TreeProperty&, ResultSet&)>& take)
       : factory_(factory), all_(all), take_(take) {}
 
   // `object` is the one whose class this is, null for the class itself.
   void Through(const std::string& className, const TreeProperty* object, Int16 objectKind) {
     const auto rows = factory_.ResultSet("%CompiledProperty", "PropertyInfo");
     rows->Execute({className});
-    while (rows->Next()) {
-      const bool isOffered = wizard::IsOffered(*rows, object != nullptr);
-      if (isOffered || all_) Take(*rows, isOffered, object, objectKind);
-    }
+    while (rows->Next()) Take(*rows, object, objectKind);
     rows->Close();
   }
 
  private:
-  void Take(ResultSet& row, bool isOffered, const TreeProperty* object, Int16 objectKind) {
+  void Take(ResultSet& columns, const TreeProperty* object, Int16 objectKind) {
+    const PropertyRow row(columns);
+    const bool isOffered = wizard::IsOffered(row, object != nullptr);
+    if (!isOffered && !all_) return;
     const OfferedKind kind = object ? wizard::KindInside(objectKind, row) : wizard::KindOf(row);
     const bool isObject = isOffered && wizard::IsNumber(row, "Datatype", 0);
     const TreeProperty property{
@@ -67,21 +68,20 @@ class Walk {
         wizard::IsNumber(row, "Editable", 0),
         object ? 1U : 0U,
         kind.RowsSetting ? settings::Settings().*kind.RowsSetting : Int16(1),
-        ColumnsOf(row),
     };
-    take_(property);
+    take_(property, columns);
     if (isObject) Through(property.Type, &property, kind.FieldKind);
   }
 
   ObjectFactory& factory_;
   bool all_;
-  const std::function<void(const TreeProperty&)>& take_;
+  const std::function<void(const TreeProperty&, ResultSet&)>& take_;
 };
 
 }  // namespace
 
 void ForEachProperty(ObjectFactory& factory, const std::string& className, bool all,
-                     const std::function<void(const TreeProperty&)>& take) {
+                     const std::function<void(const TreeProperty&, ResultSet&)>& take) {
   Walk(factory, all, take).Through(className, nullptr, model::kind::Free);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "apps/cli/Listing.h"
+#include "runtime/Integer.h"
 #include "wizard/factory/Factory.h"
 
 #include <functional>
@@ -19,15 +20,14 @@ struct TreeProperty {
   bool IsRequired, IsReadOnly;
   std::size_t Depth;        // 0 for a property of the class itself, 1 for one inside an object
   runtime::Int16 RowCount;  // of its field, by the defaults of the settings
-  ListedRow Columns;        // the server's, with their values
 
   bool IsField() const { return Kind != "object" && Kind != "none"; }
 };
 
-// Each property that the wizard offers, with `all` the others too; an object comes before what is in it. The wizard
-// goes no deeper than into the objects of the class.
+// Each property that the wizard offers, with `all` the others too, and the server's row on it. An object comes before
+// what is in it; the wizard goes no deeper than into the objects of the class.
 void ForEachProperty(wizard::factory::ObjectFactory& factory, const std::string& className, bool all,
-                     const std::function<void(const TreeProperty&)>& take);
+                     const std::function<void(const TreeProperty&, wizard::factory::ResultSet& row)>& take);
 
 // The server's columns of a row, with their values.
 ListedRow ColumnsOf(wizard::factory::ResultSet& row);
