@@ -35,11 +35,12 @@ std::string_view Values::Of(std::string_view gap) const {
 }
 
 Values NamesOf(const FieldRecord& field) {
-  return Values()
-      .Set("property", field.PropertyName)
+  Values names;
+  names.Set("property", field.PropertyName)
       .Set("control", field.ControlName)
       .Set("display", field.ReferenceColumn)
       .Set("base", field.IntName);
+  return names;
 }
 
 void Lines::BeginLine() {

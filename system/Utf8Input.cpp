@@ -3,10 +3,13 @@
 #include "support/Failures.h"
 #include "system/Text.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace formwizard::system {
 namespace {
 
-constexpr std::size_t BlockSize = 65'536;
+constexpr std::size_t LargestBlock = 65'536;
 
 bool IsHighHalf(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 
@@ -25,8 +28,9 @@ Utf8Input::int_type Utf8Input::underflow() {
 void Utf8Input::ReadBlock() {
   if (form_ == Form::Utf8) block_.clear();
   const std::size_t kept = block_.size();
-  block_.resize(kept + BlockSize);
-  in_.read(block_.data() + kept, static_cast<std::streamsize>(BlockSize));
+  const std::size_t wanted = in_.eof() ? 0 : std::exchange(blockSize_, std::min(4 * blockSize_, LargestBlock));
+  block_.resize(kept + wanted);
+  in_.read(block_.data() + kept, static_cast<std::streamsize>(wanted));
   block_.resize(kept + static_cast<std::size_t>(in_.gcount()));
   if (in_.bad()) throw support::InputError(name_ + ": the input cannot be read to its end");
 }

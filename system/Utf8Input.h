@@ -32,8 +32,9 @@ class Utf8Input : public std::streambuf {
   std::istream& in_;
   const std::string& name_;
   Form form_ = Form::Unknown;
-  std::string block_;  // as read; of UTF-16 its first bytes may be half a character of the block before
-  std::string utf8_;   // what UTF-16 has become
+  std::size_t blockSize_ = 2'048;  // of what is read next: most inputs are short
+  std::string block_;              // as read; of UTF-16 its first bytes may be half a character of the block before
+  std::string utf8_;               // what UTF-16 has become
 };
 
 }  // namespace formwizard::system

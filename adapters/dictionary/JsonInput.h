@@ -37,6 +37,7 @@ class JsonInput {
 
   std::istream& in_;
   const std::string& source_;
+  std::size_t blockSize_;  // of what is read next
   std::string buffer_;
   const char *at_, *end_;
   const char* mark_;     // no value before it is wanted any more

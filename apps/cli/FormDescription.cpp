@@ -315,7 +315,9 @@ class Reader : public nlohmann::json_sax<Json> {
   static bool IsArray(const Frame& frame) { return frame.Is == Part::Forms || frame.Is == Part::Fields; }
 
   std::string At(adapters::dictionary::Place place) const {
-    return name_ + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
+    std::string text;
+    text.reserve(name_.size() + 16);  // asked for with every value
+    return text.append(name_).append(":" + std::to_string(place.Line) + ":").append(std::to_string(place.Column));
   }
   // ": fields[0].rows" or ": [1].fields[0].rows", down to the member or element that so many frames are at.
   std::string PathTo(std::size_t frameCount) const {
