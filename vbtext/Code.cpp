@@ -1,0 +1,251 @@
+#include "vbtext/Code.h"
+
+#include "runtime/Conversions.h"
+#include "vbtext/Tokens.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+namespace formwizard::vbtext {
+namespace {
+
+using Statement = std::span<const Token>;
+
+bool IsOneOf(std::string_view word, auto... words) { return (runtime::EqualIgnoringCase(word, words) || ...); }
+
+std::string_view Word(Statement statement, std::size_t at) {
+  return at < statement.size() ? statement[at].Text : std::string_view();
+}
+
+// Without a line number and the words that say who may see the thing.
+Statement WithoutScope(Statement statement) {
+  if (!statement.empty() && statement[0].Kind == TokenKind::Number) statement = statement.subspan(1);
+  while (IsOneOf(Word(statement, 0), "Private", "Public", "Friend", "Static", "Global")) {
+    statement = statement.subspan(1);
+  }
+  return statement;
+}
+
+struct Heading {
+  std::string_view Word, Name;
+};
+
+// The procedure that a statement begins.
+std::optional<Heading> ProcedureIn(Statement statement) {
+  statement = WithoutScope(statement);
+  if (IsOneOf(Word(statement, 0), "Property") && IsOneOf(Word(statement, 1), "Get", "Let", "Set")) {
+    statement = statement.subspan(1);
+  } else if (!IsOneOf(Word(statement, 0), "Sub", "Function")) {
+    return std::nullopt;
+  }
+  if (statement.size() < 2 || statement[1].Kind != TokenKind::Name) return std::nullopt;
+  return Heading{statement[0].Text, statement[1].Text};
+}
+
+bool EndsProcedure(Statement statement) {
+  if (!statement.empty() && statement[0].Kind == TokenKind::Number) statement = statement.subspan(1);
+  return IsOneOf(Word(statement, 0), "End") && IsOneOf(Word(statement, 1), "Sub", "Function", "Property");
+}
+
+bool BeginsBlock(Statement statement) {
+  statement = WithoutScope(statement);
+  const bool isWhole = statement.size() == 2 || (statement.size() == 3 && statement[2].Kind == TokenKind::Comment);
+  return isWhole && IsOneOf(Word(statement, 0), "Type", "Enum") && statement[1].Kind == TokenKind::Name;
+}
+
+bool EndsBlock(Statement statement) {
+  return IsOneOf(Word(statement, 0), "End") && IsOneOf(Word(statement, 1), "Type", "Enum");
+}
+
+bool IsDirective(Statement statement) {
+  return Word(statement, 0) == "#" && IsOneOf(Word(statement, 1), "If", "ElseIf", "Else", "End", "EndIf");
+}
+
+// What the statement declares first: "x" of "Private WithEvents x As Y".
+Heading DeclarationIn(Statement statement) {
+  const Statement unscoped = WithoutScope(statement);
+  const std::string_view scope = unscoped.size() < statement.size() ? Word(statement, 0) : std::string_view();
+  Heading heading{Word(unscoped, 0), Word(unscoped, 1)};
+  if (IsOneOf(heading.Word, "Declare", "Attribute") && unscoped.size() > 2) {
+    heading.Name = IsOneOf(heading.Word, "Declare") ? Word(unscoped, 2) : heading.Name;
+  } else if (IsOneOf(heading.Word, "WithEvents") || IsOneOf(heading.Name, "WithEvents")) {
+    heading = {"WithEvents", Word(unscoped, IsOneOf(heading.Word, "WithEvents") ? 1 : 2)};
+  } else if (!scope.empty() && !IsOneOf(heading.Word, "Const", "Type", "Enum", "Event", "Declare")) {
+    heading = {scope, Word(unscoped, 0)};
+  }
+  return heading;
+}
+
+// A line of the text with all that it goes on in.
+struct LogicalLine {
+  LineRange Lines;
+  std::vector<Token> Tokens;
+};
+
+class LogicalLines {
+ public:
+  LogicalLines(const std::vector<Line>& lines, std::size_t from) : lines_(lines), at_(from) {}
+
+  // False at the end.
+  bool Next(LogicalLine& line) {
+    if (at_ == lines_.size()) return false;
+    line.Lines.First = at_;
+    line.Tokens.clear();
+    do {
+      const std::vector<Token>& tokens = tokenizer_.Read(lines_[at_++].Text);
+      std::ranges::copy_if(tokens, std::back_inserter(line.Tokens),
+                           [](const Token& token) { return token.Kind != TokenKind::Continuation; });
+    } while (tokenizer_.GoesOn() && at_ < lines_.size());
+    line.Lines.Behind = at_;
+    return true;
+  }
+
+ private:
+  const std::vector<Line>& lines_;
+  std::size_t at_;
+  Tokenizer tokenizer_;
+};
+
+class Reader {
+ public:
+  Reader(const std::vector<Line>& lines, std::size_t from) : lines_(lines, from), unread_{from, from} {}
+
+  Module Read() {
+    for (LogicalLine line; lines_.Next(line);) {
+      last_ = line.Lines.Behind;
+      if (IsDirective(line.Tokens))
+        ReadDirective(line);
+      else if (inProcedure_)
+        ReadInProcedure(line);
+      else if (inBlock_)
+        ReadInBlock(line);
+      else
+        ReadOutside(line);
+    }
+    if (inProcedure_) Miss(open_.Body.First, "the end of the procedure that begins here");
+    if (inBlock_) Miss(open_.Body.First, "the end of the block that begins here");
+    if (!branches_.empty()) Miss(branches_.back().Line, "\"#End If\"");
+    if (inProcedure_ || inBlock_) Close(last_);
+    AddRemark(last_);
+    return std::move(module_);
+  }
+
+ private:
+  struct Branch {
+    std::size_t Line;  // of its #If
+    std::string Conditions;
+  };
+
+  static std::vector<Statement> StatementsOf(const LogicalLine& line) {
+    std::vector<Statement> statements;
+    auto from = line.Tokens.begin();
+    for (auto at = from;; ++at) {
+      const bool isEnd = at == line.Tokens.end();
+      if (!isEnd && at->Text != ":") continue;
+      if (at != from) statements.emplace_back(from, at);
+      if (isEnd) return statements;
+      from = at + 1;
+    }
+  }
+
+  std::string BranchesNow() const {
+    std::string all;
+    for (const Branch& branch : branches_) all += branch.Conditions + "\n";
+    return all;
+  }
+
+  void ReadDirective(const LogicalLine& line) {
+    const std::string_view word = Word(line.Tokens, 1);
+    std::string condition;
+    for (const Token& token : Statement(line.Tokens).subspan(1)) {
+      AppendFolded(token.Text, condition);
+      condition += ' ';
+    }
+    if (IsOneOf(word, "If")) {
+      branches_.push_back({line.Lines.First, condition});
+    } else if (branches_.empty()) {
+      Miss(line.Lines.First, "\"#If\" before this line");
+    } else if (IsOneOf(word, "End", "EndIf")) {
+      branches_.pop_back();
+    } else {
+      branches_.back().Conditions += condition;  // what holds is that none of those before it does
+    }
+    if (inProcedure_ || inBlock_) return;
+    AddRemark(line.Lines.First);
+    Add({SectionKind::Directive, {}, word, BranchesNow(), line.Lines, line.Lines});
+  }
+
+  void ReadOutside(const LogicalLine& line) {
+    const bool isRemark = std::ranges::all_of(line.Tokens, [](const Token& t) { return t.Kind == TokenKind::Comment; });
+    if (isRemark) return;  // waits for what follows
+    const std::vector<Statement> statements = StatementsOf(line);
+    if (statements.empty()) return;
+    const Statement first = statements.front();
+    if (const std::optional<Heading> heading = ProcedureIn(first)) {
+      open_ = {SectionKind::Procedure, heading->Name, heading->Word, BranchesNow(), {unread_.First, 0}, line.Lines};
+      inProcedure_ = true;
+      if (std::ranges::any_of(statements, EndsProcedure)) Close(line.Lines.Behind);
+      return;
+    }
+    if (EndsProcedure(first) || EndsBlock(first)) Miss(line.Lines.First, "the beginning of what ends here");
+    AddRemark(line.Lines.First);
+    const Heading heading = DeclarationIn(first);
+    open_ = {SectionKind::Declaration, heading.Name, heading.Word, BranchesNow(), line.Lines, line.Lines};
+    inBlock_ = BeginsBlock(first);
+    if (!inBlock_ || std::ranges::any_of(statements, EndsBlock)) Close(line.Lines.Behind);
+  }
+
+  void ReadInProcedure(const LogicalLine& line) {
+    for (const Statement statement : StatementsOf(line)) {
+      // The branches of an #If can have a first line each for one procedure.
+      const bool isNew = ProcedureIn(statement).has_value() && BranchesNow() == open_.Branch;
+      if (isNew) Miss(line.Lines.First, "\"End " + EndWord() + "\" before this line");
+      if (EndsProcedure(statement)) return Close(line.Lines.Behind);
+    }
+  }
+
+  void ReadInBlock(const LogicalLine& line) {
+    if (EndsBlock(line.Tokens)) Close(line.Lines.Behind);
+  }
+
+  std::string EndWord() const {
+    return std::string(IsOneOf(open_.Word, "Sub", "Function") ? open_.Word : std::string_view("Property"));
+  }
+
+  void Close(std::size_t behind) {
+    open_.Lines.Behind = open_.Body.Behind = behind;
+    inProcedure_ = inBlock_ = false;
+    Add(std::move(open_));
+  }
+
+  void AddRemark(std::size_t behind) {
+    if (unread_.First < behind) {
+      const LineRange lines{unread_.First, behind};
+      Add({SectionKind::Remark, {}, {}, BranchesNow(), lines, lines});
+    }
+  }
+
+  void Add(Section section) {
+    unread_.First = section.Lines.Behind;
+    module_.Sections.push_back(std::move(section));
+  }
+
+  void Miss(std::size_t line, std::string expected) {
+    if (!module_.Wrong) module_.Wrong = {line, std::move(expected)};
+  }
+
+  LogicalLines lines_;
+  LineRange unread_;  // from First on nothing is in a section yet
+  std::size_t last_ = unread_.First;
+  Module module_;
+  Section open_{};
+  bool inProcedure_ = false, inBlock_ = false;
+  std::vector<Branch> branches_;
+};
+
+}  // namespace
+
+Module ModuleOf(const std::vector<Line>& lines, std::size_t from) { return Reader(lines, from).Read(); }
+
+}  // namespace formwizard::vbtext

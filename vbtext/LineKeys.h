@@ -1,0 +1,36 @@
+// Which lines of code are equal to the environment, whatever it does to their spelling when it saves.
+#pragma once
+
+#include "vbtext/Lines.h"
+#include "vbtext/Tokens.h"
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace formwizard::vbtext {
+
+// Lines with the same key are equal, others are not; the key of a line that is empty is EmptyLine.
+using LineKey = std::uint32_t;
+constexpr LineKey EmptyLine = 0;
+
+// What is the same for all spellings of a line: names in any case of their letters, "EndIf" for "End If", any blanks
+// between tokens and at the ends of the line. Every byte of a string counts, and of a comment but for blanks behind it.
+void AppendSpelling(const std::vector<Token>& line, std::string& to);
+
+// Keys of the texts that are compared with one another: all are made by one object.
+class LineKeys {
+ public:
+  // A line of code each.
+  std::vector<LineKey> Of(const std::vector<Line>& lines);
+  // Of a text that is compared byte by byte.
+  LineKey OfExact(std::string_view text) { return Number(std::string(text)); }
+
+ private:
+  LineKey Number(std::string spelling);
+
+  std::unordered_map<std::string, LineKey> numbers_;
+};
+
+}  // namespace formwizard::vbtext

@@ -1,0 +1,38 @@
+// A text as lines, each with the end that it has.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace formwizard::vbtext {
+
+struct Line {
+  std::string_view Text, End;  // End: "\r\n", "\n", or nothing for a last line without one
+
+  // Both, which stand behind one another.
+  std::string_view Whole() const { return {Text.data(), Text.size() + End.size()}; }
+};
+
+// Lines from First on, as far as before Behind; both count from 0.
+struct LineRange {
+  std::size_t First = 0, Behind = 0;
+
+  std::size_t Count() const { return Behind - First; }
+  bool Holds(std::size_t line) const { return line >= First && line < Behind; }
+};
+
+// A place where a text is not what it should be. Thrown where the reading cannot go on.
+struct Fault {
+  std::size_t Line;      // counts from 0
+  std::string Expected;  // "\"End Sub\""
+};
+
+// In order and without a gap; none for the empty text. They refer to `text`.
+std::vector<Line> LinesOf(std::string_view text);
+
+// The bytes from the first line of the range to the end of its last.
+std::string_view TextOf(const std::vector<Line>& lines, LineRange range);
+
+}  // namespace formwizard::vbtext
