@@ -114,6 +114,12 @@ void AppendFolded(std::string_view name, std::string& to) {
   }
 }
 
+std::string Folded(std::string_view name) {
+  std::string folded;
+  AppendFolded(name, folded);
+  return folded;
+}
+
 bool IsSameName(std::string_view a, std::string_view b) {
   if (a.size() != b.size() || !runtime::EqualIgnoringCase(a, b)) return false;
   for (std::size_t i = 1; i < a.size(); ++i) {

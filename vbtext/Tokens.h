@@ -1,6 +1,7 @@
 // The tokens of a line of Visual Basic. Bytes of any code page: those above ASCII count as letters.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -48,5 +49,6 @@ bool IsDigit(char c);
 bool IsSameName(std::string_view a, std::string_view b);
 // Equal for such names only.
 void AppendFolded(std::string_view name, std::string& to);
+std::string Folded(std::string_view name);
 
 }  // namespace formwizard::vbtext

@@ -1,0 +1,229 @@
+#include "vbtext/Differences.h"
+
+#include "vbtext/Alignment.h"
+#include "vbtext/LineKeys.h"
+#include "vbtext/Tokens.h"
+
+#include <algorithm>
+#include <iterator>
+#include <unordered_map>
+
+namespace formwizard::vbtext {
+namespace {
+
+class CodeComparison {
+ public:
+  CodeComparison(const Document& a, const Document& b, Differences& differences)
+      : a_(a), b_(b), keysA_(keys_.Of(a.Lines)), keysB_(keys_.Of(b.Lines)), differences_(differences) {}
+
+  void Run() {
+    CompareRest();
+    CompareProcedures();
+  }
+
+ private:
+  struct Side {
+    const Document& File;
+    const std::vector<LineKey>& Keys;
+  };
+
+  // The lines of a range that are not empty.
+  static std::vector<LineKey> KeysIn(const std::vector<LineKey>& keys, LineRange lines) {
+    std::vector<LineKey> in;
+    std::copy_if(keys.begin() + static_cast<std::ptrdiff_t>(lines.First),
+                 keys.begin() + static_cast<std::ptrdiff_t>(lines.Behind), std::back_inserter(in),
+                 [](LineKey key) { return key != EmptyLine; });
+    return in;
+  }
+
+  // All lines of a section as one key, with the branch that it stands in.
+  LineKey SectionKey(const Section& section, const std::vector<LineKey>& keys) {
+    std::string text = section.Branch;
+    for (const LineKey key : KeysIn(keys, section.Lines)) text += " " + std::to_string(key);
+    return keys_.OfExact(text);
+  }
+
+  static std::string_view WhatOf(const Section& section) {
+    if (section.Kind == SectionKind::Remark) return "comment";
+    return section.Kind == SectionKind::Directive ? "directive" : "declaration";
+  }
+  static std::string NameOfSection(const Section& section) {
+    std::string name(section.Word);
+    if (!section.Name.empty()) name += (name.empty() ? "" : " ") + std::string(section.Name);
+    return section.Kind == SectionKind::Directive ? "#" + name : name;
+  }
+
+  struct Rest {
+    std::vector<const Section*> Sections;
+    std::vector<LineKey> Keys;
+  };
+  // All but procedures and empty lines.
+  Rest RestOf(const Document& file, const std::vector<LineKey>& keys) {
+    Rest rest;
+    for (const Section& section : file.Code.Sections) {
+      if (section.Kind == SectionKind::Procedure || KeysIn(keys, section.Lines).empty()) continue;
+      rest.Sections.push_back(&section);
+      rest.Keys.push_back(SectionKey(section, keys));
+    }
+    return rest;
+  }
+
+  void CompareRest() {
+    const Rest a = RestOf(a_, keysA_), b = RestOf(b_, keysB_);
+    std::vector<Pair> pairs = Align(a.Keys, b.Keys);
+    pairs.push_back({a.Sections.size(), b.Sections.size()});
+    std::size_t fromA = 0, fromB = 0;
+    for (const Pair& pair : pairs) {
+      CompareGap({a.Sections.begin() + static_cast<std::ptrdiff_t>(fromA),
+                  a.Sections.begin() + static_cast<std::ptrdiff_t>(pair.A)},
+                 {b.Sections.begin() + static_cast<std::ptrdiff_t>(fromB),
+                  b.Sections.begin() + static_cast<std::ptrdiff_t>(pair.B)});
+      fromA = pair.A + 1;
+      fromB = pair.B + 1;
+    }
+  }
+
+  // Sections between two that are equal: one of the same name is the same one, changed.
+  void CompareGap(const std::vector<const Section*>& a, std::vector<const Section*> b) {
+    for (const Section* section : a) {
+      const auto same = std::ranges::find_if(b, [&](const Section* other) {
+        return other->Kind == section->Kind && IsSameName(other->Name, section->Name) &&
+               (!section->Name.empty() || section->Kind == SectionKind::Remark);
+      });
+      if (same == b.end()) {
+        differences_.AddOneSided(WhatOf(*section), NameOfSection(*section), section->Lines, true);
+      } else {
+        differences_.Add(Change::Changed, WhatOf(*section), NameOfSection(*section), section->Lines, (*same)->Lines);
+        b.erase(same);
+      }
+    }
+    for (const Section* section : b) {
+      differences_.AddOneSided(WhatOf(*section), NameOfSection(*section), section->Lines, false);
+    }
+  }
+
+  using Procedures = std::vector<std::pair<std::string, const Section*>>;
+  // With the key of each: branch, word and name, and which one of those.
+  static Procedures ProceduresOf(const Document& file) {
+    Procedures procedures;
+    std::unordered_map<std::string, std::size_t> counts;
+    for (const Section& section : file.Code.Sections) {
+      if (section.Kind != SectionKind::Procedure) continue;
+      std::string key = section.Branch + Folded(section.Word) + " " + Folded(section.Name);
+      key += " " + std::to_string(counts[key]++);
+      procedures.emplace_back(std::move(key), &section);
+    }
+    return procedures;
+  }
+
+  void CompareProcedures() {
+    const Procedures a = ProceduresOf(a_), b = ProceduresOf(b_);
+    std::unordered_map<std::string_view, std::size_t> placesB;
+    for (std::size_t i = 0; i < b.size(); ++i) placesB.emplace(b[i].first, i);
+    std::vector<std::size_t> restA;
+    std::vector<bool> isInB(b.size(), false);
+    std::vector<Pair> pairs;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      const auto found = placesB.find(a[i].first);
+      if (found == placesB.end()) {
+        restA.push_back(i);
+      } else {
+        pairs.push_back({i, found->second});
+        isInB[found->second] = true;
+      }
+    }
+    std::vector<std::size_t> restB;
+    for (std::size_t i = 0; i < b.size(); ++i) {
+      if (!isInB[i]) restB.push_back(i);
+    }
+    for (const Pair& pair : pairs) CompareBodies(*a[pair.A].second, *b[pair.B].second);
+    CompareRenamed(a, restA, b, restB);
+    CompareOrder(a, b, pairs);
+  }
+
+  // The lines from the first that differs to the last.
+  void CompareBodies(const Section& a, const Section& b) {
+    const std::vector<LineKey> ofA = KeysIn(keysA_, a.Lines), ofB = KeysIn(keysB_, b.Lines);
+    if (ofA == ofB) return;
+    LineRange linesA = a.Lines, linesB = b.Lines;
+    const auto skipEmpty = [&] {
+      while (linesA.Count() > 0 && keysA_[linesA.First] == EmptyLine) ++linesA.First;
+      while (linesB.Count() > 0 && keysB_[linesB.First] == EmptyLine) ++linesB.First;
+    };
+    for (skipEmpty(); linesA.Count() > 0 && linesB.Count() > 0 && keysA_[linesA.First] == keysB_[linesB.First];
+         skipEmpty()) {
+      ++linesA.First;
+      ++linesB.First;
+    }
+    const auto skipEmptyBehind = [&] {
+      while (linesA.Count() > 0 && keysA_[linesA.Behind - 1] == EmptyLine) --linesA.Behind;
+      while (linesB.Count() > 0 && keysB_[linesB.Behind - 1] == EmptyLine) --linesB.Behind;
+    };
+    for (skipEmptyBehind();
+         linesA.Count() > 0 && linesB.Count() > 0 && keysA_[linesA.Behind - 1] == keysB_[linesB.Behind - 1];
+         skipEmptyBehind()) {
+      --linesA.Behind;
+      --linesB.Behind;
+    }
+    differences_.Add(Change::Changed, "procedure", NameOfSection(b), linesA, linesB);
+  }
+
+  // A procedure's lines without the one that names it.
+  std::string BodyKey(const Section& section, const std::vector<LineKey>& keys) {
+    std::string text = section.Branch;
+    for (const LineKey key : KeysIn(keys, {section.Body.First + 1, section.Body.Behind}))
+      text += " " + std::to_string(key);
+    return text;
+  }
+
+  void CompareRenamed(const Procedures& a, const std::vector<std::size_t>& restA, const Procedures& b,
+                      const std::vector<std::size_t>& restB) {
+    std::unordered_map<std::string, std::vector<std::size_t>> bodies;
+    for (const std::size_t i : restB) bodies[BodyKey(*b[i].second, keysB_)].push_back(i);
+    std::vector<bool> isRenamed(b.size(), false);
+    for (const std::size_t i : restA) {
+      const Section& section = *a[i].second;
+      const auto found = bodies.find(BodyKey(section, keysA_));
+      // More than "End Sub", and the only one.
+      const bool isOne = found != bodies.end() && found->second.size() == 1 && section.Body.Count() > 2;
+      if (isOne && !isRenamed[found->second[0]]) {
+        const Section& other = *b[found->second[0]].second;
+        isRenamed[found->second[0]] = true;
+        differences_.Add(Change::Renamed, "procedure", NameOfSection(section) + " to " + NameOfSection(other),
+                         section.Body, other.Body);
+      } else {
+        differences_.AddOneSided("procedure", NameOfSection(section), section.Body, true);
+      }
+    }
+    for (const std::size_t i : restB) {
+      if (!isRenamed[i]) differences_.AddOneSided("procedure", NameOfSection(*b[i].second), b[i].second->Body, false);
+    }
+  }
+
+  void CompareOrder(const Procedures& a, const Procedures& b, const std::vector<Pair>& pairs) {
+    const std::vector<Pair> stayed = LongestAscending(pairs);
+    auto next = stayed.begin();
+    for (const Pair& pair : pairs) {
+      if (next != stayed.end() && next->A == pair.A) {
+        ++next;
+      } else {
+        differences_.Add(Change::Moved, "procedure", NameOfSection(*a[pair.A].second), a[pair.A].second->Body,
+                         b[pair.B].second->Body);
+      }
+    }
+  }
+
+  const Document& a_;
+  const Document& b_;
+  LineKeys keys_;
+  std::vector<LineKey> keysA_, keysB_;
+  Differences& differences_;
+};
+
+}  // namespace
+
+void CompareCode(const Document& a, const Document& b, Differences& differences) {
+  CodeComparison(a, b, differences).Run();
+}
+
+}  // namespace formwizard::vbtext
