@@ -1,0 +1,19 @@
+// Plays what the environment does to a file when it saves it: another text that says the same.
+#pragma once
+
+#include <random>
+#include <string>
+
+namespace formwizard::tests {
+
+struct SavedForm {
+  std::string File, Records;  // Records: the .frx; empty when there is none
+};
+
+// Which of the many things happen, and where, is the generator's choice.
+SavedForm SavedAgain(const SavedForm& form, std::mt19937& random);
+
+// The same for one line of code.
+std::string Respelled(const std::string& line, std::mt19937& random);
+
+}  // namespace formwizard::tests
