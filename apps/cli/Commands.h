@@ -23,8 +23,8 @@ struct Task {
 // Adds a command, with its options and help, to the program. Its callback, which the parser calls when the command line
 // names it and is right so far, sets the task, or raises CLI::ParseError for what the parser itself cannot see.
 using AddCommand = void(CLI::App& program, Task& task);
-AddCommand AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddRender,
-    AddDoctor;
+AddCommand AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddCompare,
+    AddRender, AddDoctor;
 
 // An option, or an argument when the name has no dashes, that takes a path. One that no file can have ends in
 // support::InputError.

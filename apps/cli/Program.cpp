@@ -19,8 +19,9 @@ namespace formwizard::apps::cli {
 namespace {
 
 // In the order of the help text.
-constexpr std::array<AddCommand*, 9> Commands{
-    AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddRender, AddDoctor,
+constexpr std::array<AddCommand*, 10> Commands{
+    AddGenerate, AddWizard,     AddSystems, AddClasses, AddProperties,
+    AddQueries,  AddDictionary, AddCompare, AddRender,  AddDoctor,
 };
 
 int Say(const common::Failure& failure) {
