@@ -93,7 +93,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | wizard | systems | classes | properties | queries | dictionary | render | doctor)
+      generate | wizard | systems | classes | properties | queries | dictionary | compare | render | doctor)
         command=${words[i]}
         break
         ;;
@@ -101,7 +101,8 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary render doctor'
+    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary compare render
+      doctor'
     return
   fi
   if [[ $command == dictionary ]]; then
@@ -120,6 +121,13 @@ _ostrel_form_wizard() {
   _ostrel_form_wizard_value && return
   $split && return
   case $command in
+    compare)
+      if [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --code-page --json'
+      else
+        _filedir '@(frm|bas|cls|ctl|pag|dob|vbp)'
+      fi
+      ;;
     render)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --code-page'
