@@ -22,7 +22,7 @@ class SeriesFinder {
   // Nothing when it takes more edits than are looked for.
   std::vector<Pair> Find() {
     const int most = static_cast<int>(std::min<std::size_t>(MostEdits, a_.size() + b_.size()));
-    std::vector<int> reach(static_cast<std::size_t>(2 * most) + 3, 0);
+    std::vector<int> reach(2 * static_cast<std::size_t>(most) + 3, 0);
     for (int edits = 0; edits <= most; ++edits) {
       for (int diagonal = -edits; diagonal <= edits; diagonal += 2) {
         int& end = reach[At(diagonal, most)];

@@ -33,7 +33,6 @@ class Saver {
  public:
   Saver(const SavedForm& form, std::mt19937& random)
       : document_(DocumentOf(form.File)),
-        records_(form.Records),
         companion_(document_.Root ? *document_.Root : HeaderNode{}, form.Records),
         random_(random) {}
 
@@ -119,7 +118,6 @@ class Saver {
   }
 
   Document document_;
-  const std::string& records_;
   Companion companion_;
   std::mt19937& random_;
   SavedForm saved_;
