@@ -113,7 +113,7 @@ int CompareFiles(const CompareOptions& options) {
   } else {
     for (const Difference& difference : differences) report.Print(difference);
   }
-  return differences.empty() ? common::Done : common::Incomplete;
+  return differences.empty() ? common::Done : common::Differs;
 }
 
 }  // namespace
