@@ -14,8 +14,12 @@ constexpr const char* Name = "ostrel-form-wizard-desktop";
 
 }  // namespace
 
-void BecomeDesktopProgram(std::vector<std::string> arguments, const std::string& whose, const std::string& instead) {
-  arguments.insert(arguments.begin(), Name);
+void BecomeDesktopProgram(std::vector<std::string> options, const std::string& file, const std::string& whose,
+                          const std::string& instead) {
+  std::vector<std::string> arguments{Name};
+  arguments.insert(arguments.end(), options.begin(), options.end());
+  // The toolkit takes what begins with a dash for its own, wherever it stands.
+  arguments.insert(arguments.end(), {"--", file.starts_with('-') ? "./" + file : file});
   std::vector<char*> pointers;
   pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());

@@ -18,13 +18,12 @@ void CheckInputs(const WizardOptions& options) {
                                                   {options.CodePage, options.Toolbox});
 }
 
-std::vector<std::string> ArgumentsFor(const WizardOptions& options) {
+std::vector<std::string> OptionsFor(const WizardOptions& options) {
   std::vector<std::string> arguments{"--wizard", "--dictionary=" + options.Dictionary,
                                      "--code-page=" + std::to_string(options.CodePage)};
   if (!options.Toolbox.empty()) arguments.push_back("--toolbox=" + options.Toolbox);
   if (!options.Profile.empty()) arguments.push_back("--profile=" + options.Profile);
   if (!options.Language.empty()) arguments.push_back("--language=" + options.Language);
-  arguments.insert(arguments.end(), {"--", options.Project});
   return arguments;
 }
 
@@ -34,7 +33,7 @@ void AddDialogOptions(CLI::App&, WizardOptions&) {}
 
 int ShowWizard(const WizardOptions& options) {
   CheckInputs(options);
-  BecomeDesktopProgram(ArgumentsFor(options), "whose dialogs these are",
+  BecomeDesktopProgram(OptionsFor(options), options.Project, "whose dialogs these are",
                        ", or make the form with \"ostrel-form-wizard generate\"");
 }
 

@@ -21,14 +21,11 @@ int Render(const RenderOptions& options) {
     throw common::UsageError("-: a form is read from a file, because its pictures stand in a file beside it");
   }
   common::KindOfPicture(options.Picture);
-  BecomeDesktopProgram({"--render=" + AsArgument(options.Form), "--code-page=" + std::to_string(options.CodePage), "--",
-                        AsArgument(options.Picture)},
+  BecomeDesktopProgram({"--render=" + options.Form, "--code-page=" + std::to_string(options.CodePage)}, options.Picture,
                        "which draws forms");
 }
 
 }  // namespace
-
-std::string AsArgument(const std::string& file) { return file.starts_with('-') ? "./" + file : file; }
 
 void AddRender(CLI::App& program, Task& task) {
   const auto options = std::make_shared<RenderOptions>();

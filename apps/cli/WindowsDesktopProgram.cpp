@@ -3,7 +3,8 @@
 
 namespace formwizard::apps::cli {
 
-void BecomeDesktopProgram(std::vector<std::string>, const std::string& whose, const std::string& instead) {
+void BecomeDesktopProgram(std::vector<std::string>, const std::string&, const std::string& whose,
+                          const std::string& instead) {
   throw support::InputError("ostrel-form-wizard-desktop: the desktop program, " + whose +
                             ", is not started from here on Windows; run it itself, or this command on Linux" + instead);
 }

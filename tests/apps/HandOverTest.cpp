@@ -23,7 +23,7 @@ TEST_CASE(
   };
   CHECK(run("dictionary import \"" + SourceFolder() + "/samples/dictionary.json\" d").Status == 0);
   const std::string wizard = "wizard --project \"my project/Project1.vbp\" --dictionary ";
-  const std::string render = "render --code-page 1250 -- -x.frm '$(a b).SVG'";
+  const std::string render = "render --code-page 1250 -- -x.frm '-$(a b).SVG'";
   for (const std::string& command : {wizard + "d", render}) {
     const Outcome alone = run(command);
     CHECK(alone.Status == 3);
@@ -44,7 +44,7 @@ TEST_CASE(
     CHECK(opened.Out == std::string(place) +
                             "\n<--wizard>\n<--dictionary=d>\n<--code-page=1252>\n<--toolbox=" + SourceFolder() +
                             "/samples/toolbox.ini>\n<--language=DEU>\n<-->\n<my project/Project1.vbp>\n");
-    CHECK(run(render).Out == std::string(place) + "\n<--render=./-x.frm>\n<--code-page=1250>\n<-->\n<$(a b).SVG>\n");
+    CHECK(run(render).Out == std::string(place) + "\n<--render=-x.frm>\n<--code-page=1250>\n<-->\n<./-$(a b).SVG>\n");
   }
   for (const char* wrong : {"none", "d --toolbox none"}) {
     const Outcome refused = run(wizard + wrong);
