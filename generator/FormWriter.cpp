@@ -18,9 +18,8 @@ std::shared_ptr<ide::VBComponent> UnusedStartupForm(ide::VBProject& project) {
   return controls && controls->Count() == Int32(0) ? form : nullptr;
 }
 
-// prefix & base without "%", followed by 2, 3 ... while a component of exactly that name exists.
-std::string UniqueComponentName(std::string_view base, std::string_view prefix, ide::VBProject& project) {
-  std::string stem = std::string(prefix) + runtime::ReplaceAll(base, "%", "");
+// The stem, followed by 2, 3 ... while a component of exactly that name exists.
+std::string UniqueComponentName(const std::string& stem, ide::VBProject& project) {
   if (!project.Components().Find(stem)) return stem;
   return stem + Text(project.Components().FirstFreeNumber(stem));
 }
@@ -60,6 +59,8 @@ void LoadCaptions(Generation& run, auto& step) {
 
 }  // namespace
 
+std::string FormStem(std::string_view classCaption) { return "frm" + runtime::ReplaceAll(classCaption, "%", ""); }
+
 void WriteForm(Generation& run) {
   const support::ResumeNext step(run.Report, [] { return std::string("WriteForm"); });
   const auto project = [&]() -> ide::VBProject& { return run.Environment.ActiveVBProject(); };
@@ -70,7 +71,7 @@ void WriteForm(Generation& run) {
     if (!run.NewComponent) run.NewComponent = project().Components().Add(ide::ComponentType::Form);
   });
   step([&] { run.FormDesigner = Required(run.NewComponent).DesignerControls(); });
-  step([&] { Required(run.NewComponent).SetName(UniqueComponentName(run.Form.ClassCaption, "frm", project())); });
+  step([&] { Required(run.NewComponent).SetName(UniqueComponentName(FormStem(run.Form.ClassCaption), project())); });
   step([&] { run.NewCodeModule = Required(run.NewComponent).Code(); });
   WriteFormProperties(run, step);
   LoadCaptions(run, step);

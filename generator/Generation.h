@@ -77,6 +77,10 @@ Object& Required(const std::shared_ptr<Object>& handle) {
 
 // Writes the form component, its properties and its controls. Reports failures and goes on.
 void WriteForm(Generation& run);
+// What the name of a form for a class begins with; a number may follow.
+std::string FormStem(std::string_view classCaption);
+// What WriteProcedures begins with, by which a form is known as one of the class.
+std::string FirstLineOfCode(std::string_view className);
 
 // Writes the code of the form into the component that WriteForm left behind. Errors of the writers that have no report
 // of their own pass to the caller.

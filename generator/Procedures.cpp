@@ -3,10 +3,14 @@
 
 namespace formwizard::generator {
 
-void WriteProcedures(Generation& run) {
+std::string FirstLineOfCode(std::string_view className) {
   Lines constant;
-  constant.Add(R"(Const m_classname = "{class}")", Values().Set("class", run.Form.ClassName));
-  Append(Required(run.NewCodeModule), constant.Text() + "\r\n");
+  constant.Add(R"(Const m_classname = "{class}")", Values().Set("class", className));
+  return constant.Text();
+}
+
+void WriteProcedures(Generation& run) {
+  Append(Required(run.NewCodeModule), FirstLineOfCode(run.Form.ClassName) + "\r\n");
 
   WriteSubCommon(run);
   WriteSubEnableScreen(run);

@@ -3,6 +3,7 @@
 #include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <utility>
@@ -23,6 +24,16 @@ std::string ObjectLine(const ObjectReference& library) {
 }
 
 }  // namespace
+
+std::size_t FindLine(std::string_view text, std::string_view line) {
+  for (std::size_t at = text.find(line); at != std::string_view::npos; at = text.find(line, at + 1)) {
+    const std::string_view behind = text.substr(at + line.size());
+    const bool isWhole =
+        (at == 0 || text[at - 1] == '\n') && (behind.empty() || behind.starts_with("\r\n") || behind.starts_with('\n'));
+    if (isWhole) return at;
+  }
+  return std::string_view::npos;
+}
 
 FormDocument::FormDocument(FormHeader header, const system::CodePage& codePage, const ControlLibraries& libraries)
     : codePage_(codePage),
@@ -57,6 +68,21 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
     form->holdsCodeAsRead_ = true;
     for (const std::string_view name : ProceduresIn(parts.Code)) form->proceduresAsRead_.emplace_back(name);
   }
+  form->code_.Load(std::move(parts.Code));
+  return form;
+}
+
+std::shared_ptr<FormDocument> FormDocument::Emptied(const std::string& path, std::string_view frm, std::string_view frx,
+                                                    std::string_view codeBegins, const system::CodePage& codePage,
+                                                    const ControlLibraries& libraries) {
+  FormParts parts = ReadForm(path, frm);
+  std::shared_ptr<FormDocument> form(new FormDocument(FormHeader(path, parts.Properties, frx), codePage, libraries));
+  form->class_ = std::move(parts.Class);
+  form->nameAsRead_ = form->name_ = std::move(parts.Name);
+  std::erase_if(parts.HeadLines, [](const std::string& line) { return line.starts_with("Object"); });
+  form->headLines_ = std::move(parts.HeadLines);
+  form->attributeLines_ = std::move(parts.AttributeLines);
+  parts.Code.resize(std::min(FindLine(parts.Code, codeBegins), parts.Code.size()));
   form->code_.Load(std::move(parts.Code));
   return form;
 }

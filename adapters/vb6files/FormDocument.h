@@ -23,6 +23,9 @@ struct FormFiles {
   std::string Frx;
 };
 
+// Where a text has the line, counted from 0; npos when it has not.
+std::size_t FindLine(std::string_view text, std::string_view line);
+
 // Behaves as the environment's form designer and code module do. Texts of the port's operations are UTF-8, everything
 // kept inside is bytes in the code page. Refuses what the environment refuses with a RuntimeError of the same kind. A
 // form that was read with controls on it is looked at, not changed: its changing operations raise error 440.
@@ -37,6 +40,12 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   // file and line, for a text that is no form.
   static std::shared_ptr<FormDocument> Parse(const std::string& path, std::string frm, std::string_view frx,
                                              const system::CodePage& codePage, const ControlLibraries& libraries);
+
+  // The same without controls, and with no more code than what stands in front of the line `codeBegins`: what a form
+  // was before the wizard filled it, as far as that can be told.
+  static std::shared_ptr<FormDocument> Emptied(const std::string& path, std::string_view frm, std::string_view frx,
+                                               std::string_view codeBegins, const system::CodePage& codePage,
+                                               const ControlLibraries& libraries);
 
   // UTF-8.
   std::string Name() const;

@@ -16,7 +16,8 @@ namespace {
 
 using namespace generator::ide;
 
-constexpr std::size_t NameIsWithin = 4096;  // bytes at the start of a form file
+constexpr std::string_view StartUpForm = "Form1";  // of a new project
+constexpr std::size_t NameIsWithin = 4096;         // bytes at the start of a form file
 
 std::string ReadProject(const system::FileSystem& files, const std::string& path) {
   std::optional<std::string> text = files.Read(path, system::LargestProject);
@@ -185,12 +186,17 @@ ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
 
 std::shared_ptr<VBComponent> ProjectOnDisk::Find(std::string_view name) {
   Entry* entry = FindEntry(codePage_.Encode(name));
+  // What is compared stands for the empty start-up form of a new project, and has no name yet.
+  if (compared_ && name == StartUpForm) entry = compared_->Of;
+  if (compared_ && entry == compared_->Of)
+    return name == StartUpForm ? std::make_shared<Component>(*this, *entry) : nullptr;
   if (!entry || codePage_.Decode(entry->Name) != name) return nullptr;
   return std::make_shared<Component>(*this, *entry);
 }
 
 // The search for a stem goes on where the last one ended.
 Int32 ProjectOnDisk::FirstFreeNumber(std::string_view stem) const {
+  if (compared_) return compared_->Number;
   const std::string bytes = codePage_.Encode(stem);
   int& number = firstFree_.try_emplace(bytes, 2).first->second;
   for (;; ++number) {
@@ -261,6 +267,7 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
                    "Name conflicts with existing module, project, or object library: '" + std::string(name) + "'");
   }
   DocumentOf(entry).SetName(name);
+  if (bytes == entry.Name) return;
   // A new form is never what the project file means, even where a form that is gone had its name.
   if (!entry.Path.empty()) project_.RenameForm(entry.Name, bytes);
   byName_.erase(&entry);
@@ -304,8 +311,47 @@ std::string ProjectOnDisk::NewStem(const Entry& entry) {
   return stem;
 }
 
+void ProjectOnDisk::CompareNext(std::string_view stem, std::string_view codeBegins) {
+  const std::string name = codePage_.Encode(stem), begins = codePage_.Encode(codeBegins);
+  int& number = nextToCompare_.try_emplace(name + '\n' + begins, 1).first->second;
+  for (;; ++number) {
+    Entry* entry = FindEntry(number == 1 ? name : name + std::to_string(number));
+    if (!entry) return;
+    if (entry->IsForm && !entry->IsFinished && !entry->Document && TakeForComparison(*entry, Int32(number), begins)) {
+      ++number;
+      return;
+    }
+  }
+}
+
+bool ProjectOnDisk::TakeForComparison(Entry& entry, Int32 number, std::string_view codeBegins) {
+  std::string path = FilePath(entry.Path);
+  std::optional<std::string> frm = Found(path, [&](const std::string& file) { return read_.Read(file); });
+  if (!frm || FindLine(*frm, codeBegins) == std::string::npos) return false;
+  std::string frx = FrxOf(path, *frm, false);
+  entry.Document = FormDocument::Emptied(path, *frm, frx, codeBegins, codePage_, libraries_);
+  open_.push_back(&entry);
+  compared_ = {&entry, number, std::move(path), {*std::move(frm), std::move(frx)}};
+  return true;
+}
+
+void ProjectOnDisk::FinishCompared(Entry& entry) {
+  Compared old = *std::exchange(compared_, std::nullopt);
+  FormFiles content = entry.Document->Render(StemOf(entry.Path));
+  entry.ControlCount = entry.Document->Controls()->Count();
+  entry.IsFinished = true;
+  entry.Document.reset();
+  const std::string frxPath = old.Path.substr(0, old.Path.rfind('.')) + ".frx";
+  const auto announce = [&](const std::string& path, std::string& was, std::string& is) {
+    if (was != is) Announce(path, std::move(was), std::move(is));
+  };
+  announce(old.Path, old.Files.Frm, content.Frm);
+  announce(frxPath, old.Files.Frx, content.Frx);
+}
+
 // A form that was reused gets a new file beside its old one, which stays where it is.
 void ProjectOnDisk::Finish(Entry& entry) {
+  if (compared_ && compared_->Of == &entry) return FinishCompared(entry);
   const std::string stem = NewStem(entry);
   const std::string newPath = ProjectFolderPart(entry.Path) + stem + ".frm";
   const std::string file = NewFile(newPath);

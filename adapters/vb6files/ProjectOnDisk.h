@@ -62,6 +62,12 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // With `dryRun` nothing is written, files are only announced to the listener.
   void OnChange(ChangeListener listener, bool dryRun);
 
+  // For a dry run that tells whether the project has what would be made: the next form is made as if the one that has
+  // its place were not filled yet, and the listener hears of it only where the two differ. That one is the first form
+  // called `stem`, or so with a number behind it, whose code has the line `codeBegins` and which no call before has
+  // named; without one a form is made as ever.
+  void CompareNext(std::string_view stem, std::string_view codeBegins);
+
   // Renders every new or changed form, prepares its files and forgets its content: call it when a form is complete, so
   // that memory stays flat in a batch. support::SaveError when a file cannot be prepared.
   void FinishForms();
@@ -111,6 +117,17 @@ class ProjectOnDisk : public generator::ide::Vbe,
     }
   };
 
+  // A form that is made once more, and its files as they are.
+  struct Compared {
+    Entry* Of;
+    generator::ide::Int32 Number;  // behind its stem; 1 for none
+    std::string Path;
+    FormFiles Files;
+  };
+
+  bool TakeForComparison(Entry& entry, generator::ide::Int32 number, std::string_view codeBegins);
+  void FinishCompared(Entry& entry);
+
   void AddToolboxProgID(std::string_view progId) override;
   generator::ide::VBComponents& Components() override { return *this; }
   std::shared_ptr<generator::ide::VBComponent> Find(std::string_view name) override;
@@ -156,6 +173,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"
   std::vector<Entry*> open_;                                // with a document that may have changed
   std::unique_ptr<Saving> saving_;
+  std::optional<Compared> compared_;                    // while it is made
+  std::unordered_map<std::string, int> nextToCompare_;  // by stem and line of code
 };
 
 }  // namespace formwizard::adapters::vb6files

@@ -4,6 +4,7 @@
 #include "apps/cli/Commands.h"
 #include "apps/cli/ConsoleDesktop.h"
 #include "apps/cli/DescriptionFiles.h"
+#include "apps/cli/Difference.h"
 #include "apps/cli/FormDescription.h"
 #include "apps/cli/JournalFile.h"
 #include "apps/cli/ProjectOptions.h"
@@ -17,6 +18,7 @@
 #include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
+#include "generator/Generation.h"
 #include "settings/Profile.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
@@ -73,6 +75,7 @@ void CheckUsage(const GenerateOptions& options) {
   if (byOptions && (options.Class.empty() || options.Fields.empty())) {
     throw UsageError("--class and --fields belong together");
   }
+  if (options.Json && options.Diff) throw UsageError("give --json or --diff, not both: a summary is one JSON document");
   if (options.Journal.empty()) return;
   std::vector<std::string> inputs = options.Descriptions;
   inputs.insert(inputs.end(),
@@ -116,7 +119,9 @@ class Run {
     SettingTexts settings = form.Settings;
     for (const auto& [key, value] : settings_) settings[key] = value;  // the command line wins
     profile_.Override(settings);
-    user_->Make(form);
+    user_->Make(form, [this](const std::string& name, const std::string& caption) {
+      if (options_.Check) project_.CompareNext(generator::FormStem(caption), generator::FirstLineOfCode(name));
+    });
     FinishForm(form, services_.State);
   }
 
@@ -176,9 +181,9 @@ class Run {
     if (!writes_) PrintReport();
   }
 
-  // Texts are kept for a diff only.
+  // Texts are kept to be compared only.
   void Note(vb6files::FileChange change) {
-    if (!options_.Diff) change = {std::move(change.Path), {}, {}};
+    if (!options_.Diff && !options_.Check) change = {std::move(change.Path), {}, {}};
     changes_.push_back(std::move(change));
   }
 
@@ -190,6 +195,8 @@ class Run {
       const std::string name = support::Escaped(change.Path);
       if (options_.Diff) {
         report_.Add(UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New));
+      } else if (options_.Check) {
+        ReportDifference(FirstDifference(change, project_.ProjectCodePage()));
       } else if (!options_.Json && !options_.Tells.Quiet) {
         report_.Add(LineOf(change, writes_));
       }
@@ -197,6 +204,14 @@ class Run {
     if (!files.empty()) changesFiles_ = true;
     if (options_.Json) summary_.AddFiles(files);
     return files;
+  }
+
+  void ReportDifference(const Difference& difference) {
+    if (options_.Json) {
+      summary_.Add(difference);
+    } else if (!options_.Tells.Quiet) {
+      report_.Add(LineOf(difference));
+    }
   }
 
   void PrintReport() { report_.PrintTo(std::cout); }
@@ -291,7 +306,8 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
   AddSurroundings(command, options);
   command.add_flag("-n,--dry-run", options.DryRun, "write nothing, say what would be written");
   command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
-  command.add_flag("--check", options.Check, "write nothing, exit with status 1 when something would be written");
+  command.add_flag("--check", options.Check,
+                   "write nothing, exit with status 1 when the project differs from what would be made");
   AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");

@@ -98,6 +98,14 @@ void Summary::AddFiles(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) files_.Add(TextOf(path));
 }
 
+void Summary::Add(const Difference& difference) {
+  differences_.Add(TextOf({{"file", difference.File},
+                           {"isThere", difference.IsThere},
+                           {"line", difference.Line},
+                           {"found", difference.Found},
+                           {"expected", difference.Expected}}));
+}
+
 void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project) {
   out << "{\n  \"forms\": ";
   forms_.PrintTo(out);
@@ -105,6 +113,8 @@ void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warning
   rest.erase(rest.rfind('\n'));  // the object goes on
   out << "," << rest.substr(1) << ",\n  \"files\": ";
   files_.PrintTo(out);
+  out << ",\n  \"differences\": ";
+  differences_.PrintTo(out);
   out << "\n}\n";
 }
 

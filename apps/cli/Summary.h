@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/vb6files/ProjectOnDisk.h"
+#include "apps/cli/Difference.h"
 #include "apps/cli/Spool.h"
 #include "model/FormModel.h"
 #include "settings/Settings.h"
@@ -35,6 +36,7 @@ class Summary {
            const ui::TextMeasure& measure);
   // What the run has written, or would write; in the order of the calls.
   void AddFiles(const std::vector<std::string>& paths);
+  void Add(const Difference& difference);
   // Once, when everything is known.
   void PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project);
 
@@ -48,7 +50,7 @@ class Summary {
     void PrintTo(std::ostream& out);
   };
 
-  Array forms_, files_;
+  Array forms_, files_, differences_;
 };
 
 }  // namespace formwizard::apps::cli

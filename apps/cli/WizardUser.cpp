@@ -161,13 +161,14 @@ class FieldsUser {
 WizardUser::WizardUser(wizard::WizardServices& services, generator::ide::Vbe& environment, std::string system)
     : services_(services), environment_(environment), system_(std::move(system)) {}
 
-void WizardUser::Make(const FormDescription& form) {
+void WizardUser::Make(const FormDescription& form, const ClassListener& atFinish) {
   services_.State = {};
   if (!dialog_ || !dialog_->LoadAgain()) OpenDialog(form);
-  ChooseClass(form);
+  const ui::Node& chosen = ChooseClass(form);
   FieldsUser user(*dialog_, form);
   user.ChooseFields();
   user.SetAttributes();
+  if (atFinish) atFinish(chosen.Tag, chosen.Text);
   dialog_->cmdFinish.Click();
   dialog_->Unload();
 }
@@ -200,14 +201,16 @@ void WizardUser::ChooseSystem(const FormDescription& form) {
   Fail(form.Source, dialog_->barStatus.Panels[0].Get() + "; see \"ostrel-form-wizard systems\"");
 }
 
-void WizardUser::ChooseClass(const FormDescription& form) {
+const ui::Node& WizardUser::ChooseClass(const FormDescription& form) {
   const auto found = classNames_.Find(form.Class.Value);
   if (!found) {
     Fail(form.Class.Where,
          "there is no persistent class \"" + form.Class.Value + "\"; " + classNames_.Answer(form.Class.Value));
   }
-  dialog_->tvwClasses.ClickNode(*classes_[*found]);
+  ui::Node& chosen = *classes_[*found];
+  dialog_->tvwClasses.ClickNode(chosen);
   dialog_->cmdNext.Click();
+  return chosen;
 }
 
 }  // namespace formwizard::apps::cli

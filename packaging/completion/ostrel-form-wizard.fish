@@ -118,7 +118,7 @@ __ostrel_form_wizard_option --dry-run generate 'write nothing, say what would be
 __ostrel_form_wizard_option --quiet 'generate dictionary' 'say nothing but errors' -s q
 __ostrel_form_wizard_option --verbose 'generate dictionary' 'say more' -s v
 __ostrel_form_wizard_option --diff generate 'show the changes of every file as a unified diff'
-__ostrel_form_wizard_option --check generate 'write nothing, exit with status 1 when something would be written'
+__ostrel_form_wizard_option --check generate 'write nothing, exit with status 1 when the project differs'
 __ostrel_form_wizard_option --descriptions-from generate 'a list of form descriptions, one path a line' -rF
 __ostrel_form_wizard_option --journal generate 'write every change to the project as a line of JSON' -rF
 __ostrel_form_wizard_option --force generate 'let the journal replace a file that is no journal'

@@ -223,9 +223,46 @@ TEST_CASE("Dry run, diff and check write nothing and say what would be") {
   const Outcome diff = work.Generate(Typical + " --dry-run --diff");
   CHECK(diff.Out.starts_with("--- /dev/null\n+++ " + work.Home + "/frmPerson.frm\n@@ -0,0 +1,"));
   CHECK(Has(diff.Out, "-Form=Form1.frm\r\n+Form=frmPerson.frm\r\n"));
-  CHECK(work.Generate(Typical + " --check").Status == 1);
+  const Outcome check = work.Generate(Typical + " --check");
+  CHECK(check.Status == 1);
+  CHECK(Has(check.Out, work.Home + "/frmPerson.frm: is not there\n"));
+  CHECK(Has(check.Out, work.Project + ":2: has \"Form=Form1.frm\" instead of \"Form=frmPerson.frm\"\n"));
   CHECK(work.Files() == before);
   CHECK_FALSE(std::filesystem::exists(NativePath(work.Folder / work.Profile)));
+}
+
+TEST_CASE("What a run has made does not differ from what it would make, and an edit does") {
+  // A start-up form with properties, a picture and code of its own; a form of the name that the wizard did not make.
+  Workplace coded, library("library");
+  library.Project = library.Home + "/Lending.vbp";
+  std::string form = coded.Files().at("Form1.frm");
+  form.insert(form.find("   ClientHeight"), "   BackColor       =   &H000000FF&\r\n");
+  WriteFile(coded.Home + "/Form1.frm", form + "Option Explicit\r\nSub Mine()\r\nEnd Sub");
+  WriteFile(coded.Folder / "two.json", R"([{"class":"Sample.Person","fields":["Name","Photo",{"property":"Phones",
+    "caption":"ä"}],"settings":{"FormSizable":true}},{"class":"sample.person","fields":["SSN"]}])");
+  const std::string book = "--class Library.Book --fields Title,Cover";
+  for (const auto& [work, arguments, file] :
+       {std::tuple{&coded, "two.json"s, "frmPerson2.frm"s}, {&library, book, "frmBook2.frm"s}}) {
+    CHECK(work->Generate(arguments).Status == 0);
+    const auto files = work->Files();
+    const Outcome same = work->Generate(arguments + " --check");
+    CHECK_MESSAGE(same.Status == 0, same.Out, same.Error);
+    CHECK(same.Out.find("instead") == std::string::npos);
+    const std::string text = files.at(file), path = work->Home + "/" + file;
+    WriteFile(path, std::regex_replace(text, std::regex("disableclick As"), "disableClick As"));
+    const Outcome edited = work->Generate(arguments + " --check --json");
+    CHECK(edited.Status == 1);
+    const auto difference = nlohmann::json::parse(edited.Out)["differences"].at(0);
+    const auto line =
+        1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(text.find("disableclick As")), '\n');
+    CHECK(difference["file"] == path);
+    CHECK(difference["line"] == line);
+    CHECK(difference["found"] == "Private disableClick As Boolean");
+    WriteFile(path, text);
+    CHECK(work->Generate(arguments + " --check --set Columns=2").Status == 1);
+    CHECK(work->Files() == files);
+  }
+  CHECK(coded.Generate("two.json two.json -q --check").Status == 1);  // two more are not there
 }
 
 TEST_CASE("A larger project, here behind a link, gets the form beside what it has, and keeps its control libraries") {
