@@ -38,7 +38,7 @@ struct Token {
   Kind Is;
   std::string_view Text;     // of a text; of anything else as it is written
   std::int64_t Integer = 0;  // also what a Boolean is
-  std::string Where = "";    // of what may stand there
+  Origin Where = {};         // of what may stand there
 
   GivenText Given() const { return {std::string(Text), Where}; }
 };
@@ -147,8 +147,9 @@ class ShownValue {
 // JSON that is not nested too deeply.
 class Reader : public nlohmann::json_sax<Json> {
  public:
-  // `name` is that of the input, in messages. Both must outlive the reader.
-  Reader(JsonInput& input, const std::string& name) : input_(input), name_(name) {}
+  // `name` is that of the input, in messages, which must outlive the reader.
+  Reader(JsonInput& input, std::string name)
+      : input_(input), name_(std::make_shared<const std::string>(std::move(name))) {}
 
   bool null() override { return Take({Token::Kind::Null, "null"}); }
   bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
@@ -178,7 +179,7 @@ class Reader : public nlohmann::json_sax<Json> {
     object.Current = std::ranges::find(object.Members, object.Key, &Member::Name);
     if (object.Current == object.Members.end()) {
       const support::Names names(object.Members, std::mem_fn(&Member::Name));
-      problem_ = At(input_.BeginOfValue()) + PathTo(frames_.size() - 1) + ": unknown member \"" + key +
+      problem_ = At(input_.BeginOfValue()).Text() + PathTo(frames_.size() - 1) + ": unknown member \"" + key +
                  "\"; known members: " + names.Listed(key);
     }
     return Go();
@@ -186,19 +187,19 @@ class Reader : public nlohmann::json_sax<Json> {
 
   bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& error) override {
     if (dynamic_cast<const Json::out_of_range*>(&error)) {
-      throw InputError(At(input_.BeginOfValue()) + ": this number is out of range; write a smaller one");
+      throw InputError(At(input_.BeginOfValue()).Text() + ": this number is out of range; write a smaller one");
     }
-    throw InputError(At(input_.Here()) + ": this is not valid JSON; " + Meant);
+    throw InputError(At(input_.Here()).Text() + ": this is not valid JSON; " + Meant);
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.
   std::vector<FormDescription> Take(bool isWhole) {
     if (!isWhole) {
-      throw InputError(At(input_.Here()) + ": nested more than " + std::to_string(DeepestDescription) + " deep; " +
-                       Meant);
+      throw InputError(At(input_.Here()).Text() + ": nested more than " + std::to_string(DeepestDescription) +
+                       " deep; " + Meant);
     }
     if (HasFailed()) throw InputError(problem_ + shown_.Text());
-    if (forms_.empty()) throw InputError(name_ + ": no form is described in this array; write one object a form");
+    if (forms_.empty()) throw InputError(*name_ + ": no form is described in this array; write one object a form");
     return std::move(forms_);
   }
 
@@ -243,7 +244,7 @@ class Reader : public nlohmann::json_sax<Json> {
 
   void TakeForm(const Token& value) {
     if (value.Is != Token::Kind::Object) return Fail(frames_.empty() ? "an object or an array" : "an object", value);
-    forms_.emplace_back().Source = frames_.empty() ? name_ : value.Where;
+    forms_.emplace_back().Source = frames_.empty() ? *name_ : value.Where.Text();
     Begin(Part::Form, RootMembers);
   }
 
@@ -268,7 +269,7 @@ class Reader : public nlohmann::json_sax<Json> {
     std::string& text = forms_.back().Settings[key];
     text = value.Is == Token::Kind::Boolean ? runtime::Text(value.Integer != 0) : std::string(value.Text);
     try {
-      CheckSetting(value.Where + PathTo(frames_.size()), key, text);
+      CheckSetting(value.Where.Text() + PathTo(frames_.size()), key, text);
     } catch (const InputError& error) {
       problem_ = error.what();
     }
@@ -304,7 +305,7 @@ class Reader : public nlohmann::json_sax<Json> {
     const Frame& ending = frames_.back();
     for (std::size_t i = 0; i < ending.Members.size() && !HasFailed(); ++i) {
       if (!ending.Members[i].IsRequired || (ending.Seen >> i & 1U) != 0) continue;
-      problem_ = At(input_.Here()) + PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) +
+      problem_ = At(input_.Here()).Text() + PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) +
                  "\" is missing";
     }
     frames_.pop_back();
@@ -314,11 +315,7 @@ class Reader : public nlohmann::json_sax<Json> {
 
   static bool IsArray(const Frame& frame) { return frame.Is == Part::Forms || frame.Is == Part::Fields; }
 
-  std::string At(adapters::dictionary::Place place) const {
-    std::string text;
-    text.reserve(name_.size() + 16);  // asked for with every value
-    return text.append(name_).append(":" + std::to_string(place.Line) + ":").append(std::to_string(place.Column));
-  }
+  Origin At(adapters::dictionary::Place place) const { return {name_, place.Line, place.Column}; }
   // ": fields[0].rows" or ": [1].fields[0].rows", down to the member or element that so many frames are at.
   std::string PathTo(std::size_t frameCount) const {
     std::string path;
@@ -330,13 +327,13 @@ class Reader : public nlohmann::json_sax<Json> {
     return path;
   }
   void Fail(const std::string& expected, const Token& value) {
-    problem_ = value.Where + PathTo(frames_.size()) + ": expected " + expected + ", found ";
+    problem_ = value.Where.Text() + PathTo(frames_.size()) + ": expected " + expected + ", found ";
     shown_.Add(value);
   }
 
   std::vector<FormDescription> forms_;
   JsonInput& input_;
-  const std::string& name_;
+  std::shared_ptr<const std::string> name_;
   std::vector<Frame> frames_;
   int depth_ = 0;
   std::string problem_;  // empty when there is none; `shown_` follows
@@ -344,6 +341,10 @@ class Reader : public nlohmann::json_sax<Json> {
 };
 
 }  // namespace
+
+std::string Origin::Text() const {
+  return Line == 0 ? *Name : *Name + ":" + std::to_string(Line) + ":" + std::to_string(Column);
+}
 
 std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
   const std::string text = ReadText(file, "form description", system::LargestDescription);

@@ -1,7 +1,9 @@
 // What one generated form shall show, as a form description file or the command line gives it.
 #pragma once
 
+#include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,11 +11,20 @@
 
 namespace formwizard::apps::cli {
 
-// A value and where it is given, which begins messages about it: "person.json:3:14", "--fields Name".
+// Where something is given, which begins messages about it: "person.json:3:14", "--fields Name". It is made a text when
+// a message needs it.
+struct Origin {
+  std::shared_ptr<const std::string> Name;
+  std::size_t Line = 0, Column = 0;  // counted from 1; 0 for what has none
+
+  std::string Text() const;
+};
+
+// A value and where it is given.
 template <typename T>
 struct Given {
   T Value{};
-  std::string Where;
+  Origin Where;
 };
 using GivenText = Given<std::string>;
 

@@ -86,9 +86,10 @@ void CheckUsage(const GenerateOptions& options) {
 FormDescription DescriptionFromOptions(const GenerateOptions& options) {
   FormDescription form;
   form.Source = "--class " + options.Class;
-  form.Class = {options.Class, form.Source};
+  form.Class = {options.Class, {std::make_shared<const std::string>(form.Source)}};
   for (const std::string& property : options.Fields) {
-    form.Fields.push_back({{property, "--fields " + property}, {}, {}, {}, {}, {}});
+    form.Fields.push_back(
+        {{property, {std::make_shared<const std::string>("--fields " + property)}}, {}, {}, {}, {}, {}});
   }
   return form;
 }

@@ -29,7 +29,7 @@ class FieldsUser {
       dialog_.tvwAttributes.ClickNode(PropertyNode(field.Property));
       dialog_.cmdSelectOne.Click();
       if (dialog_.lstSelected.ListCount() == before)
-        Fail(field.Property.Where, "the property " + field.Property.Value + " is chosen twice");
+        Fail(field.Property.Where.Text(), "the property " + field.Property.Value + " is chosen twice");
     }
   }
 
@@ -69,7 +69,7 @@ class FieldsUser {
       if (!meant) meant = root;
     }
     if (!meant)
-      Fail(property.Where,
+      Fail(property.Where.Text(),
            "class " + form_.Class.Value + " offers no property \"" + path + "\"; " + roots_.Answer(path));
     FailBelow(*meant, property);
   }
@@ -96,9 +96,10 @@ class FieldsUser {
     const std::string name(Name(node));
     const std::string rest =
         path.substr(std::min(path.size(), path.find(name) == 0 ? name.size() + 1 : path.find('.') + 1));
-    if (!IsObject(node)) Fail(property.Where, "property \"" + name + "\" is no object, so it has no \"" + rest + "\"");
+    if (!IsObject(node))
+      Fail(property.Where.Text(), "property \"" + name + "\" is no object, so it has no \"" + rest + "\"");
     dialog_.tvwAttributes.ExpandNode(node);
-    Fail(property.Where, "\"" + path + "\" cannot be chosen; " + ChildNames(node).Answer(rest, name + "."));
+    Fail(property.Where.Text(), "\"" + path + "\" cannot be chosen; " + ChildNames(node).Answer(rest, name + "."));
   }
 
   void SetAttributesOf(const FieldChoice& field) {
@@ -108,8 +109,8 @@ class FieldsUser {
     if (field.UpdateAfter) SetUpdateAfter(field);
     if (field.Rows) {
       if (!dialog_.HasRows(panel)) {
-        Fail(field.Rows->Where, "property " + field.Property.Value +
-                                    " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
+        Fail(field.Rows->Where.Text(), "property " + field.Property.Value +
+                                           " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
       }
       dialog_.txtRowHeight[panel].Type(std::to_string(field.Rows->Value));
     }
@@ -118,7 +119,7 @@ class FieldsUser {
 
   void SetReadOnly(const FieldChoice& field) {
     if (!dialog_.chkReadOnly.IsShown()) {
-      Fail(field.ReadOnly->Where,
+      Fail(field.ReadOnly->Where.Text(),
            "property " + field.Property.Value + " cannot be made read-only; only simple properties can");
     }
     if ((dialog_.chkReadOnly.Value() != 0) != field.ReadOnly->Value) dialog_.chkReadOnly.Click();
@@ -126,8 +127,9 @@ class FieldsUser {
 
   void SetUpdateAfter(const FieldChoice& field) {
     if (!dialog_.chkReadOnly.IsShown() || dialog_.chkReadOnly.Value() == 0) {
-      Fail(field.UpdateAfter->Where, "property " + field.Property.Value +
-                                         " must be read-only to be updated after another one; add \"readOnly\": true");
+      Fail(field.UpdateAfter->Where.Text(),
+           "property " + field.Property.Value +
+               " must be read-only to be updated after another one; add \"readOnly\": true");
     }
     Choose(dialog_.lstUpdateAfter, "field", *field.UpdateAfter);
   }
@@ -135,8 +137,8 @@ class FieldsUser {
   void SetCombo(const FieldChoice& field) {
     const auto& [query, column] = *field.Combo;
     if (!dialog_.chkRefCombo.IsShown()) {
-      Fail(query.Where, "property " + field.Property.Value +
-                            " is no reference and cannot be shown as a combo box; leave \"combo\" out");
+      Fail(query.Where.Text(), "property " + field.Property.Value +
+                                   " is no reference and cannot be shown as a combo box; leave \"combo\" out");
     }
     if (dialog_.chkRefCombo.Value() == 0) dialog_.chkRefCombo.Click();
     Choose(dialog_.lstQueryName, "query that returns the object id", query);
@@ -147,7 +149,7 @@ class FieldsUser {
     Names names;
     for (int i = 0; i < list.ListCount(); ++i) names.Add(list.List(i));
     const auto found = names.Find(name.Value);
-    if (!found) Fail(name.Where, "there is no " + what + " \"" + name.Value + "\"; " + names.Answer(name.Value));
+    if (!found) Fail(name.Where.Text(), "there is no " + what + " \"" + name.Value + "\"; " + names.Answer(name.Value));
     list.ClickItem(static_cast<int>(*found));
   }
 
@@ -204,7 +206,7 @@ void WizardUser::ChooseSystem(const FormDescription& form) {
 const ui::Node& WizardUser::ChooseClass(const FormDescription& form) {
   const auto found = classNames_.Find(form.Class.Value);
   if (!found) {
-    Fail(form.Class.Where,
+    Fail(form.Class.Where.Text(),
          "there is no persistent class \"" + form.Class.Value + "\"; " + classNames_.Answer(form.Class.Value));
   }
   ui::Node& chosen = *classes_[*found];

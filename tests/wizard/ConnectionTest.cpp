@@ -63,7 +63,9 @@ TEST_CASE("Another system means another connection, class list and selection") {
     CHECK(Systems(wizard) == "Samples:conn4 *Archive:other5 ");
     CHECK(wizard.Profile.Values["LastConnect"] == "Archive");
     CHECK(std::ranges::count(wizard.Server.Data.Calls, "ResultSet %ClassDefinition") == 2);
+    wizard.Server.Data.AddProperty("Sample.Person", "New");
     CHECK(wizard.Do("class=Sample.Person >") == "4 B--C");  // of the same name as before
+    CHECK(wizard.Dialog.tvwAttributes.Nodes.Roots().back()->Text == "New");
     CHECK(wizard.Dialog.lstSelected.ListCount() == 0);
   }
 }
