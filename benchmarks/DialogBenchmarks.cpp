@@ -1,4 +1,5 @@
-// The wizard over a large dictionary: without a window, and in a real one.
+// What a user does in the wizard over a large dictionary, once. Usage: dialog-benchmarks STEP SIZE [without-window]
+// Prints the milliseconds of process time that the step took.
 #include "adapters/profile/ProfileFile.h"
 #include "adapters/qt/WizardWindow.h"
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
@@ -6,13 +7,19 @@
 #include "apps/common/Dictionaries.h"
 #include "wizard/frmWizard.h"
 
-#include <benchmark/benchmark.h>
-
 #include <QApplication>
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
-#include <map>
+#include <functional>
+#include <memory>
 #include <sstream>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -45,33 +52,31 @@ class Shown : public ui::Desktop {
   int Messages = 0;
 };
 
-// A dictionary of that many classes in packages of a hundred, the first of which has that many properties.
-const std::string& DictionaryOf(std::int64_t size) {
-  static std::map<std::int64_t, std::string> made;
-  std::string& path = made[size];
-  if (!path.empty()) return path;
+// A dictionary of that many classes in packages of a hundred, the first of which has that many properties. It is made
+// once in the folder for temporary files.
+std::string DictionaryOf(int size) {
+  const fs::path path = fs::temp_directory_path() / ("ostrel-form-wizard-" + std::to_string(size) + ".sqlite");
+  if (fs::exists(path)) return path.string();
   std::ostringstream json;
   json << R"({"systems":[{"name":"Bench","connect":"bench","classes":[)";
-  for (std::int64_t i = 0; i < size; ++i) {
+  for (int i = 0; i < size; ++i) {
     json << (i ? "," : "") << R"({"Name":"P)" << 1000000 + i / 100 << ".C" << 1000000 + i << "\"";
     if (i == 0) {
       json << R"(,"properties":[)";
-      for (std::int64_t p = 0; p < size; ++p) json << (p ? "," : "") << R"({"Name":"Property)" << p << "\"}";
+      for (int p = 0; p < size; ++p) json << (p ? "," : "") << R"({"Name":"Property)" << p << "\"}";
       json << "]";
     }
     json << "}";
   }
   json << "]}]}";
   std::istringstream in(json.str());
-  path = (fs::temp_directory_path() / ("formwizard-bench-" + std::to_string(size) + ".sqlite")).string();
-  fs::remove(path);
-  apps::common::ImportDictionary(in, "bench", path);
-  return path;
+  apps::common::ImportDictionary(in, "bench", path.string());
+  return path.string();
 }
 
-// The wizard on its class step.
+// The wizard on its connection step.
 struct Wizard {
-  Wizard(std::int64_t size, bool inWindow) : server(apps::common::OpenDictionary(DictionaryOf(size))) {
+  Wizard(int size, bool inWindow) : server(apps::common::OpenDictionary(DictionaryOf(size))) {
     dialog.Load();
     if (inWindow) {
       window = std::make_unique<adapters::qt::WizardWindow>(dialog, nullptr);
@@ -110,88 +115,63 @@ struct Wizard {
   std::unique_ptr<adapters::qt::WizardWindow> window;
 };
 
-void CheckQuiet(benchmark::State& state, const Wizard& wizard) {
-  if (wizard.desktop.Messages > 0) state.SkipWithError("the wizard reported a failure");
-  state.SetComplexityN(state.range(0));
-}
-
-void ClassStep(benchmark::State& state, bool inWindow) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto wizard = std::make_unique<Wizard>(state.range(0), inWindow);
-    state.ResumeTiming();
-    wizard->Click(wizard->dialog.cmdNext);
-    state.PauseTiming();
-    CheckQuiet(state, *wizard);
-    wizard.reset();
-    state.ResumeTiming();
-  }
-}
-
-// On the properties step, with everything selected when `select` has been run.
-void Properties(benchmark::State& state, bool inWindow, const std::function<void(Wizard&)>& before,
-                const std::function<void(Wizard&)>& measured) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto wizard = std::make_unique<Wizard>(state.range(0), inWindow);
-    wizard->Click(wizard->dialog.cmdNext);
-    before(*wizard);
-    state.ResumeTiming();
-    measured(*wizard);
-    state.PauseTiming();
-    CheckQuiet(state, *wizard);
-    wizard.reset();
-    state.ResumeTiming();
-  }
-}
-
 void Next(Wizard& wizard) { wizard.Click(wizard.dialog.cmdNext); }
 void SelectAll(Wizard& wizard) { wizard.Click(wizard.dialog.cmdSelectAll); }
 void DeselectAll(Wizard& wizard) { wizard.Click(wizard.dialog.cmdDeSelectAll); }
-void FirstOfAll(Wizard& wizard) {
-  Next(wizard);
-  SelectAll(wizard);
-  wizard.Act([&] { wizard.dialog.lstSelected.ClickItem(0); });
-}
 // A hundred presses of the button.
 void MoveDown(Wizard& wizard) {
   for (int i = 0; i < 100; ++i) wizard.Click(wizard.dialog.cmdMoveDown);
 }
 
-void Register(const std::string& suffix, bool inWindow) {
-  const auto add = [&](const char* name, std::int64_t most, auto run) {
-    benchmark::RegisterBenchmark((name + suffix).c_str(), run)
-        ->Arg(most / 10)
-        ->Arg(most)
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(5)
-        ->Complexity(benchmark::oN);
-  };
-  add("class step", 200000, [=](benchmark::State& state) { ClassStep(state, inWindow); });
-  add("property list", 20000, [=](benchmark::State& state) {
-    Properties(
-        state, inWindow, [](Wizard&) {}, Next);
-  });
-  add("Select All", 20000, [=](benchmark::State& state) { Properties(state, inWindow, Next, SelectAll); });
-  add("Deselect All", 20000, [=](benchmark::State& state) {
-    Properties(
-        state, inWindow,
-        [](Wizard& wizard) {
-          Next(wizard);
-          SelectAll(wizard);
-        },
-        DeselectAll);
-  });
-  add("100 moves", 20000, [=](benchmark::State& state) { Properties(state, inWindow, FirstOfAll, MoveDown); });
-}
+struct Step {
+  std::string_view Name;
+  void (*Before)(Wizard&);
+  void (*Do)(Wizard&);
+};
+
+constexpr std::array Steps{
+    Step{"class step", [](Wizard&) {}, Next},
+    Step{"property list", Next, Next},
+    Step{"Select All",
+         [](Wizard& wizard) {
+           Next(wizard);
+           Next(wizard);
+         },
+         SelectAll},
+    Step{"Deselect All",
+         [](Wizard& wizard) {
+           Next(wizard);
+           Next(wizard);
+           SelectAll(wizard);
+         },
+         DeselectAll},
+    Step{"100 moves",
+         [](Wizard& wizard) {
+           Next(wizard);
+           Next(wizard);
+           SelectAll(wizard);
+           wizard.Act([&] { wizard.dialog.lstSelected.ClickItem(0); });
+         },
+         MoveDown},
+};
+
+double Milliseconds() { return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC; }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "*.warning=false");  // about what this platform lacks
   const QApplication application(argc, argv);
-  Register("", false);
-  Register(", in a window", true);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  const auto* const step = std::ranges::find(Steps, std::string_view(argc > 1 ? argv[1] : ""), &Step::Name);
+  if (step == Steps.end() || argc < 3) {
+    std::fputs("usage: dialog-benchmarks STEP SIZE [without-window]\n", stderr);
+    return 2;
+  }
+  Wizard wizard(std::atoi(argv[2]), argc == 3);
+  step->Before(wizard);
+  const double start = Milliseconds();
+  step->Do(wizard);
+  std::printf("%.2f\n", Milliseconds() - start);
+  return wizard.desktop.Messages == 0 ? 0 : 1;
 }

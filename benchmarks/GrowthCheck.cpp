@@ -1,6 +1,6 @@
 // Counts the instructions of runs of growing size, which do not depend on the load of the machine, and fails when one
-// more form or class costs more the more there are. Usage: growth-check PROGRAMS: the folder of the built programs.
-// Needs valgrind.
+// more form, class, property or component costs more the more there are. Usage: growth-check PROGRAMS: the folder of
+// the built programs. Needs valgrind.
 #include "benchmarks/Workload.h"
 
 #include <sys/wait.h>
@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <map>
 #include <string>
 #include <thread>
@@ -20,36 +21,72 @@ using namespace benchmarks;
 
 constexpr std::size_t SizeCount = 3;
 
+using Arguments = std::vector<std::string>;
+
 // What grows twice by the same factor.
 struct Growth {
   std::string Name;
-  bool IsReference;  // the reference program's, to be compared with
   std::array<int, SizeCount> Sizes;
-  Job (*JobOf)(int size);
+  // A run of that size, whose files go by `name`; nothing where the program is not built.
+  std::function<Arguments(const Workload&, int size, const std::string& name)> RunOf;
   double Most = 1.01;  // times what one more costs at the smaller sizes; numbers in names get longer
 };
 
-constexpr std::array Batches{10, 100, 1000}, Small{10, 40, 160};
+constexpr std::array Batches{10, 100, 1000}, Small{10, 40, 160}, Long{500, 2000, 8000};
+constexpr double Kept = 1.2;   // in order, which takes a little more the more there is
+constexpr double Tree = 1.05;  // of pages, which gets higher
+
+auto Forms(Job (*jobOf)(int size)) {
+  return [jobOf](const Workload& work, int size, const std::string& name) {
+    const Job job = jobOf(size);
+    return work.Generate(job, work.NewProject(job, name));
+  };
+}
+Growth WithOption(const char* option) {
+  return {std::string("a form with ") + option, Small,
+          [option](const Workload& work, int size, const std::string& name) {
+            const Job job{.Forms = size, .Option = option};
+            return work.Generate(job, work.NewProject(job, name));
+          }};
+}
+// In a window. The first run is not counted: it makes the dictionary for the one that is.
+Growth InWindow(const char* program, const char* what, const std::string& each, double most) {
+  return {each + ", " + what, Long,
+          [program, what](const Workload& work, int size, const std::string&) {
+            Arguments arguments = work.Other(program, {what, std::to_string(size)});
+            if (!arguments.empty() && Run(arguments) != 0) Die(std::string(what) + " failed");
+            return arguments;
+          },
+          most};
+}
 
 const std::vector<Growth> Growths{
-    {"a form", false, Batches, [](int n) { return Job{.Forms = n}; }},
-    {"a form by the reference program", true, Batches, [](int n) { return Job{.Forms = n}; }},
-    {"a form and 20 classes",
-     false,
-     {5, 50, 500},
-     [](int n) { return Job{.Forms = n, .Classes = 20 * n, .OneClass = false}; }},
-    {"a form with --json", false, Small, [](int n) { return Job{.Forms = n, .Option = "--json"}; }},
-    {"a form with --journal", false, Small, [](int n) { return Job{.Forms = n, .Option = "--journal"}; }},
-    {"a form with --language", false, Small, [](int n) { return Job{.Forms = n, .Option = "--language DEU"}; }},
-    {"a class, for 50 forms",
-     false,
-     {100, 1000, 10000},
-     [](int n) { return Job{.Forms = 50, .Classes = n, .OneClass = false}; }},
-    {"a component, for a form",
-     false,
-     {20, 200, 2000},
-     [](int n) { return Job{.Components = n}; },
-     1.2},  // the files that were read are kept in order
+    {"a form", Batches, Forms([](int n) { return Job{.Forms = n}; })},
+    {"a form by the reference program", Batches,
+     [](const Workload& work, int size, const std::string& name) {
+       const Job job{.Forms = size};
+       return work.Reference(job, work.NewProject(job, name));
+     }},
+    {"a form and 20 classes", {5, 50, 500}, Forms([](int n) {
+       return Job{.Forms = n, .Classes = 20 * n, .OneClass = false};
+     })},
+    WithOption("--json"),
+    WithOption("--journal"),
+    WithOption("--language DEU"),
+    {"a class, for 50 forms", {100, 1000, 10000}, Forms([](int n) {
+       return Job{.Forms = 50, .Classes = n, .OneClass = false};
+     })},
+    {"a component, for a form", {20, 200, 2000}, Forms([](int n) { return Job{.Components = n}; }), Kept},
+    {"a class, imported", Long,
+     [](const Workload& work, int size, const std::string&) { return work.Import(size, 10); }, Tree},
+    {"a class, exported", Long,
+     [](const Workload& work, int size, const std::string& name) { return work.Export(size, 5, work.Home() / name); },
+     Tree},
+    InWindow("dialog-benchmarks", "class step", "a class", Tree),
+    InWindow("dialog-benchmarks", "property list", "a property", Tree),
+    InWindow("dialog-benchmarks", "Select All", "a property", Tree),
+    InWindow("dialog-benchmarks", "Deselect All", "a property", Tree),
+    InWindow("main-window-benchmarks", "components", "a component", Kept),
 };
 
 class Check {
@@ -71,14 +108,12 @@ class Check {
 
   // As many at once as there are processors.
   void Start(const Growth& growth, int size) {
-    const Job job = growth.JobOf(size);
     const std::string name = NameOf(growth, size);
-    const fs::path project = work_.NewProject(job, name);
-    std::vector<std::string> arguments{"valgrind", "--tool=cachegrind", "--cache-sim=no",
-                                       "--cachegrind-out-file=/dev/null", "--log-file=" + LogOf(name)};
-    for (std::string& a : growth.IsReference ? work_.Reference(job, project) : work_.Generate(job, project)) {
-      arguments.push_back(std::move(a));
-    }
+    Arguments arguments{"valgrind", "--tool=cachegrind", "--cache-sim=no", "--cachegrind-out-file=/dev/null",
+                        "--log-file=" + LogOf(name)};
+    const Arguments run = growth.RunOf(work_, size, name);
+    if (run.empty()) return;
+    arguments.insert(arguments.end(), run.begin(), run.end());
     while (running_.size() >= std::max(1U, std::thread::hardware_concurrency())) Wait();
     std::fflush(stdout);
     const pid_t process = fork();
@@ -112,6 +147,10 @@ class Check {
 
   // Compares what one more costs between the smaller two sizes and between the larger two.
   bool Judge(const Growth& growth) const {
+    if (!counts_.contains(NameOf(growth, growth.Sizes[0]))) {
+      std::printf("%-32s not counted: its program is not built\n", growth.Name.c_str());
+      return true;
+    }
     const auto each = [&](std::size_t from, std::size_t to) {
       return (counts_.at(NameOf(growth, growth.Sizes[to])) - counts_.at(NameOf(growth, growth.Sizes[from]))) /
              (growth.Sizes[to] - growth.Sizes[from]);

@@ -1,15 +1,18 @@
-// The desktop program's main window: a project of many components, and a module with much code.
+// Opens a large project in the desktop program's main window, once. Usage: main-window-benchmarks components|code SIZE:
+// how many components it has, or how many million bytes of code its module. Prints the milliseconds of process time and
+// the greatest memory in MiB.
 #include "apps/desktop/MainWindow.h"
-
-#include <benchmark/benchmark.h>
 
 #include <QApplication>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <sstream>
 #include <string>
 
@@ -19,7 +22,7 @@ namespace fs = std::filesystem;
 using namespace formwizard;
 
 struct Project {
-  Project() : folder(fs::temp_directory_path() / "formwizard-bench-project") {
+  Project() : folder(fs::temp_directory_path() / ("ostrel-form-wizard-project-" + std::to_string(getpid()))) {
     fs::remove_all(folder);
     fs::create_directory(folder);
   }
@@ -39,61 +42,50 @@ struct Project {
   std::ostringstream list;
 };
 
-void OpenProject(benchmark::State& state, const Project& project) {
+double Milliseconds() { return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC; }
+
+bool OpenProject(const Project& project) {
   const QString file = project.File();
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto window = std::make_unique<apps::desktop::MainWindow>(
-        apps::desktop::EnvironmentOptions{(project.folder / "outility.ini").string(), "ENU", ""});
-    window->show();
-    QApplication::processEvents();
-    state.ResumeTiming();
-    if (!window->OpenProject(file)) state.SkipWithError("the project could not be opened");
-    QApplication::processEvents();
-    state.PauseTiming();
-    window.reset();
-    state.ResumeTiming();
-  }
+  apps::desktop::MainWindow window(
+      apps::desktop::EnvironmentOptions{(project.folder / "outility.ini").string(), "ENU", ""});
+  window.show();
+  QApplication::processEvents();
+  const double start = Milliseconds();
+  const bool isOpen = window.OpenProject(file);
+  QApplication::processEvents();
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
-  state.counters["peak MiB"] = static_cast<double>(usage.ru_maxrss) / 1024;
+  std::printf("%.2f %.1f\n", Milliseconds() - start, static_cast<double>(usage.ru_maxrss) / 1024);
+  return isOpen;
 }
 
-void ComponentList(benchmark::State& state) {
-  Project project;
-  for (std::int64_t i = 0; i < state.range(0); ++i) project.AddModule("Module" + std::to_string(i), "");
-  OpenProject(state, project);
+void AddModules(Project& project, int count) {
+  for (int i = 0; i < count; ++i) project.AddModule("Module" + std::to_string(i), "");
 }
 
-// Millions of bytes of code.
-void CodeView(benchmark::State& state) {
+void AddCode(Project& project, int megabytes) {
   const std::string procedure =
       "Public Function Total(ByVal count As Long) As Long  ' of all rows _\r\n    and columns\r\n"
       "    Dim i As Long, text As String\r\n    For i = 1 To count\r\n        text = \"row \" & i & \" of \" & "
       "count\r\n"
       "        Total = Total + Len(text) * &H10\r\n    Next\r\nEnd Function\r\n\r\n";
-  Project project;
   std::string code;
-  while (code.size() < static_cast<std::size_t>(state.range(0)) * 1000000) code += procedure;
+  while (code.size() < static_cast<std::size_t>(megabytes) * 1000000) code += procedure;
   project.AddModule("Large", code);
-  OpenProject(state, project);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "*.warning=false");  // about what this platform lacks
   const QApplication application(argc, argv);
-  benchmark::RegisterBenchmark("code view, MB", CodeView)
-      ->Arg(1)
-      ->Arg(10)
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(3);
-  benchmark::RegisterBenchmark("component list", ComponentList)
-      ->Arg(5000)
-      ->Arg(50000)
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(3);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  const std::string what = argc == 3 ? argv[1] : "";
+  if (what != "components" && what != "code") {
+    std::fputs("usage: main-window-benchmarks components|code SIZE\n", stderr);
+    return 2;
+  }
+  Project project;
+  (what == "code" ? AddCode : AddModules)(project, std::atoi(argv[2]));
+  return OpenProject(project) ? 0 : 1;
 }

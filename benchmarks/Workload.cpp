@@ -71,6 +71,7 @@ void Become(const std::vector<std::string>& arguments, const std::string& output
 Workload::Workload(fs::path folder, fs::path programs) : home_(std::move(folder)), programs_(std::move(programs)) {
   fs::remove_all(home_);
   fs::create_directories(home_);
+  setenv("TMPDIR", home_.c_str(), 1);
   MakeDescriptions(MostForms);
   MakeTemplate();
 }
@@ -90,7 +91,7 @@ void Workload::MakeDescriptions(int count) const {
 }
 
 std::vector<std::string> Workload::Import(int classes, int properties) const {
-  const fs::path json = home_ / "dictionary.json";
+  const fs::path json = home_ / (std::to_string(classes) + "x" + std::to_string(properties) + ".json");
   std::ofstream out(json);
   out << R"({"systems":[{"name":"S","connect":"c","classes":[)";
   for (int c = 0; c < classes; ++c) {
@@ -107,6 +108,18 @@ std::string Workload::Dictionary(int classes, int properties) const {
   const fs::path path = home_ / (std::to_string(classes) + "x" + std::to_string(properties) + ".sqlite");
   if (!fs::exists(path) && Run(Import(classes, properties)) != 0) Die("the import failed");
   return path.string();
+}
+
+std::vector<std::string> Workload::Export(int classes, int properties, const fs::path& to) const {
+  return {(programs_ / "ostrel-form-wizard").string(), "dictionary", "export", Dictionary(classes, properties),
+          to.string()};
+}
+
+std::vector<std::string> Workload::Other(const std::string& program, const std::vector<std::string>& arguments) const {
+  if (!fs::exists(programs_ / program)) return {};
+  std::vector<std::string> all{(programs_ / program).string()};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  return all;
 }
 
 fs::path Workload::NewProject(const Job& job, const std::string& name) const {

@@ -34,9 +34,10 @@ class Workload {
   Workload(const Workload&) = delete;
   Workload& operator=(const Workload&) = delete;
 
-  // Makes a dictionary unless it is there; also by the arguments of a job.
-  std::vector<std::string> Import(int classes, int properties) const;
+  // Makes a dictionary unless it is there; the arguments that make it anew, and those that export it to a file.
   std::string Dictionary(int classes, int properties) const;
+  std::vector<std::string> Import(int classes, int properties) const;
+  std::vector<std::string> Export(int classes, int properties, const fs::path& to) const;
   // Makes a new project for a job; called before each run. Its name tells it from those of other runs.
   fs::path NewProject(const Job& job, const std::string& name = "project") const;
   // What makes the forms of a job in a new project: the program, and the reference, which knows no options.
@@ -44,6 +45,10 @@ class Workload {
   std::vector<std::string> Reference(const Job& job, const fs::path& project) const;
   // Whether both make the same files. Needed before a reference is run, as it makes the template.
   void CheckReference() const;
+
+  // Of a program beside the one that makes forms; nothing where it is not built. What it keeps for later runs, it keeps
+  // in the folder of this workload.
+  std::vector<std::string> Other(const std::string& program, const std::vector<std::string>& arguments) const;
 
   const fs::path& Home() const { return home_; }
 
