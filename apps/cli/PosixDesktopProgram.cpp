@@ -14,7 +14,7 @@ constexpr const char* Name = "ostrel-form-wizard-desktop";
 
 }  // namespace
 
-void BecomeDesktopProgram(std::vector<std::string> options, const std::string& file, const std::string& whose,
+void BecomeDesktopProgram(const std::vector<std::string>& options, const std::string& file, const std::string& whose,
                           const std::string& instead) {
   std::vector<std::string> arguments{Name};
   arguments.insert(arguments.end(), options.begin(), options.end());

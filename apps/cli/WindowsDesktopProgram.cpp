@@ -3,7 +3,7 @@
 
 namespace formwizard::apps::cli {
 
-void BecomeDesktopProgram(std::vector<std::string>, const std::string&, const std::string& whose,
+void BecomeDesktopProgram(const std::vector<std::string>&, const std::string&, const std::string& whose,
                           const std::string& instead) {
   throw support::InputError("ostrel-form-wizard-desktop: the desktop program, " + whose +
                             ", is not started from here on Windows; run it itself, or this command on Linux" + instead);
