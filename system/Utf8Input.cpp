@@ -32,6 +32,8 @@ void Utf8Input::ReadBlock() {
   block_.resize(kept + wanted);
   in_.read(block_.data() + kept, static_cast<std::streamsize>(wanted));
   block_.resize(kept + static_cast<std::size_t>(in_.gcount()));
+  taken_ += static_cast<std::size_t>(in_.gcount());
+  if (onRead_) onRead_(taken_);
   if (in_.bad()) throw support::InputError(name_ + ": the input cannot be read to its end");
 }
 

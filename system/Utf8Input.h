@@ -3,10 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <streambuf>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace formwizard::system {
 
@@ -16,7 +18,9 @@ class Utf8Input : public std::streambuf {
  public:
   // `name` is that of the input in messages. Both must outlive this object. Reading raises support::InputError when
   // the input cannot be read, or begins like UTF-16 and is none.
-  Utf8Input(std::istream& in, const std::string& name) : in_(in), name_(name) {}
+  // `onRead` hears how many bytes of the input were taken so far.
+  Utf8Input(std::istream& in, const std::string& name, std::function<void(std::size_t)> onRead = {})
+      : in_(in), name_(name), onRead_(std::move(onRead)) {}
 
  protected:
   int_type underflow() override;
@@ -31,6 +35,8 @@ class Utf8Input : public std::streambuf {
 
   std::istream& in_;
   const std::string& name_;
+  std::function<void(std::size_t)> onRead_;
+  std::size_t taken_ = 0;
   Form form_ = Form::Unknown;
   std::size_t blockSize_ = 2'048;  // of what is read next: most inputs are short
   std::string block_;              // as read; of UTF-16 its first bytes may be half a character of the block before

@@ -1,16 +1,11 @@
 #include "runtime/Conversions.h"
 #include "settings/Profile.h"
+#include "wizard/RememberedSystem.h"
 #include "wizard/TreePictures.h"
 #include "wizard/factory/SystemList.h"
 #include "wizard/frmWizard.h"
 
 namespace formwizard::wizard {
-namespace {
-
-constexpr std::string_view RememberedSystemKey = "LastConnect";
-
-}  // namespace
-
 void frmWizard::ConnectConnectionEvents() {
   tvwConnection.NodeClick = Guarded([this](ui::Node& node) { StatusMessage(node.Tag); });
   tvwConnection.DblClick = Guarded([this] {

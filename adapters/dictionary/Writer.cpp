@@ -67,9 +67,11 @@ class SystemWriter {
   SystemWriter(ObjectFactory& server, std::string system, Classes classes, std::ostream& out)
       : server_(server), system_(std::move(system)), classes_(classes), out_(out) {}
 
-  void WriteClasses() {
+  void WriteClasses(const std::function<void(double part)>& onProgress) {
     JsonList list(out_, ", \"classes\": [", "    ");
-    for (const ClassRow& row : ReadClasses()) {
+    const std::vector<ClassRow> classes = ReadClasses();
+    for (const ClassRow& row : classes) {
+      if (onProgress) onProgress(static_cast<double>(&row - classes.data()) / static_cast<double>(classes.size()));
       at_ = row.Name;
       list.Next() << row.Members;
       WriteProperties(row.Name);
@@ -146,14 +148,15 @@ class SystemWriter {
 };
 
 // Connects to the system for as long as its classes are written.
-void WriteSystem(FactoryCreator& creator, const System& system, Classes classes, std::ostream& out) {
+void WriteSystem(FactoryCreator& creator, const System& system, Classes classes, std::ostream& out,
+                 const std::function<void(double part)>& onProgress) {
   const auto server = creator.Create();
   SystemWriter writer(*server, system.Name, classes, out);
   try {
     if (!system.Connect.empty()) server->Connect(system.Connect);
     if (!server->IsConnected()) throw support::InputError(writer.Place() + ": the server refuses the connection");
     out << "{ \"name\": " << Quoted(system.Name) << ", \"connect\": " << Quoted(system.Connect);
-    writer.WriteClasses();
+    writer.WriteClasses(onProgress);
     out << " }";
     server->Disconnect();
   } catch (const runtime::RuntimeError& error) {
@@ -163,20 +166,27 @@ void WriteSystem(FactoryCreator& creator, const System& system, Classes classes,
 
 }  // namespace
 
-void WriteDictionary(FactoryCreator& server, const std::string& system, Classes classes, std::ostream& out) {
+void WriteDictionary(FactoryCreator& server, const std::string& system, Classes classes, std::ostream& out,
+                     const std::function<void(double part)>& onProgress) {
   const std::vector<System> systems = SystemsIn(server.Create()->SystemList());
   const support::Names names(systems, [](const System& each) { return std::string_view(each.Name); });
   const auto only = names.Find(system);
   if (!system.empty() && !only) {
     throw support::InputError("the server has no system \"" + system + "\"; " + names.Answer(system));
   }
+  const auto inSystem = [&](const System& each) {
+    return [&](double part) {
+      if (onProgress)
+        onProgress((static_cast<double>(&each - systems.data()) + part) / static_cast<double>(systems.size()));
+    };
+  };
   JsonList list(out, DocumentBegin, "  ");
   Once connects;
   for (const System& each : systems) {
     if (!system.empty() && &each != &systems[*only]) continue;
     connects.Take(each.Connect, "system \"" + each.Name + "\", its connect string");
     list.Next();
-    WriteSystem(server, each, classes, out);
+    WriteSystem(server, each, classes, out, inSystem(each));
   }
   list.End(std::string(DocumentBegin) + "]");
   out << " }\n";

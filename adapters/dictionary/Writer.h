@@ -3,6 +3,7 @@
 
 #include "wizard/factory/Factory.h"
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -19,7 +20,8 @@ inline constexpr std::string_view DocumentBegin = "{ \"systems\": [";
 // one that is asked, all of them when it is empty. Parameters of queries are "param1" and so on where the server does
 // not tell their names. support::InputError, naming the system, the class and what failed, when the server refuses
 // something.
+// `onProgress`, which may end the work by raising something, hears before each class what part of all is written.
 void WriteDictionary(wizard::factory::FactoryCreator& server, const std::string& system, Classes classes,
-                     std::ostream& out);
+                     std::ostream& out, const std::function<void(double part)>& onProgress = {});
 
 }  // namespace formwizard::adapters::dictionary

@@ -23,6 +23,11 @@ class Document {
   std::optional<std::string> Get(std::string_view section, std::string_view key) const {
     return text_.Get(Encoded(section), Encoded(key));
   }
+  std::vector<std::string> KeysIn(std::string_view section) const {
+    std::vector<std::string> keys;
+    for (const std::string_view key : text_.KeysIn(Encoded(section))) keys.push_back(Decoded(key));
+    return keys;
+  }
   void Set(std::string_view section, std::string_view key, std::string_view value) {
     text_.Set(Encoded(section), Encoded(key), Encoded(value));
   }
@@ -86,6 +91,11 @@ std::string ProfileFiles::GetProfileString(std::string_view section, std::string
   } catch (const support::InputError& error) {
     runtime::Raise(runtime::PathFileAccessError, error.what());
   }
+}
+
+std::vector<std::string> ProfileFiles::KeysIn(std::string_view section, const std::string& file) const {
+  const Document text(files_.Read(file, system::LargestSettings).value_or(""), codePage_, file);
+  return text.KeysIn(section);
 }
 
 bool ProfileFiles::WriteProfileString(std::string_view section, std::string_view key, std::string_view value,

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::adapters::profile {
 
@@ -23,6 +24,9 @@ class ProfileFiles : public settings::ProfileStore {
                                std::size_t size, const std::string& file) const override;
   bool WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
                           const std::string& file) override;
+  // The keys of the section, in its order; none without the file or the section. support::InputError for a file that
+  // cannot be read.
+  std::vector<std::string> KeysIn(std::string_view section, const std::string& file) const;
 
  private:
   system::FileSystem& files_;

@@ -46,6 +46,23 @@ ProfileText::Place ProfileText::Find(std::string_view section, std::string_view 
   return place;
 }
 
+std::vector<std::string_view> ProfileText::KeysIn(std::string_view section) const {
+  std::vector<std::string_view> keys;
+  bool isIn = false;
+  for (std::string_view rest = text_; !rest.empty();) {
+    const std::string_view line = Trimmed(rest.substr(0, rest.find('\n')));
+    rest.remove_prefix(std::min(rest.find('\n'), rest.size() - 1) + 1);
+    const std::size_t end = line.find(']'), equals = line.find('=');
+    if (line.starts_with('[')) {
+      if (isIn) break;  // the first section of the name counts
+      isIn = end != std::string_view::npos && runtime::EqualIgnoringCase(Trimmed(line.substr(1, end - 1)), section);
+    } else if (isIn && !line.starts_with(';') && equals != std::string_view::npos) {
+      keys.push_back(Trimmed(line.substr(0, equals)));
+    }
+  }
+  return keys;
+}
+
 std::optional<std::string> ProfileText::Get(std::string_view section, std::string_view key) const {
   const Place place = Find(section, key);
   if (!place.HasKey) return std::nullopt;

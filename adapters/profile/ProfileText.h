@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::adapters::profile {
 
@@ -18,6 +19,9 @@ class ProfileText {
   // Replaces the value's text, or adds the key at the end of its section, or the section at the end of the file. All
   // other bytes stay.
   void Set(std::string_view section, std::string_view key, std::string_view value);
+
+  // The keys that Get finds in the section, in its order.
+  std::vector<std::string_view> KeysIn(std::string_view section) const;
 
   const std::string& Text() const { return text_; }
 

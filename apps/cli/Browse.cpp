@@ -216,7 +216,7 @@ CLI::App& AddListing(CLI::App& program, Task& task, const char* name, const char
   }
   command.callback([&task, list, options] {
     if (options->Dictionary.empty() && !options->Server) throw CLI::RequiredError("--dictionary or --server");
-    task = {[list, options] { return list(*options); }, options->Dictionary};
+    task = {[list, options] { return list(*options); }, options->Dictionary, false, options->Json};
   });
   return command;
 }

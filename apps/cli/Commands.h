@@ -18,6 +18,7 @@ struct Task {
   std::function<int()> Do;
   std::string Subject;  // the file that it is about: begins messages of failures that name none
   bool Saves = false;   // files, and not only to standard output
+  bool Stops = false;   // when the user interrupts it, by common::Interrupted, and leaves nothing half done
 };
 
 // Adds a command, with its options and help, to the program. Its callback, which the parser calls when the command line

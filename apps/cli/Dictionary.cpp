@@ -1,16 +1,21 @@
 #include "apps/cli/Commands.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/TextInput.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
+#include "apps/common/Interruption.h"
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
+#include "system/Paths.h"
 #include "system/WholeFile.h"
 
 #include <CLI/CLI.hpp>
 
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace formwizard::apps::cli {
@@ -24,11 +29,29 @@ struct TransferOptions {
 };
 
 void WriteJson(const TransferOptions& options, std::ostream& out) {
+  Progress progress(std::cerr, "exporting", ShowsProgress(options.Tells.Quiet, options.To == "-"));
+  const auto show = [&](double part) {
+    common::CheckInterrupted();
+    progress.Show(part, 1);
+  };
   if (options.Server) {
-    common::ExportServer(*common::InstalledServer(), options.System, out);
+    common::ExportServer(*common::InstalledServer(), options.System, out, show);
   } else {
-    common::ExportDictionary(options.From, out);
+    common::ExportDictionary(options.From, out, show);
   }
+  common::CheckInterrupted();  // what follows is not given up
+}
+
+common::RowCounts ReadJson(const TransferOptions& options) {
+  Progress progress(std::cerr, "importing", ShowsProgress(options.Tells.Quiet, false));
+  std::error_code none;
+  const auto size = options.From == "-" ? 0 : std::filesystem::file_size(system::NativePath(options.From), none);
+  const auto in = OpenText(options.From, [&](std::size_t bytes) {
+    common::CheckInterrupted();
+    progress.Show(static_cast<double>(bytes), none ? 0 : static_cast<double>(size));
+  });
+  if (!in) throw support::InputError(options.From + ": the file cannot be read; give a dictionary in JSON");
+  return common::ImportDictionary(*in, NameOf(options.From), options.To, options.Force);
 }
 
 std::string LineOf(const std::string& file, const common::RowCounts& rows) {
@@ -43,9 +66,7 @@ int Import(const TransferOptions& options) {
   if (options.From != "-" && !system::RealFileSystem().ReadHead(options.From, 0)) {
     throw support::InputError(options.From + ": there is no such file; give a dictionary in JSON");
   }
-  const auto in = OpenText(options.From);
-  if (!*in) throw support::InputError(options.From + ": the file cannot be read; give a dictionary in JSON");
-  const common::RowCounts rows = common::ImportDictionary(*in, NameOf(options.From), options.To, options.Force);
+  const common::RowCounts rows = ReadJson(options);
   if (options.Tells.Verbose) std::cout << LineOf(options.To, rows);
   return common::Done;
 }
@@ -94,7 +115,7 @@ void AddTransfer(CLI::App& dictionary, Task& task, bool isImport) {
     if (!isImport) CheckExport(*options);
     if (options->To.empty()) throw CLI::RequiredError("out");
     task = {[options, isImport] { return isImport ? Import(*options) : Export(*options); }, options->From,
-            isImport || options->To != "-"};
+            isImport || options->To != "-", true};
   });
 }
 

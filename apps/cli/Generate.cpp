@@ -7,6 +7,7 @@
 #include "apps/cli/Difference.h"
 #include "apps/cli/FormDescription.h"
 #include "apps/cli/JournalFile.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/ProjectOptions.h"
 #include "apps/cli/RunProfile.h"
 #include "apps/cli/Spool.h"
@@ -15,6 +16,7 @@
 #include "apps/cli/WizardUser.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
+#include "apps/common/Interruption.h"
 #include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
@@ -113,6 +115,7 @@ class Run {
       journalled_ = adapters::journal::Journalled(project_, journal_->Out());
     }
     CheckProfile();
+    for (const std::string& warning : WarningsOn(profileFile_, !options.Profile.empty())) Warn(warning);
     user_.emplace(services_, journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_), options.System);
   }
 
@@ -272,8 +275,17 @@ class Run {
 // The name of a description is not needed any longer than the description itself.
 void MakeAll(Run& run, GenerateOptions& options) {
   if (options.Descriptions.empty()) run.Make(DescriptionFromOptions(options));
+  const bool prints = options.DryRun || options.Check;
+  Progress progress(std::cerr, "making forms", ShowsProgress(options.Tells.Quiet, prints));
+  const auto count = static_cast<double>(options.Descriptions.size());
   for (std::string& file : options.Descriptions) {
-    for (const FormDescription& form : ReadFormDescriptions(std::exchange(file, ""))) run.Make(form);
+    const auto before = static_cast<double>(&file - options.Descriptions.data());
+    const std::vector<FormDescription> forms = ReadFormDescriptions(std::exchange(file, ""));
+    for (const FormDescription& form : forms) {
+      common::CheckInterrupted();
+      run.Make(form);
+      progress.Show(before + static_cast<double>(&form - forms.data() + 1) / static_cast<double>(forms.size()), count);
+    }
   }
 }
 
@@ -289,6 +301,7 @@ int Generate(GenerateOptions& options) {
     run.Stop();
     throw;
   }
+  common::CheckInterrupted();  // what follows is not given up
   return run.Save();
 }
 
@@ -336,7 +349,7 @@ void AddGenerate(CLI::App& program, Task& task) {
           DescriptionFiles(common::FilesMeant(std::move(options->Descriptions)), options->DescriptionsFrom);
       return Generate(*options);
     };
-    task = {generate, options->Project, saves};
+    task = {generate, options->Project, saves, true};
   });
 }
 

@@ -1,12 +1,15 @@
 #include "apps/cli/Program.h"
 
 #include "apps/cli/Commands.h"
+#include "apps/cli/HeldOutput.h"
 #include "apps/cli/UsageErrors.h"
 #include "apps/common/Endings.h"
+#include "apps/common/Interruption.h"
 #include "apps/common/Platform.h"
 #include "support/Messages.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -24,18 +27,29 @@ constexpr std::array<AddCommand*, 10> Commands{
     AddQueries,  AddDictionary, AddCompare, AddRender,  AddDoctor,
 };
 
-int Say(const common::Failure& failure) {
+bool WantsJson(const std::vector<std::string>& arguments) {
+  return std::find(arguments.begin(), std::ranges::find(arguments, "--"), "--json") !=
+         std::ranges::find(arguments, "--");
+}
+
+// For people, and for a program that expects JSON.
+int Say(const common::Failure& failure, bool isJson) {
   std::cout.flush();
   std::cerr << "ostrel-form-wizard: " << support::Shown(failure.Message) << '\n';
+  if (isJson) {
+    const nlohmann::ordered_json error{
+        {"error", {{"status", static_cast<int>(failure.Status)}, {"message", failure.Message}}}};
+    std::cout << error.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n' << std::flush;
+  }
   return failure.Status;
 }
 
 // What the parser itself has to say: a help text, the version, or what is wrong.
-int EndOfParsing(const CLI::App& app, const CLI::ParseError& end) {
+int EndOfParsing(const CLI::App& app, const CLI::ParseError& end, bool isJson) {
   std::ostringstream out;
   std::ostringstream wrong;
   if (app.exit(end, out, wrong) != 0) {
-    return Say({common::WrongUsage, Explained(app, end)});
+    return Say({common::WrongUsage, Explained(app, end)}, isJson);
   }
   std::cout << out.str();
   common::FlushOutput();
@@ -53,22 +67,34 @@ std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
       "invalid, 4 saving failed and nothing was changed, 5 a form is incomplete, the wizard was cancelled or what\n"
       "came after saving failed.");
   for (AddCommand* add : Commands) add(app, task);
+  const bool isJson = WantsJson(arguments);
   try {
     std::ranges::reverse(arguments);  // as the parser wants them
     app.parse(std::move(arguments));
   } catch (const CLI::ParseError& end) {
-    return EndOfParsing(app, end);
+    return EndOfParsing(app, end, isJson);
   }
   return std::nullopt;
 }
 
-int Run(std::vector<std::string> arguments, Task& task) {
+// One document of JSON is printed when it is whole. What a command that saves prints, it prints when it has saved.
+int Do(const Task& task, bool isJson) {
+  if (!isJson || task.Saves) return task.Do();
+  HeldOutput held;
+  const int status = task.Do();
+  held.Release();
+  return status;
+}
+
+int Run(std::vector<std::string> arguments, Task& task, bool isJson) {
   // The parser, which keeps a copy of every argument, is gone before the work begins.
   if (const std::optional<int> ended = Parse(std::move(arguments), task)) return *ended;
   // A listing ends quietly with whoever reads it, as listings do; a command that saves says how it ended.
   if (task.Saves) common::SurviveFailedWrites();
-  const int status = task.Do();
+  if (task.Stops) common::KeepInterruptions();
+  const int status = Do(task, isJson);
   common::FlushOutput();
+  common::CheckInterrupted();  // it came too late to stop the work, and ends the program nevertheless
   return status;
 }
 
@@ -76,10 +102,16 @@ int Run(std::vector<std::string> arguments, Task& task) {
 
 int RunProgram(const std::function<std::vector<std::string>()>& arguments) {
   Task task;
+  bool isJson = false;
   try {
-    return Run(arguments(), task);
+    std::vector<std::string> given = arguments();
+    isJson = WantsJson(given);
+    return Run(std::move(given), task, isJson);
+  } catch (const common::Interrupted& interrupted) {
+    std::cout.flush();
+    return common::EndInterrupted(interrupted);
   } catch (...) {
-    return Say(common::CurrentFailure(task.Subject));
+    return Say(common::CurrentFailure(task.Subject), isJson);
   }
 }
 

@@ -1,10 +1,17 @@
 #include "apps/cli/RunProfile.h"
 
+#include "apps/common/Platform.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
+#include "settings/Profile.h"
+#include "settings/Settings.h"
 #include "support/Failures.h"
+#include "support/Names.h"
+#include "system/FileSystem.h"
+#include "wizard/RememberedSystem.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace formwizard::apps::cli {
@@ -42,6 +49,22 @@ bool RunProfile::Store() {
   return std::ranges::all_of(std::exchange(written_, {}), [&](const auto& each) {
     return store_.WriteProfileString(each.second.Section, each.second.Key, each.second.Value, file_);
   });
+}
+
+std::vector<std::string> WarningsOn(const std::string& file, bool isNamed) {
+  if (file.empty()) return {};
+  if (!system::RealFileSystem().StampOf(file)) {
+    if (!isNamed) return {};
+    return {file + ": there is no such settings file, so that every setting has its default; check the path"};
+  }
+  std::vector<std::string> warnings;
+  support::Names names(settings::SettingKeys(), std::mem_fn(&settings::SettingKey::Key));
+  for (const std::string& key : common::ProfileKeys(file, settings::ProfileSection)) {
+    if (settings::KeyNamed(key) || runtime::EqualIgnoringCase(key, wizard::RememberedSystemKey)) continue;
+    warnings.push_back(file + ": [" + std::string(settings::ProfileSection) + "]: nobody reads the key \"" + key +
+                       "\"; " + names.Answer(key));
+  }
+  return warnings;
 }
 
 }  // namespace formwizard::apps::cli

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::apps::cli {
 
@@ -40,5 +41,8 @@ class RunProfile : public settings::ProfileStore {
   mutable std::map<std::string, std::string, std::less<>> read_;  // keys in lower case
   std::map<std::string, Entry, std::less<>> written_;             // keys in lower case
 };
+
+// What is odd about a settings file: that there is none though the user has named it, and keys that nobody reads.
+std::vector<std::string> WarningsOn(const std::string& file, bool isNamed);
 
 }  // namespace formwizard::apps::cli

@@ -1,5 +1,6 @@
 #include "apps/cli/TextInput.h"
 
+#include "apps/common/Platform.h"
 #include "support/Failures.h"
 #include "system/FileSystem.h"
 #include "system/Paths.h"
@@ -7,9 +8,8 @@
 
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <system_error>
+#include <utility>
 
 namespace formwizard::apps::cli {
 namespace {
@@ -19,18 +19,15 @@ using support::InputError;
 // Owns all that it reads through.
 class TextFile : public std::istream {
  public:
-  explicit TextFile(const std::string& file)
-      : std::istream(nullptr), name_(NameOf(file)), in_(file == "-" ? std::cin : file_), text_(in_, name_) {
-    if (file != "-") file_.open(system::NativePath(file), std::ios::binary);
+  TextFile(std::unique_ptr<std::istream> input, std::string name, std::function<void(std::size_t)> onRead)
+      : std::istream(nullptr), name_(std::move(name)), in_(std::move(input)), text_(*in_, name_, std::move(onRead)) {
     rdbuf(&text_);
     exceptions(std::ios::badbit);  // what the buffer raises is not to be lost
-    if (!in_) setstate(std::ios::failbit);
   }
 
  private:
   std::string name_;
-  std::ifstream file_;
-  std::istream& in_;
+  std::unique_ptr<std::istream> in_;
   system::Utf8Input text_;
 };
 
@@ -50,7 +47,10 @@ std::string ReadStream(std::istream& in, const std::string& name, const std::str
 
 std::string NameOf(const std::string& file) { return file == "-" ? "standard input" : file; }
 
-std::unique_ptr<std::istream> OpenText(const std::string& file) { return std::make_unique<TextFile>(file); }
+std::unique_ptr<std::istream> OpenText(const std::string& file, std::function<void(std::size_t)> onRead) {
+  std::unique_ptr<std::istream> in = common::OpenInput(file);
+  return in ? std::make_unique<TextFile>(std::move(in), NameOf(file), std::move(onRead)) : nullptr;
+}
 
 std::string ReadText(const std::string& file, const std::string& what, std::size_t most) {
   if (file == "-") return ReadStream(*OpenText(file), NameOf(file), what, most);
@@ -62,7 +62,7 @@ std::string ReadText(const std::string& file, const std::string& what, std::size
     throw InputError(file + ": this is a folder or a device; a " + what + " is a file, or \"-\"");
   }
   const auto in = OpenText(file);
-  if (!*in) throw InputError(file + ": the " + what + " cannot be read; check the permissions");
+  if (!in) throw InputError(file + ": the " + what + " cannot be read; check the permissions");
   return ReadStream(*in, file, what, most);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <istream>
 #include <memory>
 #include <string>
@@ -15,8 +16,9 @@ namespace formwizard::apps::cli {
 // more than `most` bytes.
 std::string ReadText(const std::string& file, const std::string& what, std::size_t most);
 
-// The same for a text of any length. A stream that has failed could not be opened; reading raises support::InputError.
-std::unique_ptr<std::istream> OpenText(const std::string& file);
+// The same for a text of any length, null when it cannot be opened; reading raises support::InputError. `onRead` hears
+// how many bytes were read so far.
+std::unique_ptr<std::istream> OpenText(const std::string& file, std::function<void(std::size_t)> onRead = {});
 
 // As messages call it.
 std::string NameOf(const std::string& file);

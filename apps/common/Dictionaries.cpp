@@ -44,12 +44,13 @@ RowCounts ImportDictionary(std::istream& in, const std::string& source, const st
   return counts;
 }
 
-void ExportDictionary(const std::string& path, std::ostream& out) {
-  dictionary::WriteDictionary(*sqlite::OpenDictionary(path), "", dictionary::Classes::All, out);
+void ExportDictionary(const std::string& path, std::ostream& out, const std::function<void(double part)>& onProgress) {
+  dictionary::WriteDictionary(*sqlite::OpenDictionary(path), "", dictionary::Classes::All, out, onProgress);
 }
 
-void ExportServer(wizard::factory::FactoryCreator& server, const std::string& system, std::ostream& out) {
-  dictionary::WriteDictionary(server, system, dictionary::Classes::NoSystemClasses, out);
+void ExportServer(wizard::factory::FactoryCreator& server, const std::string& system, std::ostream& out,
+                  const std::function<void(double part)>& onProgress) {
+  dictionary::WriteDictionary(server, system, dictionary::Classes::NoSystemClasses, out, onProgress);
 }
 
 void CheckIsExport(const std::string& path) {

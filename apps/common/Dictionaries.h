@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -25,10 +26,13 @@ using RowCounts = std::array<std::size_t, wizard::factory::TableCount>;
 RowCounts ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force = false);
 
 // Writes a dictionary as JSON, also one that holds names which OpenDictionary refuses: so they can be corrected.
-void ExportDictionary(const std::string& path, std::ostream& out);
+// `onProgress` hears before each class what part of all is written.
+void ExportDictionary(const std::string& path, std::ostream& out,
+                      const std::function<void(double part)>& onProgress = {});
 
 // Writes what a server tells of its own classes as JSON, of one system or, when that is empty, of all.
-void ExportServer(wizard::factory::FactoryCreator& server, const std::string& system, std::ostream& out);
+void ExportServer(wizard::factory::FactoryCreator& server, const std::string& system, std::ostream& out,
+                  const std::function<void(double part)>& onProgress = {});
 
 // support::InputError when something stands at `path` that is no such JSON, and so must not be replaced by it.
 void CheckIsExport(const std::string& path);

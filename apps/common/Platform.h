@@ -7,8 +7,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <istream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace formwizard::apps::common {
@@ -44,6 +46,18 @@ std::shared_ptr<void> UseStandardStreams();
 // Whether a person sees what is written there as it comes.
 enum class StandardStream : std::uint8_t { Output, Error };
 bool IsTerminal(StandardStream stream);
+
+enum class Output : std::uint8_t { Standard, Error };
+// Whether that leads to a terminal on which a line can be written over.
+bool IsTerminal(Output output);
+
+// The bytes of a file, or of standard input for "-"; null when it cannot be opened. A wait for them ends in Interrupted
+// when an interruption is kept (see Interruption.h); on Windows a console's input then ends.
+std::unique_ptr<std::istream> OpenInput(const std::string& path);
+
+// The keys that a section of a settings file has, in its order; none without the file. support::InputError when it
+// cannot be read.
+std::vector<std::string> ProfileKeys(const std::string& profile, std::string_view section);
 
 // From now on, writing to a pipe that nobody reads any more, or more than a file may hold, fails instead of ending the
 // program.

@@ -53,6 +53,16 @@ std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profi
   return std::make_unique<adapters::profile::ProfileFiles>();
 }
 
+std::vector<std::string> ProfileKeys(const std::string& profile, std::string_view section) {
+  return adapters::profile::ProfileFiles().KeysIn(section, profile);
+}
+
+bool IsTerminal(Output output) {
+  const char* const kind = std::getenv("TERM");
+  const bool isDumb = !kind || *kind == '\0' || std::string_view(kind) == "dumb";
+  return !isDumb && ::isatty(output == Output::Error ? STDERR_FILENO : STDOUT_FILENO) == 1;
+}
+
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
   return std::make_unique<adapters::satellite::Satellites>();
 }

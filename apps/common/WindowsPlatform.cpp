@@ -122,6 +122,16 @@ std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profi
   return std::make_unique<adapters::profile::ProfileFiles>(system::RealFileSystem(), CodePageOfMachine());
 }
 
+std::vector<std::string> ProfileKeys(const std::string& profile, std::string_view section) {
+  return adapters::profile::ProfileFiles(system::RealFileSystem(), CodePageOfMachine()).KeysIn(section, profile);
+}
+
+bool IsTerminal(Output output) {
+  DWORD mode = 0;
+  const HANDLE handle = ::GetStdHandle(output == Output::Error ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
+  return ::GetConsoleMode(handle, &mode) != 0;
+}
+
 std::unique_ptr<support::ResourceLibraries> PlatformLibraries() {
   return std::make_unique<adapters::native::NativeLibraries>(adapters::satellite::IsSatellite);
 }

@@ -40,6 +40,7 @@ struct Workplace {
   explicit Workplace(const std::string& sample = "new-project") {
     CopySample(sample, Home);
     CHECK(Run("dictionary import " + Quoted(Samples + "dictionary.json") + " " + Dictionary).Status == 0);
+    WriteFile(Folder / Profile, "");
   }
   // `more` is what RunProgram takes behind the folder.
   Outcome Run(const std::string& arguments, const auto&... more) const {
@@ -67,6 +68,7 @@ void CheckDone(const Outcome& made) {
 TEST_CASE("The typical request gives exactly the expected project, whatever script the names of its files are in") {
   Workplace work;
   work.Profile = "Einstellungen 項目/outility.ini";
+  WriteFile(work.Folder / work.Profile, "");
   const std::string journal = work.Folder / "Änderungen 項目.jsonl";
   const Outcome made =
       work.Describe(R"({"class":"Sample.Person","settings":{"Columns":3},"fields":["Name","Home.City"]})",
@@ -228,7 +230,7 @@ TEST_CASE("Dry run, diff and check write nothing and say what would be") {
   CHECK(Has(check.Out, work.Home + "/frmPerson.frm: is not there\n"));
   CHECK(Has(check.Out, work.Project + ":2: has \"Form=Form1.frm\" instead of \"Form=frmPerson.frm\"\n"));
   CHECK(work.Files() == before);
-  CHECK_FALSE(std::filesystem::exists(NativePath(work.Folder / work.Profile)));
+  CHECK(ReadFile(work.Folder / work.Profile).empty());
 }
 
 TEST_CASE("What a run has made does not differ from what it would make, and an edit does") {
@@ -396,6 +398,43 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
   checkInput(&Workplace::Dictionary, "none.sqlite", "none.sqlite: ");
   checkInput(&Workplace::Dictionary, Quoted(work.Project), "Project1.vbp: ");
   CHECK(work.Files() == before);
+}
+
+TEST_CASE("With --json standard output is one JSON document, whatever happens") {
+  const Workplace work;
+  const std::string in = " --json --dictionary " + work.Dictionary;
+  for (const auto& [command, status] :
+       {std::pair{"classes" + in, 0},
+        {"systems --json --dictionary none", 3},
+        {"classes --system Nowhere" + in, 3},
+        {"queries --class Nobody" + in, 3},
+        {"classes --json", 2},
+        {"clases --json", 2},
+        {"generate --json --project none.vbp --class A --fields B --dictionary " + work.Dictionary, 3}}) {
+    CAPTURE(command);
+    const Outcome made = work.Run(command);
+    CHECK(made.Status == status);
+    const auto json = nlohmann::json::parse(made.Out);
+    CHECK(json.is_array() == (status == 0));
+    if (status == 0) continue;
+    CHECK(json["error"]["status"] == status);
+    CHECK(Has(made.Error, json["error"]["message"].get<std::string>()));
+  }
+  CHECK(work.Generate(Typical + " --json --diff").Status == 2);
+}
+
+TEST_CASE("A settings file that is not there and keys that nobody reads are warned about") {
+  Workplace work;
+  WriteFile(work.Folder / work.Profile,
+            "[Other]\r\nX=1\r\n[OstrelFormWizard]\r\n;Y=2\r\nMenu=1\r\nColums=3\r\n"
+            "lastconnect=Samples\r\n");
+  const Outcome odd = work.Generate(Typical + " -n");
+  CHECK(
+      Has(odd.Error, "warning: outility.ini: [OstrelFormWizard]: nobody reads the key \"Colums\"; available: Columns"));
+  CHECK(std::ranges::count(odd.Error, '\n') == 1);
+  CHECK(work.Generate(Typical + " -nq").Error.empty());
+  work.Profile = "none.ini";
+  CHECK(Has(work.Generate(Typical + " -n").Error, "warning: none.ini: there is no such settings file"));
 }
 
 TEST_CASE("Settings that cannot be written cost nothing") {
