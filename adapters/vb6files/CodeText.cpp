@@ -121,7 +121,7 @@ void CodeText::Insert(std::size_t line, std::string_view text) {
 
 std::optional<std::size_t> CodeText::AppendHandler(std::string_view object, std::string_view event,
                                                    std::string_view parameters) {
-  const std::string_view name = texts_.Kept({object, "_", event});
+  const std::string_view name = texts_.Kept(object, "_", event);
   if (!procedures_.insert(name).second) return std::nullopt;
   PrepareEnd();
   bytes_.append("\r\nPrivate Sub ").append(name).append("(").append(parameters).append(")\r\n\r\nEnd Sub\r\n");

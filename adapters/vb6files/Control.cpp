@@ -36,11 +36,11 @@ Control* OwnControl(generator::ide::VBControl* control) {
 std::string Control::Name() const { return designer_.CodePageOfForm.Decode(name_); }
 
 void Control::Set(const PropertyRow& row, const PropertyData& data) {
-  const auto at = std::ranges::lower_bound(values_, &row, {}, &Value::Row);
-  if (at != values_.end() && at->Row == &row) {
-    at->Data = data;
+  const auto found = std::ranges::find(values_, &row, &Value::Row);
+  if (found != values_.end()) {
+    found->Data = data;
   } else {
-    values_.insert(at, {&row, data});
+    values_.insert(std::ranges::lower_bound(values_, &row, {}, &Value::Row), {&row, data});
   }
 }
 

@@ -13,11 +13,13 @@ namespace {
 
 using namespace generator::ide;
 
-std::vector<std::string> NewAttributes() {
-  return {"Attribute VB_Name = \"\"\r\n", "Attribute VB_GlobalNameSpace = False\r\n",
-          "Attribute VB_Creatable = False\r\n", "Attribute VB_PredeclaredId = True\r\n",
-          "Attribute VB_Exposed = False\r\n"};
-}
+// Of a new form; the name is filled in when the form is written.
+constexpr const char* NameAttribute = "Attribute VB_Name = \"\"\r\n";
+constexpr const char* OtherAttributes =
+    "Attribute VB_GlobalNameSpace = False\r\n"
+    "Attribute VB_Creatable = False\r\n"
+    "Attribute VB_PredeclaredId = True\r\n"
+    "Attribute VB_Exposed = False\r\n";
 
 std::string ObjectLine(const ObjectReference& library) {
   return "Object = \"" + library.Id + "\"; \"" + library.File + "\"\r\n";
@@ -45,8 +47,8 @@ std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const sys
                                                 const ControlLibraries& libraries) {
   std::shared_ptr<FormDocument> form(new FormDocument(FormHeader(name), codePage, libraries));
   form->name_ = name;
-  form->headLines_ = {"VERSION 5.00\r\n"};
-  form->attributeLines_ = NewAttributes();
+  form->headLines_.emplace_back("VERSION 5.00\r\n");
+  for (const char* lines : {NameAttribute, OtherAttributes}) form->attributeLines_.emplace_back(lines);
   form->changed_ = true;
   return form;
 }

@@ -75,21 +75,18 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
     record->second = std::next(record)->first;
   }
   for (const FormProperty& property : properties) {
-    Property kept;
-    kept.Name = property.Name;
-    kept.Key = PropertyName(property.Name).Key();
-    kept.Row = FindProperty(classbit::Form, property.Name);
-    kept.Lines = property.Lines;
-    kept.Number = FiniteNumber(property.Lines.substr(property.Lines.find('=') + 1));
+    auto read = std::make_unique<Read>(Read{property.Name, property.Lines, {}});
     if (IsReference(property.Lines)) {
       const std::size_t offset = ReferenceOffset(property.Lines);
       if (offset >= frx.size()) {
         throw support::InputError(path + ": property " + property.Name +
                                   " refers to data that its .frx file does not hold; restore the .frx file beside it");
       }
-      kept.Record = frx.substr(offset, ends[offset] - offset);
+      read->Record = frx.substr(offset, ends[offset] - offset);
     }
-    properties_.push_back(std::move(kept));
+    const PropertyName name(read->Name);
+    const double number = FiniteNumber(property.Lines.substr(property.Lines.find('=') + 1));
+    properties_.push_back({name, FindProperty(classbit::Form, name), number, {}, std::move(read)});
   }
   left_ = NumberOf("ClientLeft") - Frame().Left();
   top_ = NumberOf("ClientTop") - Frame().Top();
@@ -97,7 +94,7 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
 }
 
 const FormHeader::Property* FormHeader::Find(const PropertyName& name) const {
-  const auto found = std::ranges::find_if(properties_, [&](const Property& p) { return p.Is(name); });
+  const auto found = std::ranges::find_if(properties_, [&](const Property& p) { return p.Name == name; });
   return found == properties_.end() ? nullptr : &*found;
 }
 
@@ -114,18 +111,14 @@ const ui::WindowFrame& FormHeader::Frame() const {
 
 // The property that is about to be set: what it was read from no longer holds.
 FormHeader::Property& FormHeader::Put(const PropertyName& name) {
-  const auto found = std::ranges::find_if(properties_, [&](const Property& p) { return p.Is(name); });
+  const auto found = std::ranges::find_if(properties_, [&](const Property& p) { return p.Name == name; });
   if (found != properties_.end()) {
-    found->Lines.clear();
-    found->Record.clear();
+    found->IsSet = true;
     return *found;
   }
-  const auto at = std::ranges::find_if(properties_, [&](const Property& p) { return Precedes(name.Text(), p.Name); });
-  Property added;
-  added.Name = name.Text();
-  added.Key = name.Key();
-  added.Row = FindProperty(classbit::Form, name);
-  return *properties_.insert(at, std::move(added));
+  const auto at =
+      std::ranges::find_if(properties_, [&](const Property& p) { return Precedes(name.Text(), p.Name.Text()); });
+  return *properties_.insert(at, {name, FindProperty(classbit::Form, name)});
 }
 
 // Choosing a fixed style switches the buttons off that only a sizable form has; they can be switched on again.
@@ -203,30 +196,36 @@ void FormHeader::SetProperty(const PropertyName& name, const PropertyValue& valu
 }
 
 double FormHeader::WrittenNumber(const Property& property, bool hasMenuBar) const {
-  const bool isLeft = property.Is("ClientLeft");
-  if (!(isLeft || property.Is("ClientTop")) || !(placed_ || hasMenuBar)) return property.Number;
+  const bool isLeft = property.Name == PropertyName("ClientLeft");
+  if (!(isLeft || property.Name == PropertyName("ClientTop")) || !(placed_ || hasMenuBar)) return property.Number;
   const bool systemPlaced = NumberOf("StartUpPosition") == SystemPlaced;
   const double shift = systemPlaced && hasMenuBar ? MenuBarShift : 0;
   if (isLeft) return (systemPlaced ? 0 : left_) + Frame().Left() + shift;
   return (systemPlaced ? 0 : top_) + Frame().Top() + shift + (hasMenuBar ? ui::MenuBarHeight : 0);
 }
 
+// A record gets a new place in the companion file.
+void FormHeader::AppendRead(FormText& out, const Read& read, FrxBuilder& frx) {
+  if (read.Record.empty()) {
+    out += read.Lines;
+    return;
+  }
+  const std::size_t start = ReferenceStart(read.Lines);
+  out += std::string_view(read.Lines).substr(0, start);
+  if (read.Lines[start] == '$') out += '$';
+  out += frx.AddRecord(read.Record);
+  out += "\r\n";
+}
+
 void FormHeader::AppendTo(FormText& out, FrxBuilder& frx, bool hasMenuBar) const {
   for (const Property& property : properties_) {
     const double number = WrittenNumber(property, hasMenuBar);
-    const bool asRead = !property.Lines.empty() && number == property.Number;
-    if (asRead && !property.Record.empty()) {
-      const std::size_t start = ReferenceStart(property.Lines);
-      out += property.Lines.substr(0, start);
-      if (property.Lines[start] == '$') out += '$';
-      out += frx.AddRecord(property.Record);
-      out += "\r\n";
-    } else if (asRead) {
-      out += property.Lines;
+    if (property.StandsAsRead() && number == property.Number) {
+      AppendRead(out, *property.AsRead, frx);
     } else if (!property.Row) {
-      AppendPropertyLine(out, 1, LineStart(property.Name), [&] { AppendNumber(out, number); });
+      AppendPropertyLine(out, 1, LineStart(property.Name.Text()), [&] { AppendNumber(out, number); });
     } else if (!IsDefault(*property.Row, property.Data()) || (property.Row->AlwaysIn & classbit::Form) != 0) {
-      AppendPropertyLine(out, 1, LineStart(property.Name),
+      AppendPropertyLine(out, 1, LineStart(property.Name.Text()),
                          [&] { AppendValue(out, *property.Row, property.Data(), frx); });
     }
   }

@@ -8,7 +8,7 @@
 #include "system/CodePage.h"
 #include "ui/WindowFrame.h"
 
-#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,17 +36,20 @@ class FormHeader {
   void AppendTo(FormText& out, FrxBuilder& frx, bool hasMenuBar) const;
 
  private:
+  struct Read {
+    std::string Name, Lines;
+    std::string Record;  // of the companion file, when the lines refer to one
+  };
   struct Property {
-    std::string Name;
-    std::uint32_t Key = 0;             // of the name
+    PropertyName Name;                 // stands in the source or in what was read
     const PropertyRow* Row = nullptr;  // null: a property that is kept as it was read
     double Number = 0;
-    std::string Text;
-    std::string Lines;   // as read; empty when the property was set
-    std::string Record;  // of the companion file, when the lines refer to one
+    std::string Text = {};
+    std::unique_ptr<Read> AsRead = {};  // null: it was not in the file
+    bool IsSet = false;                 // and what was read no longer holds
 
-    bool Is(const PropertyName& name) const { return Key == name.Key() && PropertyName(Name) == name; }
     PropertyData Data() const { return {Number, Text}; }
+    bool StandsAsRead() const { return AsRead && !IsSet; }
   };
 
   const Property* Find(const PropertyName& name) const;
@@ -60,6 +63,7 @@ class FormHeader {
   void RecomputeScale();
   void UpdateScale();
   const ui::WindowFrame& Frame() const;
+  static void AppendRead(FormText& out, const Read& read, FrxBuilder& frx);
   double WrittenNumber(const Property& property, bool hasMenuBar) const;
 
   std::vector<Property> properties_;  // in the order of the file

@@ -14,16 +14,10 @@ using generator::ide::PropertyValue;
 constexpr int LongestName = 40;  // characters
 
 double AsNumber(const PropertyValue& value) {
-  return std::visit(
-      []<typename T>(const T& v) -> double {
-        if constexpr (std::is_same_v<T, std::string_view>)
-          return runtime::ToNumber(v);
-        else if constexpr (std::is_same_v<T, bool>)
-          return v ? -1 : 0;
-        else
-          return v.Value();
-      },
-      value);
+  if (const auto* text = std::get_if<std::string_view>(&value)) return runtime::ToNumber(*text);
+  if (const auto* truth = std::get_if<bool>(&value)) return *truth ? -1 : 0;
+  if (const auto* number = std::get_if<generator::ide::Int16>(&value)) return number->Value();
+  return std::get<generator::ide::Int32>(value).Value();
 }
 
 bool AsBoolean(const PropertyValue& value) {
@@ -56,12 +50,13 @@ bool IsLetterBeyondAscii(std::string_view text) {
 bool IsLegalName(std::string_view name) {
   int characters = 0;
   for (std::size_t i = 0; i < name.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(name[i]);
+    const char c = name[i];
+    const auto byte = static_cast<unsigned char>(c);
     const bool leads = byte >= 0xC0, follows = byte >= 0x80 && !leads;
     if (!follows) ++characters;
-    const bool isLetter = static_cast<unsigned>((byte | 0x20) - 'a') < 26;
-    if (isLetter || follows || (leads && IsLetterBeyondAscii(name.substr(i)))) continue;
-    if (i == 0 || !((byte >= '0' && byte <= '9') || byte == '_')) return false;
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    if (letter || follows || (leads && IsLetterBeyondAscii(name.substr(i)))) continue;
+    if (i == 0 || !((c >= '0' && c <= '9') || c == '_')) return false;
   }
   return !name.empty() && characters <= LongestName;
 }
