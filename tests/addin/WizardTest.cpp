@@ -7,11 +7,6 @@
 #include "tests/support/FakeProfile.h"
 #include "tests/support/FakeServer.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
-#include <utility>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 using addin::ConnectMode;
@@ -201,7 +196,7 @@ TEST_CASE("The command starts a group when the last command before it does and t
     for (const char c : std::string(groups)) fixture.Environment.Menu(11).Append("", c == '|');
     fixture.Connect(ConnectMode::AfterStartup);
     CHECK(fixture.Environment.Menu(11).Items.back()->BeginsGroup == starts);
-    CHECK(fixture.Environment.Lines.find("PasteFace\n") != std::string::npos);
+    CHECK(Has(fixture.Environment.Lines, "PasteFace\n"));
   }
 }
 

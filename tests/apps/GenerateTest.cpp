@@ -1,19 +1,11 @@
 // The program itself, run as a user runs it.
 #include "adapters/satellite/StringResources.h"
 #include "system/CodePage.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RunProgram.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <filesystem>
-#include <map>
-#include <memory>
 #include <random>
 #include <regex>
 
@@ -26,8 +18,6 @@ const std::string Samples = SourceFolder() + "/samples/";
 const std::string Typical = "--class Sample.Person --fields Name,Home.City --set Columns=2";
 
 std::string Quoted(const std::string& argument) { return '"' + argument + '"'; }
-bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
 // Its files and folders have names in several scripts.
 struct Workplace {
   TemporaryFolder Folder;

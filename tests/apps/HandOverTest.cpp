@@ -1,12 +1,6 @@
 // The commands that are done by the desktop program.
 #ifndef _WIN32
-#include "tests/support/BuildTree.h"
 #include "tests/support/RunProgram.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <filesystem>
 
 using namespace formwizard::tests;
 namespace fs = std::filesystem;
@@ -27,8 +21,9 @@ TEST_CASE(
   for (const std::string& command : {wizard + "d", render}) {
     const Outcome alone = run(command);
     CHECK(alone.Status == 3);
-    CHECK_MESSAGE(alone.Error.find("neither beside this program nor on the path; install it (on Debian, the package "
-                                   "ostrel-form-wizard-desktop)") != std::string::npos,
+    CHECK_MESSAGE(Has(alone.Error,
+                      "neither beside this program nor on the path; install it (on Debian, the package "
+                      "ostrel-form-wizard-desktop)"),
                   alone.Error);
   }
   for (const char* wrong : {"render x.frm x.gif", "render x.frm -", "render - x.png", "render x.frm"}) {

@@ -1,15 +1,9 @@
 // Import and export by the program itself, run as a user runs it.
 #include "system/Text.h"
 #include "system/Utf8Input.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/RunProgram.h"
-#include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
-#include <filesystem>
 #include <iterator>
-#include <sstream>
 
 using namespace formwizard::tests;
 using namespace std::string_literals;
@@ -74,10 +68,9 @@ TEST_CASE("What is not theirs is not overwritten by import and export, unless by
   for (const std::string& command : {"import " + Sample + " App.vbp", std::string("export d.sqlite App.vbp"),
                                      std::string("export d.sqlite d.sqlite")}) {
     CAPTURE(command);
-    const auto before = FilesIn(place.Folder.Path());
     const Outcome refused = place.Run("dictionary " + command);
     CHECK(refused.Status == 3);
-    CHECK_MESSAGE(refused.Error.find("--force\"") != std::string::npos, refused.Error);
+    CHECK_MESSAGE(Has(refused.Error, "--force\""), refused.Error);
     CHECK(ReadFile(place.Folder / "App.vbp") == "Type=Exe\r\n");
     CHECK(ReadFile(place.Folder / "d.sqlite") == dictionary);
   }

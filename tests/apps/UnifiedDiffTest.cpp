@@ -1,6 +1,5 @@
 #include "apps/cli/UnifiedDiff.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 using formwizard::apps::cli::UnifiedDiff;
 

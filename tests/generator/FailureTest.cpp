@@ -1,7 +1,5 @@
 #include "tests/support/GenerationFixture.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

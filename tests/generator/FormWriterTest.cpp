@@ -2,10 +2,6 @@
 #include "system/CodePage.h"
 #include "tests/support/GenerationFixture.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

@@ -2,8 +2,6 @@
 #include "tests/support/GenerationFixture.h"
 #include "tests/support/Golden.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

@@ -1,6 +1,5 @@
 #include "model/FormModel.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 using namespace formwizard::model;
 

@@ -1,7 +1,4 @@
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/GenerationFixture.h"
-
-#include <doctest/doctest.h>
 
 using namespace formwizard;
 using namespace formwizard::tests;

@@ -1,15 +1,5 @@
 // The program itself, with each of its calls on files failing, and being its last one, in turn.
-#include "tests/support/BuildTree.h"
 #include "tests/support/RunProgram.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <algorithm>
-#include <array>
-#include <filesystem>
-#include <map>
-#include <string>
 
 using namespace formwizard::tests;
 
@@ -24,8 +14,6 @@ const std::string Samples = SourceFolder() + "/samples/";
 const std::string Json = "'" + Samples + "dictionary.json' ";
 
 constexpr std::array Looking{"read", "pread", "fstat", "stat", "lstat", "access", "opendir", "flock"};
-
-bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 struct Command {
   std::string Arguments;  // "{}" stands for the folder

@@ -1,8 +1,6 @@
 #include "runtime/Conversions.h"
 #include "runtime/Variant.h"
-#include "tests/support/ErrorNumber.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 #include <locale>
 

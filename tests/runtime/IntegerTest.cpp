@@ -1,24 +1,18 @@
 #include "runtime/OneBased.h"
-#include "tests/support/ErrorNumber.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 using namespace formwizard::runtime;
 using formwizard::tests::ErrorNumberOf;
 
 TEST_CASE("Arithmetic that leaves its range is an overflow, never a wrap") {
-  const Int16 most(32767);
-  const Int16 least(-32768);
-  const Int32 most32(2147483647);
-  CHECK(ErrorNumberOf([&] { (void)(most + Int16(1)); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)(least - Int16(1)); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)(Int16(200) * Int16(200)); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)-least; }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)(least / Int16(-1)); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)(most32 + Int16(1)); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)Int16(32768); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)Int16(Int32(-32769)); }) == Overflow);
-  CHECK(ErrorNumberOf([&] { (void)(Int16(1) / Int16(0)); }) == DivisionByZero);
+  const Int16 most(32767), least(-32768);
+  for (const auto overflow : {+[] { (void)(Int16(32767) + Int16(1)); }, +[] { (void)(Int16(-32768) - Int16(1)); },
+                              +[] { (void)(Int16(200) * Int16(200)); }, +[] { (void)-Int16(-32768); },
+                              +[] { (void)(Int16(-32768) / Int16(-1)); }, +[] { (void)(Int32(2147483647) + Int32(1)); },
+                              +[] { (void)Int16(32768); }, +[] { (void)Int16(Int32(-32769)); }}) {
+    CHECK(ErrorNumberOf(overflow) == Overflow);
+  }
+  CHECK(ErrorNumberOf([] { (void)(Int16(1) / Int16(0)); }) == DivisionByZero);
 
   CHECK(most + Int32(1) == Int32(32768));  // mixed arithmetic is 32 bits wide
   CHECK(Int16(200) * Int32(200) == Int32(40000));

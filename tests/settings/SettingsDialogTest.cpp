@@ -1,13 +1,8 @@
 #include "settings/frmSettings.h"
 
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeLibraries.h"
 #include "tests/support/FakeProfile.h"
-
-#include <doctest/doctest.h>
-
-#include <utility>
 
 using namespace formwizard;
 using namespace formwizard::tests;

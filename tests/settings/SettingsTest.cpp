@@ -1,13 +1,9 @@
 #include "settings/Settings.h"
 
 #include "settings/Profile.h"
-#include "tests/support/BuildTree.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeProfile.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
 
 #include <regex>
 

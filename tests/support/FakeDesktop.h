@@ -1,12 +1,10 @@
 // A desktop that records what it was asked to show, and answers message boxes as a test wants.
 #pragma once
 
+#include "tests/support/Test.h"
 #include "ui/Desktop.h"
 
 #include <deque>
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace formwizard::tests {
 

@@ -2,11 +2,7 @@
 #pragma once
 
 #include "support/ResourceLibraries.h"
-
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
+#include "tests/support/Test.h"
 
 namespace formwizard::tests {
 

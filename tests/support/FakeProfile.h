@@ -2,9 +2,7 @@
 #pragma once
 
 #include "settings/ProfileStore.h"
-
-#include <map>
-#include <string>
+#include "tests/support/Test.h"
 
 namespace formwizard::tests {
 

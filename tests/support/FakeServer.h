@@ -1,13 +1,8 @@
 // A server in memory, with a class dictionary of a few lines, that fails where a test wants it to.
 #pragma once
 
+#include "tests/support/Test.h"
 #include "wizard/factory/Factory.h"
-
-#include <functional>
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace formwizard::tests {
 

@@ -3,13 +3,9 @@
 
 #include "generator/Generation.h"
 #include "model/Layout.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeLibraries.h"
 #include "tests/support/MemoryProject.h"
-
-#include <string>
-#include <vector>
 
 namespace formwizard::tests {
 

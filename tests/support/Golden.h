@@ -1,13 +1,7 @@
 // Comparison with the checked-in expected texts.
 #pragma once
 
-#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <map>
-#include <string>
 
 namespace formwizard::tests {
 

@@ -1,15 +1,9 @@
 // The languages that are shipped: English and one for every file of texts.
 #pragma once
 
-#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
 #include <cstdio>
-#include <filesystem>
-#include <string>
-#include <vector>
 
 namespace formwizard::tests {
 

@@ -4,8 +4,6 @@
 #include "tests/support/FakeLibraries.h"
 #include "ui/ListBox.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

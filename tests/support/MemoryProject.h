@@ -4,16 +4,9 @@
 #include "adapters/journal/Journal.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/Test.h"
 
 #include <nlohmann/json.hpp>
-
-#include <algorithm>
-#include <map>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace formwizard::tests {
 

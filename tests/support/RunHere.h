@@ -5,19 +5,14 @@
 #include "tests/support/RunProgram.h"
 
 #include <iostream>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace formwizard::tests {
 
 // Keeps what is written to a stream.
-class Captured {
+class Captured : Pinned {
  public:
   explicit Captured(std::ostream& stream) : stream_(stream), before_(stream.rdbuf(text_.rdbuf())) {}
   ~Captured() { stream_.rdbuf(before_); }
-  Captured(const Captured&) = delete;
-  Captured& operator=(const Captured&) = delete;
   std::string Text() const { return text_.str(); }
 
  private:

@@ -7,9 +7,6 @@
 #include <sys/wait.h>
 #endif
 
-#include <cstdlib>
-#include <string>
-
 namespace formwizard::tests {
 
 struct Outcome {

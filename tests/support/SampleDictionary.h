@@ -2,12 +2,7 @@
 #pragma once
 
 #include "apps/common/Dictionaries.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include <memory>
-#include <sstream>
-#include <string>
 
 namespace formwizard::tests {
 

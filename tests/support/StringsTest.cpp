@@ -3,10 +3,7 @@
 #include "support/Messages.h"
 #include "support/Names.h"
 #include "support/Pieces.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeLibraries.h"
-
-#include <doctest/doctest.h>
 
 using namespace formwizard;
 using namespace formwizard::support;

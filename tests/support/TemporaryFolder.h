@@ -2,14 +2,11 @@
 #pragma once
 
 #include "tests/support/BuildTree.h"
+#include "tests/support/Test.h"
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <random>
-#include <sstream>
-#include <stdexcept>
-#include <string>
 
 namespace formwizard::tests {
 
@@ -22,7 +19,7 @@ inline std::string Utf8(const std::filesystem::path& path) {
   return std::string(text.begin(), text.end());
 }
 
-class TemporaryFolder {
+class TemporaryFolder : Pinned {
  public:
   TemporaryFolder() {
     std::random_device random;
@@ -34,8 +31,6 @@ class TemporaryFolder {
     std::error_code error;
     std::filesystem::remove_all(path_, error);
   }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   std::string operator/(const std::string& name) const { return Utf8(path_ / NativePath(name)); }
   const std::filesystem::path& Path() const { return path_; }

@@ -1,14 +1,10 @@
 // The wizard over a fake server and a project in memory.
 #pragma once
 
-#include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeProfile.h"
 #include "tests/support/FakeServer.h"
 #include "tests/support/GenerationFixture.h"
 #include "wizard/frmWizard.h"
-
-#include <algorithm>
-#include <functional>
 
 namespace formwizard::tests {
 

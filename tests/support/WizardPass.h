@@ -3,10 +3,6 @@
 
 #include "tests/support/WizardFixture.h"
 
-#include <functional>
-#include <stdexcept>
-#include <string>
-
 namespace formwizard::tests {
 
 // The dialogs as they are designed; windows are found by their controls.

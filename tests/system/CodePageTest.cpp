@@ -1,8 +1,7 @@
 #include "system/CodePage.h"
+#include "tests/support/Test.h"
 
 #include "support/Failures.h"
-
-#include <doctest/doctest.h>
 
 using formwizard::support::InputError;
 using formwizard::system::CodePage;

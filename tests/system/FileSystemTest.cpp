@@ -5,18 +5,11 @@
 #include "system/WholeFile.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
 #ifndef _WIN32
 #include <sys/stat.h>
-
-#include <thread>
 #endif
 
-#include <filesystem>
 #include <numeric>
-#include <set>
-#include <vector>
 
 namespace {
 
@@ -133,25 +126,6 @@ TEST_CASE("What a crash has left behind goes with the next write, and nothing el
 }
 
 #ifndef _WIN32
-TEST_CASE("Of many writers at once one wins as a whole") {
-  const TemporaryFolder temporary;
-  const std::string file = temporary / "a.json";
-  std::vector<std::thread> writers;
-  for (const char letter : {'a', 'b', 'c', 'd'}) {
-    writers.emplace_back([&file, letter] {
-      for (int i = 0; i < 25; ++i) WriteWholeFile(system::RealFileSystem(), file, std::string(100000, letter));
-    });
-  }
-  bool isWhole = true;
-  for (int i = 0; i < 200; ++i) {
-    const std::string found = system::RealFileSystem().Read(file).value_or("");
-    isWhole = isWhole && (found.empty() || found == std::string(100000, found.front()));
-  }
-  for (std::thread& writer : writers) writer.join();
-  CHECK(isWhole);
-  CHECK(FilesIn(temporary.Path()).size() == 1);
-}
-
 TEST_CASE("A pipe, a device and a path that is none are refused at once, for reading and for writing") {
   const TemporaryFolder temporary;
   system::FileSystem& files = system::RealFileSystem();

@@ -1,10 +1,7 @@
 #include "ui/Controls.h"
 
-#include "tests/support/ErrorNumber.h"
 #include "tests/ui/TestForm.h"
 #include "ui/OptionButton.h"
-
-#include <doctest/doctest.h>
 
 using namespace formwizard;
 using namespace formwizard::tests;

@@ -1,9 +1,6 @@
 #include "ui/Form.h"
 
-#include "tests/support/ErrorNumber.h"
 #include "tests/ui/TestForm.h"
-
-#include <doctest/doctest.h>
 
 using namespace formwizard;
 using namespace formwizard::tests;

@@ -6,9 +6,6 @@
 #include "ui/ListBox.h"
 #include "ui/TreeView.h"
 
-#include <string>
-#include <string_view>
-
 namespace formwizard::tests {
 
 // What a view is told: "~" a change, "+1" an insertion, "-1" a removal, "0" everything is gone.

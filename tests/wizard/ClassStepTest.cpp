@@ -1,8 +1,6 @@
 #include "tests/ui/TestForm.h"
 #include "tests/wizard/Walk.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

@@ -1,9 +1,5 @@
 #include "tests/wizard/Walk.h"
 
-#include <doctest/doctest.h>
-
-#include <functional>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

@@ -1,9 +1,5 @@
 #include "tests/wizard/Walk.h"
 
-#include <doctest/doctest.h>
-
-#include <utility>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

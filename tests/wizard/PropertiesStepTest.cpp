@@ -1,7 +1,5 @@
 #include "tests/wizard/Walk.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

@@ -3,11 +3,6 @@
 
 #include "tests/support/WizardFixture.h"
 
-#include <algorithm>
-#include <functional>
-#include <map>
-#include <sstream>
-
 namespace formwizard::tests {
 
 struct Walk : WizardFixture {

@@ -1,12 +1,8 @@
 #include "adapters/dictionary/Reader.h"
+#include "tests/support/Test.h"
 
 #include "support/Failures.h"
 #include "wizard/factory/DictionaryText.h"
-
-#include <doctest/doctest.h>
-
-#include <sstream>
-#include <utility>
 
 using namespace formwizard;
 using namespace formwizard::adapters::dictionary;

@@ -3,10 +3,6 @@
 #include "support/Failures.h"
 #include "tests/support/FakeServer.h"
 
-#include <doctest/doctest.h>
-
-#include <sstream>
-
 using namespace formwizard;
 using namespace formwizard::adapters::dictionary;
 using namespace formwizard::tests;

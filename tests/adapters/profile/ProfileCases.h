@@ -3,10 +3,6 @@
 
 #include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
-#include <string>
-
 namespace formwizard::tests {
 
 template <typename Store>

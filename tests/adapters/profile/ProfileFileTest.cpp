@@ -2,10 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "tests/adapters/profile/ProfileCases.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/MemoryFileSystem.h"
-
-#include <tuple>
 
 using namespace formwizard::tests;
 using Fixture = ProfileFixture<formwizard::adapters::profile::ProfileFiles>;

@@ -3,17 +3,9 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "resources/StringTable.h"
 
-#include "tests/support/BuildTree.h"
 #include "tests/support/Languages.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
 #include <cctype>
-#include <set>
-#include <sstream>
-#include <string>
-#include <vector>
 
 using namespace formwizard;
 using namespace formwizard::adapters::satellite;

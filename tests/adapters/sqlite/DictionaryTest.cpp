@@ -1,14 +1,8 @@
 #include "apps/common/Dictionaries.h"
 #include "support/Failures.h"
-#include "tests/support/BuildTree.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
 #include <sqlite3.h>
-
-#include <sstream>
 
 using namespace formwizard;
 using namespace formwizard::apps::common;
@@ -149,7 +143,7 @@ TEST_CASE("An import that fails leaves what was there, and only a dictionary is 
                                    std::string("SQLite format 3\0rubbish", 23), good.substr(0, 200)}) {
     WriteFile(dictionary.File, there);
     const std::string refused = MessageOf([&] { dictionary.Import(Sample); });
-    CHECK_MESSAGE(refused.find("\"dictionary import --force\"") != std::string::npos, refused);
+    CHECK_MESSAGE(Has(refused, "\"dictionary import --force\""), refused);
     CHECK(ReadFile(dictionary.File) == there);
     dictionary.Import(Sample, true);
     CHECK(OpeningMessage(dictionary.File).empty());

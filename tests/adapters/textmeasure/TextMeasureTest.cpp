@@ -1,6 +1,5 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 using formwizard::adapters::textmeasure::BuiltInTextMeasure;
 

@@ -1,10 +1,5 @@
 #include "adapters/vb6files/Designer.h"
-
-#include "tests/support/ErrorNumber.h"
-
-#include <doctest/doctest.h>
-
-#include <array>
+#include "tests/support/Test.h"
 
 using namespace formwizard;
 using namespace formwizard::adapters::vb6files;

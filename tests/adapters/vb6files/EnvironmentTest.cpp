@@ -1,12 +1,6 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
-#include "tests/support/BuildTree.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <string>
 
 namespace {
 

@@ -1,12 +1,9 @@
 #include "adapters/vb6files/FilePath.h"
+#include "tests/support/Test.h"
 
 #include "system/Paths.h"
 
-#include <doctest/doctest.h>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
 using namespace formwizard::adapters::vb6files;
 using formwizard::system::FolderOf;

@@ -1,10 +1,8 @@
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/PropertyText.h"
+#include "tests/support/Test.h"
 
 #include "support/Failures.h"
-#include "tests/support/ErrorNumber.h"
-
-#include <doctest/doctest.h>
 
 using namespace formwizard;
 using namespace formwizard::adapters::vb6files;

@@ -4,8 +4,6 @@
 #include "support/Failures.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::adapters::vb6files;
 using namespace formwizard::tests;

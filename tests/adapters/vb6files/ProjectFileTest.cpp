@@ -1,10 +1,7 @@
 #include "adapters/vb6files/ProjectFile.h"
+#include "tests/support/Test.h"
 
 #include "support/Failures.h"
-
-#include <doctest/doctest.h>
-
-#include <string>
 
 using formwizard::adapters::vb6files::ProjectFile;
 using formwizard::support::InputError;

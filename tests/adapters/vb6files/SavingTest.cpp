@@ -4,10 +4,7 @@
 #include "system/Aside.h"
 #include "system/ContentSum.h"
 #include "tests/support/MemoryFileSystem.h"
-
-#include <doctest/doctest.h>
-
-#include <algorithm>
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -71,8 +68,8 @@ TEST_CASE("A saved project lists the new files, and the old form stays beside th
         "Type=Exe\r\nForm=Forms\\frmPerson.frm\r\nModule=modA; "
         "modA.bas\r\nForm=frmHome.frm\r\nStartup=\"frmPerson\"\r\n");
   CHECK(after.at("P/Forms/Form1.frm") == EmptyForm);
-  CHECK(after.at("P/Forms/frmPerson.frm").find("Begin VB.Label Label1 \r\n") != std::string::npos);
-  CHECK(after.at("P/frmHome.frm").find("\"frmHome.frx\":0000") != std::string::npos);
+  CHECK(Has(after.at("P/Forms/frmPerson.frm"), "Begin VB.Label Label1 \r\n"));
+  CHECK(Has(after.at("P/frmHome.frm"), "\"frmHome.frx\":0000"));
   CHECK(after.at("P/frmHome.frx") == "\x08txtNotes");
   CHECK(after.size() == OldProject().size() + 3);
 }

@@ -1,12 +1,7 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "adapters/vb6files/Toolbox.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/MemoryFileSystem.h"
-
-#include <doctest/doctest.h>
-
-#include <string>
-#include <tuple>
+#include "tests/support/Test.h"
 
 namespace {
 

@@ -1,12 +1,9 @@
 #include "apps/desktop/CodeHighlighter.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
-
-#include <string>
 
 using namespace formwizard::apps::desktop;
 

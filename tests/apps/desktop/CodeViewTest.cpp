@@ -1,6 +1,5 @@
 #include "apps/desktop/CodeView.h"
-
-#include <doctest/doctest.h>
+#include "tests/support/Test.h"
 
 #include <QApplication>
 #include <QClipboard>

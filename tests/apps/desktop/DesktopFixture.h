@@ -4,11 +4,8 @@
 #include "adapters/qt/Text.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/desktop/MainWindow.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 #include "ui/Control.h"
-
-#include <doctest/doctest.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -20,10 +17,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
-
-#include <fstream>
-#include <functional>
-#include <string>
 
 namespace formwizard::tests {
 

@@ -3,8 +3,6 @@
 #include "adapters/qt/Text.h"
 #include "tests/ui/TestForm.h"
 
-#include <doctest/doctest.h>
-
 #include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QApplication>
