@@ -326,7 +326,7 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
   command.add_flag("--json", options.Json, "show the summary as JSON");
-  AddVerbosity(command, options.Tells, "show the fields of each form, too, and where settings come from");
+  AddVerbosity(command, options.Tells, "show the fields of each form, too");
   AddStream(command, "--descriptions-from", options.DescriptionsFrom,
             "a list of form descriptions, one path a line, \"-\" for standard input");
   command
