@@ -39,8 +39,9 @@ void AppendDigits(FormText& out, Integer number) {
 // The digits of a number that is no integer, with what takes them.
 struct Digits {
   template <typename Number>
-  Digits(Number number, std::chars_format format)
-      : Text(Room.data(), std::to_chars(Room.data(), Room.data() + Room.size() - 1, number, format).ptr) {}
+  Digits(Number number, std::chars_format format) {
+    Text = {Room.data(), std::to_chars(Room.data(), Room.data() + Room.size() - 1, number, format).ptr};
+  }
   Digits(const Digits&) = delete;
   Digits& operator=(const Digits&) = delete;
 
