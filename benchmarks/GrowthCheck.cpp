@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -109,15 +110,12 @@ class Check {
   // As many at once as there are processors.
   void Start(const Growth& growth, int size) {
     const std::string name = NameOf(growth, size);
-    Arguments arguments{"valgrind", "--tool=cachegrind", "--cache-sim=no", "--cachegrind-out-file=/dev/null",
-                        "--log-file=" + LogOf(name)};
     const Arguments run = growth.RunOf(work_, size, name);
     if (run.empty()) return;
-    arguments.insert(arguments.end(), run.begin(), run.end());
     while (running_.size() >= std::max(1U, std::thread::hardware_concurrency())) Wait();
     std::fflush(stdout);
     const pid_t process = fork();
-    if (process == 0) Become(arguments);
+    if (process == 0) Become(Counted(run, LogOf(name)));
     running_[process] = name;
   }
 
@@ -128,22 +126,13 @@ class Check {
     running_.erase(process);
     const std::string log = ReadFile(LogOf(name));
     if (status != 0) Die("the run of " + name + " failed: " + log);
-    counts_[name] = CountIn(log);
+    const std::optional<double> count = CountIn(LogOf(name));
+    if (!count) Die("valgrind has not counted: " + log);
+    counts_[name] = *count;
     fs::remove_all(work_.Home() / name);
   }
 
   std::string LogOf(const std::string& name) const { return (work_.Home() / (name + ".log")).string(); }
-
-  static double CountIn(const std::string& log) {
-    const std::string label = "I   refs:";
-    const std::size_t at = log.find(label);
-    if (at == std::string::npos) Die("valgrind has not counted: " + log);
-    std::string digits;
-    for (std::size_t i = at + label.size(); i < log.size() && log[i] != '\n'; ++i) {
-      if (log[i] >= '0' && log[i] <= '9') digits += log[i];
-    }
-    return std::strtod(digits.c_str(), nullptr);
-  }
 
   // Compares what one more costs between the smaller two sizes and between the larger two.
   bool Judge(const Growth& growth) const {

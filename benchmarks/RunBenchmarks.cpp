@@ -1,6 +1,7 @@
-// Measures whole runs of the command line program, each beside two floors: a process that does nothing but write the
-// same bytes to the same places, and the reference program. Usage: run-benchmarks PROGRAMS [FOLDER]: the folder of the
-// built programs, and one on a memory file system (/dev/shm).
+// Measures whole runs of the command line program, each beside two floors, a process that does nothing but write the
+// same bytes to the same places and the reference program, and single steps in windows; prints tables for the README.
+// Usage: run-benchmarks PROGRAMS [FOLDER]: the folder of the built programs, and one on a memory file system
+// (/dev/shm).
 #include "benchmarks/Workload.h"
 
 #include <sys/resource.h>
@@ -10,8 +11,12 @@
 #include <fcntl.h>
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
+#include <optional>
+#include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -53,38 +58,105 @@ Cost Measured(int rounds, const std::function<void()>& before, const std::functi
   return {times[times.size() / 2], memory};
 }
 
+std::string Number(const char* format, double value) {
+  char text[64];
+  std::snprintf(text, sizeof text, format, value);
+  return text;
+}
+
+// "20,000".
+std::string Count(int number) {
+  std::string text = std::to_string(number);
+  for (std::size_t at = text.size(); at > 3; at -= 3) text.insert(at - 3, ",");
+  return text;
+}
+
+void PrintRow(const std::vector<std::string>& cells) {
+  for (const std::string& cell : cells) std::printf("| %s ", cell.c_str());
+  std::printf("|\n");
+  std::fflush(stdout);
+}
+
+void PrintHead(const std::vector<std::string>& names) {
+  std::printf("\n");
+  PrintRow(names);
+  PrintRow(std::vector<std::string>(names.size(), "---"));
+}
+
+double Load() {
+  double load = 0;
+  getloadavg(&load, 1);
+  return load;
+}
+
 class Bench {
  public:
   Bench(const fs::path& programs, const fs::path& folder) : work_(folder, programs) { work_.CheckReference(); }
 
-  void Measure(const Job& job) const {
-    const int rounds = job.Forms <= 100 ? 9 : 3;
+  // A row of a table.
+  void Measure(const std::string& what, const Job& job) const {
+    const int rounds = job.Forms <= 100 && job.Components <= 5000 ? 9 : 3;
     work_.Dictionary(job.Classes, job.Properties);
     fs::path project;
-    const auto before = [&] { project = work_.NewProject(job); };
     const auto once = [&](auto makes) {
-      return Measured(rounds, before, [&] { Become((work_.*makes)(job, project)); });
+      std::vector<std::string> run;  // which is put together before it is measured
+      const auto before = [&] { run = (work_.*makes)(job, project = work_.NewProject(job)); };
+      return Measured(rounds, before, [&] { Become(run); });
     };
+    // The reference program knows no other components.
     const Cost reference = job.Components == 0 ? once(&Workload::Reference) : Cost{};
     const Cost cost = once(&Workload::Generate);
     const double floor = Floor(project);
-    std::printf("%6d forms of %5d classes%s, %5d other components %-14s %9.2f ms %8.4f ms/form %5.1f MiB", job.Forms,
-                job.Classes, job.OneClass ? " (one used)" : "           ", job.Components, job.Option.c_str(),
-                cost.Milliseconds, cost.Milliseconds / job.Forms, cost.Mebibytes);
-    std::printf("  floor %8.2f ms  x%5.1f", floor, cost.Milliseconds / floor);
-    if (job.Components == 0) {  // the reference program knows none
-      std::printf("  reference %8.2f ms  x%5.1f", reference.Milliseconds, cost.Milliseconds / reference.Milliseconds);
+    std::optional<double> instructions;
+    if (job.Forms <= 1000) {
+      instructions = Instructions(work_.Generate(job, work_.NewProject(job)), work_.Home() / "instructions");
     }
-    std::printf("\n");
+    PrintRow({what, Number("%.2f ms", cost.Milliseconds), Number("%.3f ms", cost.Milliseconds / job.Forms),
+              instructions ? Number("%.2f M", *instructions / job.Forms / 1e6) : "",
+              Number("%.1f", cost.Milliseconds / floor),
+              job.Components == 0 ? Number("%.1f", cost.Milliseconds / reference.Milliseconds) : "",
+              Number("%.1f MiB", cost.Mebibytes)});
   }
 
   void MeasureImport(int classes, int properties) const {
-    const Cost cost = Measured([&] { Become(work_.Import(classes, properties)); });
-    std::printf("import of %d classes with %d properties: %.0f ms, %.1f MiB\n", classes, classes * properties,
-                cost.Milliseconds, cost.Mebibytes);
+    std::vector<std::string> run = work_.Import(classes, properties);
+    const Cost import = Measured([&] { Become(run); });
+    PrintRow({"import of " + Count(classes) + " classes, " + Count(classes * properties) + " properties",
+              Number("%.0f ms", import.Milliseconds), "", "", "", "", Number("%.1f MiB", import.Mebibytes)});
+    run = work_.Export(classes, properties, work_.Home() / "export");
+    const Cost back = Measured([&] { Become(run); });
+    PrintRow(
+        {"export of it", Number("%.0f ms", back.Milliseconds), "", "", "", "", Number("%.1f MiB", back.Mebibytes)});
+    fs::remove(work_.Home() / "export");
+  }
+
+  // A row of what a program measures itself, at a tenth of a size and at that size.
+  void MeasureStep(const char* program, const std::string& what, int size, const char* unit) const {
+    double small[2]{}, large[2]{};
+    if (!Told(program, what, size / 10, small) || !Told(program, what, size, large)) return;
+    PrintRow({what, Count(size) + unit, Number("%.1f ms", large[0]), Number("%.1f ms", small[0]),
+              Number("%.1f", large[0] / small[0]), large[1] > 0 ? Number("%.0f MiB", large[1]) : ""});
   }
 
  private:
+  // What the program prints: the median of the first number, the greatest of the second. False where it is not built.
+  bool Told(const char* program, const std::string& what, int size, double (&result)[2]) const {
+    const std::vector<std::string> run = work_.Other(program, {what, std::to_string(size)});
+    const fs::path output = work_.Home() / "output";
+    std::vector<double> times;
+    for (int round = 0; round < (run.empty() ? 0 : 3); ++round) {
+      if (Run(run, output.string()) != 0) Die(what + " failed");
+      std::istringstream numbers(ReadFile(output));
+      double memory = 0;
+      numbers >> times.emplace_back() >> memory;
+      result[1] = std::max(result[1], memory);
+    }
+    if (times.empty()) return false;
+    std::ranges::sort(times);
+    result[0] = times[times.size() / 2];
+    return true;
+  }
+
   // Writes what the last run has left in the project's folder once more, elsewhere. In a process of its own: what it
   // reads must not count as memory of the processes measured later, which inherit the peak of their parent.
   double Floor(const fs::path& project) const {
@@ -130,18 +202,49 @@ class Bench {
   Workload work_;
 };
 
+void MeasureRuns(const Bench& bench) {
+  PrintHead({"run", "time", "per form", "instructions a form", "times the floor", "times the reference program",
+             "peak memory"});
+  for (const int forms : {1, 10, 100, 1000, 10000}) {
+    bench.Measure(Count(forms) + (forms == 1 ? " form, cold start" : " forms of one class"), {.Forms = forms});
+  }
+  for (const int forms : {100, 1000, 10000}) {
+    bench.Measure(Count(forms) + " forms, a class each", {.Forms = forms, .Classes = forms, .OneClass = false});
+  }
+  for (const int forms : {1, 1000}) {
+    bench.Measure(Count(forms) + " of 20,000 classes", {.Forms = forms, .Classes = 20000, .OneClass = false});
+  }
+  for (const char* option : {"--json", "--journal", "--language DEU"}) {
+    for (const int forms : {100, 1000, 10000}) {
+      bench.Measure(Count(forms) + " forms, `" + option + "`", {.Forms = forms, .Option = option});
+    }
+  }
+  for (const int components : {5000, 50000}) {
+    bench.Measure("1 form into " + Count(components) + " components", {.Components = components});
+  }
+  bench.Measure("1 form of 20,000 classes, 600,000 properties", {.Classes = 20000, .Properties = 30});
+  bench.MeasureImport(20000, 30);
+  bench.MeasureImport(200000, 30);
+}
+
+void MeasureSteps(const Bench& bench) {
+  PrintHead({"in a window", "size", "time", "a tenth of the size", "growth", "peak memory"});
+  bench.MeasureStep("dialog-benchmarks", "class step", 200000, " classes");
+  for (const char* step : {"property list", "Select All", "Deselect All", "100 moves"}) {
+    bench.MeasureStep("dialog-benchmarks", step, 20000, " properties");
+  }
+  bench.MeasureStep("main-window-benchmarks", "components", 50000, " components");
+  bench.MeasureStep("main-window-benchmarks", "code", 10, " MB");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc < 2) Die("usage: run-benchmarks PROGRAMS [FOLDER]");
   const Bench bench(argv[1], fs::path(argc > 2 ? argv[2] : "/dev/shm") / "ostrel-form-wizard-benchmarks");
-  for (const int forms : {1, 10, 100, 1000, 10000}) bench.Measure({.Forms = forms});
-  for (const int forms : {100, 1000, 10000}) bench.Measure({.Forms = forms, .Classes = forms, .OneClass = false});
-  for (const int forms : {1, 1000}) bench.Measure({.Forms = forms, .Classes = 20000, .OneClass = false});
-  for (const char* option : {"--json", "--journal", "--language DEU"}) {
-    for (const int forms : {100, 1000, 10000}) bench.Measure({.Forms = forms, .Option = option});
-  }
-  bench.Measure({.Components = 5000});
-  bench.MeasureImport(20000, 30);
-  bench.Measure({.Classes = 20000, .Properties = 30});
+  std::printf("Commit %s, %u processors, load %.1f at the start; process time, medians.\n", Commit().c_str(),
+              std::thread::hardware_concurrency(), Load());
+  MeasureRuns(bench);
+  MeasureSteps(bench);
+  std::printf("\nLoad %.1f at the end.\n", Load());
 }

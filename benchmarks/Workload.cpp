@@ -6,8 +6,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <sstream>
 
 namespace benchmarks {
@@ -66,6 +68,36 @@ void Become(const std::vector<std::string>& arguments, const std::string& output
   dup2(open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666), 1);
   execvp(argv[0], argv.data());
   _exit(127);
+}
+
+std::vector<std::string> Counted(const std::vector<std::string>& arguments, const fs::path& log) {
+  std::vector<std::string> all{"valgrind", "--tool=cachegrind", "--cache-sim=no", "--cachegrind-out-file=/dev/null",
+                               "--log-file=" + log.string()};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  return all;
+}
+
+std::optional<double> CountIn(const fs::path& log) {
+  const std::string text = ReadFile(log), label = "I   refs:";
+  const std::size_t at = text.find(label);
+  if (at == std::string::npos) return std::nullopt;
+  std::string digits;
+  for (std::size_t i = at + label.size(); i < text.size() && text[i] != '\n'; ++i) {
+    if (text[i] >= '0' && text[i] <= '9') digits += text[i];
+  }
+  return std::strtod(digits.c_str(), nullptr);
+}
+
+std::optional<double> Instructions(const std::vector<std::string>& arguments, const fs::path& log) {
+  return Run(Counted(arguments, log)) == 0 ? CountIn(log) : std::nullopt;
+}
+
+std::string Commit() {
+  const std::unique_ptr<FILE, int (*)(FILE*)> git(
+      popen("git -C " FORMWIZARD_SOURCE_DIR " describe --always --dirty --abbrev=10 --exclude '*'", "r"), pclose);
+  char text[64] = "";
+  if (!git || !std::fgets(text, sizeof text, git.get())) return "unknown";
+  return std::string(text, std::strcspn(text, "\n"));
 }
 
 Workload::Workload(fs::path folder, fs::path programs) : home_(std::move(folder)), programs_(std::move(programs)) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -62,6 +63,13 @@ class Workload {
 
 // Runs a program to its end, its output into `output`, and gives its exit status.
 int Run(const std::vector<std::string>& arguments, const std::string& output = "/dev/null");
+// The number of instructions of such a run, by valgrind; nothing where that is not installed or the run fails.
+std::optional<double> Instructions(const std::vector<std::string>& arguments, const fs::path& log);
+// The same in two steps, for runs beside each other: what is to be run, and what it has logged.
+std::vector<std::string> Counted(const std::vector<std::string>& arguments, const fs::path& log);
+std::optional<double> CountIn(const fs::path& log);
+// Which sources the programs were built from.
+std::string Commit();
 // Becomes that program, in a process that was made for it.
 [[noreturn]] void Become(const std::vector<std::string>& arguments, const std::string& output = "/dev/null");
 
