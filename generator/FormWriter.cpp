@@ -18,12 +18,6 @@ std::shared_ptr<ide::VBComponent> UnusedStartupForm(ide::VBProject& project) {
   return controls && controls->Count() == Int32(0) ? form : nullptr;
 }
 
-// The stem, followed by 2, 3 ... while a component of exactly that name exists.
-std::string UniqueComponentName(const std::string& stem, ide::VBProject& project) {
-  if (!project.Components().Find(stem)) return stem;
-  return stem + Text(project.Components().FirstFreeNumber(stem));
-}
-
 void WriteFormProperties(Generation& run, auto& step) {
   const model::FormModel& form = run.Form;
   const auto put = [&](const ide::PropertyName& name, auto valueOf) {
@@ -60,6 +54,11 @@ void LoadCaptions(Generation& run, auto& step) {
 }  // namespace
 
 std::string FormStem(std::string_view classCaption) { return "frm" + runtime::ReplaceAll(classCaption, "%", ""); }
+
+std::string UniqueComponentName(const std::string& stem, ide::VBProject& project) {
+  if (!project.Components().Find(stem)) return stem;
+  return stem + Text(project.Components().FirstFreeNumber(stem));
+}
 
 void WriteForm(Generation& run) {
   const support::ResumeNext step(run.Report, [] { return std::string("WriteForm"); });

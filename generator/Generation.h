@@ -79,6 +79,8 @@ Object& Required(const std::shared_ptr<Object>& handle) {
 void WriteForm(Generation& run);
 // What the name of a form for a class begins with; a number may follow.
 std::string FormStem(std::string_view classCaption);
+// The stem, followed by 2, 3 ... while a component of exactly that name exists.
+std::string UniqueComponentName(const std::string& stem, ide::VBProject& project);
 // What WriteProcedures begins with, by which a form is known as one of the class.
 std::string FirstLineOfCode(std::string_view className);
 

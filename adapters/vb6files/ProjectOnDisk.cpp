@@ -2,6 +2,7 @@
 
 #include "adapters/vb6files/FilePath.h"
 #include "adapters/vb6files/FormReader.h"
+#include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
 #include "system/Paths.h"
@@ -274,6 +275,16 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
   Release(entry.Name);
   entry.Name = texts_.Kept(bytes);
   byName_.insert(&entry);
+}
+
+std::string ProjectOnDisk::ProblemOfNewName(std::string_view name) const {
+  std::string problem = ProblemOfObjectName(name);
+  if (!problem.empty()) return problem;
+  const std::string bytes = codePage_.Encode(name);
+  if (runtime::EqualIgnoringCase(bytes, project_.Name())) return "which is the project's own name";
+  const Entry* const other = FindEntry(bytes);
+  if (!other) return "";
+  return "and the project has \"" + codePage_.Decode(other->Name) + "\", in which only the case of letters is another";
 }
 
 // A name that is free again may have the lowest free number.

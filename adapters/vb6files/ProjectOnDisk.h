@@ -82,6 +82,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // support::InputError, with the remedy, when neither the project nor the toolbox knows the library of the control.
   void CheckToolboxKnows(std::string_view progId) const;
 
+  // Why no new component can have this name, for a message: "which is the project's own name". Empty when one can.
+  std::string ProblemOfNewName(std::string_view name) const;
+
   const std::string& Path() const { return path_; }
   const system::CodePage& ProjectCodePage() const { return codePage_; }
   // Whether saving would write something.

@@ -106,4 +106,13 @@ void CheckObjectName(std::string_view name) {
   }
 }
 
+std::string ProblemOfObjectName(std::string_view name) {
+  const auto length =
+      std::ranges::count_if(name, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; });
+  if (length > LongestName) {
+    return "which has " + std::to_string(length) + " characters, and Visual Basic takes " + std::to_string(LongestName);
+  }
+  return IsLegalName(name) ? "" : "which is no name in Visual Basic: that is a letter, then letters, digits and \"_\"";
+}
+
 }  // namespace formwizard::adapters::vb6files

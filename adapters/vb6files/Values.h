@@ -22,5 +22,7 @@ bool IsDefault(const PropertyRow& row, const PropertyData& data);
 // A letter, then letters, digits and underscores, at most 40 characters; letters beyond ASCII are fine. Error 50132
 // "Not a legal object name: 'item'" otherwise.
 void CheckObjectName(std::string_view name);
+// For a message: "which has 41 characters, and Visual Basic takes 40". Empty for such a name.
+std::string ProblemOfObjectName(std::string_view name);
 
 }  // namespace formwizard::adapters::vb6files

@@ -51,7 +51,8 @@ void AddSurroundings(CLI::App& command, ProjectOptions& options) {
 }
 
 void AddAllowIncomplete(CLI::App& command, ProjectOptions& options) {
-  command.add_flag("--allow-incomplete", options.AllowIncomplete, "make forms also without the query control");
+  command.add_flag("--allow-incomplete", options.AllowIncomplete,
+                   "make forms also without the query control or their name");
 }
 
 void CheckToolbox(const adapters::vb6files::ProjectOnDisk& project, const ProjectOptions& options) {

@@ -6,6 +6,7 @@
 #include "apps/cli/DescriptionFiles.h"
 #include "apps/cli/Difference.h"
 #include "apps/cli/FormDescription.h"
+#include "apps/cli/FormName.h"
 #include "apps/cli/JournalFile.h"
 #include "apps/cli/Progress.h"
 #include "apps/cli/ProjectOptions.h"
@@ -123,8 +124,9 @@ class Run {
     SettingTexts settings = form.Settings;
     for (const auto& [key, value] : settings_) settings[key] = value;  // the command line wins
     profile_.Override(settings);
-    user_->Make(form, [this](const std::string& name, const std::string& caption) {
+    user_->Make(form, [&](const std::string& name, const std::string& caption) {
       if (options_.Check) project_.CompareNext(generator::FormStem(caption), generator::FirstLineOfCode(name));
+      if (!options_.Check && !options_.AllowIncomplete) CheckFormName(project_, form.Class, caption);
     });
     FinishForm(form, services_.State);
   }

@@ -110,7 +110,7 @@ __ostrel_form_wizard_option --code-page "$in_project compare render" 'the Window
     '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001'
 __ostrel_form_wizard_option --toolbox "$in_project" 'a project that uses the query control, or a file of libraries' -xa \
     "(__ostrel_form_wizard_files '(?:ini|vbp)')"
-__ostrel_form_wizard_option --allow-incomplete generate 'make forms also without the query control'
+__ostrel_form_wizard_option --allow-incomplete generate 'make forms also without the query control or their name'
 __ostrel_form_wizard_option --profile "$in_project" 'the settings file' -xa '(__ostrel_form_wizard_files ini)'
 __ostrel_form_wizard_option --language "$in_project" 'language of the texts' -xa \
     '(__ostrel_form_wizard_languages)'

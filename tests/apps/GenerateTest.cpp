@@ -202,6 +202,49 @@ TEST_CASE("What the environment refuses is reported under its routine, the form 
   CHECK(work.Files().contains("frmB.frm"));
 }
 
+TEST_CASE("A form that cannot be called what it should is refused before it is made; a path takes the longest name") {
+  Workplace work;
+  const std::string longest = "N" + std::string(35, 'o') + "n";
+  WriteFile(work.Folder / "odd.json", R"({"systems":[{"name":"S","connect":"c","classes":[
+    {"Name":"A.B","properties":[{"Name":"Home","Datatype":0,"Serial":1,"Type":"A.B"}, {"Name":"Home.Zip"}, {"Name":"Zip"}, {"Name":"Zip.Code"}]},
+    {"Name":"A.project1","properties":[{"Name":"x"}]}, {"Name":"A.B)" +
+                                          longest + R"(","properties":[{"Name":"x"}]},
+    {"Name":"A.)" + longest + R"(","properties":[{"Name":"x"}]}]}]})");
+  CheckDone(work.Run("dictionary import odd.json " + work.Dictionary));
+  // Each of them is its own, so that the first may be chosen beside the second.
+  const Outcome dotted = work.Generate("--class a.b --fields \"home.zip,Home.Zip.Code,zip.code\" --json");
+  CheckDone(dotted);
+  std::string fields;
+  const auto summary = nlohmann::json::parse(dotted.Out);
+  for (const auto& field : summary["forms"][0]["fields"]) {
+    fields += field["ControlName"].get<std::string>() + " " + field["property"].get<std::string>() + "; ";
+  }
+  CHECK(fields == "txtHomeZip Home.Zip; txtHomeZipCode Home.Zip.Code; txtZipCode Zip.Code; ");
+
+  CheckDone(work.Generate("--class A." + longest + " --fields x"));  // 40 characters
+  WriteFile(work.Home + "/Two.vbp", "Type=Exe\r\nForm=frmB.frm\r\nName=\"FRMProject1\"\r\n");
+  auto form = work.Files().at("frmB.frm");
+  WriteFile(work.Home + "/frmB.frm", std::regex_replace(form, std::regex("frmB"), "FRMb"));
+  const auto before = work.Files();
+  for (const auto& [project, name, message] :
+       {std::tuple{"Project1", longest,
+                   "which has 41 characters, and Visual Basic takes 40; rename or remove the form frmNooo"},
+        {"Project1", "B" + longest,
+         "which has 41 characters, and Visual Basic takes 40; rename what is in its way, or give"},
+        {"Two", "project1"s, "which is the project's own name; rename"},
+        {"Two", "B"s,
+         "\"frmB\", and the project has \"FRMb\", in which only the case of letters is another; rename"}}) {
+    work.Project = work.Home + "/" + project + ".vbp";
+    const std::string fieldsOf = name == "B" ? "Zip" : "x";
+    const Outcome made = work.Generate("--class A." + name + " --fields " + fieldsOf);
+    CHECK(made.Status == 3);
+    CHECK_MESSAGE(Has(made.Error, message), made.Error);
+    CHECK(made.Error.starts_with("ostrel-form-wizard: --class A." + name + ": the form of class A." + name));
+    CHECK(work.Files() == before);
+    CHECK(work.Generate("--dry-run --allow-incomplete --class A." + name + " --fields " + fieldsOf).Status == 5);
+  }
+}
+
 TEST_CASE("Dry run, diff and check write nothing and say what would be") {
   const Workplace work;
   const auto before = work.Files();
