@@ -15,30 +15,31 @@ using Json = nlohmann::json;
 namespace {
 
 void CheckBounds(const FormDescription& form) {
-  Require(!form.Class.empty(), "a description names a class");
+  Require(!form.Class.Value.empty(), "a description names a class");
   for (const auto& [name, value] : form.Settings) {
     const settings::SettingKey* key = settings::KeyNamed(name);
     Require(key && settings::IsAllowed(*key, value), "a setting has a value that it may have");
   }
   for (const FieldChoice& field : form.Fields) {
-    Require(!field.Property.empty(), "a field names a property");
-    Require(!field.Rows || (*field.Rows >= 1 && *field.Rows <= 32767), "rows are within their bounds");
-    Require(!field.Combo || (!field.Combo->Query.empty() && !field.Combo->Column.empty()), "a combo is specified");
+    Require(!field.Property.Value.empty(), "a field names a property");
+    Require(!field.Rows || (field.Rows->Value >= 1 && field.Rows->Value <= 32767), "rows are within their bounds");
+    Require(!field.Combo || (!field.Combo->Query.Value.empty() && !field.Combo->Column.Value.empty()),
+            "a combo is specified");
   }
 }
 
 Json JsonOf(const FieldChoice& field) {
-  Json json{{"property", field.Property}};
+  Json json{{"property", field.Property.Value}};
   if (field.Caption) json["caption"] = *field.Caption;
-  if (field.ReadOnly) json["readOnly"] = *field.ReadOnly;
-  if (field.UpdateAfter) json["updateAfter"] = *field.UpdateAfter;
-  if (field.Rows) json["rows"] = *field.Rows;
-  if (field.Combo) json["combo"] = {{"query", field.Combo->Query}, {"column", field.Combo->Column}};
+  if (field.ReadOnly) json["readOnly"] = field.ReadOnly->Value;
+  if (field.UpdateAfter) json["updateAfter"] = field.UpdateAfter->Value;
+  if (field.Rows) json["rows"] = field.Rows->Value;
+  if (field.Combo) json["combo"] = {{"query", field.Combo->Query.Value}, {"column", field.Combo->Column.Value}};
   return json;
 }
 
 std::string OneText(const FormDescription& form) {
-  Json json{{"class", form.Class}, {"settings", Json(form.Settings)}, {"fields", Json::array()}};
+  Json json{{"class", form.Class.Value}, {"settings", Json(form.Settings)}, {"fields", Json::array()}};
   for (const FieldChoice& field : form.Fields) json["fields"].push_back(JsonOf(field));
   return json.dump();
 }

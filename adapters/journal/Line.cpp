@@ -77,7 +77,7 @@ void Line::Append(const Beginning& beginning) {
 
 Line& Line::Begin(const CallName& call) {
   size_ = 0;
-  Append(call);
+  Append(call.Text);
   return *this;
 }
 
@@ -108,13 +108,13 @@ void Line::AppendQuoted(std::string_view text) {
 }
 
 Line& Line::AddWritten(const MemberName& name, std::string_view json) {
-  Append(name);
+  Append(name.Text);
   Append(json);
   return *this;
 }
 
 Line& Line::Add(const MemberName& name, std::string_view text) {
-  Append(name);
+  Append(name.Text);
   AppendQuoted(text);
   return *this;
 }

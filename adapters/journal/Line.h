@@ -17,6 +17,12 @@ namespace formwizard::adapters::journal {
 // What begins a call or a member, whose names are plain letters, as it is written.
 class Beginning {
  public:
+  consteval Beginning(std::string_view before, std::string_view name, std::string_view behind) {
+    for (const std::string_view part : {before, name, behind}) {
+      for (const char c : part) text_.at(size_++) = c;
+    }
+  }
+
   // Writes it to a place with room for Most bytes, and gives its end.
   char* PutTo(char* to) const {
     std::memcpy(to, text_.data(), Most);  // also what is unused: a fixed size is no call
@@ -24,28 +30,22 @@ class Beginning {
   }
   static constexpr std::size_t Most = 48;
 
- protected:
-  consteval Beginning(std::string_view before, std::string_view name, std::string_view behind) {
-    for (const std::string_view part : {before, name, behind}) {
-      for (const char c : part) text_.at(size_++) = c;
-    }
-  }
-
  private:
   std::array<char, Most> text_{};
   std::size_t size_ = 0;
 };
 
-class CallName : public Beginning {
- public:
+// Names hold their beginning: clang 14 does not compile what the compiler itself makes of a derived class.
+struct CallName {
   template <std::size_t Size>
-  consteval CallName(const char (&name)[Size]) : Beginning(R"({"call":")", {name, Size - 1}, "\"") {}
+  consteval CallName(const char (&name)[Size]) : Text(R"({"call":")", {name, Size - 1}, "\"") {}
+  Beginning Text;
 };
 
-class MemberName : public Beginning {
- public:
+struct MemberName {
   template <std::size_t Size>
-  consteval MemberName(const char (&name)[Size]) : Beginning(",\"", {name, Size - 1}, "\":") {}
+  consteval MemberName(const char (&name)[Size]) : Text(",\"", {name, Size - 1}, "\":") {}
+  Beginning Text;
 };
 
 // Written member by member into one text, without a document tree: a form is hundreds of calls. Texts are UTF-8; what

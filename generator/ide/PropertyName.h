@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <type_traits>
 
 namespace formwizard::generator::ide {
 
@@ -26,8 +27,9 @@ class PropertyName {
 
   friend constexpr bool operator==(const PropertyName& a, const PropertyName& b) {
     if (a.key_ != b.key_ || a.text_.size() != b.text_.size()) return false;
-    return a.text_.data() == b.text_.data() ||  // mostly the very same literal
-           std::ranges::equal(a.text_, b.text_, {}, Lower, Lower);
+    // Mostly they are the very same literal, which is known at run time only.
+    if (!std::is_constant_evaluated() && a.text_.data() == b.text_.data()) return true;
+    return std::ranges::equal(a.text_, b.text_, {}, Lower, Lower);
   }
 
  private:
