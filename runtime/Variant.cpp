@@ -2,8 +2,9 @@
 
 #include "runtime/Conversions.h"
 
-#include <array>
-#include <charconv>
+#include <iomanip>
+#include <locale>
+#include <sstream>
 
 namespace formwizard::runtime {
 namespace {
@@ -15,10 +16,13 @@ struct Overloaded : Cases... {
 template <typename... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>;
 
+// With 15 digits, as Visual Basic shows it, and with a point for a decimal sign whatever the user's locale is.
 std::string DecimalForm(double value) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  return std::string(digits.data(), end);
+  constexpr int digits = 15;
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  text << std::uppercase << std::setprecision(digits) << value;
+  return text.str();
 }
 
 }  // namespace

@@ -73,7 +73,9 @@ TEST_CASE("Columns compare by value, whatever type the server gives them") {
   CHECK_FALSE(IsTrue(Variant(Null{})));
   CHECK(ErrorNumberOf([] { EqualsNumber(Variant("abc"), Int32(1)); }) == TypeMismatch);
   CHECK(ErrorNumberOf([] { ToText(Variant(Null{})); }) == InvalidUseOfNull);
-  CHECK(ToText(Variant(2.5)) == "2.5");
+  const std::vector<std::pair<double, const char*>> numbers{
+      {2.5, "2.5"}, {100000, "100000"}, {0.1 + 0.2, "0.3"}, {-123456789012345, "-123456789012345"}, {1e20, "1E+20"}};
+  for (const auto& [number, text] : numbers) CHECK(ToText(Variant(number)) == text);
   CHECK(NumericValue(Variant("50 characters")) == 50.0);
   CHECK(NumericValue(Variant(Null{})) == 0.0);
 }
