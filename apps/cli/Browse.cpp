@@ -202,10 +202,8 @@ void AddSource(CLI::App& command, BrowseOptions& options) {
 // What a listing takes: a dictionary, which has systems, which have classes.
 enum class Takes { Dictionary, System, Class };
 
-// The command, to which options of its own can be added.
-CLI::App& AddListing(CLI::App& program, Task& task, const char* name, const char* about, Takes takes,
-                     int (*list)(const BrowseOptions&), const std::shared_ptr<BrowseOptions>& options) {
-  CLI::App& command = *program.add_subcommand(name, about);
+void AddListing(CLI::App& command, Task& task, Takes takes, int (*list)(const BrowseOptions&),
+                const std::shared_ptr<BrowseOptions>& options) {
   AddSource(command, *options);
   command.add_flag("--json", options->Json, "show the result as JSON");
   if (takes != Takes::Dictionary) {
@@ -218,35 +216,30 @@ CLI::App& AddListing(CLI::App& program, Task& task, const char* name, const char
     if (options->Dictionary.empty() && !options->Server) throw CLI::RequiredError("--dictionary or --server");
     task = {[list, options] { return list(*options); }, options->Dictionary, false, options->Json};
   });
-  return command;
 }
 
 }  // namespace
 
-void AddSystems(CLI::App& program, Task& task) {
-  AddListing(program, task, "systems", "list the systems of a dictionary", Takes::Dictionary, ListSystems,
-             std::make_shared<BrowseOptions>());
+void AddSystems(CLI::App& command, Task& task) {
+  AddListing(command, task, Takes::Dictionary, ListSystems, std::make_shared<BrowseOptions>());
 }
 
-void AddClasses(CLI::App& program, Task& task) {
+void AddClasses(CLI::App& command, Task& task) {
   const auto options = std::make_shared<BrowseOptions>();
-  AddListing(program, task, "classes", "list the classes that a form can be made for", Takes::System, ListClasses,
-             options)
-      .add_flag("--all", options->All, "include system and non-persistent classes");
+  AddListing(command, task, Takes::System, ListClasses, options);
+  command.add_flag("--all", options->All, "include system and non-persistent classes");
 }
 
-void AddProperties(CLI::App& program, Task& task) {
+void AddProperties(CLI::App& command, Task& task) {
   const auto options = std::make_shared<BrowseOptions>();
-  CLI::App& command = AddListing(program, task, "properties", "list the properties of a class that forms can show",
-                                 Takes::Class, ListProperties, options);
+  AddListing(command, task, Takes::Class, ListProperties, options);
   CLI::Option* all = command.add_flag("--all", options->All, "include those that no form can show");
   command.add_flag("--description", options->Description, "show a form description that chooses all of them")
       ->excludes(all);
 }
 
-void AddQueries(CLI::App& program, Task& task) {
-  AddListing(program, task, "queries", "list the queries of a class", Takes::Class, ListQueries,
-             std::make_shared<BrowseOptions>());
+void AddQueries(CLI::App& command, Task& task) {
+  AddListing(command, task, Takes::Class, ListQueries, std::make_shared<BrowseOptions>());
 }
 
 }  // namespace formwizard::apps::cli

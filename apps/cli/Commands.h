@@ -1,5 +1,5 @@
 // The commands of the program. Each is a file, which declares its options and says what it does, and a row in
-// Program.cpp.
+// Program.cpp with its name.
 #pragma once
 
 #include <functional>
@@ -21,10 +21,11 @@ struct Task {
   bool Stops = false;   // when the user interrupts it, by common::Interrupted, and leaves nothing half done
 };
 
-// Adds a command, with its options and help, to the program. Its callback, which the parser calls when the command line
-// names it and is right so far, sets the task, or raises CLI::ParseError for what the parser itself cannot see.
-using AddCommand = void(CLI::App& program, Task& task);
-AddCommand AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddCompare,
+// Adds its options, with their help, to a command that the command line names. Its callback, which the parser calls
+// when the command line is right so far, sets the task, or raises CLI::ParseError for what the parser itself cannot
+// see.
+using AddOptions = void(CLI::App& command, Task& task);
+AddOptions AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddCompare,
     AddRender, AddDoctor;
 
 // An option, or an argument when the name has no dashes, that takes a path. One that no file can have ends in

@@ -118,9 +118,7 @@ int CompareFiles(const CompareOptions& options) {
 
 }  // namespace
 
-void AddCompare(CLI::App& program, Task& task) {
-  CLI::App& command =
-      *program.add_subcommand("compare", "say what differs between two files as Visual Basic sees them");
+void AddCompare(CLI::App& command, Task& task) {
   const auto options = std::make_shared<CompareOptions>();
   AddFile(command, "a", options->A, "a form, control, class, module or project")->required();
   AddFile(command, "b", options->B, "another one")->required();

@@ -121,9 +121,7 @@ void AddTransfer(CLI::App& dictionary, Task& task, bool isImport) {
 
 }  // namespace
 
-void AddDictionary(CLI::App& program, Task& task) {
-  CLI::App& dictionary =
-      *program.add_subcommand("dictionary", "make a dictionary from JSON, or JSON from a dictionary");
+void AddDictionary(CLI::App& dictionary, Task& task) {
   dictionary.require_subcommand(1);
   for (const bool isImport : {true, false}) AddTransfer(dictionary, task, isImport);
 }

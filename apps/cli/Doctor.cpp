@@ -9,9 +9,8 @@
 
 namespace formwizard::apps::cli {
 
-void AddDoctor(CLI::App& program, Task& task) {
+void AddDoctor(CLI::App& command, Task& task) {
   const auto options = std::make_shared<doctor::DoctorOptions>();
-  CLI::App& command = *program.add_subcommand("doctor", "look at the installation and say what mends it");
   command.add_flag("--fix", options->Fix, "mend what you may change");
   command.add_flag("--strict", options->Strict, "exit with status 1 unless everything is good");
   command.add_flag("--json", options->Json, "show the result as JSON");

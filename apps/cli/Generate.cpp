@@ -307,7 +307,7 @@ int Generate(GenerateOptions& options) {
   return run.Save();
 }
 
-void AddOptions(CLI::App& command, GenerateOptions& options) {
+void Declare(CLI::App& command, GenerateOptions& options) {
   AddInputs(command, options);
   command.add_option("--system", options.System, "the system (default: the remembered one, else the first)")
       ->type_name("NAME");
@@ -340,10 +340,9 @@ void AddOptions(CLI::App& command, GenerateOptions& options) {
 
 }  // namespace
 
-void AddGenerate(CLI::App& program, Task& task) {
+void AddGenerate(CLI::App& command, Task& task) {
   const auto options = std::make_shared<GenerateOptions>();
-  CLI::App& command = *program.add_subcommand("generate", "create forms in a project");
-  AddOptions(command, *options);
+  Declare(command, *options);
   command.callback([&task, options] {
     const bool saves = (!options->DryRun && !options->Check) || !options->Journal.empty();
     const auto generate = [options] {

@@ -27,9 +27,8 @@ int Render(const RenderOptions& options) {
 
 }  // namespace
 
-void AddRender(CLI::App& program, Task& task) {
+void AddRender(CLI::App& command, Task& task) {
   const auto options = std::make_shared<RenderOptions>();
-  CLI::App& command = *program.add_subcommand("render", "draw a form into a picture (needs the desktop program)");
   AddFile(command, "form", options->Form, "the form (.frm); its .frx stands beside it")->required();
   AddFile(command, "picture", options->Picture, "the picture to write, .png or .svg")->required();
   command.add_option("--code-page", options->CodePage, "the Windows code page of the form")

@@ -7,9 +7,8 @@
 
 namespace formwizard::apps::cli {
 
-void AddWizard(CLI::App& program, Task& task) {
+void AddWizard(CLI::App& command, Task& task) {
   const auto options = std::make_shared<WizardOptions>();
-  CLI::App& command = *program.add_subcommand("wizard", "open the wizard's dialogs over a project");
   AddInputs(command, *options);
   AddSurroundings(command, *options);
   AddDialogOptions(command, *options);
