@@ -1,3 +1,12 @@
+# What is called once for a user's click or a line of arguments is compiled for size, not for speed.
+function(formwizard_compile_for_size)
+  if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT MSVC)
+    foreach(target IN LISTS ARGN)
+      target_compile_options(${target} PRIVATE -Os)
+    endforeach()
+  endif()
+endfunction()
+
 # Programs for users are small: what nothing calls is left out of them, and they are optimized as a whole when they are
 # linked. The latter not where tests are built besides, each of which would then be optimized as a whole, too.
 if(MSVC OR NOT CMAKE_BUILD_TYPE STREQUAL "Release")
