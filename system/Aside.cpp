@@ -38,6 +38,11 @@ std::string AsideName(std::string_view name) {
   return std::string(StemOf(name)) + "." + token + CheckSum(name, token) + std::string(Suffix);
 }
 
+std::string AboutTarget(std::string message, std::string_view aside, std::string_view target) {
+  if (!aside.empty() && message.starts_with(aside)) message.replace(0, aside.size(), target);
+  return message;
+}
+
 bool IsAsideName(std::string_view aside, std::string_view name) {
   constexpr std::size_t token = 16, sum = 8;
   const std::string_view stem = StemOf(name);

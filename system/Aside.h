@@ -12,6 +12,9 @@ namespace formwizard::system {
 std::string AsideName(std::string_view name);
 bool IsAsideName(std::string_view aside, std::string_view name);
 
+// A message that begins with the path `aside` begins with `target`, the file that the user knows.
+std::string AboutTarget(std::string message, std::string_view aside, std::string_view target);
+
 // With `digits` lower-case hexadecimal digits.
 std::string Hexadecimal(std::uint64_t value, int digits = 16);
 

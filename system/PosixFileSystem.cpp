@@ -24,9 +24,23 @@ namespace {
 using support::InputError;
 using support::SaveError;
 
+const char* Remedy(int reason) {
+  switch (reason) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return "; check the permissions";
+    case ENOSPC:
+    case EDQUOT:
+      return "; make room for it";
+    default:
+      return "";
+  }
+}
+
 template <typename Error>
 [[noreturn]] void Fail(const std::string& path, const char* action, int reason = errno) {
-  throw Error(path + ": " + action + " failed: " + std::strerror(reason));
+  throw Error(path + ": " + action + " failed: " + std::strerror(reason) + Remedy(reason));
 }
 
 // A call that a signal interrupts is made again.

@@ -46,7 +46,7 @@ template <typename Action>
 auto WholeFile::Try(Action&& action) const {
   const auto fail = [&](const std::exception& error) {
     const std::string state = "; " + path_ + " is as it was before";
-    std::string message = error.what();
+    std::string message = AboutTarget(error.what(), aside_, path_);
     if (!message.ends_with(state)) message += state;  // a stream's last bytes are written when it ends
     throw SaveError(message);
   };
@@ -68,6 +68,9 @@ WholeFile::WholeFile(FileSystem& files, const std::string& path) : files_(files)
     const FileKind kind = files_.KindOf(target_);
     if (kind == FileKind::Folder) throw SaveError(path_ + ": this is a folder; name a file");
     if (kind == FileKind::Other) throw SaveError(path_ + ": this is a pipe or a device; name a file");
+    if (kind == FileKind::None && files_.KindOf(folder_) == FileKind::None) {
+      throw SaveError(path_ + ": there is no folder " + folder_ + "; make it, or name another one");
+    }
     CleanUp();
     const std::string_view part = FolderPart(target_);
     aside_ = std::string(part) + AsideName(std::string_view(target_).substr(part.size()));

@@ -219,7 +219,7 @@ FormTree ReadFormTree(const std::string& path, std::string_view frm, std::string
 
 FormTree ReadFormFile(const system::FileSystem& files, const std::string& path, const system::CodePage& codePage) {
   const std::optional<std::string> frm = files.Read(path);
-  if (!frm) throw support::InputError(path + ": the form cannot be read; check the name and its permissions");
+  if (!frm) throw support::InputError(path + ": there is no such file; check the path");
   std::string frxPath = path.substr(0, path.rfind('.')) + ".frx";
   std::optional<std::string> frx = files.Read(frxPath);
   if (!frx) frx = files.Read(Spelling(files).Of(frxPath));

@@ -58,7 +58,11 @@ void Saving::Open() {
     if (isOurs) Recover(path);
   }
   const std::string folder = folderPart_ + system::AsideName(name_);
-  files_.CreateFolder(folder);
+  try {
+    files_.CreateFolder(folder);
+  } catch (const SaveError& error) {
+    throw SaveError(system::AboutTarget(error.what(), folder, projectFile_));
+  }
   stagingFolder_ = folder;
 }
 

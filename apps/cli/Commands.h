@@ -37,6 +37,9 @@ CLI::Option* AddStream(CLI::App& command, const char* name, std::string& file, c
 std::string CheckedPath(const std::string& path);
 std::string NoStream(const std::string& path);
 
+// --code-page, a number that is known.
+void AddCodePage(CLI::App& command, int& codePage, const char* about);
+
 // How much a command tells.
 struct Verbosity {
   bool Quiet = false;  // errors, and what was asked for

@@ -3,6 +3,7 @@
 #include "apps/cli/ProjectOptions.h"
 #include "generator/ide/ActiveX.h"
 #include "support/Failures.h"
+#include "system/CodePage.h"
 #include "system/Paths.h"
 
 #include <CLI/CLI.hpp>
@@ -28,6 +29,22 @@ std::string CheckedPath(const std::string& path) {
   return "";
 }
 
+void AddCodePage(CLI::App& command, int& codePage, const char* about) {
+  command.add_option("--code-page", codePage, about)
+      ->capture_default_str()
+      ->type_name("N")
+      ->check([](const std::string& text) -> std::string {
+        int number = 0;
+        if (!CLI::detail::lexical_cast(text, number)) return "";  // the parser says so
+        try {
+          system::CodePage{number};
+        } catch (const support::InputError& error) {
+          return error.what();
+        }
+        return "";
+      });
+}
+
 void AddVerbosity(CLI::App& command, Verbosity& verbosity, const char* aboutVerbose) {
   CLI::Option& quiet = *command.add_flag("-q,--quiet", verbosity.Quiet, "say nothing but errors");
   command.add_flag("-v,--verbose", verbosity.Verbose, aboutVerbose)->excludes(&quiet);
@@ -39,9 +56,7 @@ void AddInputs(CLI::App& command, ProjectOptions& options) {
 }
 
 void AddSurroundings(CLI::App& command, ProjectOptions& options) {
-  command.add_option("--code-page", options.CodePage, "the Windows code page of the project's files")
-      ->capture_default_str()
-      ->type_name("N");
+  AddCodePage(command, options.CodePage, "the Windows code page of the project's files");
   AddFile(command, "--toolbox", options.Toolbox,
           "a project (.vbp) that uses the query control, or a file of control libraries");
   AddFile(command, "--profile", options.Profile,

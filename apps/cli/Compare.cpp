@@ -36,9 +36,17 @@ std::vector<vbtext::ProjectEntry> EntriesIn(const VisualBasicFile& file) {
   }
 }
 
+void CheckNoProject(const VisualBasicFile& file, const VisualBasicFile& other) {
+  if (KindOf(file) != vbtext::FileKind::Project) return;
+  throw support::InputError(file.Path + ": this is a project, and " + other.Path +
+                            " is none; compare a project with a project");
+}
+
 std::vector<Difference> DifferencesOf(const VisualBasicFile& a, const VisualBasicFile& b) {
   const bool areProjects = KindOf(a) == vbtext::FileKind::Project && KindOf(b) == vbtext::FileKind::Project;
   if (areProjects) return vbtext::CompareProjects(EntriesIn(a), EntriesIn(b));
+  CheckNoProject(a, b);
+  CheckNoProject(b, a);
   const vbtext::Document fileA = DocumentIn(a), fileB = DocumentIn(b);
   return vbtext::Compare({fileA, a.Records}, {fileB, b.Records});
 }
@@ -122,9 +130,7 @@ void AddCompare(CLI::App& command, Task& task) {
   const auto options = std::make_shared<CompareOptions>();
   AddFile(command, "a", options->A, "a form, control, class, module or project")->required();
   AddFile(command, "b", options->B, "another one")->required();
-  command.add_option("--code-page", options->CodePage, "the Windows code page in which names are shown")
-      ->capture_default_str()
-      ->type_name("N");
+  AddCodePage(command, options->CodePage, "the Windows code page in which names are shown");
   command.add_flag("--json", options->Json, "show the result as JSON");
   command.callback([&task, options] { task = {[options] { return CompareFiles(*options); }, options->A}; });
 }

@@ -13,7 +13,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <sstream>
 #include <utility>
@@ -46,6 +48,21 @@ void AddCommand(CLI::App& program, const Command& command, Task& task) {
   CLI::App& named = *program.add_subcommand(command.Name, command.About);
   named.preparse_callback([&named, &task, add = command.Add](std::size_t) { add(named, task); });
 }
+
+// The help of a command begins with what the list of commands says about it, as a sentence.
+class HelpFormatter : public CLI::Formatter {
+ public:
+  HelpFormatter() {
+    label("SUBCOMMAND", "COMMAND");
+    label("Positionals", "Arguments");
+  }
+
+  std::string make_description(const CLI::App* command) const override {
+    std::string text = command->get_description();
+    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+    return text + (text.ends_with('.') ? "\n" : ".\n");
+  }
+};
 
 bool WantsJson(const std::vector<std::string>& arguments) {
   return std::find(arguments.begin(), std::ranges::find(arguments, "--"), "--json") !=
@@ -80,7 +97,10 @@ int EndOfParsing(const CLI::App& app, const CLI::ParseError& end, bool isJson) {
 std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   CLI::App app("Creates complete Visual Basic 6 forms for the persistent classes of an Ostrel system.",
                "ostrel-form-wizard");
-  app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION);
+  app.set_help_flag("-h,--help", "show this help");
+  app.set_version_flag("--version", "ostrel-form-wizard " FORMWIZARD_VERSION, "show the version");
+  app.formatter(std::make_shared<HelpFormatter>());
+  app.group("Commands");
   app.require_subcommand(1);
   app.footer(
       "Exit status: 0 done, 1 --check found a difference or doctor a fault, 2 wrong usage, 3 an input is missing or\n"

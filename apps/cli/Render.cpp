@@ -31,9 +31,7 @@ void AddRender(CLI::App& command, Task& task) {
   const auto options = std::make_shared<RenderOptions>();
   AddFile(command, "form", options->Form, "the form (.frm); its .frx stands beside it")->required();
   AddFile(command, "picture", options->Picture, "the picture to write, .png or .svg")->required();
-  command.add_option("--code-page", options->CodePage, "the Windows code page of the form")
-      ->capture_default_str()
-      ->type_name("N");
+  AddCodePage(command, options->CodePage, "the Windows code page of the form");
   command.callback([&task, options] { task = {[options] { return Render(*options); }, options->Form}; });
 }
 

@@ -55,6 +55,12 @@ std::string UnknownWord(const CLI::App& program, const CLI::App& command, const 
   return "there is no command " + Quoted(word) + "; " + NamesIn(commands).Answer(word);
 }
 
+// "out is required" with the name in quotation marks.
+std::string FirstQuoted(const std::string& text) {
+  const std::size_t end = text.find(' ');
+  return Quoted(text.substr(0, end)) + text.substr(end);
+}
+
 // Takes the option's name out of the parser's own words.
 std::string InWords(const CLI::App& command, const CLI::ParseError& end) {
   constexpr std::string_view conversion = "Could not convert: ";
@@ -65,6 +71,8 @@ std::string InWords(const CLI::App& command, const CLI::ParseError& end) {
     const CLI::Option* const option = command.get_option_no_throw(name);
     return option && option->get_expected_max() == 0 ? name + " takes no value" : value + ": this is not a number";
   }
+  if (dynamic_cast<const CLI::RequiredError*>(&end) && !text.starts_with('-'))
+    return "the argument " + FirstQuoted(text);
   const std::string name = text.substr(0, text.find(": "));
   if (text.find("At Most 1") != std::string::npos) return name + " is given more than once";
   return dynamic_cast<const CLI::ArgumentMismatch*>(&end) ? name + " needs a value behind it" : text;

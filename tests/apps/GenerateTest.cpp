@@ -229,8 +229,7 @@ TEST_CASE("A form that cannot be called what it should is refused before it is m
   for (const auto& [project, name, message] :
        {std::tuple{"Project1", longest,
                    "which has 41 characters, and Visual Basic takes 40; rename or remove the form frmNooo"},
-        {"Project1", "B" + longest,
-         "which has 41 characters, and Visual Basic takes 40; rename what is in its way, or give"},
+        {"Project1", "B" + longest, "which has 41 characters, and Visual Basic takes 40; give the class another"},
         {"Two", "project1"s, "which is the project's own name; rename"},
         {"Two", "B"s,
          "\"frmB\", and the project has \"FRMb\", in which only the case of letters is another; rename"}}) {
@@ -373,7 +372,7 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
         Case{name + ".First", 3, "property \"Name\" is no object"},
         Case{name + ",Name", 3, "the property Name is chosen twice"},
         Case{name + " --system Nowhere", 3, "there is no system \"Nowhere\"; available: Archive, Samples"},
-        Case{name + " --code-page 4711", 3, "code page 4711 is not known"},
+        Case{name + " --code-page 4711", 2, "generate: --code-page: code page 4711 is not known"},
         Case{"missing.json", 3, "missing.json: there is no such file"},
         Case{"broken.json", 3, "broken.json:3:1: this is not valid JSON"},
         Case{"rows.json", 3, "rows.json:1:70: fields[1].rows: expected a whole number from 1"},
@@ -616,6 +615,7 @@ TEST_CASE("A command or option that is mistyped is named with the likeliest, wha
         {"--versoin", "there is no option \"--versoin\" in front of a command; available: --version, --help; see"},
         {"--dictionary x classes", "classes: --dictionary belongs behind the command; see"},
         {"dictionary imprt a b", "dictionary: there is no command \"imprt\"; available: import, export; see"},
+        {"dictionary import a", "dictionary import: the argument \"out\" is required; see"},
         {"dictionary import a b c", "dictionary import: \"c\" is one argument too many; see \"ostrel-form-wizard dict"},
         {"properties --dictonary=a", "there is no option \"--dictonary\"; available: --dictionary, "},
         {"properties --dictionary a", "properties: --class is required; see \"ostrel-form-wizard properties --help\""},
