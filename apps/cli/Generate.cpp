@@ -55,7 +55,7 @@ SettingTexts SettingsFromOptions(const std::vector<std::string>& settings) {
   SettingTexts texts;
   for (const std::string& setting : settings) {
     const std::size_t equals = setting.find('=');
-    if (equals == std::string::npos) throw UsageError("--set " + setting + ": expected KEY=VALUE");
+    if (equals == std::string::npos) throw UsageError("--set " + setting + ": expected KEY=VALUE, such as Columns=2");
     const std::string key = setting.substr(0, equals);
     texts[key] = setting.substr(equals + 1);
     try {
@@ -76,7 +76,7 @@ void CheckUsage(const GenerateOptions& options) {
     throw UsageError("give --class and --fields, or one or more form descriptions");
   }
   if (byOptions && (options.Class.empty() || options.Fields.empty())) {
-    throw UsageError("--class and --fields belong together");
+    throw UsageError("--class and --fields belong together; give both");
   }
   if (options.Json && options.Diff) throw UsageError("give --json or --diff, not both: a summary is one JSON document");
   if (options.Journal.empty()) return;

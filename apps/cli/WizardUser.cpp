@@ -29,7 +29,7 @@ class FieldsUser {
       dialog_.tvwAttributes.ClickNode(PropertyNode(field.Property));
       dialog_.cmdSelectOne.Click();
       if (dialog_.lstSelected.ListCount() == before)
-        Fail(field.Property.Where.Text(), "the property " + field.Property.Value + " is chosen twice");
+        Fail(field.Property.Where.Text(), "the property " + field.Property.Value + " is chosen twice; name it once");
     }
   }
 
