@@ -2,11 +2,11 @@
 
 #include "vbtext/Alignment.h"
 #include "vbtext/LineKeys.h"
+#include "vbtext/Procedures.h"
 #include "vbtext/Tokens.h"
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_map>
 
 namespace formwizard::vbtext {
 namespace {
@@ -102,43 +102,41 @@ class CodeComparison {
     }
   }
 
-  using Procedures = std::vector<std::pair<std::string, const Section*>>;
-  // With the key of each: branch, word and name, and which one of those.
+  using Procedures = std::vector<const Section*>;
   static Procedures ProceduresOf(const Document& file) {
     Procedures procedures;
-    std::unordered_map<std::string, std::size_t> counts;
     for (const Section& section : file.Code.Sections) {
-      if (section.Kind != SectionKind::Procedure) continue;
-      std::string key = section.Branch + Folded(section.Word) + " " + Folded(section.Name);
-      key += " " + std::to_string(counts[key]++);
-      procedures.emplace_back(std::move(key), &section);
+      if (section.Kind == SectionKind::Procedure) procedures.push_back(&section);
     }
     return procedures;
   }
 
   void CompareProcedures() {
     const Procedures a = ProceduresOf(a_), b = ProceduresOf(b_);
-    std::unordered_map<std::string_view, std::size_t> placesB;
-    for (std::size_t i = 0; i < b.size(); ++i) placesB.emplace(b[i].first, i);
-    std::vector<std::size_t> restA;
-    std::vector<bool> isInB(b.size(), false);
+    const std::vector<std::size_t> matches = MatchProcedures(a, keysA_, b, keysB_);
+    std::vector<bool> isInA(b.size(), false);
     std::vector<Pair> pairs;
     for (std::size_t i = 0; i < a.size(); ++i) {
-      const auto found = placesB.find(a[i].first);
-      if (found == placesB.end()) {
-        restA.push_back(i);
-      } else {
-        pairs.push_back({i, found->second});
-        isInB[found->second] = true;
+      if (matches[i] == None) {
+        differences_.AddOneSided("procedure", NameOfSection(*a[i]), a[i]->Body, true);
+        continue;
       }
+      pairs.push_back({i, matches[i]});
+      isInA[matches[i]] = true;
+      CompareProcedure(*a[i], *b[matches[i]]);
     }
-    std::vector<std::size_t> restB;
     for (std::size_t i = 0; i < b.size(); ++i) {
-      if (!isInB[i]) restB.push_back(i);
+      if (!isInA[i]) differences_.AddOneSided("procedure", NameOfSection(*b[i]), b[i]->Body, false);
     }
-    for (const Pair& pair : pairs) CompareBodies(*a[pair.A].second, *b[pair.B].second);
-    CompareRenamed(a, restA, b, restB);
     CompareOrder(a, b, pairs);
+  }
+
+  void CompareProcedure(const Section& a, const Section& b) {
+    if (IsSameName(a.Name, b.Name) && IsSameName(a.Word, b.Word)) {
+      CompareBodies(a, b);
+    } else {
+      differences_.Add(Change::Renamed, "procedure", NameOfSection(a) + " to " + NameOfSection(b), a.Body, b.Body);
+    }
   }
 
   // The lines from the first that differs to the last.
@@ -168,38 +166,6 @@ class CodeComparison {
     differences_.Add(Change::Changed, "procedure", NameOfSection(b), linesA, linesB);
   }
 
-  // A procedure's lines without the one that names it.
-  std::string BodyKey(const Section& section, const std::vector<LineKey>& keys) {
-    std::string text = section.Branch;
-    for (const LineKey key : KeysIn(keys, {section.Body.First + 1, section.Body.Behind}))
-      text += " " + std::to_string(key);
-    return text;
-  }
-
-  void CompareRenamed(const Procedures& a, const std::vector<std::size_t>& restA, const Procedures& b,
-                      const std::vector<std::size_t>& restB) {
-    std::unordered_map<std::string, std::vector<std::size_t>> bodies;
-    for (const std::size_t i : restB) bodies[BodyKey(*b[i].second, keysB_)].push_back(i);
-    std::vector<bool> isRenamed(b.size(), false);
-    for (const std::size_t i : restA) {
-      const Section& section = *a[i].second;
-      const auto found = bodies.find(BodyKey(section, keysA_));
-      // More than "End Sub", and the only one.
-      const bool isOne = found != bodies.end() && found->second.size() == 1 && section.Body.Count() > 2;
-      if (isOne && !isRenamed[found->second[0]]) {
-        const Section& other = *b[found->second[0]].second;
-        isRenamed[found->second[0]] = true;
-        differences_.Add(Change::Renamed, "procedure", NameOfSection(section) + " to " + NameOfSection(other),
-                         section.Body, other.Body);
-      } else {
-        differences_.AddOneSided("procedure", NameOfSection(section), section.Body, true);
-      }
-    }
-    for (const std::size_t i : restB) {
-      if (!isRenamed[i]) differences_.AddOneSided("procedure", NameOfSection(*b[i].second), b[i].second->Body, false);
-    }
-  }
-
   void CompareOrder(const Procedures& a, const Procedures& b, const std::vector<Pair>& pairs) {
     const std::vector<Pair> stayed = LongestAscending(pairs);
     auto next = stayed.begin();
@@ -207,8 +173,7 @@ class CodeComparison {
       if (next != stayed.end() && next->A == pair.A) {
         ++next;
       } else {
-        differences_.Add(Change::Moved, "procedure", NameOfSection(*a[pair.A].second), a[pair.A].second->Body,
-                         b[pair.B].second->Body);
+        differences_.Add(Change::Moved, "procedure", NameOfSection(*a[pair.A]), a[pair.A]->Body, b[pair.B]->Body);
       }
     }
   }

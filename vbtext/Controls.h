@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vbtext/Header.h"
+#include "vbtext/Lines.h"
 
 #include <cstddef>
 #include <string>
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace formwizard::vbtext {
-
-constexpr std::size_t None = static_cast<std::size_t>(-1);
 
 struct Control {
   const HeaderNode* Node;

@@ -23,6 +23,9 @@ struct LineRange {
   bool Holds(std::size_t line) const { return line >= First && line < Behind; }
 };
 
+// No place in a row.
+constexpr std::size_t None = static_cast<std::size_t>(-1);
+
 // A place where a text is not what it should be. Thrown where the reading cannot go on.
 struct Fault {
   std::size_t Line;      // counts from 0

@@ -30,7 +30,7 @@ struct Command {
 };
 
 // In the order of the help text.
-constexpr std::array<Command, 10> Commands{{
+constexpr std::array<Command, 11> Commands{{
     {"generate", "create forms in a project", AddGenerate},
     {"wizard", "open the wizard's dialogs over a project", AddWizard},
     {"systems", "list the systems of a dictionary", AddSystems},
@@ -39,6 +39,7 @@ constexpr std::array<Command, 10> Commands{{
     {"queries", "list the queries of a class", AddQueries},
     {"dictionary", "make a dictionary from JSON, or JSON from a dictionary", AddDictionary},
     {"compare", "say what differs between two files as Visual Basic sees them", AddCompare},
+    {"merge", "merge what two sides made of one file", AddMerge},
     {"render", "draw a form into a picture (needs the desktop program)", AddRender},
     {"doctor", "look at the installation and say what mends it", AddDoctor},
 }};

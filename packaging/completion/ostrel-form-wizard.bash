@@ -93,7 +93,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | wizard | systems | classes | properties | queries | dictionary | compare | render | doctor)
+      generate | wizard | systems | classes | properties | queries | dictionary | compare | merge | render | doctor)
         command=${words[i]}
         break
         ;;
@@ -101,7 +101,7 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary compare render
+    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary compare merge render
       doctor'
     return
   fi
@@ -124,6 +124,17 @@ _ostrel_form_wizard() {
     compare)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --code-page --json'
+      else
+        _filedir '@(frm|bas|cls|ctl|pag|dob|vbp)'
+      fi
+      ;;
+    merge)
+      if [[ $prev == --style ]]; then
+        _ostrel_form_wizard_words 'merge diff3 zdiff3'
+      elif [[ $prev == --conflicts ]]; then
+        _ostrel_form_wizard_words 'marks mine theirs'
+      elif [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --output --style --conflicts --marker-size --path --code-page'
       else
         _filedir '@(frm|bas|cls|ctl|pag|dob|vbp)'
       fi

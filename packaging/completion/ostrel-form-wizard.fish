@@ -89,6 +89,7 @@ for command in 'generate	create forms in a project' \
     'queries	list the queries of a class' \
     'dictionary	make a dictionary from JSON, or JSON from a dictionary' \
     'compare	say what differs between two files as Visual Basic sees them' \
+    'merge	merge what two sides made of one file' \
     'render	draw a form into a picture' \
     'doctor	look at the installation and say what mends it'
     complete -c $program -f -n '__ostrel_form_wizard_in ""' -a (string split \t $command)[1] \
@@ -106,7 +107,7 @@ __ostrel_form_wizard_option --fields generate 'its properties in order' -xa '(__
 __ostrel_form_wizard_option --set generate 'a setting for this run' -xa "Bold= Button= CollectionRows= Columns= FormSizable=
     ImageRows= LabelAlignLeft= Menu= MultilineRows= New= Save= Search= SearchClear= SearchNew= SearchPredicates=
     SearchSort= Statusbar= Toolbar="
-__ostrel_form_wizard_option --code-page "$in_project compare render" 'the Windows code page of the project\'s files' -xa \
+__ostrel_form_wizard_option --code-page "$in_project compare merge render" 'the Windows code page of the project\'s files' -xa \
     '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001'
 __ostrel_form_wizard_option --toolbox "$in_project" 'a project that uses the query control, or a file of libraries' -xa \
     "(__ostrel_form_wizard_files '(?:ini|vbp)')"
@@ -127,6 +128,11 @@ __ostrel_form_wizard_option --json "generate compare doctor $listings" 'show the
 __ostrel_form_wizard_option --all classes 'system and not persistent classes too'
 __ostrel_form_wizard_option --all properties 'those that no form can show too'
 __ostrel_form_wizard_option --description properties 'show a form description that chooses all of them'
+__ostrel_form_wizard_option --output merge 'the result' -rF
+__ostrel_form_wizard_option --style merge 'what stands between the marks' -xa 'merge diff3 zdiff3'
+__ostrel_form_wizard_option --conflicts merge 'what becomes of a conflict' -xa 'marks mine theirs'
+__ostrel_form_wizard_option --marker-size merge 'how many signs a mark has' -x
+__ostrel_form_wizard_option --path merge 'what the file is called in the project' -rF
 __ostrel_form_wizard_option --fix doctor 'mend what you may change'
 __ostrel_form_wizard_option --strict doctor 'exit with status 1 unless everything is good'
 __ostrel_form_wizard_option --wizard desktop 'open the wizard at once'
@@ -134,7 +140,7 @@ __ostrel_form_wizard_option --render desktop 'draw a form into a picture and exi
     '(__ostrel_form_wizard_files frm)'
 
 complete -c $program -f -n '__ostrel_form_wizard_in generate' -a '(__ostrel_form_wizard_files json)'
-complete -c $program -f -n '__ostrel_form_wizard_in compare' \
+complete -c $program -f -n '__ostrel_form_wizard_in compare merge' \
     -a '(__ostrel_form_wizard_files "(frm|bas|cls|ctl|pag|dob|vbp)")'
 complete -c $program -f -n '__ostrel_form_wizard_in render' -a '(__ostrel_form_wizard_files "(frm|png|svg)")'
 complete -c $program -f -n "__ostrel_form_wizard_in wizard doctor $listings"

@@ -45,3 +45,34 @@ TEST_CASE("compare says what differs, where and in which status, and refuses wha
   }
   CHECK(RunHere({"compare", a, folder / "none.frm"}).Status == 3);
 }
+
+TEST_CASE("merge writes the result, names conflicts and notes, and ends in the status of a difference") {
+  const TemporaryFolder folder;
+  const auto file = [&](const std::string& name, const std::string& left, const std::string& click) {
+    WriteFile(folder / name, "VERSION 5.00\r\nBegin VB.Form f \r\n   ClientLeft      =   " + left +
+                                 "\r\nEnd\r\nAttribute VB_Name = \"f\"\r\nSub A\xC4()\r\n  " + click +
+                                 "\r\nEnd Sub\r\n");
+    return folder / name;
+  };
+  const std::string base = file("base.frm", "0", "x"), mine = file("mine.frm", "60", "X"),
+                    theirs = file("theirs.frm", "90", "y");
+  const std::string out = folder / "out.frm";
+  const Outcome merged = RunHere({"merge", base, mine, theirs, "-o", out, "--path", "Forms/f.frm"});
+  CHECK(merged.Status == 0);
+  CHECK(merged.Error == "Forms/f.frm: note: f.ClientLeft: both changed it; it stays 60, theirs is 90\n");
+  CHECK(ReadFile(out) == ReadFile(file("want.frm", "60", "y")));
+
+  const std::string other = file("other.frm", "0", "z");
+  const Outcome conflict = RunHere({"merge", base, other, theirs, "--style", "zdiff3"});
+  CHECK(conflict.Status == 1);
+  CHECK(conflict.Out.find("<<<<<<< mine\r\n  z\r\n||||||| base\r\n  x\r\n=======\r\n  y\r\n>>>>>>> theirs\r\n") !=
+        std::string::npos);
+  CHECK(conflict.Error ==
+        other +
+            ":7: conflict: both sides changed procedure Sub A\xC3\x84; keep what is right and take out "
+            "the marks\n");
+  CHECK(RunHere({"merge", base, other, theirs, "--conflicts", "theirs"}).Status == 0);
+  CHECK(RunHere({"merge", base, other, folder / "none"}).Status == 3);
+  CHECK(RunHere({"merge", base, other, theirs, "--style", "none"}).Status == 2);
+  CHECK(RunHere({"merge", base, other, theirs, "-o", folder / "none/out.frm"}).Status == 4);
+}

@@ -1,0 +1,42 @@
+// The text that comes out of a merge.
+#pragma once
+
+#include "merge/Options.h"
+#include "vbtext/Lines.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace formwizard::merge {
+
+class Output {
+ public:
+  // `mine` tells which line ends the result has. `options` must outlive this object.
+  Output(std::string_view mine, const Options& options);
+
+  // As they are.
+  void AddMine(std::string_view lines);
+  // With the line ends of mine.
+  void AddTheirs(std::string_view lines);
+  // Three texts of whole lines, of which one will do if the options say so.
+  void AddConflict(std::string name, std::string_view mine, std::string_view base, std::string_view theirs);
+  void AddNote(std::string note) { merged_.Notes.push_back(std::move(note)); }
+
+  Merged Take() { return std::move(merged_); }
+
+ private:
+  void Append(std::string_view text);
+  void EndLine();
+  void Mark(char sign, std::string_view label);
+
+  std::string_view lineEnd_;
+  const Options& options_;
+  Merged merged_;
+  std::size_t lines_ = 0;
+};
+
+// The text with all its line ends made this one.
+std::string WithLineEnds(std::string_view text, std::string_view lineEnd);
+
+}  // namespace formwizard::merge

@@ -1,0 +1,269 @@
+#include "merge/Merge.h"
+#include "tests/support/BuildTree.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/vbtext/Environment.h"
+#include "vbtext/Comparison.h"
+#include "vbtext/Tokens.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+using namespace formwizard;
+using namespace formwizard::tests;
+using vbtext::Document;
+using vbtext::Folded;
+using vbtext::LineRange;
+
+namespace {
+
+// Changes forms as people do. What each change adds is marked by a name that stands nowhere else.
+class Developer {
+ public:
+  Developer(std::mt19937& random, std::string who) : random_(random), who_(std::move(who)) {}
+
+  std::string DoSomething(const std::string& form) {
+    const Document document = vbtext::DocumentOf(form);
+    document_ = &document;
+    form_ = &form;
+    const std::string id = who_ + std::to_string(++count_);
+    std::vector<const vbtext::Section*> procedures;
+    for (const auto& section : document.Code.Sections) {
+      if (section.Kind == vbtext::SectionKind::Procedure) procedures.push_back(&section);
+    }
+    const auto& controls = document.Root->Children;
+    const unsigned what = random_() % 8;
+    if (what < 4 && !procedures.empty()) {
+      const vbtext::Section& procedure = *procedures[random_() % procedures.size()];
+      if (what == 0) return Without(procedure.Lines);
+      if (what == 1) return With(procedure.Lines.First, "Private Sub New_" + id + "()\r\n  x = 1\r\nEnd Sub\r\n");
+      return With(procedure.Body.First + 1 + random_() % (procedure.Body.Count() - 1), "    Call_" + id + "\r\n");
+    }
+    if (what == 4) return With(document.CodeLines.First, "Private v_" + id + " As Long\r\n");
+    if (what == 5 || controls.empty()) {
+      const std::size_t line = controls.empty() ? document.Root->Lines.Behind - 1 : Any(controls).Lines.First;
+      return With(line, "   Begin VB.Timer tmr_" + id + " \r\n      Interval        =   7\r\n   End\r\n");
+    }
+    if (what == 6) return Without(Any(controls).Lines);
+    return With(Any(controls).Lines.First + 1, "      Tag             =   \"Tag_" + id + "\"\r\n");
+  }
+
+ private:
+  const vbtext::HeaderNode& Any(const std::vector<vbtext::HeaderNode>& controls) {
+    return controls[random_() % controls.size()];
+  }
+  std::size_t OffsetOf(std::size_t line) const {
+    return line == document_->Lines.size()
+               ? form_->size()
+               : static_cast<std::size_t>(document_->Lines[line].Text.data() - form_->data());
+  }
+  std::string With(std::size_t line, const std::string& text) const {
+    return std::string(*form_).insert(OffsetOf(line), text);
+  }
+  std::string Without(LineRange lines) const {
+    return std::string(*form_).erase(OffsetOf(lines.First), OffsetOf(lines.Behind) - OffsetOf(lines.First));
+  }
+
+  std::mt19937& random_;
+  std::string who_;
+  int count_ = 0;
+  const Document* document_ = nullptr;
+  const std::string* form_ = nullptr;
+};
+
+// The marks of a developer in a text.
+std::set<std::string> MarksIn(const std::string& text) {
+  std::set<std::string> marks;
+  const std::string folded = Folded(text);
+  for (const char* word : {"new_", "call_", "v_", "tmr_", "tag_"}) {
+    for (std::size_t at = folded.find(word); at != std::string::npos; at = folded.find(word, at + 1)) {
+      std::size_t end = at;
+      while (end < folded.size() && vbtext::IsNameByte(folded[end])) ++end;
+      const std::string mark = folded.substr(at, end - at);
+      if (vbtext::IsDigit(mark.back())) marks.insert(mark);
+    }
+  }
+  return marks;
+}
+
+std::set<std::string> Changes(const std::string& a, const std::string& b) {
+  const Document fileA = vbtext::DocumentOf(a), fileB = vbtext::DocumentOf(b);
+  std::set<std::string> changes;
+  for (const auto& difference : vbtext::Compare({fileA, {}}, {fileB, {}})) {
+    changes.insert(std::string(difference.What) + " " + Folded(difference.Name));
+  }
+  return changes;
+}
+
+// Forms without a companion file.
+std::vector<std::string> Forms() {
+  std::vector<std::string> forms;
+  for (const char* folder : {"/samples", "/tests/golden"}) {
+    for (const auto& [path, bytes] : FilesIn(SourceFolder() + folder)) {
+      if (path.ends_with(".frm") && bytes.find(".frx\"") == std::string::npos) forms.push_back(bytes);
+    }
+  }
+  CHECK(forms.size() > 3);
+  return forms;
+}
+
+merge::Merged Merge(const std::string& base, const std::string& mine, const std::string& theirs,
+                    const merge::Options& options = {}) {
+  return merge::Merge(base, mine, theirs, vbtext::FileKind::Form, options);
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  const std::size_t at = text.find(from);
+  REQUIRE(at != std::string::npos);
+  return text.replace(at, from.size(), to);
+}
+
+const std::string Base =
+    "VERSION 5.00\nObject = \"{1}#1.0#0\"; \"A.OCX\"\n"
+    "Begin VB.Form f \n   Caption         =   \"f\"\n   Icon            =   \"f.frx\":0000\n"
+    "   Begin VB.TextBox a \n      Left            =   100\n      TabIndex        =   0\n   End\n"
+    "   Begin VB.TextBox b \n      Left            =   200\n      TabIndex        =   1\n   End\n"
+    "End\nAttribute VB_Name = \"f\"\nOption Explicit\nPrivate n As Long\n\n"
+    "Private Sub One()\n  n = 1\n  n = 2\n  n = 3\nEnd Sub\n\n"
+    "Private Sub Two()\n  n = 4\n  n = 5\nEnd Sub\n";
+
+}  // namespace
+
+TEST_CASE("Every edit of both sides is in the result or in a conflict, and nothing else is changed") {
+  std::mt19937 random(3);
+  const std::vector<std::string> forms = Forms();
+  int clean = 0;
+  for (int i = 0; i < 2000; ++i) {
+    const std::string& base = forms[random() % forms.size()];
+    std::string mine = base, theirs = base;
+    for (auto& [text, who] : {std::pair<std::string&, const char*>(mine, "m"), {theirs, "t"}}) {
+      Developer developer(random, who);
+      for (auto edits = random() % 6; edits > 0; --edits) text = developer.DoSomething(text);
+      if (random() % 3 == 0) text = SavedAgain({text, ""}, random).File;
+    }
+    CAPTURE(i);
+    const merge::Merged merged = Merge(base, mine, theirs);
+    REQUIRE(MarksIn(merged.Text) == MarksIn(mine + theirs));
+    if (!merged.Conflicts.empty()) continue;
+    ++clean;
+    std::set<std::string> wanted = Changes(base, mine);
+    wanted.merge(Changes(base, theirs));
+    REQUIRE(Changes(base, merged.Text) == wanted);
+    REQUIRE((Merge(base, merged.Text, theirs).Text == merged.Text));
+  }
+  CHECK(clean > 1500);
+}
+
+TEST_CASE("A side without news gives the other one, in the spelling of mine") {
+  std::mt19937 random(4);
+  const std::string saved = SavedAgain({Base, "icon"}, random).File;
+  CHECK(Merge(Base, saved, Base).Text == saved);
+  CHECK(Merge(Base, Base, saved).Text == Base);
+  const std::string edited = Replaced(saved, "n ", "N ");
+  const std::string news = Replaced(Base, "  n = 5\n", "  n = 5\n  n = 6\n");
+  CHECK(Merge(Base, Replaced(news, "Private n", "private N"), Base).Text == Replaced(news, "Private n", "private N"));
+  CHECK(Merge(Base, Base, Replaced(news, "Private n", "private N")).Text == news);
+  std::string windows = Base;
+  for (std::size_t at = 0; (at = windows.find('\n', at)) != std::string::npos; at += 2) windows.insert(at, "\r");
+  CHECK(Merge(Base, windows, news).Text == Replaced(windows, "  n = 5\r\n", "  n = 5\r\n  n = 6\r\n"));
+}
+
+TEST_CASE("What both sides changed is merged by what it is, or is a conflict with its name") {
+  struct Case {
+    const char *MineFrom, *MineTo, *TheirsFrom, *TheirsTo;
+    const char* Conflict;  // none: the result is the second change on top of the first
+    const char* Note = "";
+  };
+  for (const Case& c : std::vector<Case>{
+           {"  n = 1\n", "  n = 7\n", "  n = 3\n", "  n = 9\n", nullptr},
+           {"  n = 2\n", "  n = 7\n", "  n = 2\n", "  n = 9\n", "procedure Sub One"},
+           {"  n = 2\n", "  N=2\n", "  n = 2\n", "  n = 9\n", nullptr},  // mine only spelled it anew
+           {"\"f\"\n   I", "\"g\"\n   I", "\"f\"\n   I", "\"h\"\n   I", "control f"},
+           {"Left            =   100", "Left            =   150", "Left            =   100", "Left            =   180",
+            "-", "a.Left: both changed it; it stays 150, theirs is 180"},
+           {"TextBox a ", "TextBox c ", "Left            =   100", "Left            =   180", nullptr},
+           {"TextBox a ", "TextBox c ", "TextBox a ", "TextBox d ", "control c"},
+           {"   Begin VB.TextBox b \n      Left            =   200\n      TabIndex        =   1\n   End\n", "",
+            "Left            =   200", "Left            =   280", "control b"},
+           {"Private Sub Two()\n  n = 4\n  n = 5\nEnd Sub\n", "", "  n = 5\n", "  n = 9\n", "procedure Sub Two"},
+           {"Sub Two()", "Sub Due()", "  n = 5\n", "  n = 9\n", nullptr},  // renamed here, edited there
+           {"\n\nPrivate Sub One()", "\nPrivate p\n\nPrivate Sub One()", "\n\nPrivate Sub One()",
+            "\nPrivate q\n\nPrivate Sub One()", "-"},
+           {"\n\nPrivate Sub One()", "\nPrivate p\n\nPrivate Sub One()", "\n\nPrivate Sub One()",
+            "\nPrivate p As Long\n\nPrivate Sub One()", "declarations"},
+           {"\nPrivate Sub Two", "\nSub X()\n  n = 1\nEnd Sub\nPrivate Sub Two", "\nPrivate Sub Two",
+            "\nSub X()\n  n = 2\nEnd Sub\nPrivate Sub Two", "procedure Sub X"},
+           {"#1.0#0", "#1.1#0", "#1.0#0", "#1.2#0", "component {1"},
+           {"f.frx\":0000", "f.frx\":0010", "  n = 3\n", "  n = 9\n", nullptr},
+           {"f.frx\":0000", "f.frx\":0010", "f.frx\":0000", "f.frx\":0020", "control f"}}) {
+    CAPTURE(c.MineTo);
+    CAPTURE(c.TheirsTo);
+    const std::string mine = Replaced(Base, c.MineFrom, c.MineTo), theirs = Replaced(Base, c.TheirsFrom, c.TheirsTo);
+    const merge::Merged merged = Merge(Base, mine, theirs);
+    CHECK((merged.Notes.empty() ? "" : merged.Notes.front()) == c.Note);
+    if (c.Conflict && std::string(c.Conflict) != "-") {
+      REQUIRE(merged.Conflicts.size() == 1);
+      CHECK(merged.Conflicts[0].Name == c.Conflict);
+      CHECK(merged.Text.find("<<<<<<< mine\n") != std::string::npos);
+      CHECK(Merge(Base, mine, theirs, {.Conflicts = merge::Choice::Mine}).Conflicts.empty());
+      CHECK(Changes(theirs, Merge(Base, mine, theirs, {.Conflicts = merge::Choice::Theirs}).Text) ==
+            std::set<std::string>());
+    } else {
+      CHECK(merged.Conflicts.empty());
+    }
+    if (!c.Conflict)
+      CHECK(merged.Text ==
+            (mine.find(c.TheirsFrom) == std::string::npos ? theirs : Replaced(mine, c.TheirsFrom, c.TheirsTo)));
+  }
+}
+
+TEST_CASE("The order of controls, the tab order and what is new on both sides come together") {
+  const auto control = [](const std::string& name, int tab) {
+    return "   Begin VB.TextBox " + name + " \n      TabIndex        =   " + std::to_string(tab) + "\n   End\n";
+  };
+  const auto form = [](const std::string& controls) {
+    return "VERSION 5.00\nBegin VB.Form f \n" + controls + "End\nAttribute VB_Name = \"f\"\n";
+  };
+  const std::string base = form(control("a", 0) + control("b", 1));
+  // Both add a control, and count what comes behind it anew.
+  CHECK(Merge(base, form(control("m", 0) + control("a", 1) + control("b", 2)),
+              form(control("a", 0) + control("t", 1) + control("b", 2)))
+            .Text == form(control("m", 0) + control("a", 1) + control("t", 2) + control("b", 3)));
+  CHECK(Merge(base, form(control("a", 1) + control("b", 0)), base).Conflicts.empty());
+  CHECK(Merge(base, form(control("a", 0) + control("b", 1) + control("m", 2)), form(control("b", 0) + control("a", 1)))
+            .Text == form(control("b", 0) + control("m", 1) + control("a", 2)));
+}
+
+TEST_CASE("The marks are git's, in the size and style that is asked for") {
+  const auto marked = [](merge::Options options) {
+    return merge::Merge("a\nb\nc\n", "a\nx\ny\nc\n", "a\nx\nz\nc", vbtext::FileKind::Unknown, options).Text;
+  };
+  CHECK(marked({}) == "a\nx\n<<<<<<< mine\ny\n=======\nz\n>>>>>>> theirs\nc\n");
+  CHECK(marked({.MarkStyle = merge::Style::Zdiff3}) ==
+        "a\nx\n<<<<<<< mine\ny\n||||||| base\nb\n=======\nz\n>>>>>>> theirs\nc\n");
+  CHECK(marked({.MarkStyle = merge::Style::Diff3, .MarkerSize = 9}) ==
+        "a\n<<<<<<<<< mine\nx\ny\n||||||||| base\nb\n=========\nx\nz\n>>>>>>>>> theirs\nc\n");
+  // A text that is no Visual Basic counts byte for byte.
+  CHECK(merge::Merge("a\nb\nc\n", "a\nB\nc\n", "a\nb \nc\n", vbtext::FileKind::Form, {}).Conflicts.size() == 1);
+}
+
+TEST_CASE("The items of a project are a set") {
+  const auto project = [](const std::string& items, const std::string& settings) {
+    return "Type=Exe\r\n" + items + "Startup=\"f\"\r\n" + settings + "\r\n[MS Transaction Server]\r\nAutoRefresh=1\r\n";
+  };
+  const auto merged = [](const std::string& base, const std::string& mine, const std::string& theirs) {
+    return merge::Merge(base, mine, theirs, vbtext::FileKind::Project, {});
+  };
+  const std::string base = project("Form=a.frm\r\nModule=M; m.bas\r\n", "RevisionVer=1\r\n");
+  CHECK(merged(base, project("Module=M; m.bas\r\nForm=x.frm\r\n", "RevisionVer=3\r\n"),
+               project("Form=A.frm\r\nModule=M; m.bas\r\nForm=y.frm\r\n", "RevisionVer=2\r\nTitle=\"t\"\r\n"))
+            .Text == project("Module=M; m.bas\r\nForm=y.frm\r\nForm=x.frm\r\n", "RevisionVer=3\r\nTitle=\"t\"\r\n"));
+  const merge::Merged moved = merged(base, project("Form=a.frm\r\nModule=M; 1\\m.bas\r\n", ""),
+                                     project("Form=a.frm\r\nModule=M; 2\\m.bas\r\n", ""));
+  REQUIRE(moved.Conflicts.size() == 1);
+  CHECK(moved.Conflicts[0].Name == "Module 1\\m.bas");
+}
