@@ -1,24 +1,10 @@
 #include "adapters/vb6files/FormLines.h"
 
-#include "runtime/Conversions.h"
 #include "support/Failures.h"
 
 #include <algorithm>
 
 namespace formwizard::adapters::vb6files {
-
-std::string_view Word(std::string_view line, int n) {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  for (auto rest = line.begin();; --n) {
-    const auto start = std::find_if_not(rest, line.end(), isBlank);
-    rest = std::find_if(start, line.end(), isBlank);
-    if (n == 0) return {start, rest};
-  }
-}
-
-bool StartsWith(std::string_view line, std::string_view word) {
-  return runtime::EqualIgnoringCase(Word(line, 0), word);
-}
 
 void FormLines::Next() {
   end_ = rest_.empty();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "runtime/Conversions.h"
+#include "vbtext/Header.h"
 
 #include <string>
 #include <string_view>
@@ -9,12 +10,7 @@
 namespace formwizard::adapters::vb6files {
 
 using runtime::Trimmed;
-
-// The n-th word of a line, counted from 0.
-std::string_view Word(std::string_view line, int n);
-
-// Whether the first word is this one, letter case aside.
-bool StartsWith(std::string_view line, std::string_view word);
+using vbtext::BeginsWith, vbtext::WordOf;
 
 // What stands on the two sides of a property line's "=", blanks around them taken off.
 struct PropertyLine {
@@ -28,7 +24,7 @@ class FormLines {
 
   bool AtEnd() const { return end_; }
   std::string_view Line() const { return line_; }  // without its line end
-  bool StartsWith(std::string_view word) const { return vb6files::StartsWith(line_, word); }
+  bool StartsWith(std::string_view word) const { return BeginsWith(line_, word); }
   void Next();
 
   // The line as a property; support::InputError when it is none.

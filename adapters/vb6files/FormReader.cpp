@@ -28,8 +28,8 @@ class Reader {
     if (!lines_.StartsWith("VERSION")) lines_.Fail("\"VERSION 5.00\"");
     for (; !lines_.AtEnd() && !lines_.StartsWith("Begin"); lines_.Next()) parts_.HeadLines.push_back(Line());
     if (lines_.AtEnd()) lines_.Fail("\"Begin\" of the form");
-    parts_.Class = Word(lines_.Line(), 1);
-    parts_.Name = Word(lines_.Line(), 2);
+    parts_.Class = WordOf(lines_.Line(), 1);
+    parts_.Name = WordOf(lines_.Line(), 2);
     if (parts_.Name.empty()) lines_.Fail("a class and a name behind \"Begin\"");
   }
 
@@ -51,7 +51,7 @@ class Reader {
   }
 
   void ReadGroup() {
-    FormProperty group{std::string(Word(lines_.Line(), 1)), ""};
+    FormProperty group{std::string(WordOf(lines_.Line(), 1)), ""};
     for (int depth = 0;; lines_.Next()) {
       if (lines_.AtEnd()) lines_.Fail("\"EndProperty\"");
       group.Lines += Line();
@@ -66,7 +66,7 @@ class Reader {
   void ReadAttributes() {
     bool hasName = false, isExposedSaid = false;
     for (; !lines_.AtEnd() && lines_.StartsWith("Attribute"); lines_.Next()) {
-      const std::string_view name = Word(lines_.Line(), 1);
+      const std::string_view name = WordOf(lines_.Line(), 1);
       const std::string_view value = lines_.Property().Value;
       if (!IsWhole(value)) lines_.Fail("an attribute as \"Attribute Name = Value\"");
       if (runtime::EqualIgnoringCase(name, "VB_Exposed")) isExposedSaid = true;
@@ -96,7 +96,7 @@ class Reader {
 }  // namespace
 
 bool IsNameAttribute(std::string_view line) {
-  return StartsWith(line, "Attribute") && runtime::EqualIgnoringCase(Word(line, 1), "VB_Name");
+  return BeginsWith(line, "Attribute") && runtime::EqualIgnoringCase(WordOf(line, 1), "VB_Name");
 }
 
 FormParts ReadForm(const std::string& path, std::string_view frm) { return Reader(path, frm).Read(); }
@@ -106,7 +106,7 @@ std::string_view ReadComponentName(std::string_view head) {
     std::string_view line = head.substr(0, head.find('\n'));
     head.remove_prefix(std::min(line.size() + 1, head.size()));
     if (line.ends_with('\r')) line.remove_suffix(1);
-    if (StartsWith(line, "Begin") && !Word(line, 2).empty()) return Word(line, 2);
+    if (BeginsWith(line, "Begin") && !WordOf(line, 2).empty()) return WordOf(line, 2);
     const std::size_t open = line.find('"');
     const std::size_t close = line.rfind('"');
     if (IsNameAttribute(line) && open < close) return line.substr(open + 1, close - open - 1);

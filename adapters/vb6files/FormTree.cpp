@@ -104,18 +104,6 @@ class Companion {
   std::size_t read_ = 0;
 };
 
-// A quoted text without its quotes, inner ones no longer doubled; `end` becomes the place behind the closing one.
-std::string Unquoted(std::string_view value, std::size_t& end) {
-  std::string text;
-  for (end = 1; end < value.size(); ++end) {
-    if (value[end] == '"' && (end + 1 == value.size() || value[end + 1] != '"')) break;
-    if (value[end] == '"') ++end;
-    text += value[end];
-  }
-  end = std::min(end + 1, value.size());
-  return text;
-}
-
 class TreeReader {
  public:
   TreeReader(const std::string& path, std::string_view frm, std::string_view frx, const system::CodePage& codePage)
@@ -139,8 +127,8 @@ class TreeReader {
   FormNode ReadNode(int depth) {
     CheckDepth(depth);
     FormNode node;
-    node.Class = codePage_.Decode(Word(lines_.Line(), 1));
-    node.Name = codePage_.Decode(Word(lines_.Line(), 2));
+    node.Class = codePage_.Decode(WordOf(lines_.Line(), 1));
+    node.Name = codePage_.Decode(WordOf(lines_.Line(), 2));
     if (node.Name.empty()) lines_.Fail("a class and a name behind \"Begin\"");
     for (Next(); !lines_.StartsWith("End"); Next()) {
       if (lines_.StartsWith("Begin")) {
@@ -163,7 +151,7 @@ class TreeReader {
 
   void ReadGroup(FormNode& node, const std::string& outer, int depth) {
     CheckDepth(depth);
-    const std::string group = outer + std::string(Word(lines_.Line(), 1)) + ".";
+    const std::string group = outer + std::string(WordOf(lines_.Line(), 1)) + ".";
     if (group.size() > LongestGroupName) lines_.Fail("a shorter name of a property group");
     for (Next(); !lines_.StartsWith("EndProperty"); Next()) ReadProperty(node, group, depth);
   }
@@ -172,7 +160,7 @@ class TreeReader {
     const bool refers = value.starts_with("$\"");
     if (!refers && !value.starts_with('"')) return std::string(Trimmed(value.substr(0, value.find('\''))));
     std::size_t end = 0;
-    std::string text = Unquoted(value.substr(refers ? 1 : 0), end);
+    std::string text = vbtext::Unquoted(value.substr(refers ? 1 : 0), end);
     if (!refers && !value.substr(end).starts_with(':')) return text;
     return companion_.TextFor(name, value).value_or(std::string(value));
   }

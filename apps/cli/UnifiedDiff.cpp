@@ -1,6 +1,9 @@
 #include "apps/cli/UnifiedDiff.h"
 
+#include "vbtext/Alignment.h"
+
 #include <algorithm>
+#include <cstdint>
 #include <unordered_map>
 #include <vector>
 
@@ -27,92 +30,31 @@ struct Edit {
   std::string_view Line;
 };
 
-// Between the anchors, lines that stand exactly once in each text, everything old goes and everything new comes. That
-// takes linear time but for the search among the anchors, and serves files that are edited in few places.
-class Differ {
- public:
-  Differ(const Lines& before, const Lines& after) : before_(before), after_(after) {}
-
-  std::vector<Edit> Run() {
-    Range(0, before_.size(), 0, after_.size());
-    return std::move(edits_);
-  }
-
- private:
-  struct Anchor {
-    std::size_t Before, After;
+std::vector<Edit> EditsOf(const Lines& before, const Lines& after) {
+  std::unordered_map<std::string_view, std::uint32_t> numbers;  // equal lines have the same
+  const auto numbered = [&](const Lines& lines) {
+    std::vector<std::uint32_t> result;
+    for (const std::string_view line : lines) {
+      result.push_back(numbers.try_emplace(line, static_cast<std::uint32_t>(numbers.size())).first->second);
+    }
+    return result;
   };
+  const std::vector<std::uint32_t> a = numbered(before), b = numbered(after);
 
-  void Range(std::size_t b, std::size_t bEnd, std::size_t a, std::size_t aEnd) {
-    while (b < bEnd && a < aEnd && before_[b] == after_[a]) Keep(b++, a++);
-    std::size_t tail = 0;
-    while (b < bEnd - tail && a < aEnd - tail && before_[bEnd - tail - 1] == after_[aEnd - tail - 1]) ++tail;
-    Middle(b, bEnd - tail, a, aEnd - tail);
-    for (; tail > 0; --tail) edits_.push_back({' ', before_[bEnd - tail]});
+  std::vector<Edit> edits;
+  std::size_t i = 0, j = 0;
+  const auto changeUpTo = [&](const vbtext::Pair& next) {
+    for (; i < next.A; ++i) edits.push_back({'-', before[i]});
+    for (; j < next.B; ++j) edits.push_back({'+', after[j]});
+  };
+  for (const vbtext::Pair& same : vbtext::Align(a, b)) {
+    changeUpTo(same);
+    edits.push_back({' ', before[i]});
+    ++i, ++j;
   }
-
-  void Middle(std::size_t b, std::size_t bEnd, std::size_t a, std::size_t aEnd) {
-    const std::vector<Anchor> anchors = AnchorsIn(b, bEnd, a, aEnd);
-    for (const Anchor& anchor : anchors) {
-      Range(b, anchor.Before, a, anchor.After);
-      Keep(anchor.Before, anchor.After);
-      b = anchor.Before + 1;
-      a = anchor.After + 1;
-    }
-    if (!anchors.empty()) {
-      Range(b, bEnd, a, aEnd);
-      return;
-    }
-    for (; b < bEnd; ++b) edits_.push_back({'-', before_[b]});
-    for (; a < aEnd; ++a) edits_.push_back({'+', after_[a]});
-  }
-
-  // The longest series of lines that are unique on both sides and ascend on both.
-  std::vector<Anchor> AnchorsIn(std::size_t b, std::size_t bEnd, std::size_t a, std::size_t aEnd) const {
-    struct Seen {
-      std::size_t CountBefore = 0, CountAfter = 0, After = 0;
-    };
-    std::unordered_map<std::string_view, Seen> seen;
-    for (std::size_t i = b; i < bEnd; ++i) ++seen[before_[i]].CountBefore;
-    for (std::size_t i = a; i < aEnd; ++i) {
-      Seen& line = seen[after_[i]];
-      ++line.CountAfter;
-      line.After = i;
-    }
-    std::vector<Anchor> unique;
-    for (std::size_t i = b; i < bEnd; ++i) {
-      const Seen& line = seen[before_[i]];
-      if (line.CountBefore == 1 && line.CountAfter == 1) unique.push_back({i, line.After});
-    }
-    return LongestAscending(unique);
-  }
-
-  static std::vector<Anchor> LongestAscending(const std::vector<Anchor>& all) {
-    std::vector<std::size_t> ends;  // by length: the anchor with the lowest After that ends one
-    std::vector<std::size_t> previous(all.size(), all.size());
-    for (std::size_t i = 0; i < all.size(); ++i) {
-      const auto at = std::ranges::lower_bound(ends, all[i].After, {}, [&](std::size_t e) { return all[e].After; });
-      if (at != ends.begin()) previous[i] = *(at - 1);
-      if (at == ends.end()) {
-        ends.push_back(i);
-      } else {
-        *at = i;
-      }
-    }
-    std::vector<Anchor> series;
-    for (std::size_t i = ends.empty() ? all.size() : ends.back(); i < all.size(); i = previous[i]) {
-      series.push_back(all[i]);
-    }
-    std::ranges::reverse(series);
-    return series;
-  }
-
-  void Keep(std::size_t b, std::size_t) { edits_.push_back({' ', before_[b]}); }
-
-  const Lines& before_;
-  const Lines& after_;
-  std::vector<Edit> edits_;
-};
+  changeUpTo({before.size(), after.size()});
+  return edits;
+}
 
 std::string RangeText(std::size_t start, std::size_t count) {
   std::string text = std::to_string(count == 0 ? start : start + 1);
@@ -145,7 +87,7 @@ std::string UnifiedDiff(std::string_view oldName, std::string_view oldText, std:
   if (oldText == newText) return "";
   const Lines before = LinesOf(oldText);
   const Lines after = LinesOf(newText);
-  const std::vector<Edit> edits = Differ(before, after).Run();
+  const std::vector<Edit> edits = EditsOf(before, after);
 
   std::string text = "--- " + std::string(oldName) + "\n+++ " + std::string(newName) + "\n";
   std::size_t oldLine = 0;
