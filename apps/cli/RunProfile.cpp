@@ -61,8 +61,9 @@ std::vector<std::string> WarningsOn(const std::string& file, bool isNamed) {
   support::Names names(settings::SettingKeys(), std::mem_fn(&settings::SettingKey::Key));
   for (const std::string& key : common::ProfileKeys(file, settings::ProfileSection)) {
     if (settings::KeyNamed(key) || runtime::EqualIgnoringCase(key, wizard::RememberedSystemKey)) continue;
-    warnings.push_back(file + ": [" + std::string(settings::ProfileSection) + "]: nobody reads the key \"" + key +
-                       "\"; " + names.Answer(key));
+    std::string& warning = warnings.emplace_back(file);
+    warning.append(": [").append(settings::ProfileSection).append("]: nobody reads the key \"").append(key);
+    warning.append("\"; ").append(names.Answer(key));
   }
   return warnings;
 }
