@@ -1,10 +1,14 @@
 // Hands over to the desktop program, whose dialogs they are on this system.
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/DesktopProgram.h"
+#include "apps/cli/RunProfile.h"
 #include "apps/cli/WizardProgram.h"
 #include "apps/common/Dictionaries.h"
+#include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
+#include "support/Messages.h"
 
+#include <iostream>
 #include <string>
 #include <vector>
 
@@ -13,9 +17,14 @@ namespace {
 
 // What is wrong with them is said here, with a status, and not in a window.
 void CheckInputs(const WizardOptions& options) {
+  common::LanguageMeant(options.Language);
   common::OpenDictionary(options.Dictionary);
   const adapters::vb6files::ProjectOnDisk project(system::RealFileSystem(), common::Resolved(options.Project),
                                                   {options.CodePage, options.Toolbox});
+  const std::string profile = options.Profile.empty() ? common::DefaultProfile() : options.Profile;
+  for (const std::string& warning : WarningsOn(profile, !options.Profile.empty())) {
+    std::cerr << "ostrel-form-wizard: warning: " << support::Shown(warning) << '\n';
+  }
 }
 
 std::vector<std::string> OptionsFor(const WizardOptions& options) {

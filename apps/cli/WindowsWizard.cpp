@@ -60,6 +60,7 @@ class Run {
         dictionary_(common::OpenDictionary(options.Dictionary)),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     CheckToolbox(project_, options);
+    for (const std::string& warning : WarningsOn(profileFile_, !options.Profile.empty())) Warn("warning: ", warning);
     const auto report = [this](const vb6files::FileChange& change) { report_ += LineOf(change, !options_.DryRun); };
     project_.OnChange(report, options.DryRun);
     if (options.Journal.empty()) return;

@@ -36,7 +36,8 @@ bool HasDesktopProgram() { return system::RealFileSystem().KindOf(DesktopProgram
 
 Finding Desktop() {
   if (HasDesktopProgram()) return {State::Good, DesktopProgram()};
-  return {State::NotInstalled, "the desktop program, which the command line does not need"};
+  return {State::NotInstalled, "the desktop program, which the command line does not need",
+          "apt-get install ./ostrel-form-wizard-desktop_*.deb"};
 }
 
 // What stands in for the font of the environment's dialogs.

@@ -26,7 +26,8 @@ TEST_CASE(
                       "ostrel-form-wizard-desktop)"),
                   alone.Error);
   }
-  for (const char* wrong : {"render x.frm x.gif", "render x.frm -", "render - x.png", "render x.frm"}) {
+  for (const char* wrong : {"render x.frm x.gif", "render x.frm -", "render - x.png", "render x.frm",
+                            "wizard --project \"my project/Project1.vbp\" --dictionary d --language sv"}) {
     CHECK_MESSAGE(run(wrong).Status == 2, wrong);
   }
   for (const char* place : {"on", "."}) {  // the one beside comes first
@@ -34,11 +35,13 @@ TEST_CASE(
     const std::string script = folder / place + other;
     WriteFile(script, "#!/bin/sh\necho " + std::string(place) + "; printf '<%s>\\n' \"$@\"; exit 7\n");
     fs::permissions(script, fs::perms::owner_all);
-    const Outcome opened = run(wizard + "d --toolbox \"" + SourceFolder() + "/samples/toolbox.ini\" --language DEU");
+    const Outcome opened =
+        run(wizard + "d --toolbox \"" + SourceFolder() + "/samples/toolbox.ini\" --language EN --profile p");
     CHECK(opened.Status == 7);
+    CHECK(opened.Error.starts_with("ostrel-form-wizard: warning: p: there is no such settings file"));
     CHECK(opened.Out == std::string(place) +
                             "\n<--wizard>\n<--dictionary=d>\n<--code-page=1252>\n<--toolbox=" + SourceFolder() +
-                            "/samples/toolbox.ini>\n<--language=DEU>\n<-->\n<my project/Project1.vbp>\n");
+                            "/samples/toolbox.ini>\n<--profile=p>\n<--language=EN>\n<-->\n<my project/Project1.vbp>\n");
     CHECK(run(render).Out == std::string(place) + "\n<--render=-x.frm>\n<--code-page=1250>\n<-->\n<./-$(a b).SVG>\n");
   }
   for (const char* wrong : {"none", "d --toolbox none"}) {

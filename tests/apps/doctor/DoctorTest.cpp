@@ -78,7 +78,8 @@ TEST_CASE("The command line's own doctor says what is wrong with its files and t
   makeTool("nofont/fc-match", "");
   const std::string at = folder / "", newSettings = at + "new/ostrel-form-wizard/outility.ini";
   const std::string withoutDesktop =
-      "not-installed desktop: the desktop program, which the command line does not need\n"
+      "not-installed desktop: the desktop program, which the command line does not need; to have it: apt-get install "
+      "./ostrel-form-wizard-desktop_*.deb\n"
       "not-installed fonts: the desktop program, which alone draws pictures of forms\n";
   const std::string good = "good          settings: " + newSettings +
                            " can be made by the command line\ngood          languages: English and, in " + at +
