@@ -23,9 +23,11 @@ class Document {
   std::optional<std::string> Get(std::string_view section, std::string_view key) const {
     return text_.Get(Encoded(section), Encoded(key));
   }
-  std::vector<std::string> KeysIn(std::string_view section) const {
-    std::vector<std::string> keys;
-    for (const std::string_view key : text_.KeysIn(Encoded(section))) keys.push_back(Decoded(key));
+  std::vector<ProfileKey> KeysIn(std::string_view section) const {
+    std::vector<ProfileKey> keys;
+    for (const ProfileText::Key& key : text_.KeysIn(Encoded(section))) {
+      keys.push_back({Decoded(key.Name), key.Line, key.Column, key.ValueColumn});
+    }
     return keys;
   }
   void Set(std::string_view section, std::string_view key, std::string_view value) {
@@ -93,7 +95,7 @@ std::string ProfileFiles::GetProfileString(std::string_view section, std::string
   }
 }
 
-std::vector<std::string> ProfileFiles::KeysIn(std::string_view section, const std::string& file) const {
+std::vector<ProfileKey> ProfileFiles::KeysIn(std::string_view section, const std::string& file) const {
   const Document text(files_.Read(file, system::LargestSettings).value_or(""), codePage_, file);
   return text.KeysIn(section);
 }

@@ -5,11 +5,18 @@
 #include "system/CodePage.h"
 #include "system/FileSystem.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace formwizard::adapters::profile {
+
+// A key of a section. Its line and the columns, in bytes, where it and its value begin are counted from 1.
+struct ProfileKey {
+  std::string Name;
+  std::size_t Line, Column, ValueColumn;
+};
 
 // A write replaces the file as a whole or not at all; what another program changes in it meanwhile stays. Sizes count
 // the file's bytes.
@@ -26,7 +33,7 @@ class ProfileFiles : public settings::ProfileStore {
                           const std::string& file) override;
   // The keys of the section, in its order; none without the file or the section. support::InputError for a file that
   // cannot be read.
-  std::vector<std::string> KeysIn(std::string_view section, const std::string& file) const;
+  std::vector<ProfileKey> KeysIn(std::string_view section, const std::string& file) const;
 
  private:
   system::FileSystem& files_;

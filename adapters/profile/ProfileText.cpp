@@ -46,18 +46,21 @@ ProfileText::Place ProfileText::Find(std::string_view section, std::string_view 
   return place;
 }
 
-std::vector<std::string_view> ProfileText::KeysIn(std::string_view section) const {
-  std::vector<std::string_view> keys;
+std::vector<ProfileText::Key> ProfileText::KeysIn(std::string_view section) const {
+  std::vector<Key> keys;
   bool isIn = false;
-  for (std::string_view rest = text_; !rest.empty();) {
-    const std::string_view line = Trimmed(rest.substr(0, rest.find('\n')));
+  std::string_view rest = text_;
+  for (std::size_t number = 1; !rest.empty(); ++number) {
+    const std::string_view raw = rest.substr(0, rest.find('\n')), line = Trimmed(raw);
     rest.remove_prefix(std::min(rest.find('\n'), rest.size() - 1) + 1);
     const std::size_t end = line.find(']'), equals = line.find('=');
     if (line.starts_with('[')) {
       if (isIn) break;  // the first section of the name counts
       isIn = end != std::string_view::npos && runtime::EqualIgnoringCase(Trimmed(line.substr(1, end - 1)), section);
     } else if (isIn && !line.starts_with(';') && equals != std::string_view::npos) {
-      keys.push_back(Trimmed(line.substr(0, equals)));
+      const std::size_t column = raw.find_first_not_of(" \t\r") + 1;
+      const std::size_t value = std::min(line.find_first_not_of(" \t", equals + 1), line.size());
+      keys.push_back({Trimmed(line.substr(0, equals)), number, column, column + value});
     }
   }
   return keys;

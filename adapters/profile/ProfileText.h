@@ -20,8 +20,13 @@ class ProfileText {
   // other bytes stay.
   void Set(std::string_view section, std::string_view key, std::string_view value);
 
+  // Where a line has its key and its value; lines and columns, in bytes, are counted from 1.
+  struct Key {
+    std::string_view Name;
+    std::size_t Line, Column, ValueColumn;
+  };
   // The keys that Get finds in the section, in its order.
-  std::vector<std::string_view> KeysIn(std::string_view section) const;
+  std::vector<Key> KeysIn(std::string_view section) const;
 
   const std::string& Text() const { return text_; }
 

@@ -86,19 +86,22 @@ void Toolbox::ReadEntries(std::string_view rest) {
   bool inSection = false;
   while (!rest.empty()) {
     const std::size_t length = std::min(rest.find('\n'), rest.size());
-    const std::string_view line = Trimmed(rest.substr(0, length));
+    const std::string_view raw = rest.substr(0, length), line = Trimmed(raw);
     rest.remove_prefix(std::min(length + 1, rest.size()));
     ++number;
     if (line.starts_with('[')) inSection = runtime::EqualIgnoringCase(line, Section);
-    if (!line.empty() && !line.starts_with(';') && !line.starts_with('[') && inSection) ReadEntry(line, number);
+    if (!line.empty() && !line.starts_with(';') && !line.starts_with('[') && inSection) ReadEntry(raw, number);
   }
 }
 
-void Toolbox::ReadEntry(std::string_view line, int number) {
+void Toolbox::ReadEntry(std::string_view raw, int number) {
+  const std::string_view line = Trimmed(raw);
   const std::size_t equals = line.find('=');
   const bool hasKey = equals != std::string_view::npos && !Trimmed(line.substr(0, equals)).empty();
   if (!hasKey || !IsObjectValue(Trimmed(line.substr(equals + 1)))) {
-    throw support::InputError(file_ + ":" + std::to_string(number) +
+    const std::size_t wrong = hasKey ? std::min(line.find_first_not_of(" \t", equals + 1), line.size()) : 0;
+    throw support::InputError(file_ + ":" + std::to_string(number) + ":" +
+                              std::to_string(raw.find_first_not_of(" \t\r") + wrong + 1) +
                               ": expected \"ProgID={GUID}#version#0; FILE.OCX\", found \"" + std::string(line) + "\"");
   }
   const std::string_view progId = Trimmed(line.substr(0, equals));

@@ -34,7 +34,7 @@ class Toolbox {
 
   void ReadProject(std::string text);
   void ReadEntries(std::string_view rest);
-  void ReadEntry(std::string_view line, int number);
+  void ReadEntry(std::string_view raw, int number);
 
   std::string file_;
   std::vector<Entry> entries_;

@@ -22,7 +22,6 @@
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "generator/Generation.h"
-#include "settings/Profile.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
 #include "system/FileSystem.h"
@@ -73,10 +72,16 @@ void CheckUsage(const GenerateOptions& options) {
     throw UsageError("give either --class and --fields or form descriptions, not both");
   }
   if (!byOptions && options.Descriptions.empty()) {
-    throw UsageError("give --class and --fields, or one or more form descriptions");
+    throw UsageError(
+        "no form is described; give --class NAME and --fields PROPERTIES, a form description (FORM.json) or "
+        "--descriptions-from LIST");
   }
-  if (byOptions && (options.Class.empty() || options.Fields.empty())) {
-    throw UsageError("--class and --fields belong together; give both");
+  if (byOptions && options.Class.empty()) {
+    throw UsageError("--class is missing; give --class NAME, the class that the properties of --fields belong to");
+  }
+  if (byOptions && options.Fields.empty()) {
+    throw UsageError(
+        "--fields is missing; give --fields PROPERTIES, which \"ostrel-form-wizard properties\" lists for the class");
   }
   if (options.Json && options.Diff) throw UsageError("give --json or --diff, not both: a summary is one JSON document");
   if (options.Journal.empty()) return;
@@ -115,7 +120,7 @@ class Run {
       journal_.emplace(options.Journal, options.Force);
       journalled_ = adapters::journal::Journalled(project_, journal_->Out());
     }
-    CheckProfile();
+    CheckProfile(profile_, profileFile_);
     for (const std::string& warning : WarningsOn(profileFile_, !options.Profile.empty())) Warn(warning);
     user_.emplace(services_, journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_), options.System);
   }
@@ -151,17 +156,6 @@ class Run {
   }
 
  private:
-  // A profile that the wizard would stumble over is an input like any other.
-  void CheckProfile() {
-    for (const settings::SettingKey& key : settings::SettingKeys()) {
-      std::string standard = settings::DefaultOf(key);
-      std::size_t size = 0;
-      const std::string value =
-          settings::ReadProfile(profile_, settings::ProfileSection, key.Key, standard, profileFile_, size);
-      CheckSetting(profileFile_ + ": [" + std::string(settings::ProfileSection) + "]", std::string(key.Key), value);
-    }
-  }
-
   void FinishForm(const FormDescription& form, const wizard::AddInState& state) {
     FormResult result;
     result.Failures = desktop_.TakeMessages();

@@ -51,6 +51,34 @@ bool RunProfile::Store() {
   });
 }
 
+namespace {
+
+using adapters::profile::ProfileKey;
+
+// "outility.ini:3:9: [OstrelFormWizard]".
+std::string PlaceIn(const std::string& file, std::size_t line, std::size_t column) {
+  std::string place = file;
+  if (line != 0) place += ":" + std::to_string(line) + ":" + std::to_string(column);
+  return place.append(": [").append(settings::ProfileSection).append("]");
+}
+
+}  // namespace
+
+void CheckProfile(const settings::ProfileStore& profile, const std::string& file) {
+  for (const settings::SettingKey& key : settings::SettingKeys()) {
+    std::string standard = settings::DefaultOf(key);
+    std::size_t size = 0;
+    const std::string value = settings::ReadProfile(profile, settings::ProfileSection, key.Key, standard, file, size);
+    if (settings::IsAllowed(key, value)) continue;
+    const std::vector<ProfileKey> keys = common::ProfileKeys(file, settings::ProfileSection);
+    const auto found = std::ranges::find_if(
+        keys, [&](const ProfileKey& each) { return runtime::EqualIgnoringCase(each.Name, key.Key); });
+    const bool isThere = found != keys.end();
+    CheckSetting(PlaceIn(file, isThere ? found->Line : 0, isThere ? found->ValueColumn : 0), std::string(key.Key),
+                 value);
+  }
+}
+
 std::vector<std::string> WarningsOn(const std::string& file, bool isNamed) {
   if (file.empty()) return {};
   if (!system::RealFileSystem().StampOf(file)) {
@@ -59,11 +87,10 @@ std::vector<std::string> WarningsOn(const std::string& file, bool isNamed) {
   }
   std::vector<std::string> warnings;
   support::Names names(settings::SettingKeys(), std::mem_fn(&settings::SettingKey::Key));
-  for (const std::string& key : common::ProfileKeys(file, settings::ProfileSection)) {
-    if (settings::KeyNamed(key) || runtime::EqualIgnoringCase(key, wizard::RememberedSystemKey)) continue;
-    std::string& warning = warnings.emplace_back(file);
-    warning.append(": [").append(settings::ProfileSection).append("]: nobody reads the key \"").append(key);
-    warning.append("\"; ").append(names.Answer(key));
+  for (const ProfileKey& key : common::ProfileKeys(file, settings::ProfileSection)) {
+    if (settings::KeyNamed(key.Name) || runtime::EqualIgnoringCase(key.Name, wizard::RememberedSystemKey)) continue;
+    std::string& warning = warnings.emplace_back(PlaceIn(file, key.Line, key.Column));
+    warning.append(": nobody reads the key \"").append(key.Name).append("\"; ").append(names.Answer(key.Name));
   }
   return warnings;
 }

@@ -42,6 +42,10 @@ class RunProfile : public settings::ProfileStore {
   std::map<std::string, Entry, std::less<>> written_;             // keys in lower case
 };
 
+// A profile that the wizard would stumble over is an input like any other: support::InputError, with the place in the
+// file, for a value that the settings dialog does not allow.
+void CheckProfile(const settings::ProfileStore& profile, const std::string& file);
+
 // What is odd about a settings file: that there is none though the user has named it, and keys that nobody reads.
 std::vector<std::string> WarningsOn(const std::string& file, bool isNamed);
 

@@ -55,10 +55,14 @@ std::string UnknownWord(const CLI::App& program, const CLI::App& command, const 
   return "there is no command " + Quoted(word) + "; " + NamesIn(commands).Answer(word);
 }
 
-// "out is required" with the name in quotation marks.
-std::string FirstQuoted(const std::string& text) {
-  const std::size_t end = text.find(' ');
-  return Quoted(text.substr(0, end)) + text.substr(end);
+// With what to give instead: "--class is missing; give --class NAME, the class".
+std::string Missing(const CLI::App& command, const std::string& name) {
+  const CLI::Option* const option = command.get_option_no_throw(name);
+  if (!option) return name + " is missing; give it";
+  const std::string what = option->get_positional()
+                               ? "the argument " + Quoted(name) + " is missing; give a file for it"
+                               : name + " is missing; give " + name + " " + option->get_type_name();
+  return what + ": " + option->get_description();
 }
 
 // Takes the option's name out of the parser's own words.
@@ -71,8 +75,14 @@ std::string InWords(const CLI::App& command, const CLI::ParseError& end) {
     const CLI::Option* const option = command.get_option_no_throw(name);
     return option && option->get_expected_max() == 0 ? name + " takes no value" : value + ": this is not a number";
   }
-  if (dynamic_cast<const CLI::RequiredError*>(&end) && !text.starts_with('-'))
-    return "the argument " + FirstQuoted(text);
+  constexpr std::string_view excludes = " excludes ", required = " is required";
+  if (dynamic_cast<const CLI::ExcludesError*>(&end)) {
+    const std::size_t at = text.find(excludes);
+    return text.substr(0, at) + " and " + text.substr(at + excludes.size()) + " exclude each other; give one of them";
+  }
+  if (dynamic_cast<const CLI::RequiredError*>(&end)) {
+    return Missing(command, text.substr(0, text.find(required)));
+  }
   const std::string name = text.substr(0, text.find(": "));
   if (text.find("At Most 1") != std::string::npos) return name + " is given more than once";
   return dynamic_cast<const CLI::ArgumentMismatch*>(&end) ? name + " needs a value behind it" : text;

@@ -1,6 +1,7 @@
 // What the programs ask of the operating system itself.
 #pragma once
 
+#include "adapters/profile/ProfileFile.h"
 #include "settings/ProfileStore.h"
 #include "support/ResourceLibraries.h"
 #include "wizard/factory/Factory.h"
@@ -57,7 +58,7 @@ std::unique_ptr<std::istream> OpenInput(const std::string& path);
 
 // The keys that a section of a settings file has, in its order; none without the file. support::InputError when it
 // cannot be read.
-std::vector<std::string> ProfileKeys(const std::string& profile, std::string_view section);
+std::vector<adapters::profile::ProfileKey> ProfileKeys(const std::string& profile, std::string_view section);
 
 // From now on, writing to a pipe that nobody reads any more, or more than a file may hold, fails instead of ending the
 // program.

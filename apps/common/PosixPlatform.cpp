@@ -1,4 +1,3 @@
-#include "adapters/profile/ProfileFile.h"
 #include "adapters/satellite/Satellites.h"
 #include "apps/common/MemoryProfile.h"
 #include "apps/common/Platform.h"
@@ -53,7 +52,7 @@ std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profi
   return std::make_unique<adapters::profile::ProfileFiles>();
 }
 
-std::vector<std::string> ProfileKeys(const std::string& profile, std::string_view section) {
+std::vector<adapters::profile::ProfileKey> ProfileKeys(const std::string& profile, std::string_view section) {
   return adapters::profile::ProfileFiles().KeysIn(section, profile);
 }
 

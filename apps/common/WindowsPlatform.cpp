@@ -1,6 +1,5 @@
 #include "adapters/com/ComFactory.h"
 #include "adapters/native/NativeLibraries.h"
-#include "adapters/profile/ProfileFile.h"
 #include "adapters/satellite/StringResources.h"
 
 #include "apps/common/MemoryProfile.h"
@@ -122,7 +121,7 @@ std::unique_ptr<settings::ProfileStore> PlatformProfile(const std::string& profi
   return std::make_unique<adapters::profile::ProfileFiles>(system::RealFileSystem(), CodePageOfMachine());
 }
 
-std::vector<std::string> ProfileKeys(const std::string& profile, std::string_view section) {
+std::vector<adapters::profile::ProfileKey> ProfileKeys(const std::string& profile, std::string_view section) {
   return adapters::profile::ProfileFiles(system::RealFileSystem(), CodePageOfMachine()).KeysIn(section, profile);
 }
 

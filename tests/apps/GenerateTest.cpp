@@ -354,8 +354,9 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
     std::string Message;
   };
   for (const Case& c :
-       {Case{"", 2, "give --class and --fields, or one or more form descriptions"},
-        Case{"--class Sample.Person", 2, "--class and --fields belong together"},
+       {Case{"", 2, "no form is described; give --class NAME and --fields PROPERTIES, a form"},
+        Case{"--class Sample.Person", 2, "--fields is missing; give --fields PROPERTIES, which"},
+        Case{"--fields Name", 2, "--class is missing; give --class NAME, the class"},
         Case{name + " --set Columns=0", 2, "Columns must be a whole number from 1 to 4, found \"0\""},
         Case{name + " --set Columns=5", 2, "Columns must be a whole number from 1 to 4, found \"5\""},
         Case{name + " --set Menu=maybe", 2, "Menu must be 1, 0, True or False"},
@@ -422,9 +423,9 @@ TEST_CASE("Bad input ends with its status, a message and everything as it was") 
     CHECK_MESSAGE(Has(made.Error, message), made.Error);
     work.*input = right;
   };
-  WriteFile(work.Folder / "five.ini", "[OstrelFormWizard]\r\nColumns=5\r\n");
+  WriteFile(work.Folder / "five.ini", "[Other]\r\nColumns=1\r\n[OstrelFormWizard]\r\n\tcolumns\t = 5\r\n");
   checkInput(&Workplace::Profile, "five.ini",
-             "five.ini: [OstrelFormWizard]: Columns must be a whole number from 1 to 4");
+             "five.ini:4:13: [OstrelFormWizard]: Columns must be a whole number from 1 to 4");
   checkInput(&Workplace::Project, "none.vbp", "none.vbp: ");
   checkInput(&Workplace::Project, work.Home + "/Form1.frm", "Form1.frm");
   checkInput(&Workplace::Dictionary, "none.sqlite", "none.sqlite: ");
@@ -458,11 +459,11 @@ TEST_CASE("With --json standard output is one JSON document, whatever happens") 
 TEST_CASE("A settings file that is not there and keys that nobody reads are warned about") {
   Workplace work;
   WriteFile(work.Folder / work.Profile,
-            "[Other]\r\nX=1\r\n[OstrelFormWizard]\r\n;Y=2\r\nMenu=1\r\nColums=3\r\n"
+            "[Other]\r\nX=1\r\n[OstrelFormWizard]\r\n;Y=2\r\nMenu=1\r\n Colums=3\r\n"
             "lastconnect=Samples\r\n");
   const Outcome odd = work.Generate(Typical + " -n");
-  CHECK(
-      Has(odd.Error, "warning: outility.ini: [OstrelFormWizard]: nobody reads the key \"Colums\"; available: Columns"));
+  CHECK(Has(odd.Error,
+            "warning: outility.ini:6:2: [OstrelFormWizard]: nobody reads the key \"Colums\"; available: Columns"));
   CHECK(std::ranges::count(odd.Error, '\n') == 1);
   CHECK(work.Generate(Typical + " -nq").Error.empty());
   work.Profile = "none.ini";
@@ -618,7 +619,10 @@ TEST_CASE("A command or option that is mistyped is named with the likeliest, wha
         {"dictionary import a", "dictionary import: the argument \"out\" is required; see"},
         {"dictionary import a b c", "dictionary import: \"c\" is one argument too many; see \"ostrel-form-wizard dict"},
         {"properties --dictonary=a", "there is no option \"--dictonary\"; available: --dictionary, "},
-        {"properties --dictionary a", "properties: --class is required; see \"ostrel-form-wizard properties --help\""},
+        {"dictionary import a", "import: out is missing; give a file for it: class dictionary; see"},
+        {"dictionary import a b -qv", "import: --quiet and --verbose exclude each other; give one of them; see"},
+        {"properties --dictionary a",
+         "properties: --class is missing; give --class NAME: the class; see \"ostrel-form-wizard properties --help\""},
         {"classes --dictionary", "classes: --dictionary needs a value behind it"},
         {"classes --dictionary a --dictionary b", "--dictionary is given more than once"},
         {"classes --json=x", "--json takes no value"},

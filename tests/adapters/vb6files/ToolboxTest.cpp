@@ -8,6 +8,7 @@ namespace {
 using namespace formwizard;
 using namespace formwizard::adapters::vb6files;
 using formwizard::tests::MemoryFileSystem;
+using namespace std::string_literals;
 
 constexpr const char* Query = "OSTRELQUERY.OstrelQueryCtrl.1";
 
@@ -75,7 +76,7 @@ TEST_CASE("A class that nothing knows is refused with what to supply and where")
   }
 }
 
-TEST_CASE("A damaged toolbox file is refused with the line") {
+TEST_CASE("A damaged toolbox file is refused with the line and column") {
   const std::string guid = "{5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B648}";
   for (const std::string& line :
        {std::string("Query"), std::string("Query="), "Query=" + guid, "Query=" + guid + "; A.OCX",
@@ -83,9 +84,11 @@ TEST_CASE("A damaged toolbox file is refused with the line") {
         "=" + guid + "#1.0#0; A.OCX", std::string("Query={5E1F0C3A-7B42-4D96-8A0E-2C91D7F3B64Z}#1.0#0; A.OCX"),
         "Query=Object=" + guid + "#1.0#0; A.OCX", "Query=" + guid + "#1.0#0; A\rObject=B.OCX"}) {
     CAPTURE(line);
-    const MemoryFileSystem files(MemoryFileSystem::Contents{{"t.ini", "[Toolbox]\r\n\r\n" + line + "\r\n"}});
+    const MemoryFileSystem files(MemoryFileSystem::Contents{{"t.ini", "[Toolbox]\r\n\r\n " + line + "\r\n"}});
     CHECK_THROWS_WITH_AS(Toolbox(files, "t.ini"),
-                         doctest::Contains("t.ini:3: expected \"ProgID={GUID}#version#0; FILE.OCX\", found \""),
+                         doctest::Contains(("t.ini:3:"s + (line.starts_with("Query=") ? "8" : "2") +
+                                            ": expected \"ProgID={GUID}#version#0; FILE.OCX\", found \"")
+                                               .c_str()),
                          support::InputError);
   }
   CHECK_THROWS_AS(Toolbox(MemoryFileSystem(), "none.ini"), support::InputError);
