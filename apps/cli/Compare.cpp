@@ -129,7 +129,7 @@ int CompareFiles(const CompareOptions& options) {
 void AddCompare(CLI::App& command, Task& task) {
   const auto options = std::make_shared<CompareOptions>();
   AddFile(command, "a", options->A, "a form, control, class, module or project")->required();
-  AddFile(command, "b", options->B, "another one")->required();
+  AddFile(command, "b", options->B, "the one to compare with")->required();
   AddCodePage(command, options->CodePage, "the Windows code page in which names are shown");
   command.add_flag("--json", options->Json, "show the result as JSON");
   command.callback([&task, options] { task = {[options] { return CompareFiles(*options); }, options->A}; });
