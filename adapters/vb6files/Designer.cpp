@@ -1,6 +1,5 @@
 #include "adapters/vb6files/Designer.h"
 
-#include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -60,17 +59,31 @@ void Designer::Rename(Control& control, std::string_view name) {
   std::string room;
   const std::string_view bytes = CodePageOfForm.Encoded(name, room);
   if (bytes == control.name_) return;
-  CheckObjectName(name);
+  Check(name);
   const bool isListed = &control != unlisted_;
   if (isListed) ListYoungest();
   const std::string_view kept = texts_.Kept(bytes);
   const auto [place, isFree] = byName_.emplace(kept, &control);
   if (!isFree && place->second != &control) {
+    Refuse(name, "which another control of the form has");
     runtime::Raise(runtime::NameConflict, "Name conflicts: the form already has a control '" + std::string(name) + "'");
   }
   if (isListed && isFree) byName_.erase(control.name_);
   if (!isListed) unlisted_ = nullptr;
   control.name_ = kept;
+}
+
+void Designer::Check(std::string_view name) {
+  try {
+    CheckObjectName(name);
+  } catch (const runtime::RuntimeError&) {
+    Refuse(name, ProblemOfObjectName(name));
+    throw;
+  }
+}
+
+void Designer::Refuse(std::string_view name, std::string_view problem) {
+  if (!refused_) refused_ = {std::string(name), std::string(problem)};
 }
 
 void Designer::Move(Control& control, Control& container) {

@@ -7,11 +7,13 @@
 #include "adapters/vb6files/PropertyText.h"
 #include "adapters/vb6files/Scale.h"
 #include "adapters/vb6files/Texts.h"
+#include "adapters/vb6files/Values.h"
 #include "generator/ide/Ide.h"
 #include "system/CodePage.h"
 
 #include <deque>
 #include <memory_resource>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -84,6 +86,9 @@ class Designer {
   // Null when the form has no such control; in any case of its letters.
   const Control* Find(std::string_view name) const { return Named(name); }
 
+  // The first name that a control was to have and could not, since the designer was made.
+  const std::optional<RefusedName>& FirstRefused() const { return refused_; }
+
   bool UsesLibrary(std::string_view library) const;
   // A menu bar is there when a menu of the top level is visible.
   bool HasMenuBar() const;
@@ -99,6 +104,8 @@ class Designer {
   Control* Named(std::string_view name) const;
   void ListYoungest();
   void Rename(Control& control, std::string_view name);
+  void Check(std::string_view name);
+  void Refuse(std::string_view name, std::string_view problem);
   void Move(Control& control, Control& container);
   void SetTabIndex(Control& control, int index);
   static void AppendLayers(const std::pmr::vector<Control*>& controls, FormText& out, int level, FrxBuilder& frx);
@@ -113,6 +120,7 @@ class Designer {
   Control* unlisted_ = nullptr;                   // the youngest, as long as it has its default name: most are renamed
   std::pmr::vector<Control*> topLevel_{&texts_};  // oldest first
   std::pmr::vector<Control*> tabOrder_{&texts_};
+  std::optional<RefusedName> refused_;
 };
 
 }  // namespace formwizard::adapters::vb6files

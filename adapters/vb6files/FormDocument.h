@@ -58,6 +58,8 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
 
   // True after any successful change.
   bool IsChanged() const { return changed_; }
+  // The first name that a control was to have and could not.
+  const std::optional<RefusedName>& FirstRefusedName() const { return designer_.FirstRefused(); }
   // Of a changed form that had code when it was read.
   std::optional<KeptCode> CodeKept() const;
   // The files as the environment writes them, or as they were read when nothing changed. `stem` is the file name

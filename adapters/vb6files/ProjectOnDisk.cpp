@@ -432,6 +432,11 @@ std::optional<KeptCode> ProjectOnDisk::CodeKeptIn(std::string_view name) const {
   return entry && entry->Document ? entry->Document->CodeKept() : std::nullopt;
 }
 
+std::optional<RefusedName> ProjectOnDisk::RefusedIn(std::string_view name) const {
+  const Entry* entry = FindEntry(codePage_.Encode(name));
+  return entry && entry->Document ? entry->Document->FirstRefusedName() : std::nullopt;
+}
+
 bool ProjectOnDisk::IsChanged() const {
   return project_.IsChanged() ||
          std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); });

@@ -22,6 +22,11 @@ bool IsDefault(const PropertyRow& row, const PropertyData& data);
 // A letter, then letters, digits and underscores, at most 40 characters; letters beyond ASCII are fine. Error 50132
 // "Not a legal object name: 'item'" otherwise.
 void CheckObjectName(std::string_view name);
+// A name that no object can have, and why, for a message: "which has 41 characters, and Visual Basic takes 40".
+struct RefusedName {
+  std::string Name, Problem;
+};
+
 // For a message: "which has 41 characters, and Visual Basic takes 40". Empty for such a name.
 std::string ProblemOfObjectName(std::string_view name);
 

@@ -1,7 +1,8 @@
-// What a form is going to be called.
+// What a form and its controls are going to be called.
 #pragma once
 
 #include "apps/cli/FormDescription.h"
+#include "model/FormModel.h"
 
 #include <string_view>
 
@@ -15,5 +16,10 @@ namespace formwizard::apps::cli {
 // `classCaption` is the name of the class without the package.
 void CheckFormName(adapters::vb6files::ProjectOnDisk& project, const GivenText& className,
                    std::string_view classCaption);
+
+// support::InputError, with the remedy, when a control of the form, which was made as `description` says and is not
+// finished, could not be called what it should. `model` has the fields in the order of the description.
+void CheckControlNames(const adapters::vb6files::ProjectOnDisk& project, std::string_view form,
+                       const FormDescription& description, const model::FormModel& model);
 
 }  // namespace formwizard::apps::cli

@@ -163,6 +163,9 @@ class Run {
       throw support::InputError(form.Source + ": no form was made; see the messages above");
     }
     result.Component = state.NewComponent->Name();
+    if (!options_.Check && !options_.AllowIncomplete) {
+      CheckControlNames(project_, result.Component, form, state.Form);
+    }
     if (!result.Failures.empty()) incomplete_ = true;
     if (const auto kept = project_.CodeKeptIn(result.Component)) {
       result.Notes.push_back(vb6files::NoteOn(result.Component, *kept));

@@ -189,9 +189,21 @@ TEST_CASE("What the environment refuses is reported under its routine, the form 
   // Names that are illegal in the environment: a popup is named after the property, which keeps its "%";
   // two properties make the same control name.
   WriteFile(work.Folder / "odd.json", R"({"systems":[{"name":"S","connect":"c","classes":[{"Name":"A.B","properties":[
-    {"Name":"%Owner","Datatype":0,"Type":"A.B"}, {"Name":"%Id"}, {"Name":"sys_Id"}]}]}]})");
+    {"Name":"%Owner","Datatype":0,"Type":"A.B"}, {"Name":"%Id"}, {"Name":"sys_Id"},
+    {"Name":"ThirtyFiveLettersInTheNameOfThisOne","Collection":"list"}]}]}]})");
   CheckDone(work.Run("dictionary import odd.json " + work.Dictionary));
-  const Outcome odd = work.Describe(R"({"class":"A.B","fields":["%Owner.%Id","%Id","sys_Id"]})");
+  const auto before = work.Files();
+  for (const auto& [fields, message] :
+       {std::pair{R"("%Owner.%Id")", R"(1:26: a control for %Owner.%Id would be called "mnu%Owner", which is no name)"},
+        {R"("%Id","sys_Id")", R"(1:32: a control for sys_Id would be called "lblsys_Id", which another control)"},
+        {R"("ThirtyFiveLettersInTheNameOfThisOne")",
+         R"(AddToEnd", which has 46 characters, and Visual Basic takes 40; leave)"}}) {
+    const Outcome refused = work.Describe(R"({"class":"A.B","fields":[)"s + fields + "]}");
+    CHECK(refused.Status == 3);
+    CHECK_MESSAGE(Has(refused.Error, message), refused.Error);
+    CHECK(work.Files() == before);
+  }
+  const Outcome odd = work.Describe(R"({"class":"A.B","fields":["%Owner.%Id","%Id","sys_Id"]})", "--allow-incomplete");
   CHECK(odd.Status == 5);
   for (const char* message :
        {"WriteConField - name is txtsys_Id : Name conflicts: the form already has a control 'txtsys_Id'",
