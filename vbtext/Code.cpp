@@ -1,27 +1,20 @@
 #include "vbtext/Code.h"
 
 #include "runtime/Conversions.h"
-#include "vbtext/Tokens.h"
+#include "vbtext/LogicalLines.h"
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 namespace formwizard::vbtext {
 namespace {
 
-using Statement = std::span<const Token>;
-
 bool IsOneOf(std::string_view word, auto... words) { return (runtime::EqualIgnoringCase(word, words) || ...); }
-
-std::string_view Word(Statement statement, std::size_t at) {
-  return at < statement.size() ? statement[at].Text : std::string_view();
-}
 
 // Without a line number and the words that say who may see the thing.
 Statement WithoutScope(Statement statement) {
   if (!statement.empty() && statement[0].Kind == TokenKind::Number) statement = statement.subspan(1);
-  while (IsOneOf(Word(statement, 0), "Private", "Public", "Friend", "Static", "Global")) {
+  while (IsOneOf(WordIn(statement, 0), "Private", "Public", "Friend", "Static", "Global")) {
     statement = statement.subspan(1);
   }
   return statement;
@@ -34,9 +27,9 @@ struct Heading {
 // The procedure that a statement begins.
 std::optional<Heading> ProcedureIn(Statement statement) {
   statement = WithoutScope(statement);
-  if (IsOneOf(Word(statement, 0), "Property") && IsOneOf(Word(statement, 1), "Get", "Let", "Set")) {
+  if (IsOneOf(WordIn(statement, 0), "Property") && IsOneOf(WordIn(statement, 1), "Get", "Let", "Set")) {
     statement = statement.subspan(1);
-  } else if (!IsOneOf(Word(statement, 0), "Sub", "Function")) {
+  } else if (!IsOneOf(WordIn(statement, 0), "Sub", "Function")) {
     return std::nullopt;
   }
   if (statement.size() < 2 || statement[1].Kind != TokenKind::Name) return std::nullopt;
@@ -45,71 +38,37 @@ std::optional<Heading> ProcedureIn(Statement statement) {
 
 bool EndsProcedure(Statement statement) {
   if (!statement.empty() && statement[0].Kind == TokenKind::Number) statement = statement.subspan(1);
-  return IsOneOf(Word(statement, 0), "End") && IsOneOf(Word(statement, 1), "Sub", "Function", "Property");
+  return IsOneOf(WordIn(statement, 0), "End") && IsOneOf(WordIn(statement, 1), "Sub", "Function", "Property");
 }
 
 bool BeginsBlock(Statement statement) {
   statement = WithoutScope(statement);
   const bool isWhole = statement.size() == 2 || (statement.size() == 3 && statement[2].Kind == TokenKind::Comment);
-  return isWhole && IsOneOf(Word(statement, 0), "Type", "Enum") && statement[1].Kind == TokenKind::Name;
+  return isWhole && IsOneOf(WordIn(statement, 0), "Type", "Enum") && statement[1].Kind == TokenKind::Name;
 }
 
 bool EndsBlock(Statement statement) {
-  return IsOneOf(Word(statement, 0), "End") && IsOneOf(Word(statement, 1), "Type", "Enum");
-}
-
-bool IsDirective(Statement statement) {
-  return Word(statement, 0) == "#" && IsOneOf(Word(statement, 1), "If", "ElseIf", "Else", "End", "EndIf");
+  return IsOneOf(WordIn(statement, 0), "End") && IsOneOf(WordIn(statement, 1), "Type", "Enum");
 }
 
 // What the statement declares first: "x" of "Private WithEvents x As Y".
 Heading DeclarationIn(Statement statement) {
   const Statement unscoped = WithoutScope(statement);
-  const std::string_view scope = unscoped.size() < statement.size() ? Word(statement, 0) : std::string_view();
-  Heading heading{Word(unscoped, 0), Word(unscoped, 1)};
+  const std::string_view scope = unscoped.size() < statement.size() ? WordIn(statement, 0) : std::string_view();
+  Heading heading{WordIn(unscoped, 0), WordIn(unscoped, 1)};
   if (IsOneOf(heading.Word, "Declare", "Attribute") && unscoped.size() > 2) {
-    heading.Name = IsOneOf(heading.Word, "Declare") ? Word(unscoped, 2) : heading.Name;
+    heading.Name = IsOneOf(heading.Word, "Declare") ? WordIn(unscoped, 2) : heading.Name;
   } else if (IsOneOf(heading.Word, "WithEvents") || IsOneOf(heading.Name, "WithEvents")) {
-    heading = {"WithEvents", Word(unscoped, IsOneOf(heading.Word, "WithEvents") ? 1 : 2)};
+    heading = {"WithEvents", WordIn(unscoped, IsOneOf(heading.Word, "WithEvents") ? 1 : 2)};
   } else if (!scope.empty() && !IsOneOf(heading.Word, "Const", "Type", "Enum", "Event", "Declare")) {
-    heading = {scope, Word(unscoped, 0)};
+    heading = {scope, WordIn(unscoped, 0)};
   }
   return heading;
 }
 
-// A line of the text with all that it goes on in.
-struct LogicalLine {
-  LineRange Lines;
-  std::vector<Token> Tokens;
-};
-
-class LogicalLines {
- public:
-  LogicalLines(const std::vector<Line>& lines, std::size_t from) : lines_(lines), at_(from) {}
-
-  // False at the end.
-  bool Next(LogicalLine& line) {
-    if (at_ == lines_.size()) return false;
-    line.Lines.First = at_;
-    line.Tokens.clear();
-    do {
-      const std::vector<Token>& tokens = tokenizer_.Read(lines_[at_++].Text);
-      std::ranges::copy_if(tokens, std::back_inserter(line.Tokens),
-                           [](const Token& token) { return token.Kind != TokenKind::Continuation; });
-    } while (tokenizer_.GoesOn() && at_ < lines_.size());
-    line.Lines.Behind = at_;
-    return true;
-  }
-
- private:
-  const std::vector<Line>& lines_;
-  std::size_t at_;
-  Tokenizer tokenizer_;
-};
-
 class Reader {
  public:
-  Reader(const std::vector<Line>& lines, std::size_t from) : lines_(lines, from), unread_{from, from} {}
+  Reader(const std::vector<Line>& lines, std::size_t from) : lines_(lines, {from, lines.size()}), unread_{from, from} {}
 
   Module Read() {
     for (LogicalLine line; lines_.Next(line);) {
@@ -156,7 +115,7 @@ class Reader {
   }
 
   void ReadDirective(const LogicalLine& line) {
-    const std::string_view word = Word(line.Tokens, 1);
+    const std::string_view word = WordIn(line.Tokens, 1);
     std::string condition;
     for (const Token& token : Statement(line.Tokens).subspan(1)) {
       AppendFolded(token.Text, condition);

@@ -26,7 +26,7 @@ struct Task {
 // see.
 using AddOptions = void(CLI::App& command, Task& task);
 AddOptions AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddCompare,
-    AddMerge, AddRender, AddDoctor;
+    AddMerge, AddLint, AddRender, AddDoctor;
 
 // An option, or an argument when the name has no dashes, that takes a path. One that no file can have ends in
 // support::InputError.

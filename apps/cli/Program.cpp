@@ -30,7 +30,7 @@ struct Command {
 };
 
 // In the order of the help text.
-constexpr std::array<Command, 11> Commands{{
+constexpr std::array<Command, 12> Commands{{
     {"generate", "create forms in a project", AddGenerate},
     {"wizard", "open the wizard's dialogs over a project", AddWizard},
     {"systems", "list the systems of a dictionary", AddSystems},
@@ -40,6 +40,7 @@ constexpr std::array<Command, 11> Commands{{
     {"dictionary", "make a dictionary from JSON, or JSON from a dictionary", AddDictionary},
     {"compare", "say what differs between two files as Visual Basic sees them", AddCompare},
     {"merge", "merge what two sides made of one file", AddMerge},
+    {"lint", "say what Visual Basic would refuse, lose or mangle in files or a project", AddLint},
     {"render", "draw a form into a picture (needs the desktop program)", AddRender},
     {"doctor", "look at the installation and say what mends it", AddDoctor},
 }};
@@ -104,7 +105,8 @@ std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   app.group("Commands");
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 --check found a difference or doctor a fault, 2 wrong usage, 3 an input is missing or\n"
+      "Exit status: 0 done, 1 --check found a difference, doctor or lint a fault, 2 wrong usage, 3 an input is missing "
+      "or\n"
       "invalid, 4 saving failed and nothing was changed, 5 a form is incomplete, the wizard was cancelled or what\n"
       "came after saving failed.");
   for (const Command& command : Commands) AddCommand(app, command, task);

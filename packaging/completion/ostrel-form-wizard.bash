@@ -93,7 +93,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | wizard | systems | classes | properties | queries | dictionary | compare | merge | render | doctor)
+      generate | wizard | systems | classes | properties | queries | dictionary | compare | merge | lint | render | doctor)
         command=${words[i]}
         break
         ;;
@@ -101,8 +101,8 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary compare merge render
-      doctor'
+    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary compare merge
+      lint render doctor'
     return
   fi
   if [[ $command == dictionary ]]; then
@@ -135,6 +135,13 @@ _ostrel_form_wizard() {
         _ostrel_form_wizard_words 'marks mine theirs'
       elif [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --output --style --conflicts --marker-size --path --code-page'
+      else
+        _filedir '@(frm|bas|cls|ctl|pag|dob|vbp)'
+      fi
+      ;;
+    lint)
+      if [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --project --all --code-page --json'
       else
         _filedir '@(frm|bas|cls|ctl|pag|dob|vbp)'
       fi

@@ -90,13 +90,14 @@ for command in 'generate	create forms in a project' \
     'dictionary	make a dictionary from JSON, or JSON from a dictionary' \
     'compare	say what differs between two files as Visual Basic sees them' \
     'merge	merge what two sides made of one file' \
+    'lint	say what Visual Basic would refuse, lose or mangle in files or a project' \
     'render	draw a form into a picture' \
     'doctor	look at the installation and say what mends it'
     complete -c $program -f -n '__ostrel_form_wizard_in ""' -a (string split \t $command)[1] \
         -d (string split \t $command)[2]
 end
 
-__ostrel_form_wizard_option --project 'generate wizard' 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
+__ostrel_form_wizard_option --project 'generate wizard lint' 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
 __ostrel_form_wizard_option --dictionary "$sources desktop" 'the class dictionary' -rF
 __ostrel_form_wizard_option --system 'generate classes properties queries' 'the system' -xa \
     '(__ostrel_form_wizard_names systems)'
@@ -107,7 +108,7 @@ __ostrel_form_wizard_option --fields generate 'its properties in order' -xa '(__
 __ostrel_form_wizard_option --set generate 'a setting for this run' -xa "Bold= Button= CollectionRows= Columns= FormSizable=
     ImageRows= LabelAlignLeft= Menu= MultilineRows= New= Save= Search= SearchClear= SearchNew= SearchPredicates=
     SearchSort= Statusbar= Toolbar="
-__ostrel_form_wizard_option --code-page "$in_project compare merge render" 'the Windows code page of the project\'s files' -xa \
+__ostrel_form_wizard_option --code-page "$in_project compare merge lint render" 'the Windows code page of the project\'s files' -xa \
     '874 932 936 949 950 1250 1251 1252 1253 1254 1255 1256 1257 1258 65001'
 __ostrel_form_wizard_option --toolbox "$in_project" 'a project that uses the query control, or a file of libraries' -xa \
     "(__ostrel_form_wizard_files '(?:ini|vbp)')"
@@ -124,9 +125,10 @@ __ostrel_form_wizard_option --descriptions-from generate 'a list of form descrip
 __ostrel_form_wizard_option --journal generate 'write every change to the project as a line of JSON' -rF
 __ostrel_form_wizard_option --force generate 'let the journal replace a file that is no journal'
 __ostrel_form_wizard_option --force dictionary 'replace the file also when it is something else'
-__ostrel_form_wizard_option --json "generate compare doctor $listings" 'show the result as JSON'
+__ostrel_form_wizard_option --json "generate compare lint doctor $listings" 'show the result as JSON'
 __ostrel_form_wizard_option --all classes 'system and not persistent classes too'
 __ostrel_form_wizard_option --all properties 'those that no form can show too'
+__ostrel_form_wizard_option --all lint 'also ask the rules that are left out otherwise'
 __ostrel_form_wizard_option --description properties 'show a form description that chooses all of them'
 __ostrel_form_wizard_option --output merge 'the result' -rF
 __ostrel_form_wizard_option --style merge 'what stands between the marks' -xa 'merge diff3 zdiff3'
@@ -140,7 +142,7 @@ __ostrel_form_wizard_option --render desktop 'draw a form into a picture and exi
     '(__ostrel_form_wizard_files frm)'
 
 complete -c $program -f -n '__ostrel_form_wizard_in generate' -a '(__ostrel_form_wizard_files json)'
-complete -c $program -f -n '__ostrel_form_wizard_in compare merge' \
+complete -c $program -f -n '__ostrel_form_wizard_in compare merge lint' \
     -a '(__ostrel_form_wizard_files "(frm|bas|cls|ctl|pag|dob|vbp)")'
 complete -c $program -f -n '__ostrel_form_wizard_in render' -a '(__ostrel_form_wizard_files "(frm|png|svg)")'
 complete -c $program -f -n "__ostrel_form_wizard_in wizard doctor $listings"
