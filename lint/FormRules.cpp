@@ -39,7 +39,7 @@ class CompanionCheck {
     if (found->second && reference.Offset >= *found->second) {
       report_(property.Lines.First, name + " refers to byte " + std::to_string(reference.Offset) + " of " + file +
                                         ", which has " + std::to_string(*found->second));
-    } else if (!found->second) {
+    } else if (!found->second && isNew) {
       report_(property.Lines.First, name + " refers to " + file + ", which is not there");
     }
   }

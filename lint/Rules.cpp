@@ -40,7 +40,7 @@ constexpr std::array Table{
          "project that is looked at as a whole, any when there is no such line.",
          "add the line, as another form of the project has it", CheckControlLibraries},
     Rule{"companion-reference", Error,
-         "A property refers to a place behind the end of the .frx, or to a file that is not there.",
+         "A property refers to a place behind the end of the .frx, or to a file that is not there, which is told once.",
          "restore the file that belongs to the form, or remove the property", CheckCompanionReferences},
     Rule{"unbalanced-procedure", Error,
          "A procedure, Type, Enum or #If does not end, or ends without a beginning; the first of the file.",

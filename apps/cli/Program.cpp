@@ -105,9 +105,9 @@ std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   app.group("Commands");
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 --check found a difference, doctor or lint a fault, 2 wrong usage, 3 an input is missing "
-      "or\n"
-      "invalid, 4 saving failed and nothing was changed, 5 a form is incomplete, the wizard was cancelled or what\n"
+      "Exit status: 0 done, 1 --check found a difference, doctor or lint a fault, 2 wrong usage, 3 an input is "
+      "missing\n"
+      "or invalid, 4 saving failed and nothing was changed, 5 a form is incomplete, the wizard was cancelled or what\n"
       "came after saving failed.");
   for (const Command& command : Commands) AddCommand(app, command, task);
   const bool isJson = WantsJson(arguments);
