@@ -41,7 +41,10 @@ class SeriesFinder {
   }
 
  private:
-  static std::size_t At(int diagonal, int most) { return static_cast<std::size_t>(diagonal + most + 1); }
+  static std::size_t At(int diagonal, int most) {
+    const int place = diagonal + most + 1;
+    return static_cast<std::size_t>(place);
+  }
   bool IsEqualAt(int x, int y) const {
     return x >= 0 && y >= 0 && static_cast<std::size_t>(x) < a_.size() && static_cast<std::size_t>(y) < b_.size() &&
            a_[static_cast<std::size_t>(x)] == b_[static_cast<std::size_t>(y)];

@@ -101,8 +101,7 @@ TEST_CASE("A form made in the dialogs is saved and told of, a cancelled one leav
 
   const Outcome tried = place.Use({"--journal", journal, "--dry-run"}, MakeForm);
   CHECK(tried.Status == 0);
-  CHECK(tried.Out ==
-        "would write " + frm + "frmPerson: 1 fields of Sample.Person\nwould write " + place.Project + "\n");
+  CHECK(tried.Out == "would write " + frm + "frmPerson: 1 field of Sample.Person\nwould write " + place.Project + "\n");
   CHECK(ReadFile(journal).starts_with("{\"call\":\"AddToolboxProgID\""));
   CHECK(place.Files() == before);
 
