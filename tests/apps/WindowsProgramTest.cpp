@@ -1,17 +1,8 @@
 // What the command line program is to Windows, and what only there can go wrong with its arguments, paths and output.
 #include "system/WholeFile.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/RunProgram.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <doctest/doctest.h>
 
 #include <windows.h>
-
-#include <array>
-#include <string>
-#include <tuple>
-#include <vector>
 
 using namespace formwizard;
 using namespace formwizard::tests;
@@ -113,11 +104,11 @@ TEST_CASE("Names of descriptions may have wildcards, and one that no file fits s
   }
   const Outcome both = place.Run(place.Generate("--dry-run \"my forms\\FORM?.json\""));
   CHECK_MESSAGE(both.Status == 0, both.Error);
-  CHECK(both.Out.find("frmPerson2.frm") != std::string::npos);
-  CHECK(both.Out.find("frmPerson3.frm") == std::string::npos);
+  CHECK(Has(both.Out, "frmPerson2.frm"));
+  CHECK_FALSE(Has(both.Out, "frmPerson3.frm"));
   const Outcome none = place.Run(place.Generate("--dry-run forms/*.txt"));
   CHECK(none.Status == 3);
-  CHECK_MESSAGE(none.Error.find("forms/*.txt: there is no such file") != std::string::npos, none.Error);
+  CHECK_MESSAGE(Has(none.Error, "forms/*.txt: there is no such file"), none.Error);
 }
 
 TEST_CASE("Long paths work, and longer ones than the machine takes stop the run before anything is written") {

@@ -2,17 +2,11 @@
 #include "apps/common/Dictionaries.h"
 #include "tests/adapters/win32/Anew.h"
 #include "tests/adapters/win32/User.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RunHere.h"
 #include "tests/support/SampleDictionary.h"
 
-#include <doctest/doctest.h>
-
 #include <commctrl.h>
-
-#include <cstdlib>
-#include <filesystem>
 
 using namespace formwizard;
 using namespace formwizard::tests;
@@ -97,7 +91,7 @@ TEST_CASE("A form made in the dialogs is saved and told of, a cancelled one leav
   CHECK(cancelled.Out.empty());
   CHECK(cancelled.Error == "ostrel-form-wizard: " + place.Project + ": no form was made; the project is as it was\n");
   CHECK(ReadFile(journal).empty());
-  CHECK(ReadFile(place.Profile).find("LastConnect=Samples") != std::string::npos);
+  CHECK(Has(ReadFile(place.Profile), "LastConnect=Samples"));
 
   const Outcome tried = place.Use({"--journal", journal, "--dry-run"}, MakeForm);
   CHECK(tried.Status == 0);

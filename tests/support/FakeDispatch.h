@@ -7,26 +7,17 @@
 #include "adapters/com/Failures.h"
 #include "adapters/com/Text.h"
 #include "adapters/com/Value.h"
+#include "tests/support/Test.h"
 
 #include <windows.h>
 
-#include <doctest/doctest.h>
 #include <objbase.h>
 #include <ocidl.h>
 #include <oleauto.h>
 
-#include <algorithm>
 #include <any>
-#include <array>
 #include <concepts>
 #include <cstring>
-#include <functional>
-#include <map>
-#include <optional>
-#include <set>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace formwizard::tests {
 
@@ -85,14 +76,12 @@ inline std::set<std::string> UsedMembers;
 inline std::function<void(const std::string&)> AtEachCall;
 
 // Stands in every test case: nothing may be left when it ends, and everything that was to fail must have failed.
-struct NothingIsLeft {
+struct NothingIsLeft : Pinned {
   NothingIsLeft() {
     PlannedFailures.clear();
     AtEachCall = nullptr;
     com::Check(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));  // as the environment's own thread
   }
-  NothingIsLeft(const NothingIsLeft&) = delete;
-  NothingIsLeft& operator=(const NothingIsLeft&) = delete;
   ~NothingIsLeft() {
     CHECK(com::LivingObjects == 0);
     for (const auto& [member, plan] : PlannedFailures) FAIL_CHECK("did not fail: ", member);

@@ -1,13 +1,8 @@
 #include "adapters/com/Automation.h"
 #include "adapters/com/Failures.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDispatch.h"
 
-#include <doctest/doctest.h>
-
-#include <functional>
 #include <new>
-#include <stdexcept>
 
 using namespace formwizard;
 namespace com = adapters::com;

@@ -2,12 +2,8 @@
 #include "adapters/com/ComCommandBars.h"
 #include "adapters/com/ComEnvironment.h"
 #include "tests/apps/addin-dll/HostMenus.h"
-#include "tests/support/ErrorNumber.h"
 
-#include <doctest/doctest.h>
 #include <olectl.h>
-
-#include <stdexcept>
 
 using namespace formwizard;
 using namespace formwizard::tests;

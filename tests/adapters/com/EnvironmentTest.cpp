@@ -3,8 +3,6 @@
 #include "tests/apps/addin-dll/HostEnvironment.h"
 #include "tests/support/GenerationFixture.h"
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

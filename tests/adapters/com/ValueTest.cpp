@@ -1,11 +1,7 @@
 #include "adapters/com/Text.h"
 #include "adapters/com/Value.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/FakeDispatch.h"
 
-#include <doctest/doctest.h>
-
-#include <functional>
 #include <limits>
 
 using namespace formwizard;

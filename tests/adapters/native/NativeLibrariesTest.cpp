@@ -1,13 +1,9 @@
 #include "adapters/native/NativeLibraries.h"
 #include "adapters/satellite/StringResources.h"
 
-#include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <doctest/doctest.h>
-
 #include <random>
-#include <string>
 
 using namespace formwizard::tests;
 

@@ -1,14 +1,11 @@
 #include "tests/adapters/win32/Anew.h"
+#include "tests/support/Test.h"
 
 #include "adapters/win32/Text.h"
-
-#include <doctest/doctest.h>
 
 #include <windows.h>
 
 #include <process.h>
-#include <array>
-#include <cstdlib>
 
 namespace formwizard::tests {
 namespace {

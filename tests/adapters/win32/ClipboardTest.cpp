@@ -1,16 +1,10 @@
 // What the user has on the clipboard, and what other programs do with it.
 #include "adapters/win32/Clipboard.h"
 #include "adapters/win32/WindowClass.h"
+#include "tests/support/Test.h"
 
-#include <doctest/doctest.h>
-
-#include <array>
 #include <cstring>
-#include <functional>
-#include <map>
 #include <span>
-#include <stdexcept>
-#include <string>
 
 using namespace formwizard::adapters::win32;
 

@@ -1,14 +1,10 @@
 #include "tests/adapters/win32/Densities.h"
+#include "tests/support/Test.h"
 
 #include "adapters/win32/Screen.h"
 #include "tests/adapters/win32/Anew.h"
 
-#include <doctest/doctest.h>
-
 #include <windows.h>
-
-#include <cstdlib>
-#include <string>
 
 namespace formwizard::tests {
 namespace {

@@ -8,9 +8,6 @@
 #include "tests/adapters/win32/User.h"
 #include "tests/support/SampleDictionary.h"
 
-#include <string>
-#include <utility>
-
 namespace formwizard::tests {
 
 // The satellites that were built, for a user of one language.

@@ -6,12 +6,6 @@
 #include "tests/adapters/win32/Picture.h"
 #include "tests/support/Languages.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
-#include <array>
-#include <vector>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 
@@ -38,7 +32,7 @@ LONG TakenBeside(HWND window) {
 }
 
 // What is drawn in a window with its own font.
-class Drawing {
+class Drawing : Pinned {
  public:
   explicit Drawing(HWND window) : window_(window), context_(GetDC(window)) {
     previous_ = SelectObject(context_, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
@@ -47,8 +41,6 @@ class Drawing {
     SelectObject(context_, previous_);
     ReleaseDC(window_, context_);
   }
-  Drawing(const Drawing&) = delete;
-  Drawing& operator=(const Drawing&) = delete;
 
   SIZE SizeOf(const std::wstring& text, LONG width) const {
     RECT needed{0, 0, width, 0};

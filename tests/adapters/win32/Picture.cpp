@@ -3,9 +3,6 @@
 #include "adapters/win32/Handles.h"
 #include "tests/adapters/win32/User.h"
 
-#include <windows.h>
-
-#include <cstdlib>
 #include <fstream>
 
 namespace formwizard::tests {

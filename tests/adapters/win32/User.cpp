@@ -4,15 +4,7 @@
 #include "adapters/win32/Text.h"
 #include "ui/Form.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
-#include <array>
 #include <atomic>
-#include <cstdlib>
-#include <stdexcept>
-#include <utility>
-#include <vector>
 
 namespace formwizard::tests {
 

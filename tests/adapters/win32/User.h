@@ -7,23 +7,16 @@
 
 #include <commctrl.h>
 
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace formwizard::tests {
 
 // Whether the system has the font that the dialogs are designed for. Without it texts have other widths.
 bool HasDialogFont();
 
 // The visible window that owns the dialogs. It runs what other threads want done on its own.
-class MainWindow {
+class MainWindow : Pinned {
  public:
   MainWindow();
   ~MainWindow();
-  MainWindow(const MainWindow&) = delete;
-  MainWindow& operator=(const MainWindow&) = delete;
 
   HWND Handle() const { return handle_; }
   void Run(const std::function<void()>& work) const;

@@ -3,12 +3,6 @@
 #include "tests/adapters/win32/DialogFixture.h"
 #include "ui/OptionButton.h"
 
-#include <doctest/doctest.h>
-
-#include <array>
-#include <stdexcept>
-#include <utility>
-
 using namespace formwizard;
 using namespace formwizard::tests;
 

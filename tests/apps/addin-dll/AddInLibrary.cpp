@@ -3,13 +3,8 @@
 #include "adapters/com/Failures.h"
 #include "apps/registration/Registration.h"
 #include "system/Text.h"
-#include "tests/support/BuildTree.h"
 
 #include <objbase.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <stdexcept>
 
 namespace formwizard::tests::host {
 namespace {

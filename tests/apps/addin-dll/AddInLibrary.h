@@ -9,9 +9,6 @@
 
 #include <oleauto.h>
 
-#include <array>
-#include <string>
-
 namespace formwizard::tests::host {
 
 namespace com = adapters::com;
@@ -45,12 +42,10 @@ inline HRESULT Disconnect(IUnknown* addIn) {
 std::string Installer();
 
 // A copy of the library, whose profile file stands beside it and goes with it; or the installed one.
-class AddInLibrary {
+class AddInLibrary : Pinned {
  public:
   AddInLibrary();
   ~AddInLibrary();
-  AddInLibrary(const AddInLibrary&) = delete;
-  AddInLibrary& operator=(const AddInLibrary&) = delete;
 
   std::string Path() const { return library_; }
   // With the separator at its end.

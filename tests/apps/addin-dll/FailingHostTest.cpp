@@ -1,10 +1,6 @@
 // What the environment and the server refuse is shown to the user, who goes on.
 #include "tests/apps/addin-dll/HostFixture.h"
 
-#include <doctest/doctest.h>
-
-#include <string>
-
 using namespace formwizard::tests;
 using namespace formwizard::tests::host;
 
@@ -55,25 +51,6 @@ TEST_CASE("A server that fails is reported, and the step can be tried again") {
     CHECK(IsAtStep(4));
     Press(VK_ESCAPE);
   });
-}
-
-TEST_CASE("Without a form to write into every step is reported, and the wizard can only be cancelled") {
-  HostFixture host(OneClass);
-  host.Connect();
-  PlannedFailures = {{"VBComponents.Item", Failure::Hresult}, {"VBComponents.Add", Failure::Exception}};
-  std::string reports;
-  host.UseWizard([&] {
-    ChooseNumber();
-    Finish();
-    while (IsAtMessage()) reports += DismissMessage() + "\n";
-    PressAccessKey('N');
-    CHECK(IsAtStep(4));
-    Press(VK_ESCAPE);
-  });
-  const std::string notSet = DescriptionOf(Failure::Null);
-  CHECK(reports.starts_with(Report("WriteForm", "Permission denied") + "\n" + Report("WriteForm", "The host refuses") +
-                            "\n" + Report("WriteForm", notSet) + "\n"));
-  CHECK(reports.ends_with(Report("cmdFinish_Click", notSet) + "\n"));
 }
 
 TEST_CASE(

@@ -1,8 +1,5 @@
 #include "tests/apps/addin-dll/HostEnvironment.h"
 
-#include <memory>
-#include <utility>
-
 namespace formwizard::tests::host {
 namespace {
 

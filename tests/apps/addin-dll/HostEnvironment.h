@@ -4,19 +4,13 @@
 #include "tests/apps/addin-dll/HostMenus.h"
 #include "tests/support/MemoryProject.h"
 
-#include <windows.h>
-
-#include <string>
-
 namespace formwizard::tests::host {
 
-class HostEnvironment {
+class HostEnvironment : Pinned {
  public:
   // The window owns what the add-in shows; both must outlive this object.
   explicit HostEnvironment(MemoryProject& project, HWND mainWindow = nullptr)
       : project_(project), mainWindow_(mainWindow) {}
-  HostEnvironment(const HostEnvironment&) = delete;
-  HostEnvironment& operator=(const HostEnvironment&) = delete;
 
   std::string Version = "6.00";
   HostMenus Menus;

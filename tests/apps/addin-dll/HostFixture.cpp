@@ -1,5 +1,4 @@
 #include "tests/apps/addin-dll/HostFixture.h"
-#include "tests/support/BuildTree.h"
 
 namespace formwizard::tests::host {
 namespace {

@@ -7,14 +7,6 @@
 #include "tests/apps/addin-dll/HostServer.h"
 #include "tests/support/SampleDictionary.h"
 
-#include <doctest/doctest.h>
-
-#include <fstream>
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-
 namespace formwizard::tests::host {
 
 // Whether the wizard has the user's input and shows a step.
@@ -22,7 +14,7 @@ bool IsAtStep(int step);
 // Presses the button that makes the form, and waits until the wizard is closed or tells something.
 void Finish();
 
-struct HostFixture {
+struct HostFixture : Pinned {
   NothingIsLeft AtTheEnd;
   MainWindow Window;
   TemporaryFolder Folder;
@@ -35,8 +27,6 @@ struct HostFixture {
   // `dictionary` is JSON; empty: the sample's. `code` is what the sample project's form has already.
   explicit HostFixture(const std::string& dictionary = "", const std::string& code = "");
   ~HostFixture();
-  HostFixture(const HostFixture&) = delete;
-  HostFixture& operator=(const HostFixture&) = delete;
 
   Menu& AddInsMenu() { return Environment.Menus.At(HostMenus::AddIns); }
   // The one that is third on its menu; null when there is none.

@@ -2,8 +2,6 @@
 
 #include <olectl.h>
 
-#include <utility>
-
 namespace formwizard::tests::host {
 
 using com::ComPtr;

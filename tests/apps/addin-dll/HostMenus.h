@@ -4,9 +4,6 @@
 #include "tests/support/FakeDispatch.h"
 
 #include <cstddef>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace formwizard::tests::host {
 

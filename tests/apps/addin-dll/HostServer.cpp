@@ -4,9 +4,6 @@
 
 #include <objbase.h>
 
-#include <string_view>
-#include <utility>
-
 namespace formwizard::tests::host {
 namespace {
 

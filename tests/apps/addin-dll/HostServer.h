@@ -4,18 +4,14 @@
 #include "tests/support/FakeDispatch.h"
 #include "wizard/factory/Factory.h"
 
-#include <memory>
-
 namespace formwizard::tests::host {
 
 // "OstrelObject.Factory" can be created in this process as long as it lives. `PlannedFailures` of "Server.Create" make
 // that fail.
-class HostServer {
+class HostServer : Pinned {
  public:
   explicit HostServer(std::unique_ptr<wizard::factory::FactoryCreator> dictionary);
   ~HostServer();
-  HostServer(const HostServer&) = delete;
-  HostServer& operator=(const HostServer&) = delete;
 
  private:
   std::unique_ptr<wizard::factory::FactoryCreator> dictionary_;

@@ -1,9 +1,6 @@
 // The library that an installer has installed, as the environment finds it; packaging/check-windows runs this.
 #include "tests/apps/addin-dll/HostFixture.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
-
-#include <doctest/doctest.h>
 
 #include <process.h>
 
@@ -25,5 +22,5 @@ TEST_CASE("The installed library makes the form, and as long as it is loaded it 
     Finish();
   });
   CheckSameFiles(host.Project.Saved(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
-  CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
+  CHECK(Has(ReadFile(host.Library.Profile()), "Columns=2"));
 }

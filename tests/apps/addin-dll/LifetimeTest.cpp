@@ -3,12 +3,6 @@
 #include "tests/adapters/win32/Anew.h"
 #include "tests/apps/addin-dll/HostFixture.h"
 
-#include <doctest/doctest.h>
-
-#include <array>
-#include <functional>
-#include <vector>
-
 using namespace formwizard::tests;
 using namespace formwizard::tests::host;
 using formwizard::adapters::com::ComPtr;
@@ -179,19 +173,6 @@ TEST_CASE("The environment's windows keep their own controls while the wizard is
   CHECK(controlsOfTrees != own);  // the wizard's are the newer ones
   CHECK(::IsWindowEnabled(tool));
   ::DestroyWindow(tool);
-}
-
-TEST_CASE("The message that ends the host closes the wizard and reaches the host's loop") {
-  HostFixture host;
-  host.Connect();
-  MSG message{};
-  UseWindows(
-      [&] {
-        CHECK(Click(host.WizardCommand()));
-        CHECK(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-      },
-      [&] { host.Window.Run([] { ::PostQuitMessage(7); }); });
-  CHECK(message.wParam == 7);
 }
 
 TEST_CASE(

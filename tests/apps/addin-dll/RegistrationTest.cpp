@@ -5,11 +5,8 @@
 #include "tests/apps/addin-dll/AddInLibrary.h"
 #include "tests/support/FakeDispatch.h"
 
-#include <doctest/doctest.h>
 #include <olectl.h>
 #include <sddl.h>
-
-#include <algorithm>
 
 using namespace formwizard::tests;
 using namespace formwizard::tests::host;
@@ -59,12 +56,10 @@ HRESULT CreateRegistered(ComPtr<IUnknown>& addIn) {
 }
 
 // Who may do what with the machine's keys of the add-in, as long as it lives.
-class Rights {
+class Rights : Pinned {
  public:
   explicit Rights(const wchar_t* granted) { Set(granted); }
   ~Rights() { Set(L"D:(A;;KA;;;WD)"); }
-  Rights(const Rights&) = delete;
-  Rights& operator=(const Rights&) = delete;
 
  private:
   static void Set(const wchar_t* granted) {

@@ -3,10 +3,7 @@
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Platform.h"
 #include "tests/apps/addin-dll/HostFixture.h"
-#include "tests/support/ErrorNumber.h"
 #include "tests/support/RunHere.h"
-
-#include <sstream>
 
 using namespace formwizard;
 using namespace formwizard::tests;
@@ -51,5 +48,5 @@ TEST_CASE("The installed server is looked at, and a dictionary is taken from it,
   apps::common::ExportDictionary(folder / "second", second);
   CHECK(second.str() == first.str());
   // Without one that is installed there is a reason and a remedy.
-  CHECK(RunHere({"systems", "--server"}).Error.find("install the server's client") != std::string::npos);
+  CHECK(Has(RunHere({"systems", "--server"}).Error, "install the server's client"));
 }

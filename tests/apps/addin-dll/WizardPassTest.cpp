@@ -2,12 +2,7 @@
 #include "tests/adapters/win32/Densities.h"
 #include "tests/adapters/win32/Picture.h"
 #include "tests/apps/addin-dll/HostFixture.h"
-#include "tests/support/BuildTree.h"
 #include "tests/support/Golden.h"
-
-#include <doctest/doctest.h>
-
-#include <string>
 
 using namespace formwizard::tests;
 using namespace formwizard::tests::host;
@@ -53,7 +48,7 @@ TEST_CASE("A form made in the environment, by keyboard alone or by mouse, is the
       host.Connect();
       host.UseWizard(choose);
       CheckSameFiles(host.Project.Saved(), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
-      CHECK(ReadFile(host.Library.Profile()).find("Columns=2") != std::string::npos);
+      CHECK(Has(ReadFile(host.Library.Profile()), "Columns=2"));
     }
   });
 }

@@ -2,13 +2,6 @@
 #include "apps/registration/Registration.h"
 #include "tests/support/RunProgram.h"
 
-#include <doctest/doctest.h>
-
-#include <array>
-#include <functional>
-#include <sstream>
-#include <vector>
-
 using namespace formwizard::tests;
 using namespace formwizard::apps::registration;
 
@@ -47,7 +40,7 @@ void Collect(HKEY parent, const std::string& name, std::ostream& all) {
   ::RegCloseKey(key);
 }
 
-class Installation {
+class Installation : Pinned {
  public:
   Installation() {
     for (const char* name : {"ostrel-form-wizard.exe", "OstrelFormWizard.dll", "OstrelFormWizardDEU.dll"}) {
@@ -71,8 +64,6 @@ class Installation {
     std::filesystem::remove("C:\\windows\\system32\\mscomctl.ocx");
     Unregister(BothScopes);
   }
-  Installation(const Installation&) = delete;
-  Installation& operator=(const Installation&) = delete;
 
   static std::string Class() { return Classes + "CLSID\\" + TestClass; }
   std::string operator/(const std::string& name) const { return folder_ / name; }
