@@ -239,6 +239,7 @@ class CodeMerger {
   };
 
   void MergeProcedure(const Thing& thing) {
+    if (!thing.Mine && !thing.Theirs) return;  // both took it out
     const std::string_view base = thing.Base ? base_.Text(*thing.Base) : std::string_view();
     const std::string_view mine = thing.Mine ? mine_.Text(*thing.Mine) : std::string_view();
     const std::string_view theirs = thing.Theirs ? theirs_.Text(*thing.Theirs) : std::string_view();

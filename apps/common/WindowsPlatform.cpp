@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace formwizard::apps::common {
 
@@ -108,9 +109,9 @@ std::vector<std::string> Arguments(int, char**) {
 
 std::vector<std::string> FilesMeant(std::vector<std::string> names) {
   std::vector<std::string> files;
-  for (const std::string& name : names) {
+  for (std::string& name : names) {
     const std::vector<std::string> found = FilesLike(name);
-    if (found.empty()) files.push_back(name);
+    if (found.empty()) files.push_back(std::move(name));
     files.insert(files.end(), found.begin(), found.end());
   }
   return files;
