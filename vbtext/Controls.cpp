@@ -34,7 +34,7 @@ class Matcher {
 
   std::vector<std::size_t> Run() {
     Take(0, 0);
-    TakeWhere([](const Control& control, std::size_t) { return control.Key; });
+    TakeByKey();
     TakeWhere([](const Control& control, std::size_t) { return Folded(control.Node->Name); });
     // Containers come before what they contain, so that theirs are known.
     TakeWhere([](const Control& control, std::size_t parent) { return Likeness(*control.Node, parent); });
@@ -45,6 +45,19 @@ class Matcher {
   void Take(std::size_t a, std::size_t b) {
     matches_[a] = b;
     isTaken_[b] = true;
+  }
+
+  // In a form that is not as it should be, the second one of a key is its second.
+  static std::string Counted(const std::string& key, std::unordered_map<std::string, std::size_t>& counts) {
+    return key + "\n" + std::to_string(counts[key]++);
+  }
+  void TakeByKey() {
+    std::unordered_map<std::string, std::size_t> countsA, countsB, places;
+    for (std::size_t i = 1; i < b_.size(); ++i) places.emplace(Counted(b_[i].Key, countsB), i);
+    for (std::size_t i = 1; i < a_.size(); ++i) {
+      const auto found = places.find(Counted(a_[i].Key, countsA));
+      if (found != places.end()) Take(i, found->second);
+    }
   }
 
   // Those that are not taken yet and whose text only one of each side has.

@@ -194,6 +194,9 @@ TEST_CASE("What somebody changed is named") {
     CAPTURE(c.From);
     CHECK(Found({Form, Records}, {Replaced(Form, c.From, c.To), Records}) == c.Differences);
   }
+  const std::string twice = Replaced(Form, "CommandButton cmd ", "TextBox txt ");
+  CHECK(Found({Replaced(twice, "TabIndex        =   2", "Index = 0"), Records},
+              {Replaced(twice, "TabIndex        =   2", "Index = 0"), Records}) == "");
   std::string other = Records;
   other.back() = 'd';
   CHECK(Found({Form, Records}, {Form, other}) == "changed property txt(0).Text\n");
