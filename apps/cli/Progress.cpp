@@ -47,9 +47,10 @@ void Progress::Show(double done, double total) {
 std::string Progress::LineOf(double done, double total, double seconds) const {
   constexpr double megabyte = 1e6, whole = 100;
   if (total <= 0) return what_ + ": " + std::to_string(std::lround(done / megabyte)) + " MB";
-  const double part = std::clamp(done / total, 0.0, 1.0);
-  std::string line = what_ + ": " + std::to_string(static_cast<int>(part * whole)) + " %";
-  return part > 0 ? line + ", " + Estimate(seconds * (1 - part) / part) : line;
+  // Whole numbers stay whole, whatever precision the processor computes in.
+  const double percent = std::clamp(done * whole / total, 0.0, whole);
+  std::string line = what_ + ": " + std::to_string(static_cast<int>(percent)) + " %";
+  return percent > 0 ? line + ", " + Estimate(seconds * (whole - percent) / percent) : line;
 }
 
 // By blanks: not every console knows more.

@@ -166,7 +166,7 @@ class Console {
   Console& operator=(const Console&) = delete;
 
   // What the program leaves in the first line of the empty screen, without blanks at its end.
-  std::string Show(const TemporaryFolder& folder, const std::string& arguments, UINT codePage) {
+  std::string Show(const TemporaryFolder& folder, const std::string& arguments, UINT codePage, SHORT row = 0) {
     CHECK(::SetConsoleOutputCP(codePage));
     constexpr SHORT width = 120;
     DWORD count = 0;
@@ -176,7 +176,7 @@ class Console {
     RunAlone(folder, arguments, screen_);
     CHECK(::GetConsoleOutputCP() == codePage);
     std::wstring text(width, L' ');
-    CHECK(::ReadConsoleOutputCharacterW(screen_, text.data(), width, {0, 0}, &count));
+    CHECK(::ReadConsoleOutputCharacterW(screen_, text.data(), width, {0, row}, &count));
     return Utf8(text.substr(0, text.find_last_not_of(L' ') + 1));
   }
 
@@ -193,7 +193,7 @@ TEST_CASE("A console shows all characters of output and messages, whatever its c
   Console console;
   for (const UINT codePage : {437U, 850U, 1252U, 65001U}) {
     CAPTURE(codePage);
-    CHECK(console.Show(place.Folder, "systems --dictionary d.sqlite", codePage) == "Bücher  Žluťoučký");
+    CHECK(console.Show(place.Folder, "systems --dictionary d.sqlite", codePage, 1) == "Bücher  Žluťoučký");
     CHECK(console.Show(place.Folder, "systems --dictionary Žluťoučký", codePage).find(": Žluťoučký: ") !=
           std::string::npos);
   }

@@ -36,6 +36,7 @@ struct NewPlace : TemporaryFolder, Place {
   NewPlace() : Place{Utf8(Path())} {
     CopySample("new-project", Home);
     OpenSampleDictionary(*this);
+    WriteFile(Profile, "[OstrelFormWizard]\r\n");
   }
 };
 
@@ -123,8 +124,7 @@ TEST_CASE("What keeps the project from being opened or saved, and a note on it, 
     std::string Begin;
   };
   for (const Case& c :
-       {Case{{"--code-page", "1"}, [] {}, 3, "code page"}, Case{{}, editProject, 4, place.Project + ": "},
-        Case{{}, MakeForm, 0, "note: frmPerson was the form Form1"}}) {
+       {Case{{}, editProject, 4, place.Project + ": "}, Case{{}, MakeForm, 0, "note: frmPerson was the form Form1"}}) {
     CAPTURE(c.Status);
     std::string said;
     const Outcome outcome = place.Use(c.Options, [&] {
