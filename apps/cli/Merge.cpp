@@ -43,7 +43,9 @@ int MergeFiles(const MergeOptions& options) {
     file.Stream() << merged.Text;
     file.Commit();
   }
-  const std::string name = options.Path.empty() ? options.Mine : options.Path;
+  // The result: git calls it by its path in the project.
+  std::string name = options.Path.empty() ? options.Output : options.Path;
+  if (name.empty()) name = options.Mine;
   const auto say = [&](const std::string& text) {
     std::cerr << support::Escaped(Readable(text, options.CodePage)) << '\n';
   };
