@@ -4,7 +4,7 @@
 #include "apps/desktop/CodeView.h"
 #include "apps/desktop/ComponentModel.h"
 #include "apps/desktop/Environment.h"
-#include "apps/desktop/FormView.h"
+#include "apps/desktop/formview/FormView.h"
 
 #include <QListView>
 #include <QMainWindow>

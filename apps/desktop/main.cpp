@@ -2,7 +2,7 @@
 #include "apps/common/Languages.h"
 #include "apps/common/Platform.h"
 #include "apps/desktop/MainWindow.h"
-#include "apps/desktop/PictureFile.h"
+#include "apps/desktop/formview/PictureFile.h"
 #include "support/Messages.h"
 
 #include <QApplication>

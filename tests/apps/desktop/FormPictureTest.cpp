@@ -1,7 +1,7 @@
-#include "apps/desktop/FormPicture.h"
+#include "apps/desktop/formview/FormPicture.h"
 
 #include "apps/common/Endings.h"
-#include "apps/desktop/PictureFile.h"
+#include "apps/desktop/formview/PictureFile.h"
 #include "support/Failures.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,8 +1,8 @@
-#include "apps/desktop/ControlPictures.h"
+#include "apps/desktop/formview/ControlPictures.h"
 
-#include "apps/desktop/ClassicLook.h"
-#include "apps/desktop/ShapePictures.h"
-#include "apps/desktop/TabPictures.h"
+#include "apps/desktop/formview/ClassicLook.h"
+#include "apps/desktop/formview/ShapePictures.h"
+#include "apps/desktop/formview/TabPictures.h"
 #include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
 

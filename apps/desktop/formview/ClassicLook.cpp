@@ -1,4 +1,4 @@
-#include "apps/desktop/ClassicLook.h"
+#include "apps/desktop/formview/ClassicLook.h"
 
 #include <QFontMetricsF>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "apps/desktop/SvgPicture.h"
+#include "apps/desktop/formview/SvgPicture.h"
 
 #include <QFont>
 #include <QLinearGradient>

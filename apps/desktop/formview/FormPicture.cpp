@@ -1,9 +1,9 @@
-#include "apps/desktop/FormPicture.h"
+#include "apps/desktop/formview/FormPicture.h"
 
 #include "adapters/vb6files/Scale.h"
-#include "apps/desktop/ClassicLook.h"
-#include "apps/desktop/ControlPictures.h"
-#include "apps/desktop/ShapePictures.h"
+#include "apps/desktop/formview/ClassicLook.h"
+#include "apps/desktop/formview/ControlPictures.h"
+#include "apps/desktop/formview/ShapePictures.h"
 #include "runtime/Conversions.h"
 #include "ui/WindowFrame.h"
 

@@ -1,6 +1,6 @@
-#include "apps/desktop/FormView.h"
+#include "apps/desktop/formview/FormView.h"
 
-#include "apps/desktop/FormPicture.h"
+#include "apps/desktop/formview/FormPicture.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
-#include "apps/desktop/ShapePictures.h"
+#include "apps/desktop/formview/ShapePictures.h"
 
-#include "apps/desktop/ClassicLook.h"
+#include "apps/desktop/formview/ClassicLook.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
-#include "apps/desktop/TabPictures.h"
+#include "apps/desktop/formview/TabPictures.h"
 
-#include "apps/desktop/ClassicLook.h"
+#include "apps/desktop/formview/ClassicLook.h"
 
 #include <QFontMetrics>
 
