@@ -1,6 +1,6 @@
 // Feeds bytes to the reader of form descriptions: what it takes keeps to the bounds that a user is told, and is read
 // as the same when it is written anew.
-#include "apps/cli/FormDescription.h"
+#include "apps/forms/FormDescription.h"
 #include "fuzz/Property.h"
 #include "fuzz/TemporaryInput.h"
 #include "settings/Settings.h"
@@ -9,7 +9,7 @@
 
 using namespace formwizard;
 using namespace formwizard::fuzz;
-using namespace formwizard::apps::cli;
+using namespace formwizard::apps::forms;
 using Json = nlohmann::json;
 
 namespace {

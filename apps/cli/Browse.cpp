@@ -1,10 +1,10 @@
 #include "apps/cli/Commands.h"
-#include "apps/cli/DescribedForm.h"
 #include "apps/cli/Listing.h"
-#include "apps/cli/PropertyTree.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
+#include "apps/forms/DescribedForm.h"
+#include "apps/forms/PropertyTree.h"
 #include "runtime/Variant.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
@@ -24,6 +24,8 @@
 namespace formwizard::apps::cli {
 namespace {
 
+using forms::ForEachProperty;
+using forms::TreeProperty;
 using wizard::factory::ClassColumn;
 using wizard::factory::ObjectFactory;
 using wizard::factory::ResultSet;
@@ -95,6 +97,22 @@ class Server {
   std::unique_ptr<ObjectFactory> Factory;
 };
 
+ListedRow ValueOf(const runtime::Variant& value) {
+  if (const auto* number = std::get_if<runtime::Int32>(&value)) return number->Value();
+  if (std::holds_alternative<runtime::Null>(value)) return nullptr;
+  return ToText(value);
+}
+
+// The server's columns of a row, with their values.
+ListedRow ColumnsOf(ResultSet& row) {
+  ListedRow columns;
+  for (runtime::Int16 column(1); column <= row.GetColumnCount(); column += runtime::Int16(1)) {
+    const std::string name = row.GetColumnName(column);
+    columns[name] = ValueOf(row.GetDataByName(name));
+  }
+  return columns;
+}
+
 std::string YesNo(bool is) { return is ? "yes" : "no"; }
 
 std::string CellOf(const ListedRow& value) {
@@ -151,7 +169,7 @@ int ListProperties(const BrowseOptions& options) {
   server.Connect(options);
   const std::string className = server.ClassMeant(options.Class);
   if (options.Description) {
-    const std::string warning = DescribeForm(*server.Factory, server.Source(), className, std::cout);
+    const std::string warning = forms::DescribeForm(*server.Factory, server.Source(), className, std::cout);
     if (!warning.empty()) std::cerr << "ostrel-form-wizard: warning: " << support::Shown(warning) << '\n';
     return common::Done;
   }

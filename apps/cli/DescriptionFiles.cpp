@@ -1,6 +1,6 @@
 #include "apps/cli/DescriptionFiles.h"
 
-#include "apps/cli/TextInput.h"
+#include "apps/common/TextInput.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
 #include "system/FileSystem.h"
@@ -36,8 +36,8 @@ void CheckHasNoInput(const std::vector<std::string>& files) {
 }
 
 std::vector<std::string> ReadList(const std::string& list) {
-  std::vector<std::string> files = LinesOf(ReadText(list, "list of form descriptions", system::LargestList));
-  if (files.empty()) throw InputError(NameOf(list) + ": no form description is listed; write one path a line");
+  std::vector<std::string> files = LinesOf(common::ReadText(list, "list of form descriptions", system::LargestList));
+  if (files.empty()) throw InputError(common::NameOf(list) + ": no form description is listed; write one path a line");
   for (const std::string& file : files) system::CheckPath(file);
   return files;
 }

@@ -1,10 +1,10 @@
 #include "apps/cli/Commands.h"
 #include "apps/cli/Progress.h"
-#include "apps/cli/TextInput.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Interruption.h"
 #include "apps/common/Platform.h"
+#include "apps/common/TextInput.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
 #include "system/Paths.h"
@@ -46,12 +46,12 @@ common::RowCounts ReadJson(const TransferOptions& options) {
   Progress progress(std::cerr, "importing", ShowsProgress(options.Tells.Quiet, false));
   std::error_code none;
   const auto size = options.From == "-" ? 0 : std::filesystem::file_size(system::NativePath(options.From), none);
-  const auto in = OpenText(options.From, [&](std::size_t bytes) {
+  const auto in = common::OpenText(options.From, [&](std::size_t bytes) {
     common::CheckInterrupted();
     progress.Show(static_cast<double>(bytes), none ? 0 : static_cast<double>(size));
   });
   if (!in) throw support::InputError(options.From + ": the file cannot be read; give a dictionary in JSON");
-  return common::ImportDictionary(*in, NameOf(options.From), options.To, options.Force);
+  return common::ImportDictionary(*in, common::NameOf(options.From), options.To, options.Force);
 }
 
 std::string LineOf(const std::string& file, const common::RowCounts& rows) {

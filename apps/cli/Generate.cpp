@@ -1,26 +1,22 @@
 #include "adapters/journal/Journal.h"
-#include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/ConsoleDesktop.h"
 #include "apps/cli/DescriptionFiles.h"
 #include "apps/cli/Difference.h"
-#include "apps/cli/FormDescription.h"
-#include "apps/cli/FormName.h"
 #include "apps/cli/JournalFile.h"
 #include "apps/cli/Progress.h"
 #include "apps/cli/ProjectOptions.h"
-#include "apps/cli/RunProfile.h"
 #include "apps/cli/Spool.h"
 #include "apps/cli/Summary.h"
 #include "apps/cli/UnifiedDiff.h"
-#include "apps/cli/WizardUser.h"
-#include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Interruption.h"
-#include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
+#include "apps/forms/FormDescription.h"
+#include "apps/forms/FormName.h"
+#include "apps/forms/Workshop.h"
 #include "generator/Generation.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
@@ -42,6 +38,8 @@ namespace vb6files = adapters::vb6files;
 using common::Done;
 using common::Incomplete;
 using common::UsageError;
+using forms::FormDescription;
+using forms::SettingTexts;
 
 struct GenerateOptions : ProjectOptions {
   std::string Class, System, Journal, DescriptionsFrom;
@@ -58,7 +56,7 @@ SettingTexts SettingsFromOptions(const std::vector<std::string>& settings) {
     const std::string key = setting.substr(0, equals);
     texts[key] = setting.substr(equals + 1);
     try {
-      CheckSetting("--set " + setting, key, texts[key]);
+      forms::CheckSetting("--set " + setting, key, texts[key]);
     } catch (const support::InputError& error) {
       throw UsageError(error.what());
     }
@@ -110,9 +108,7 @@ class Run {
       : options_(options),
         writes_(!options.DryRun && !options.Check),
         settings_(SettingsFromOptions(options.Settings)),
-        profileFile_(options.Profile.empty() ? common::DefaultProfile() : options.Profile),
-        profile_(*profiles_, profileFile_),
-        server_(common::OpenDictionary(options.Dictionary)),
+        workshop_({options.Dictionary, options.Profile, options.Language, options.System}, desktop_),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     CheckToolbox(project_, options);
     project_.OnChange([this](vb6files::FileChange change) { Note(std::move(change)); }, !writes_);
@@ -120,20 +116,16 @@ class Run {
       journal_.emplace(options.Journal, options.Force);
       journalled_ = adapters::journal::Journalled(project_, journal_->Out());
     }
-    CheckProfile(profile_, profileFile_);
-    for (const std::string& warning : WarningsOn(profileFile_, !options.Profile.empty())) Warn(warning);
-    user_.emplace(services_, journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_), options.System);
+    for (const std::string& warning : workshop_.CheckProfile()) Warn(warning);
+    workshop_.WorkIn(journalled_ ? *journalled_ : static_cast<generator::ide::Vbe&>(project_));
   }
 
   void Make(const FormDescription& form) {
-    SettingTexts settings = form.Settings;
-    for (const auto& [key, value] : settings_) settings[key] = value;  // the command line wins
-    profile_.Override(settings);
-    user_->Make(form, [&](const std::string& name, const std::string& caption) {
+    workshop_.Make(form, settings_, [&](const std::string& name, const std::string& caption) {
       if (options_.Check) project_.CompareNext(generator::FormStem(caption), generator::FirstLineOfCode(name));
-      if (!options_.Check && !options_.AllowIncomplete) CheckFormName(project_, form.Class, caption);
+      if (!options_.Check && !options_.AllowIncomplete) forms::CheckFormName(project_, form.Class, caption);
     });
-    FinishForm(form, services_.State);
+    FinishForm(form, workshop_.State());
   }
 
   // The journal of a run that stops tells how far it came.
@@ -164,7 +156,7 @@ class Run {
     }
     result.Component = state.NewComponent->Name();
     if (!options_.Check && !options_.AllowIncomplete) {
-      CheckControlNames(project_, result.Component, form, state.Form);
+      forms::CheckControlNames(project_, result.Component, form, state.Form);
     }
     if (!result.Failures.empty()) incomplete_ = true;
     if (const auto kept = project_.CodeKeptIn(result.Component)) {
@@ -176,7 +168,7 @@ class Run {
     project_.FinishForms();
     result.Files = ReportChanges();
     if (options_.Json) {
-      summary_.Add(result, state.Form, state.Settings, measure_);
+      summary_.Add(result, state.Form, state.Settings, workshop_.Measure());
     } else if (!options_.Diff && !options_.Tells.Quiet) {
       report_.Add(LineOf(result, state.Form));
       if (options_.Tells.Verbose) report_.Add(FieldLinesOf(state.Form));
@@ -221,8 +213,8 @@ class Run {
 
   int Finish() {
     ReportChanges();
-    if (writes_ && !profile_.Store()) {
-      Warn(profileFile_ +
+    if (writes_ && !workshop_.StoreProfile()) {
+      Warn(workshop_.ProfileFile() +
            ": the settings cannot be written, so that the system is not remembered; the project is saved");
     }
     PrintReport();
@@ -243,26 +235,12 @@ class Run {
 
   const GenerateOptions& options_;
   bool writes_;
-  SettingTexts settings_;
-  std::string profileFile_;  // empty for none
-  std::unique_ptr<settings::ProfileStore> profiles_ = common::PlatformProfile(profileFile_);
-  RunProfile profile_;
-  std::unique_ptr<support::ResourceLibraries> satellites_ = common::PlatformLibraries();
-  adapters::textmeasure::BuiltInTextMeasure measure_;
+  SettingTexts settings_;  // of the command line, which wins
   ConsoleDesktop desktop_;
-  std::unique_ptr<wizard::factory::FactoryCreator> server_;
+  forms::Workshop workshop_;
   vb6files::ProjectOnDisk project_;
   std::optional<JournalFile> journal_;
   std::unique_ptr<generator::ide::Vbe> journalled_;
-  wizard::WizardServices services_{{.Desktop = desktop_,
-                                    .Measure = measure_,
-                                    .Profiles = profile_,
-                                    .Factories = *server_,
-                                    .Libraries = *satellites_,
-                                    .ProfileFile = profileFile_,
-                                    .ProgramFolder = common::ProgramFolder(),
-                                    .Language = common::LanguageMeant(options_.Language)}};
-  std::optional<WizardUser> user_;
   std::vector<vb6files::FileChange> changes_;  // that are not reported yet
   Spool report_;                               // that is not printed yet
   Summary summary_;
@@ -279,7 +257,7 @@ void MakeAll(Run& run, GenerateOptions& options) {
   const auto count = static_cast<double>(options.Descriptions.size());
   for (std::string& file : options.Descriptions) {
     const auto before = static_cast<double>(&file - options.Descriptions.data());
-    const std::vector<FormDescription> forms = ReadFormDescriptions(std::exchange(file, ""));
+    const std::vector<FormDescription> forms = forms::ReadFormDescriptions(std::exchange(file, ""));
     for (const FormDescription& form : forms) {
       common::CheckInterrupted();
       run.Make(form);

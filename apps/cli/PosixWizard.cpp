@@ -1,11 +1,11 @@
 // Hands over to the desktop program, whose dialogs they are on this system.
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/DesktopProgram.h"
-#include "apps/cli/RunProfile.h"
 #include "apps/cli/WizardProgram.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
+#include "apps/forms/RunProfile.h"
 #include "support/Messages.h"
 
 #include <iostream>
@@ -22,7 +22,7 @@ void CheckInputs(const WizardOptions& options) {
   const adapters::vb6files::ProjectOnDisk project(system::RealFileSystem(), common::Resolved(options.Project),
                                                   {options.CodePage, options.Toolbox});
   const std::string profile = options.Profile.empty() ? common::DefaultProfile() : options.Profile;
-  for (const std::string& warning : WarningsOn(profile, !options.Profile.empty())) {
+  for (const std::string& warning : forms::WarningsOn(profile, !options.Profile.empty())) {
     std::cerr << "ostrel-form-wizard: warning: " << support::Shown(warning) << '\n';
   }
 }

@@ -5,7 +5,6 @@
 #include "adapters/win32/Win32Desktop.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/JournalFile.h"
-#include "apps/cli/RunProfile.h"
 #include "apps/cli/Summary.h"
 #include "apps/cli/WizardProgram.h"
 #include "apps/common/Dictionaries.h"
@@ -13,6 +12,7 @@
 #include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
+#include "apps/forms/RunProfile.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
 #include "wizard/frmWizard.h"
@@ -60,7 +60,8 @@ class Run {
         dictionary_(common::OpenDictionary(options.Dictionary)),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     CheckToolbox(project_, options);
-    for (const std::string& warning : WarningsOn(profileFile_, !options.Profile.empty())) Warn("warning: ", warning);
+    for (const std::string& warning : forms::WarningsOn(profileFile_, !options.Profile.empty()))
+      Warn("warning: ", warning);
     const auto report = [this](const vb6files::FileChange& change) { report_ += LineOf(change, !options_.DryRun); };
     project_.OnChange(report, options.DryRun);
     if (options.Journal.empty()) return;
@@ -132,7 +133,7 @@ class Run {
   Desktop& desktop_;
   std::string profileFile_;  // empty for none
   std::unique_ptr<settings::ProfileStore> profiles_ = common::PlatformProfile(profileFile_);
-  RunProfile profile_{*profiles_, profileFile_};
+  forms::RunProfile profile_{*profiles_, profileFile_};
   std::unique_ptr<support::ResourceLibraries> satellites_ = common::PlatformLibraries();
   adapters::textmeasure::BuiltInTextMeasure measure_;
   std::unique_ptr<wizard::factory::FactoryCreator> dictionary_;

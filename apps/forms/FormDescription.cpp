@@ -1,7 +1,7 @@
-#include "apps/cli/FormDescription.h"
+#include "apps/forms/FormDescription.h"
 
 #include "adapters/dictionary/JsonInput.h"
-#include "apps/cli/TextInput.h"
+#include "apps/common/TextInput.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
@@ -19,7 +19,7 @@
 #include <sstream>
 #include <utility>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 namespace {
 
 using Json = nlohmann::json;
@@ -347,8 +347,8 @@ std::string Origin::Text() const {
 }
 
 std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
-  const std::string text = ReadText(file, "form description", system::LargestDescription);
-  const std::string name = NameOf(file);
+  const std::string text = common::ReadText(file, "form description", system::LargestDescription);
+  const std::string name = common::NameOf(file);
   std::istringstream in(text);
   JsonInput input(in, name);
   Reader reader(input, name);
@@ -367,4 +367,4 @@ void CheckSetting(const std::string& where, const std::string& key, const std::s
                    value + "\"");
 }
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

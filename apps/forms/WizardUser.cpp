@@ -1,4 +1,4 @@
-#include "apps/cli/WizardUser.h"
+#include "apps/forms/WizardUser.h"
 
 #include "support/Failures.h"
 #include "support/Names.h"
@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 namespace {
 
 using support::InputError;
@@ -215,4 +215,4 @@ const ui::Node& WizardUser::ChooseClass(const FormDescription& form) {
   return chosen;
 }
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

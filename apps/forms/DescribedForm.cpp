@@ -1,14 +1,16 @@
-#include "apps/cli/DescribedForm.h"
+#include "apps/forms/DescribedForm.h"
 
-#include "apps/cli/PropertyTree.h"
+#include "apps/forms/PropertyTree.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
 #include "wizard/OfferedProperties.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <string_view>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 namespace {
 
 using wizard::factory::ObjectFactory;
@@ -31,7 +33,9 @@ bool IsOfferedClass(ObjectFactory& factory, const std::string& name) {
 // One that a description may hold, which a server need not know.
 bool IsLine(std::string_view text) { return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos; }
 
-std::string Dumped(const ListedRow& value) { return value.dump(-1, ' ', false, ListedRow::error_handler_t::replace); }
+std::string Dumped(const nlohmann::json& value) {
+  return value.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
 
 std::string FieldOf(const TreeProperty& property) {
   std::string field = "{ \"property\": " + Dumped(property.Path);
@@ -69,4 +73,4 @@ std::string DescribeForm(ObjectFactory& factory, const std::string& source, cons
          std::to_string(most * RowsOfColumn) + ": take fields out of the description before you generate";
 }
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

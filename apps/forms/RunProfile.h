@@ -1,7 +1,7 @@
 // The profile of one run: the file's values, with the run's own settings in front of them.
 #pragma once
 
-#include "apps/cli/FormDescription.h"
+#include "apps/forms/FormDescription.h"
 #include "settings/ProfileStore.h"
 
 #include <map>
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 // Reads each key of the file once; support::InputError when the file cannot be read. What is written is read back, but
 // kept until it is stored, since a run that stops shall change nothing.
@@ -49,4 +49,4 @@ void CheckProfile(const settings::ProfileStore& profile, const std::string& file
 // What is odd about a settings file: that there is none though the user has named it, and keys that nobody reads.
 std::vector<std::string> WarningsOn(const std::string& file, bool isNamed);
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

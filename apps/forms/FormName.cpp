@@ -1,4 +1,4 @@
-#include "apps/cli/FormName.h"
+#include "apps/forms/FormName.h"
 
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "adapters/vb6files/Values.h"
@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 namespace {
 
@@ -54,4 +54,4 @@ void CheckControlNames(const adapters::vb6files::ProjectOnDisk& project, std::st
                             "(--allow-incomplete leaves the control the name that a new one has)");
 }
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

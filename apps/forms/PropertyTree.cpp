@@ -1,16 +1,14 @@
-#include "apps/cli/PropertyTree.h"
+#include "apps/forms/PropertyTree.h"
 
 #include "model/ControlKinds.h"
-#include "runtime/Variant.h"
 #include "wizard/OfferedProperties.h"
 
 #include <utility>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 namespace {
 
 using runtime::Int16;
-using runtime::Variant;
 using wizard::OfferedKind;
 using wizard::PropertyRow;
 using wizard::factory::ObjectFactory;
@@ -28,12 +26,6 @@ constexpr model::KindTable<KindName> KindNames({{model::kind::TextBox, "text"},
                                                 {model::kind::ListView, "array"},
                                                 {model::kind::Picture, "picture"},
                                                 {model::kind::MultiLine, "long-text"}});
-
-ListedRow ValueOf(const Variant& value) {
-  if (const auto* number = std::get_if<runtime::Int32>(&value)) return number->Value();
-  if (std::holds_alternative<runtime::Null>(value)) return nullptr;
-  return ToText(value);
-}
 
 // Goes through the properties of a class, and through those of each object among them.
 class Walk {
@@ -85,13 +77,4 @@ void ForEachProperty(ObjectFactory& factory, const std::string& className, bool 
   Walk(factory, all, take).Through(className, nullptr, model::kind::Free);
 }
 
-ListedRow ColumnsOf(ResultSet& row) {
-  ListedRow columns;
-  for (Int16 column(1); column <= row.GetColumnCount(); column += Int16(1)) {
-    const std::string name = row.GetColumnName(column);
-    columns[name] = ValueOf(row.GetDataByName(name));
-  }
-  return columns;
-}
-
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

@@ -1,7 +1,6 @@
 // The properties of a class as a form can show them, by the paths that choose them.
 #pragma once
 
-#include "apps/cli/Listing.h"
 #include "runtime/Integer.h"
 #include "wizard/factory/Factory.h"
 
@@ -9,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 struct TreeProperty {
   std::string Path;       // "Home.City"
@@ -29,7 +28,4 @@ struct TreeProperty {
 void ForEachProperty(wizard::factory::ObjectFactory& factory, const std::string& className, bool all,
                      const std::function<void(const TreeProperty&, wizard::factory::ResultSet& row)>& take);
 
-// The server's columns of a row, with their values.
-ListedRow ColumnsOf(wizard::factory::ResultSet& row);
-
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

@@ -1,7 +1,7 @@
 // Somebody who walks through the wizard as form descriptions say.
 #pragma once
 
-#include "apps/cli/FormDescription.h"
+#include "apps/forms/FormDescription.h"
 #include "support/Names.h"
 #include "wizard/frmWizard.h"
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 // Has one form after the other made, each as by a freshly loaded add-in, so that it comes out the same alone and in a
 // batch. What is the same for all of them, such as the list of classes, is read once.
@@ -40,4 +40,4 @@ class WizardUser {
   std::vector<ui::Node*> classes_;  // those that the dialog shows, in the same order
 };
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

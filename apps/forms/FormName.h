@@ -1,7 +1,7 @@
 // What a form and its controls are going to be called.
 #pragma once
 
-#include "apps/cli/FormDescription.h"
+#include "apps/forms/FormDescription.h"
 #include "model/FormModel.h"
 
 #include <string_view>
@@ -10,7 +10,7 @@ namespace formwizard::adapters::vb6files {
 class ProjectOnDisk;
 }
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 // support::InputError, with the remedy, when the form of the class cannot be called what it should in the project.
 // `classCaption` is the name of the class without the package.
@@ -22,4 +22,4 @@ void CheckFormName(adapters::vb6files::ProjectOnDisk& project, const GivenText& 
 void CheckControlNames(const adapters::vb6files::ProjectOnDisk& project, std::string_view form,
                        const FormDescription& description, const model::FormModel& model);
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

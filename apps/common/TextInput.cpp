@@ -1,4 +1,4 @@
-#include "apps/cli/TextInput.h"
+#include "apps/common/TextInput.h"
 
 #include "apps/common/Platform.h"
 #include "support/Failures.h"
@@ -11,7 +11,7 @@
 #include <system_error>
 #include <utility>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::common {
 namespace {
 
 using support::InputError;
@@ -66,4 +66,4 @@ std::string ReadText(const std::string& file, const std::string& what, std::size
   return ReadStream(*in, file, what, most);
 }
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::common

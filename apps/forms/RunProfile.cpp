@@ -1,4 +1,4 @@
-#include "apps/cli/RunProfile.h"
+#include "apps/forms/RunProfile.h"
 
 #include "apps/common/Platform.h"
 #include "runtime/Conversions.h"
@@ -14,7 +14,7 @@
 #include <functional>
 #include <utility>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 void RunProfile::Override(const SettingTexts& settings) {
   overrides_.clear();
@@ -95,4 +95,4 @@ std::vector<std::string> WarningsOn(const std::string& file, bool isNamed) {
   return warnings;
 }
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::common {
 
 // "-" is standard input. All texts are read as UTF-8, whichever Unicode they are written in (see system::Utf8Input).
 
@@ -23,4 +23,4 @@ std::unique_ptr<std::istream> OpenText(const std::string& file, std::function<vo
 // As messages call it.
 std::string NameOf(const std::string& file);
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::common

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace formwizard::apps::cli {
+namespace formwizard::apps::forms {
 
 // Where something is given, which begins messages about it: "person.json:3:14", "--fields Name". It is made a text when
 // a message needs it.
@@ -61,4 +61,4 @@ std::vector<FormDescription> ReadFormDescriptions(const std::string& file);
 // begins the message.
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value);
 
-}  // namespace formwizard::apps::cli
+}  // namespace formwizard::apps::forms
