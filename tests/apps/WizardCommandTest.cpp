@@ -124,7 +124,8 @@ TEST_CASE("What keeps the project from being opened or saved, and a note on it, 
     std::string Begin;
   };
   for (const Case& c :
-       {Case{{}, editProject, 4, place.Project + ": "}, Case{{}, MakeForm, 0, "note: frmPerson was the form Form1"}}) {
+       {Case{{"--journal", place.Home + "/Form1.frm"}, [] {}, 3, place.Home + "/Form1.frm: "},
+        Case{{}, editProject, 4, place.Project + ": "}, Case{{}, MakeForm, 0, "note: frmPerson was the form Form1"}}) {
     CAPTURE(c.Status);
     std::string said;
     const Outcome outcome = place.Use(c.Options, [&] {
