@@ -6,7 +6,6 @@
 #include "vbtext/Procedures.h"
 #include "vbtext/Tokens.h"
 
-#include <algorithm>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -110,12 +109,12 @@ class CodeMerger {
   }
 
   void MergeDeclarations() {
-    std::unordered_map<std::string, LineKey> addedByMine;
+    Added addedByMine;
     const std::unordered_set<LineKey> ofBase(base_.DeclarationKeys.begin(), base_.DeclarationKeys.end());
     for (std::size_t i = 0; i < mine_.Declarations.size(); ++i) {
-      if (!ofBase.contains(mine_.DeclarationKeys[i])) {
-        addedByMine.emplace(vbtext::Folded(mine_.Declarations[i]->Name), mine_.DeclarationKeys[i]);
-      }
+      if (ofBase.contains(mine_.DeclarationKeys[i])) continue;
+      addedByMine.Keys.insert(mine_.DeclarationKeys[i]);
+      addedByMine.ByName.emplace(vbtext::Folded(mine_.Declarations[i]->Name), mine_.DeclarationKeys[i]);
     }
     for (const Hunk& hunk : Diff3(base_.DeclarationKeys, mine_.DeclarationKeys, theirs_.DeclarationKeys)) {
       const std::string_view mine = mine_.Text(mine_.Declarations, hunk.Mine);
@@ -137,23 +136,28 @@ class CodeMerger {
     }
   }
 
+  // The declarations that mine has and base has not.
+  struct Added {
+    std::unordered_map<std::string, LineKey> ByName;
+    std::unordered_set<LineKey> Keys;
+  };
+
   // Whether mine declares a name of theirs, too, and otherwise.
-  bool IsDeclaredByBoth(LineRange theirs, const std::unordered_map<std::string, LineKey>& addedByMine) const {
+  bool IsDeclaredByBoth(LineRange theirs, const Added& addedByMine) const {
     for (std::size_t i = theirs.First; i < theirs.Behind; ++i) {
       const Section& section = *theirs_.Declarations[i];
       if (section.Name.empty()) continue;
-      const auto found = addedByMine.find(vbtext::Folded(section.Name));
-      if (found != addedByMine.end() && found->second != theirs_.DeclarationKeys[i]) return true;
+      const auto found = addedByMine.ByName.find(vbtext::Folded(section.Name));
+      if (found != addedByMine.ByName.end() && found->second != theirs_.DeclarationKeys[i]) return true;
     }
     return false;
   }
 
-  void AddNewOnes(LineRange theirs, const std::unordered_map<std::string, LineKey>& addedByMine) {
+  void AddNewOnes(LineRange theirs, const Added& addedByMine) {
     for (std::size_t i = theirs.First; i < theirs.Behind; ++i) {
       const LineKey key = theirs_.DeclarationKeys[i];
-      const bool isThere = key == vbtext::EmptyLine ||
-                           std::ranges::any_of(addedByMine, [&](const auto& added) { return added.second == key; });
-      if (!isThere) output_.AddTheirs(theirs_.Text(*theirs_.Declarations[i]));
+      if (key != vbtext::EmptyLine && !addedByMine.Keys.contains(key))
+        output_.AddTheirs(theirs_.Text(*theirs_.Declarations[i]));
     }
   }
 
