@@ -1,11 +1,7 @@
 #include "apps/desktop/formview/ClassicLook.h"
 
-#include <QFontMetricsF>
-#include <QStringList>
-
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -19,10 +15,6 @@ constexpr std::array<QRgb, 25> SystemColors{
     0xFFD4D0C8, 0xFF3A6EA5, 0xFF0A246A, 0xFF808080, 0xFFD4D0C8, 0xFFFFFFFF, 0xFF000000, 0xFF000000, 0xFF000000,
     0xFFFFFFFF, 0xFFD4D0C8, 0xFFD4D0C8, 0xFF808080, 0xFF0A246A, 0xFFFFFFFF, 0xFFD4D0C8, 0xFF808080, 0xFF808080,
     0xFF000000, 0xFFD4D0C8, 0xFFFFFFFF, 0xFF404040, 0xFFD4D0C8, 0xFF000000, 0xFFFFFFE1};
-
-constexpr double DefaultPoints = 8.25;
-constexpr double PixelsPerPoint = 96.0 / 72;
-constexpr std::size_t LongestText = 4096;  // bytes: more than the largest control shows
 
 struct EdgeColors {
   std::uint32_t OuterTopLeft, OuterBottomRight, InnerTopLeft, InnerBottomRight;
@@ -59,16 +51,6 @@ void DrawArrow(QPainter& painter, const QRect& place, Direction direction, const
   }
 }
 
-// Labels are as wide as their text is in the environment's own font. Where another one stands in for it, the text is
-// drawn as narrow as it needs to be to stay on one line, unless it is one that does not fit anyway.
-void SqueezeInto(int width, QFont& font, int& flags, const QString& text) {
-  constexpr double narrowest = 0.8;
-  const double wanted = QFontMetricsF(font).size(flags & ~Qt::TextWordWrap, text).width();
-  if (wanted <= width || width < wanted * narrowest) return;
-  font.setStretch(static_cast<int>(100 * width / wanted));
-  flags &= ~Qt::TextWordWrap;
-}
-
 }  // namespace
 
 QColor ColorOf(std::uint32_t value) {
@@ -83,40 +65,6 @@ QColor ColorOf(std::uint32_t value) {
 QColor ColorOf(const FormNode& control, std::string_view property, std::uint32_t missing) {
   const double value = std::clamp(control.Number(property, missing), -2147483648.0, 4294967295.0);
   return ColorOf(static_cast<std::uint32_t>(static_cast<std::int64_t>(value)));
-}
-
-QFont FontOf(const FormNode& control) {
-  const QString own = ShownText(control.Text("Font.Name"));
-  QStringList families{"Microsoft Sans Serif", "Arial", "Liberation Sans", "Helvetica", "DejaVu Sans"};
-  if (!own.isEmpty() && own != "MS Sans Serif") families.prepend(own);
-  QFont font;
-  font.setFamilies(families);
-  font.setStyleHint(QFont::SansSerif);
-  font.setHintingPreference(QFont::PreferVerticalHinting);  // as wide at every scale
-  const double points = std::clamp(control.Number("Font.Size", DefaultPoints), 1.0, 200.0);
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(points * PixelsPerPoint))));
-  font.setBold(control.Number("Font.Weight", 400) >= 600);
-  font.setItalic(control.Flag("Font.Italic"));
-  font.setUnderline(control.Flag("Font.Underline"));
-  font.setStrikeOut(control.Flag("Font.Strikethrough"));
-  return font;
-}
-
-QString ShownText(std::string_view utf8) {
-  const std::string_view shown = utf8.substr(0, LongestText);
-  return QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
-}
-
-void DrawText(QPainter& painter, const QRect& place, int flags, std::string_view utf8, const FormNode& control,
-              std::uint32_t defaultColor) {
-  if (place.isEmpty() || utf8.empty()) return;
-  const QString text = ShownText(utf8);
-  QFont font = FontOf(control);
-  SqueezeInto(place.width(), font, flags, text);
-  painter.setFont(font);
-  const bool enabled = control.Flag("Enabled", true);
-  painter.setPen(enabled ? ColorOf(control, "ForeColor", defaultColor) : ColorOf(color::Shadow));
-  painter.drawText(place, flags, text);
 }
 
 void DrawEdge(QPainter& painter, const QRect& place, Edge edge) {

@@ -1,13 +1,11 @@
-// The classic look of Windows: its colours, edges, arrows and texts. Measures are pixels at 96 dots per inch.
+// The classic look of Windows: its colours, edges and arrows. Measures are pixels at 96 dots per inch.
 #pragma once
 
 #include "adapters/vb6files/FormTree.h"
 
 #include <QColor>
-#include <QFont>
 #include <QPainter>
 #include <QRect>
-#include <QString>
 
 #include <cstdint>
 #include <string_view>
@@ -24,18 +22,6 @@ constexpr std::uint32_t Window = 0x80000005, WindowText = 0x80000008, MenuText =
 QColor ColorOf(std::uint32_t value);
 // `missing` when the control does not have the property.
 QColor ColorOf(const adapters::vb6files::FormNode& control, std::string_view property, std::uint32_t missing);
-
-// The control's Font group, or the environment's default font.
-QFont FontOf(const adapters::vb6files::FormNode& control);
-
-// Flag of DrawText beside Qt's: an ampersand underlines the next character.
-constexpr int WithAccessKey = Qt::TextShowMnemonic;
-
-// In the control's font and its colour, grey when it is disabled.
-void DrawText(QPainter& painter, const QRect& place, int flags, std::string_view utf8,
-              const adapters::vb6files::FormNode& control, std::uint32_t defaultColor);
-// As much of a text as is drawn.
-QString ShownText(std::string_view utf8);
 
 enum class Edge { Raised, Sunken, Flat, Etched };
 constexpr int EdgeWidth(Edge edge) { return edge == Edge::Flat ? 1 : 2; }

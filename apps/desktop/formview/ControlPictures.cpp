@@ -3,10 +3,9 @@
 #include "apps/desktop/formview/ClassicLook.h"
 #include "apps/desktop/formview/ShapePictures.h"
 #include "apps/desktop/formview/TabPictures.h"
+#include "apps/desktop/formview/Texts.h"
 #include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
-
-#include <QFontMetrics>
 
 #include <algorithm>
 #include <array>
@@ -125,16 +124,16 @@ void DrawFrameControl(QPainter& painter, const FormNode& control, const QRect& p
   const QColor background = ColorOf(control, "BackColor", color::Face);
   painter.fillRect(place, background);
   if (!control.Flag("BorderStyle", true)) return;
-  const QFontMetrics metrics(FontOf(control));
-  DrawEdge(painter, place.adjusted(0, metrics.height() / 2, 0, 0), Edge::Etched);
-  const QString caption = ShownText(control.Text("Caption"));
-  if (caption.isEmpty()) return;
-  const int width = metrics.size(WithAccessKey | Qt::TextSingleLine, caption).width();
+  const int height = HeightOfLine(control);
+  DrawEdge(painter, place.adjusted(0, height / 2, 0, 0), Edge::Etched);
+  const std::string caption = control.Text("Caption");
+  if (caption.empty()) return;
+  const int width = WidthOfLine(control, caption);
   const QRect gap(place.left() + CaptionIndent - 1, place.top(), std::min(width + 2, place.width() - 2 * CaptionIndent),
-                  metrics.height());
+                  height);
   painter.fillRect(gap, background);
   DrawText(painter, gap.adjusted(1, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine | WithAccessKey,
-           control.Text("Caption"), control, color::ButtonText);
+           caption, control, color::ButtonText);
 }
 
 void DrawPictureBox(QPainter& painter, const FormNode& control, const QRect& place) {

@@ -9,6 +9,8 @@
 
 namespace formwizard::apps::desktop {
 
+constexpr int LargestSide = 16384;  // pixels
+
 struct PictureOptions {
   double Scale = 1;  // device pixels a pixel at 96 dots per inch
   bool ShowTabOrder = false;

@@ -1,9 +1,9 @@
 #include "apps/desktop/formview/PictureFile.h"
 
 #include "apps/common/PictureKind.h"
-#include "apps/desktop/formview/ClassicLook.h"
 #include "apps/desktop/formview/FormPicture.h"
 #include "apps/desktop/formview/SvgPicture.h"
+#include "apps/desktop/formview/Texts.h"
 #include "support/Failures.h"
 #include "system/WholeFile.h"
 

@@ -1,8 +1,7 @@
 #include "apps/desktop/formview/TabPictures.h"
 
 #include "apps/desktop/formview/ClassicLook.h"
-
-#include <QFontMetrics>
+#include "apps/desktop/formview/Texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,8 +29,7 @@ struct Tab {
 std::string Numbered(const std::string& name, int number) { return name + "(" + std::to_string(number) + ")"; }
 
 int WidthOf(const FormNode& control, const std::string& caption) {
-  return QFontMetrics(FontOf(control)).size(WithAccessKey | Qt::TextSingleLine, ShownText(caption)).width() +
-         2 * CaptionMargin;
+  return WidthOfLine(control, caption) + 2 * CaptionMargin;
 }
 
 // Raised on every side but that of the page, which is below the tabs or, where `atBottom`, above them.
@@ -112,7 +110,7 @@ void DrawTabStrip(QPainter& painter, const FormNode& control, const QRect& place
   constexpr int least = 42;  // pixels
   const bool atBottom = control.Number("Placement") == bottom;
   const bool isFixed = control.Number("TabWidthStyle") == fixed;
-  int height = QFontMetrics(FontOf(control)).height() + 7;
+  int height = HeightOfLine(control) + 7;
   if (isFixed && control.Find("TabFixedHeight")) height = Pixels(control.Number("TabFixedHeight"));
   std::vector<Tab> tabs;
   const int count = static_cast<int>(std::clamp(control.Number("Tabs.NumTabs", 1), 1.0, double{MostTabs}));

@@ -159,6 +159,29 @@ TEST_CASE("A control with tabs shows them, and the controls of the page in front
   }
 }
 
+TEST_CASE("A text has the lines and the width that the environment gives it, whatever font is installed") {
+  struct Case {
+    int width, lines;  // of "Social Security No.", which is 90 pixels wide there, and 38 its longest word
+    const char* alignment;
+  };
+  const auto picture = [](int width, const char* alignment) {
+    const std::string caption = "Caption = \"Social Security No.\"\nAlignment = " + std::string(alignment) + "\n";
+    return Picture(Control("VB.Label", {20, 10, width, 60}, caption));
+  };
+  for (const Case& c : {Case{90, 1, "0"}, Case{90, 1, "1"}, Case{87, 2, "0"}, Case{40, 3, "2"}}) {
+    CAPTURE(c.width);
+    const QImage image = picture(c.width, c.alignment);
+    QSet<int> lines;  // each 13 pixels high
+    for (int y = 10; y < 70; ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixel(x, y) != Face) lines << (y - 10) / 13;
+      }
+    }
+    CHECK(lines.size() == c.lines);
+  }
+  CHECK(picture(90, "0") == picture(150, "0"));  // nothing is cut off
+}
+
 TEST_CASE("What is not seen at run time is not drawn") {
   const QImage empty = Picture("");
   CHECK(Picture(Control("VB.PictureBox", {0, 0, 50, 50}, Yellow + "Visible = 0  'False\n")) == empty);
