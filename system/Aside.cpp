@@ -9,6 +9,7 @@ namespace formwizard::system {
 namespace {
 
 constexpr std::string_view Suffix = ".new";
+constexpr std::size_t TokenSize = 16, SumSize = 8, Added = 1 + TokenSize + SumSize + Suffix.size();
 constexpr std::size_t LongestStem = 100;  // bytes of the name that are taken over: names have a limit
 
 // Whole characters of UTF-8.
@@ -43,13 +44,16 @@ std::string AboutTarget(std::string message, std::string_view aside, std::string
   return message;
 }
 
+bool IsAsideName(std::string_view aside) {
+  return aside.size() > Added && IsAsideName(aside, aside.substr(0, aside.size() - Added));
+}
+
 bool IsAsideName(std::string_view aside, std::string_view name) {
-  constexpr std::size_t token = 16, sum = 8;
   const std::string_view stem = StemOf(name);
-  if (aside.size() != stem.size() + 1 + token + sum + Suffix.size() || !aside.ends_with(Suffix)) return false;
+  if (aside.size() != stem.size() + Added || !aside.ends_with(Suffix)) return false;
   if (!aside.starts_with(stem) || aside[stem.size()] != '.') return false;
-  const std::string_view random = aside.substr(stem.size() + 1, token);
-  return aside.substr(stem.size() + 1 + token, sum) == CheckSum(name, random);
+  const std::string_view random = aside.substr(stem.size() + 1, TokenSize);
+  return aside.substr(stem.size() + 1 + TokenSize, SumSize) == CheckSum(name, random);
 }
 
 }  // namespace formwizard::system

@@ -11,6 +11,8 @@ namespace formwizard::system {
 // them and of the name, so that only a name that was made here is one.
 std::string AsideName(std::string_view name);
 bool IsAsideName(std::string_view aside, std::string_view name);
+// The same for a file of any name.
+bool IsAsideName(std::string_view aside);
 
 // A message that begins with the path `aside` begins with `target`, the file that the user knows.
 std::string AboutTarget(std::string message, std::string_view aside, std::string_view target);

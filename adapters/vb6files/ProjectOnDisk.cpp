@@ -299,7 +299,7 @@ void ProjectOnDisk::Release(std::string_view name) {
   if (next != firstFree_.end()) next->second = std::clamp(number, 2, next->second);
 }
 
-void ProjectOnDisk::Announce(const std::string& path, std::optional<std::string> old, std::string text) {
+void ProjectOnDisk::Announce(const std::string& path, std::optional<std::string> old, std::optional<std::string> text) {
   if (listener_) listener_({path, std::move(old), std::move(text)});
 }
 
@@ -396,10 +396,29 @@ void ProjectOnDisk::FinishForms() {
   }
 }
 
+void ProjectOnDisk::Put(const std::string& path, const std::optional<std::string>& bytes,
+                        const std::optional<std::string>& old) {
+  if (bytes == old) return;
+  if (!dryRun_) CurrentSaving().Put(path, bytes, old);
+  put_.push_back(path);
+  Announce(path, old, bytes);
+}
+
+void ProjectOnDisk::PutTexts(std::string_view name, const FormFiles& texts, const FormFiles& old) {
+  const auto given = [](const std::string& bytes) { return bytes.empty() ? std::nullopt : std::optional(bytes); };
+  const std::string file = FileOf(name);
+  const std::string frx = SpelledPath(file.substr(0, file.rfind('.')) + ".frx");
+  Put(frx, given(texts.Frx), given(old.Frx));
+  Put(file, texts.Frm, old.Frm);
+}
+
 void ProjectOnDisk::FinishAndCommit() {
   FinishForms();
-  if (!project_.IsChanged()) return;
+  if (!project_.IsChanged() && put_.empty()) return;
+  for (const std::string& path : put_) read_.Forget(path);  // each is compared with what it is to hold
   if (!dryRun_) CurrentSaving().Commit(project_.Text());
+  put_.clear();
+  if (!project_.IsChanged()) return;
   project_.MarkSaved();
   std::string old = std::exchange(original_, project_.Text());
   Announce(path_, std::move(old), project_.Text());
@@ -416,6 +435,7 @@ void ProjectOnDisk::Save() {
     FinishAndCommit();
   } catch (const support::SaveError&) {
     saving_.reset();
+    put_.clear();
     if (projectBefore) project_.GoBackTo(*std::move(projectBefore));
     open_ = openBefore;
     for (std::size_t i = 0; i < open_.size(); ++i) {
@@ -438,7 +458,7 @@ std::optional<RefusedName> ProjectOnDisk::RefusedIn(std::string_view name) const
 }
 
 bool ProjectOnDisk::IsChanged() const {
-  return project_.IsChanged() ||
+  return project_.IsChanged() || !put_.empty() ||
          std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); });
 }
 
@@ -452,9 +472,23 @@ std::vector<ComponentSummary> ProjectOnDisk::Summaries() const {
   return summaries;
 }
 
-FormFiles ProjectOnDisk::TextsOf(std::string_view name) {
+const ProjectOnDisk::Entry& ProjectOnDisk::ComponentOf(std::string_view name) const {
   const Entry* entry = FindEntry(codePage_.Encode(name));
   if (!entry) throw support::InputError(path_ + ": the project has no component \"" + std::string(name) + "\"");
+  return *entry;
+}
+
+std::string ProjectOnDisk::SpelledPath(std::string path) const {
+  return files_.KindOf(path) == system::FileKind::None ? spelling_.Of(path) : path;
+}
+
+std::string ProjectOnDisk::FileOf(std::string_view name) const {
+  const Entry& entry = ComponentOf(name);
+  return entry.Path.empty() ? "" : SpelledPath(FilePath(entry.Path));
+}
+
+FormFiles ProjectOnDisk::TextsOf(std::string_view name) {
+  const Entry* const entry = &ComponentOf(name);
   if (entry->Document) return entry->Document->Render(entry->Path.empty() ? entry->Name : StemOf(entry->Path));
   std::string path = FilePath(entry->Path);
   std::optional<std::string> text = Found(path, [&](const std::string& file) { return files_.Read(file); });

@@ -39,18 +39,18 @@ struct ComponentSummary {
   bool IsForm;
 };
 
-// One file that saving writes. `Old` is nothing for a new file.
+// One file that saving writes or removes. `Old` is nothing for a new file, `New` for one that goes.
 struct FileChange {
   std::string Path;
-  std::optional<std::string> Old;
-  std::string New;
+  std::optional<std::string> Old, New;
 };
 
 class ProjectOnDisk : public generator::ide::Vbe,
                       private generator::ide::VBProject,
                       private generator::ide::VBComponents {
  public:
-  // Called for every file of a finished form and for the project file, with what will stand in it.
+  // Called for every file of a finished form, every file that is put and for the project file, with what will stand in
+  // it.
   using ChangeListener = std::function<void(FileChange)>;
 
   // Reads the project file; components are read when they are asked for. support::InputError names what is missing or
@@ -71,6 +71,17 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Renders every new or changed form, prepares its files and forgets its content: call it when a form is complete, so
   // that memory stays flat in a batch. support::SaveError when a file cannot be prepared.
   void FinishForms();
+
+  // Adds a file to the next save, which writes it as one with the new forms and the project file: there are the files
+  // of before or the new ones, also after a crash once the project has been opened again. `path` is its path on the
+  // disk, whose folder is made where there is none; `bytes` shall stand there in place of `old`, which it holds;
+  // without bytes the file goes, without old ones it is new. Nothing is to be done when they are the same. Prepared at
+  // once, so that memory stays flat; in a dry run only announced. What is put is forgotten when saving fails, and
+  // saving fails when the file does not hold `old` at its last moment. support::SaveError when it cannot be prepared.
+  void Put(const std::string& path, const std::optional<std::string>& bytes, const std::optional<std::string>& old);
+  // The same for the files of a component that is on the disk, `old` being its texts as TextsOf gave them. An empty Frx
+  // is none.
+  void PutTexts(std::string_view name, const FormFiles& texts, const FormFiles& old);
 
   // Finishes what is open and saves. A project in which nothing changed is not touched. support::SaveError with every
   // file as it was before; what was not finished before is still open then, so that saving can be tried again.
@@ -97,6 +108,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // The text of a component as saving would write it, with a form's companion file; a module's stands in Frm.
   // support::InputError for a name that the project does not have or a file that cannot be read.
   FormFiles TextsOf(std::string_view name);
+  // The path of a component's file, spelled as its folder spells it; empty for a form that was never saved.
+  // support::InputError for a name that the project does not have.
+  std::string FileOf(std::string_view name) const;
 
  private:
   class Component;
@@ -156,7 +170,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::string NewStem(const Entry& entry);
   void Finish(Entry& entry);
   void FinishAndCommit();
-  void Announce(const std::string& path, std::optional<std::string> old, std::string text);
+  const Entry& ComponentOf(std::string_view name) const;
+  std::string SpelledPath(std::string path) const;
+  void Announce(const std::string& path, std::optional<std::string> old, std::optional<std::string> text);
   Saving& CurrentSaving();
 
   system::FileSystem& files_;
@@ -178,6 +194,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   mutable std::unordered_map<std::string, int> firstFree_;  // by stem
   int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"
   std::vector<Entry*> open_;                                // with a document that may have changed
+  std::vector<std::string> put_;                            // paths that the next save writes as they are
   std::unique_ptr<Saving> saving_;
   std::optional<Compared> compared_;                    // while it is made
   std::unordered_map<std::string, int> nextToCompare_;  // by stem and line of code

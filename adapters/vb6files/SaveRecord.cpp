@@ -3,12 +3,14 @@
 #include "system/Aside.h"
 
 #include <charconv>
+#include <utility>
 
 namespace formwizard::adapters::vb6files {
 namespace {
 
 constexpr std::string_view Head = "A save of this project is under way, or was cut off. Sums by words.\n";
 constexpr std::string_view BytewiseHead = "A save of this project is under way, or was cut off.\n";  // with older sums
+constexpr std::string_view SetHead = "Files of this project with the sums of their old and new contents.\n";
 constexpr std::string_view Foot = "end\n";
 
 // "SUM LENGTH PATH", because a path may hold anything.
@@ -26,8 +28,10 @@ bool Take(std::string_view& text, Number& number, int base) {
   return true;
 }
 
-bool Take(std::string_view& text, SaveRecord::File& file) {
+// In a set "OLD SUM LENGTH PATH".
+bool Take(std::string_view& text, SaveRecord::File& file, bool isOfSet = false) {
   std::size_t length = 0;
+  if (isOfSet && !Take(text, file.Old, 16)) return false;
   if (!Take(text, file.Sum, 16) || !Take(text, length, 10)) return false;
   if (length >= text.size() || text[length] != '\n') return false;
   file.Path = text.substr(0, length);
@@ -48,21 +52,42 @@ void SaveRecord::Append(std::string& text, const File& file) { AppendLine(text, 
 
 void SaveRecord::End(std::string& text) { text += Foot; }
 
+std::string SaveRecord::OfSet(const std::vector<File>& files) {
+  std::string text(SetHead);
+  for (const File& file : files) {
+    text += system::Hexadecimal(file.Old) + " ";
+    AppendLine(text, file.Sum, file.Path);
+  }
+  End(text);
+  return text;
+}
+
+namespace {
+
+bool TakeFiles(std::string_view text, SaveRecord& record) {
+  while (text != Foot) {
+    if (!Take(text, record.Files.emplace_back(), record.IsSet)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
 std::optional<SaveRecord> SaveRecord::Parse(std::string_view text) {
+  SaveRecord record;
+  if (text.starts_with(SetHead)) {
+    record.IsSet = true;
+    return TakeFiles(text.substr(SetHead.size()), record) ? std::optional(std::move(record)) : std::nullopt;
+  }
   const bool isBytewise = text.starts_with(BytewiseHead);
   if (!isBytewise && !text.starts_with(Head)) return std::nullopt;
   text.remove_prefix(isBytewise ? BytewiseHead.size() : Head.size());
-  SaveRecord record;
   if (isBytewise) record.Sum = system::BytewiseSum;
-  File old, changed, file;
+  File old, changed;
   if (!Take(text, old) || !Take(text, changed)) return std::nullopt;
   record.OldProject = old.Sum;
   record.NewProject = changed.Sum;
-  while (text != Foot) {
-    if (!Take(text, file)) return std::nullopt;
-    record.Files.push_back(file);
-  }
-  return record;
+  return TakeFiles(text, record) ? std::optional(std::move(record)) : std::nullopt;
 }
 
 }  // namespace formwizard::adapters::vb6files

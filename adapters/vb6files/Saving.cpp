@@ -1,6 +1,8 @@
 #include "adapters/vb6files/Saving.h"
 
 #include "adapters/vb6files/Caseless.h"
+#include "adapters/vb6files/FileSet.h"
+#include "adapters/vb6files/Recovery.h"
 #include "support/Failures.h"
 #include "system/Aside.h"
 #include "system/Paths.h"
@@ -8,6 +10,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <utility>
 
@@ -15,9 +18,6 @@ namespace formwizard::adapters::vb6files {
 namespace {
 
 using support::SaveError;
-
-constexpr const char* Record = "/record";
-constexpr const char* Project = "/project";
 
 // Whatever goes wrong, also with looking, is a save that did not happen.
 template <typename Action>
@@ -32,32 +32,20 @@ void Try(Action&& action) {
   }
 }
 
-std::string_view NameIn(std::string_view path) { return path.substr(system::FolderPart(path).size()); }
-
 }  // namespace
 
 Saving::Saving(system::FileSystem& files, const std::string& projectFile, const std::string& original,
                const system::FilesRead& read)
-    : files_(files),
-      projectFile_(projectFile),
-      original_(original),
-      read_(read),
-      folder_(system::FolderOf(projectFile)),
-      folderPart_(system::FolderPart(projectFile)),
-      name_(NameIn(projectFile)) {}
+    : files_(files), projectFile_(projectFile), original_(original), read_(read), place_(files, projectFile) {}
 
 Saving::~Saving() { Discard(); }
 
 void Saving::Open() {
   if (!stagingFolder_.empty()) return;
-  if (!lock_) lock_ = files_.LockFolder(folder_);  // kept when what follows failed the last time
+  if (!lock_) lock_ = files_.LockFolder(place_.Folder);  // kept when what follows failed the last time
   if (!lock_) throw SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
-  for (const std::string& name : files_.NamesIn(folder_).value_or(std::vector<std::string>())) {
-    const std::string path = folderPart_ + name;
-    const bool isOurs = system::IsAsideName(name, name_) && files_.KindOf(path) == system::FileKind::Folder;
-    if (isOurs) Recover(path);
-  }
-  const std::string folder = folderPart_ + system::AsideName(name_);
+  RecoverAll(place_);
+  const std::string folder = place_.PathOf(system::AsideName(place_.Name));
   try {
     files_.CreateFolder(folder);
   } catch (const SaveError& error) {
@@ -66,48 +54,36 @@ void Saving::Open() {
   stagingFolder_ = folder;
 }
 
-// Takes back what a save that was cut off has moved into place, unless its last step was done. Where that step replaced
-// a project file that somebody had just changed, it is undone first.
-void Saving::Recover(const std::string& folder) {
-  const std::optional<SaveRecord> record = SaveRecord::Parse(files_.Read(folder + Record).value_or(""));
-  if (record) {
-    const std::uint64_t current = SumOf(projectFile_, *record), aside = SumOf(folder + Project, *record);
-    const bool isDone = current == record->NewProject;
-    const bool isOvertaken = isDone && aside != 0 && aside != record->OldProject && aside != record->NewProject;
-    if (isOvertaken) files_.Replace(folder + Project, projectFile_);
-    const bool isNotDone = !isDone && (current == record->OldProject || aside == record->NewProject);
-    if ((isOvertaken || isNotDone) && !RollBack(*record)) return;  // the next save tries again
-  }
-  RemoveStaging(folder);
-}
-
 void Saving::Stage(const std::string& path, std::string_view bytes) {
   Try([&] {
     Open();
     system::WriteNewFile(files_, Aside(targets_.size()), bytes);
-    const bool isInFolder = path.starts_with(folderPart_);
-    targets_.push_back({{path.substr(isInFolder ? folderPart_.size() : 0), system::ContentSum(bytes)}});
+    targets_.push_back({{place_.Recorded(path), system::ContentSum(bytes)}});
   });
 }
 
-std::string Saving::PathOf(const SaveRecord::File& file) const {
-  return system::IsAbsolute(file.Path) ? file.Path : folderPart_ + file.Path;
+// A link stays one.
+void Saving::Put(const std::string& path, const std::optional<std::string_view>& bytes,
+                 const std::optional<std::string_view>& old) {
+  Try([&] {
+    Open();
+    isSet_ = true;
+    const std::string target = files_.BehindLinks(path);
+    if (bytes) system::WriteNewFile(files_, Aside(targets_.size()), *bytes, old ? target : "");
+    const auto sum = [](const auto& content) { return content ? system::ContentSum(*content) : 0; };
+    targets_.push_back({{place_.Recorded(target), sum(bytes), sum(old)}});
+  });
 }
 
-std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + "/" + std::to_string(number); }
-
-// As the record has sums; 0 for no file.
-std::uint64_t Saving::SumOf(const std::string& path, const SaveRecord& record) const {
-  const std::optional<std::string> bytes = files_.Read(path);
-  return bytes ? record.Sum(*bytes) : 0;
-}
+std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + PreparedName(number); }
 
 void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames) {
-  const std::string path = PathOf(target.File);
+  const std::string path = place_.PathOf(target.File);
   const std::string_view name = NameIn(path);
   for (const std::string& other : sameNames) {
     if (other != name) {
-      throw SaveError(PathOf(target.File) + ": the folder has a file of this name in other letter cases, " + other +
+      throw SaveError(place_.PathOf(target.File) + ": the folder has a file of this name in other letter cases, " +
+                      other +
                       ", which does not belong to the project; move it away or add it to the project, then try again");
     }
     target.IsThere = files_.Read(path) == files_.Read(Aside(number));
@@ -119,11 +95,17 @@ void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<s
   }
 }
 
-// Lists each folder once. A file of another system may be the same file under a name in other letter cases.
+// Lists each folder of new files once. A file of another system may be the same file under a name in other letter
+// cases.
 void Saving::CheckTargets() {
   std::map<std::string, std::vector<std::size_t>> byFolder;
   for (std::size_t number = 0; number < targets_.size(); ++number) {
-    byFolder[system::FolderOf(PathOf(targets_[number].File))].push_back(number);
+    const SaveRecord::File& file = targets_[number].File;
+    if (file.Old == 0) {
+      byFolder[system::FolderOf(place_.PathOf(file))].push_back(number);
+    } else if (place_.SumOf(place_.PathOf(file)) != file.Old) {
+      FailChanged(place_.PathOf(file));
+    }
   }
   for (const auto& [folder, numbers] : byFolder) {
     std::unordered_map<std::string_view, std::size_t, CaselessHash, CaselessEqual> byName;
@@ -145,17 +127,17 @@ void Saving::Prepare(std::string_view text) {
     if (!target.IsThere) SaveRecord::Append(record, target.File);
   }
   SaveRecord::End(record);
-  system::WriteNewFile(files_, stagingFolder_ + Project, text, projectFile_);
-  system::WriteNewFile(files_, stagingFolder_ + Record, record);
+  system::WriteNewFile(files_, stagingFolder_ + NewProjectName, text, projectFile_);
+  system::WriteNewFile(files_, stagingFolder_ + RecordName, record);
   files_.FlushFolder(stagingFolder_);
-  files_.FlushFolder(folder_);
+  files_.FlushFolder(place_.Folder);
 }
 
 void Saving::MoveIntoPlace() {
   std::set<std::string> folders;  // what the new project lists must be on the disk before the project is
   for (std::size_t number = 0; number < targets_.size(); ++number) {
     Target& target = targets_[number];
-    const std::string path = PathOf(target.File);
+    const std::string path = place_.PathOf(target.File);
     folders.insert(system::FolderOf(path));
     if (target.IsThere) continue;
     if (!files_.MoveNew(Aside(number), path)) {
@@ -171,78 +153,88 @@ bool Saving::IsAsRead(const std::string& project, std::string& changed) const {
   return changed.empty();
 }
 
-// A file that cannot be taken back stays, without anything that refers to it; false then. One that was changed since is
-// somebody's.
-bool Saving::RollBack(const SaveRecord& record) {
-  bool isComplete = true;
-  std::set<std::string> folders;
-  for (const SaveRecord::File& file : record.Files) {
-    const std::string path = PathOf(file);
-    try {
-      if (SumOf(path, record) != file.Sum) continue;
-      files_.Remove(path);
-      folders.insert(system::FolderOf(path));
-    } catch (const support::InputError&) {
-      isComplete = false;
-    } catch (const SaveError&) {
-      isComplete = false;
-    }
-  }
-  for (const std::string& folder : folders) files_.FlushFolder(folder);
-  return isComplete;
-}
-
-bool Saving::RollBackMoved() {
+void Saving::RollBackMoved() {
   SaveRecord moved;
   for (Target& target : targets_) {
     if (std::exchange(target.IsMoved, false)) moved.Files.push_back(target.File);
   }
-  return RollBack(moved);
+  if (!RollBack(place_, moved)) stagingFolder_.clear();  // its record stays for the next save
+}
+
+void Saving::CommitProject(std::string_view text) {
+  try {
+    Prepare(text);
+    MoveIntoPlace();
+    std::string changed;
+    const auto isAsRead = [&](const std::string& project) { return IsAsRead(project, changed); };
+    if (!system::ReplaceIf(files_, stagingFolder_ + NewProjectName, projectFile_, isAsRead)) FailChanged(changed);
+  } catch (const std::exception&) {
+    RollBackMoved();
+    throw;
+  }
+}
+
+// The files of the set by their numbers, the project file behind them, then the folders that are to be made.
+SaveRecord Saving::PrepareSet(std::string_view text) {
+  if (text != original_) Put(projectFile_, text, original_);
+  SaveRecord record;
+  record.IsSet = true;
+  std::set<std::string> missing;
+  for (const Target& target : targets_) {
+    record.Files.push_back(target.File);
+    if (target.IsThere) record.Files.back().Old = target.File.Sum;
+    const std::string folder = system::FolderOf(place_.PathOf(target.File));
+    if (files_.KindOf(folder) == system::FileKind::None) missing.insert(folder);
+  }
+  for (const std::string& folder : missing) record.Files.push_back({place_.Recorded(folder)});
+  system::WriteNewFile(files_, stagingFolder_ + RecordName, SaveRecord::OfSet(record.Files));
+  files_.FlushFolder(stagingFolder_);
+  files_.FlushFolder(place_.Folder);
+  return record;
+}
+
+void Saving::CommitSet(std::string_view text) {
+  const SaveRecord record = PrepareSet(text);
+  const FileSet set(place_, stagingFolder_, record);
+  const auto requireAsRead = [&](bool hasNewProject) {
+    std::string changed;
+    if (!hasNewProject && !IsAsRead(projectFile_, changed)) FailChanged(changed);
+    if (hasNewProject && !(changed = read_.Changed()).empty()) FailChanged(changed);
+  };
+  try {
+    requireAsRead(false);
+    set.MoveIntoPlace();
+    requireAsRead(text != original_);
+    files_.Replace(stagingFolder_ + RecordName, stagingFolder_ + CommittedName);
+  } catch (const std::exception&) {
+    if (!set.TakeBack()) stagingFolder_.clear();
+    throw;
+  }
 }
 
 void Saving::Commit(std::string_view text) {
   Try([&] {
     Open();
-    try {
-      CheckTargets();
-      Prepare(text);
-      MoveIntoPlace();
-      std::string changed;
-      const auto isAsRead = [&](const std::string& project) { return IsAsRead(project, changed); };
-      if (!system::ReplaceIf(files_, stagingFolder_ + Project, projectFile_, isAsRead)) {
-        throw SaveError(changed +
-                        ": another program has changed this file since it was read; open the project again and "
-                        "retry");
-      }
-    } catch (const std::exception&) {
-      if (!RollBackMoved()) stagingFolder_.clear();  // its record stays for the next save
-      throw;
+    CheckTargets();
+    if (isSet_) {
+      CommitSet(text);
+    } else {
+      CommitProject(text);
     }
   });
   // The new project is in place; a crash of the machine before the next flush may still bring back the old one.
   try {
-    files_.FlushFolder(folder_);
+    files_.FlushFolder(isSet_ ? stagingFolder_ : place_.Folder);
   } catch (const SaveError&) {
     return;
   }
-}
-
-// Only what was made here, the record first: what has none needs nothing more than to be removed.
-void Saving::RemoveStaging(const std::string& folder) {
-  files_.Remove(folder + Record);
-  for (const std::string& name : files_.NamesIn(folder).value_or(std::vector<std::string>())) {
-    const bool isNumber = name.find_first_not_of("0123456789") == std::string::npos;
-    const std::string path = std::string(folder).append("/").append(name);
-    if (isNumber || path == folder + Project || system::IsAsideName(name, name_)) files_.Remove(path);
-  }
-  files_.RemoveFolder(folder);
 }
 
 // What stays behind is removed by the next save; nothing refers to it.
 void Saving::Discard() noexcept {
   if (stagingFolder_.empty()) return;
   try {
-    RemoveStaging(stagingFolder_);
+    RemoveStaging(place_, stagingFolder_);
   } catch (const support::InputError&) {
     return;
   } catch (const SaveError&) {

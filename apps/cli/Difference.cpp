@@ -26,13 +26,13 @@ std::string Quoted(const std::string& line) { return line.empty() ? "nothing" : 
 Difference FirstDifference(const adapters::vb6files::FileChange& change, const system::CodePage& codePage) {
   Difference difference{change.Path, change.Old.has_value(), 0, "", ""};
   const bool isText = !runtime::EqualIgnoringCase(std::string_view(change.Path).substr(change.Path.size() - 4), ".frx");
-  if (!change.Old || !isText) return difference;
-  const auto same = std::ranges::mismatch(*change.Old, change.New).in1 - change.Old->begin();
+  if (!change.Old || !change.New || !isText) return difference;
+  const auto same = std::ranges::mismatch(*change.Old, *change.New).in1 - change.Old->begin();
   const std::string_view before = std::string_view(*change.Old).substr(0, static_cast<std::size_t>(same));
   const std::size_t begin = before.rfind('\n') + 1;  // the same in both texts
   difference.Line = 1 + static_cast<std::size_t>(std::ranges::count(before, '\n'));
   difference.Found = LineAt(*change.Old, begin, codePage);
-  difference.Expected = LineAt(change.New, begin, codePage);
+  difference.Expected = LineAt(*change.New, begin, codePage);
   return difference;
 }
 

@@ -9,7 +9,6 @@
 #include "apps/cli/ProjectOptions.h"
 #include "apps/cli/Spool.h"
 #include "apps/cli/Summary.h"
-#include "apps/cli/UnifiedDiff.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Interruption.h"
 #include "apps/common/Paths.h"
@@ -178,7 +177,9 @@ class Run {
 
   // Texts are kept to be compared only.
   void Note(vb6files::FileChange change) {
-    if (!options_.Diff && !options_.Check) change = {std::move(change.Path), {}, {}};
+    for (std::optional<std::string>* text : {&change.Old, &change.New}) {
+      if (!options_.Diff && !options_.Check && *text) *text = std::string();
+    }
     changes_.push_back(std::move(change));
   }
 
@@ -187,9 +188,8 @@ class Run {
     std::vector<std::string> files;
     for (const vb6files::FileChange& change : std::exchange(changes_, {})) {
       files.push_back(change.Path);
-      const std::string name = support::Escaped(change.Path);
       if (options_.Diff) {
-        report_.Add(UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), name, change.New));
+        report_.Add(DiffOf(change));
       } else if (options_.Check) {
         ReportDifference(FirstDifference(change, project_.ProjectCodePage()));
       } else if (!options_.Json && !options_.Tells.Quiet) {

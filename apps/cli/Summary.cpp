@@ -1,5 +1,6 @@
 #include "apps/cli/Summary.h"
 
+#include "apps/cli/UnifiedDiff.h"
 #include "runtime/Conversions.h"
 #include "support/Messages.h"
 
@@ -74,7 +75,15 @@ std::string FieldLinesOf(const model::FormModel& form) {
 }
 
 std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten) {
-  return (isWritten ? "wrote " : "would write ") + support::Escaped(change.Path) + '\n';
+  const char* const made = change.New ? "wrote " : "removed ";
+  const char* const wanted = change.New ? "would write " : "would remove ";
+  return (isWritten ? made : wanted) + support::Escaped(change.Path) + '\n';
+}
+
+std::string DiffOf(const adapters::vb6files::FileChange& change) {
+  const std::string name = support::Escaped(change.Path);
+  return UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), change.New ? name : "/dev/null",
+                     change.New.value_or(""));
 }
 
 // An element stands two steps further in than the summary.

@@ -24,6 +24,8 @@ struct FormResult {
 // What a form has become, and what becomes of a file that changed, as a line for people.
 std::string LineOf(const FormResult& result, const model::FormModel& form);
 std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten);
+// The same as a unified diff.
+std::string DiffOf(const adapters::vb6files::FileChange& change);
 // What became of each field of the form, in order, a line each.
 std::string FieldLinesOf(const model::FormModel& form);
 

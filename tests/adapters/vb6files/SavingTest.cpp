@@ -165,24 +165,72 @@ TEST_CASE("What somebody changes while a run goes on stays, up to the last step"
   }
 }
 
+// What follows its class: a form replaced with its companion file taken away, one kept text replaced, one new in a
+// folder that is new, and a new form in the project file.
+Contents KeptProject() {
+  Contents files = OldProject();
+  files["P/Forms/Form1.frx"] = "old companion";
+  files["P/kept.json"] = "old";
+  return files;
+}
+
+void Follow(system::FileSystem& files, bool addsForm, std::string_view text = "new") {
+  ProjectOnDisk project(files, ProjectPath, {});
+  const FormFiles old = project.TextsOf("Form1");
+  project.PutTexts("Form1", {EmptyForm + "' " + std::string(text) + "\r\n", ""}, old);
+  project.Put("P/kept.json", std::string(text), "old");
+  project.Put("P/Lending.forms/Form1.frm", std::string(text), std::nullopt);
+  if (addsForm) project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmNew");
+  project.Save();
+}
+
+Contents FollowedProject(bool addsForm) {
+  MemoryFileSystem files(KeptProject());
+  Follow(files, addsForm);
+  return files.Files;
+}
+
+TEST_CASE("Files that are put are written, replaced and removed with the new forms, as announced") {
+  for (const bool addsForm : {false, true}) {
+    Contents expected = KeptProject();
+    expected["P/Forms/Form1.frm"] = EmptyForm + "' new\r\n";
+    expected.erase("P/Forms/Form1.frx");
+    expected["P/kept.json"] = expected["P/Lending.forms/Form1.frm"] = "new";
+    const Contents after = FollowedProject(addsForm);
+    CHECK(after.size() == expected.size() + (addsForm ? 1 : 0));
+    if (addsForm) {
+      CHECK(Has(after.at(ProjectPath), "Form=frmNew.frm\r\n"));
+    } else {
+      CHECK(after == expected);
+    }
+  }
+}
+
 TEST_CASE("A failing operation or a full disk leaves every file as it was, or saves everything") {
   const Contents before = OldProject(), after = NewProject();
-  for (const Trouble kind : {Trouble::Fails, Trouble::TearsAndFails}) {
-    bool failed = true;
-    for (int operation = 1; failed; ++operation) {
-      CAPTURE(operation);
-      REQUIRE(operation < 100);
-      MemoryFileSystem files(before, kind, operation);
-      try {
-        Generate(files);
-        // Only cleaning up afterwards may leave something behind, for the next save to remove.
-        CHECK(Holds(files.Files, after));
-      } catch (const support::SaveError&) {
-        CHECK(files.Files == before);
-        CHECK(files.Folders.empty());
+  const auto tryAll = [](const Contents& from, const Contents& to, bool canExchange, auto&& save) {
+    for (const Trouble kind : {Trouble::Fails, Trouble::TearsAndFails}) {
+      bool failed = true;
+      for (int operation = 1; failed; ++operation) {
+        CAPTURE(operation);
+        REQUIRE(operation < 100);
+        MemoryFileSystem files(from, kind, operation);
+        files.CanExchange = canExchange;
+        try {
+          save(files);
+          // Only cleaning up afterwards may leave something behind, for the next save to remove.
+          CHECK(Holds(files.Files, to));
+        } catch (const support::SaveError&) {
+          CHECK(files.Files == from);
+          CHECK(files.Folders.empty());
+        }
+        failed = files.Operations >= operation;
       }
-      failed = files.Operations >= operation;
     }
+  };
+  tryAll(before, after, true, [](system::FileSystem& files) { Generate(files); });
+  for (const bool canExchange : {false, true}) {
+    tryAll(KeptProject(), FollowedProject(true), canExchange, [](system::FileSystem& files) { Follow(files, true); });
   }
 }
 
@@ -257,7 +305,7 @@ TEST_CASE("Nothing is written for an unchanged project or in a dry run, which an
       [&](const FileChange& change) {
         CHECK(change.Old.has_value() == announced.contains(change.Path));
         CHECK(change.Old.value_or("") == announced[change.Path]);
-        announced[change.Path] = change.New;
+        announced[change.Path] = change.New.value();
       },
       true);
   Change(project, true);
