@@ -55,6 +55,7 @@ struct SettingsFixture {
 TEST_CASE_FIXTURE(SettingsFixture,
                   "The settings dialog shows the stored values, the defaults where nothing is stored") {
   Dialog.Load();
+  CHECK(Dialog.Controls().size() == 24);
   CHECK(Shown() == "1 3 5 5 R 1 1 1 1 0");
   CHECK(Dialog.chkStatusbar.Caption == "Form contains a &staus bar");
 

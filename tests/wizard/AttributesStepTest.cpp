@@ -75,6 +75,7 @@ TEST_CASE_FIXTURE(Walk, "A read-only field follows another one, and remembers wh
     CAPTURE(c.script);
     CHECK(Do(c.script) == "5 BNFC");
     CHECK(offered() == c.offered);
+    CHECK(Dialog.lblUpdateAfter.Enabled == Dialog.lstUpdateAfter.Enabled);
     CHECK(Text(Field(1).FieldKind) + " " + Text(Field(1).UpdateAfter) == c.record);
   }
   CHECK(Dialog.txtCaption[Dialog.FrontPanel()].Text() == "Full");

@@ -23,6 +23,7 @@ class StatusTexts : public ui::ControlObserver {
 }  // namespace
 
 TEST_CASE_FIXTURE(Walk, "The dialog is laid out and named as it loads") {
+  CHECK(Dialog.Controls().size() == 69);
   CHECK(Dialog.frmCommand.Left + Dialog.frmCommand.Width == Int32(9210 - 360));
   for (const ui::Frame& panel : Dialog.frmStep) CHECK(panel.Left == Int32(3240));
   for (const ui::Frame& panel : Dialog.frmProperty) {

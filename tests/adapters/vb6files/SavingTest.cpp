@@ -90,11 +90,17 @@ TEST_CASE("A crash at any operation leaves the old or the new project, and any n
     for (const Contents& found : files.AfterCrash()) {
       const bool isOld = found.at(ProjectPath) == before.at(ProjectPath);
       REQUIRE(Holds(found, isOld ? before : after));
-      if (!isOld) continue;
       MemoryFileSystem again(found);
       again.Folders = files.Folders;
-      Generate(again, "other fields");
-      CHECK(again.Files == other);
+      if (isOld) {
+        Generate(again, "other fields");
+        CHECK(again.Files == other);
+      } else {
+        ProjectOnDisk project(again, ProjectPath, {});
+        project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmNext");
+        project.Save();
+        CHECK(Has(again.Files.at(ProjectPath), "Form=frmHome.frm\r\nForm=frmNext.frm\r\n"));
+      }
       CHECK(again.Folders.empty());
     }
     stopped = files.IsStopped;
