@@ -9,7 +9,6 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -46,11 +45,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
   components_->setModel(model_);
   components_->setItemDelegate(new ComponentDelegate(*model_, components_));
   components_->setUniformItemSizes(true);
-  form_->setAccessibleName("Form");
-  auto* area = new QScrollArea;
-  area->setWidget(form_);
-  area->setBackgroundRole(QPalette::Mid);
-  pages_->addTab(area, "&Form");
+  pages_->addTab(form_, "&Form");
   pages_->addTab(code_, "&Code");
   auto* splitter = new QSplitter;
   splitter->addWidget(components_);
@@ -174,7 +169,7 @@ void MainWindow::ShowComponent() {
   }
   vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
   code_->ShowCode(Text(tree.Code));
-  form_->SetForm(std::move(tree.Form));
+  form_->SetForm(std::move(tree));
 }
 
 void MainWindow::ShowState() {

@@ -3,7 +3,7 @@
 #include "apps/desktop/formview/ClassicLook.h"
 #include "apps/desktop/formview/ShapePictures.h"
 #include "apps/desktop/formview/TabPictures.h"
-#include "apps/desktop/formview/Texts.h"
+#include "apps/desktop/formview/TextLayout.h"
 #include "generator/ide/ActiveX.h"
 #include "runtime/Conversions.h"
 
@@ -272,6 +272,10 @@ bool TakesFocus(const FormNode& control) {
 }
 
 bool IsLightweight(const FormNode& control) { return IsLine(control) || LookOf(control).OnLayer == Layer::Lightweight; }
+
+bool IsBorderlessLabel(const FormNode& control) {
+  return runtime::EqualIgnoringCase(control.Class, "VB.Label") && !control.Flag("BorderStyle");
+}
 
 bool IsLine(const FormNode& control) { return runtime::EqualIgnoringCase(control.Class, "VB.Line"); }
 

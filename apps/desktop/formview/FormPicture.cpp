@@ -4,7 +4,7 @@
 #include "apps/desktop/formview/ControlPictures.h"
 #include "apps/desktop/formview/FormPlaces.h"
 #include "apps/desktop/formview/ShapePictures.h"
-#include "apps/desktop/formview/Texts.h"
+#include "apps/desktop/formview/TextLayout.h"
 
 #include <QLinearGradient>
 
@@ -130,6 +130,11 @@ class ControlPainter {
     painter_.save();
     painter_.setClipRect(place, Qt::IntersectClip);
     DrawControl(painter_, control, place);
+    if (options_.OutlineLabels && IsBorderlessLabel(control)) {
+      painter_.setPen(QPen(ColorOf(color::Shadow), 1, Qt::DotLine));
+      painter_.setBrush(Qt::NoBrush);
+      painter_.drawRect(place.adjusted(0, 0, -1, -1));
+    }
     if (!control.Children.empty()) DrawOn(control, InsideOf(control, place));
     painter_.restore();
     if (TakesFocus(control)) stops_.push_back({place, control.Text("TabIndex")});

@@ -2,7 +2,7 @@
 
 #include "apps/desktop/formview/ControlPictures.h"
 #include "apps/desktop/formview/FormPicture.h"
-#include "apps/desktop/formview/Texts.h"
+#include "apps/desktop/formview/TextLayout.h"
 #include "runtime/Conversions.h"
 #include "ui/WindowFrame.h"
 

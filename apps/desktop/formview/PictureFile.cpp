@@ -3,7 +3,7 @@
 #include "apps/common/PictureKind.h"
 #include "apps/desktop/formview/FormPicture.h"
 #include "apps/desktop/formview/SvgPicture.h"
-#include "apps/desktop/formview/Texts.h"
+#include "apps/desktop/formview/TextLayout.h"
 #include "support/Failures.h"
 #include "system/WholeFile.h"
 
@@ -36,12 +36,23 @@ QByteArray SvgOf(const FormNode& form) {
 
 }  // namespace
 
+void SavePicture(const FormNode& form, const std::string& path) {
+  const bool isSvg = common::KindOfPicture(path) == common::PictureKind::Svg;
+  const QByteArray picture = isSvg ? SvgOf(form) : PngOf(form, path);
+  system::WriteWholeFile(system::RealFileSystem(), path, picture.toStdString());
+}
+
+QMimeData* PictureToCopy(const FormNode& form) {
+  auto* data = new QMimeData;
+  data->setImageData(PictureOf(form, 1, false));
+  data->setData("image/svg+xml", SvgOf(form));
+  return data;
+}
+
 void RenderToFile(const std::string& frmPath, const std::string& picturePath, int codePage) {
   using namespace adapters::vb6files;
-  const common::PictureKind kind = common::KindOfPicture(picturePath);
-  const FormNode form = ReadFormFile(system::RealFileSystem(), frmPath, system::CodePage(codePage)).Form;
-  const QByteArray picture = kind == common::PictureKind::Svg ? SvgOf(form) : PngOf(form, picturePath);
-  system::WriteWholeFile(system::RealFileSystem(), picturePath, picture.toStdString());
+  static_cast<void>(common::KindOfPicture(picturePath));  // a wrong one is said before anything is read
+  SavePicture(ReadFormFile(system::RealFileSystem(), frmPath, system::CodePage(codePage)).Form, picturePath);
 }
 
 }  // namespace formwizard::apps::desktop

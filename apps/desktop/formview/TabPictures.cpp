@@ -1,7 +1,7 @@
 #include "apps/desktop/formview/TabPictures.h"
 
 #include "apps/desktop/formview/ClassicLook.h"
-#include "apps/desktop/formview/Texts.h"
+#include "apps/desktop/formview/TextLayout.h"
 
 #include <algorithm>
 #include <cmath>

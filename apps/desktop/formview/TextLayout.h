@@ -25,6 +25,9 @@ void DrawText(QPainter& painter, const QRect& place, int flags, std::string_view
 int WidthOfLine(const adapters::vb6files::FormNode& control, std::string_view utf8);
 int HeightOfLine(const adapters::vb6files::FormNode& control);
 
+// Without the mark of the access key.
+QString WithoutMarks(const QString& text);
+
 // As much of a text as is drawn.
 QString ShownText(std::string_view utf8);
 

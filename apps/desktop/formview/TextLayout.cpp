@@ -1,4 +1,4 @@
-#include "apps/desktop/formview/Texts.h"
+#include "apps/desktop/formview/TextLayout.h"
 
 #include "adapters/textmeasure/FontWidths.h"
 #include "apps/desktop/formview/ClassicLook.h"
@@ -103,7 +103,7 @@ struct Line {
 };
 
 // An ampersand marks the next character, two are one that is shown.
-Line WithoutMarks(const QString& text) {
+Line Unmarked(const QString& text) {
   Line line;
   for (qsizetype i = 0; i < text.size(); ++i) {
     if (text[i] == '&' && ++i == text.size()) break;
@@ -156,7 +156,7 @@ class Breaking {
 std::vector<Line> LinesOf(const Measure& measure, const QString& text, int flags, double width) {
   std::vector<Line> lines;
   const auto marked = [&](const QString& paragraph) {
-    return (flags & WithAccessKey) != 0 ? WithoutMarks(paragraph) : Line{paragraph};
+    return (flags & WithAccessKey) != 0 ? Unmarked(paragraph) : Line{paragraph};
   };
   QString whole = text;
   whole.replace("\r\n", "\n");
@@ -196,8 +196,10 @@ QString ShownText(std::string_view utf8) {
   return QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
 }
 
+QString WithoutMarks(const QString& text) { return Unmarked(text).Text; }
+
 int WidthOfLine(const FormNode& control, std::string_view utf8) {
-  return static_cast<int>(std::ceil(Measure(control).WidthOf(WithoutMarks(ShownText(utf8)).Text)));
+  return static_cast<int>(std::ceil(Measure(control).WidthOf(Unmarked(ShownText(utf8)).Text)));
 }
 
 int HeightOfLine(const FormNode& control) { return Measure(control).LineHeightInPixels(); }

@@ -1,0 +1,18 @@
+// What the controls of a generated form show, as its code says it.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace formwizard::apps::desktop {
+
+struct FormOrigin {
+  std::string Class;                                        // "Sample.Person"; empty for a form that was not generated
+  std::unordered_map<std::string, std::string> Properties;  // by the control's name: "Home.City"
+};
+
+// `code` is UTF-8, with any line ends.
+FormOrigin OriginOf(std::string_view code);
+
+}  // namespace formwizard::apps::desktop
