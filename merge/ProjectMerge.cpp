@@ -59,10 +59,10 @@ class ProjectMerger {
       : base_(base), mine_(mine), theirs_(theirs), output_(output) {}
 
   void Run() {
-    const Row ofBase = NumbersOf(base_, &Trio::Base), ofMine = NumbersOf(mine_, &Trio::Mine),
-              ofTheirs = NumbersOf(theirs_, &Trio::Theirs);
+    NumbersOf(base_, &Trio::Base);
+    const Row ofMine = NumbersOf(mine_, &Trio::Mine), ofTheirs = NumbersOf(theirs_, &Trio::Theirs);
     // The order says nothing, so mine's stays.
-    const Row order = MergedOrder(ofMine, ofMine, ofTheirs).value_or(ofMine);
+    const Row order = WithThoseOf(ofMine, ofTheirs);
     std::string_view section;
     std::size_t line = 0;
     for (const std::uint32_t number : order) {

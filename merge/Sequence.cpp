@@ -14,7 +14,8 @@ Row OnlyThoseIn(const Row& row, const std::unordered_set<std::uint32_t>& kept) {
   return rest;
 }
 
-// Things of `other` that `row` lacks come in behind those they stand behind there.
+}  // namespace
+
 Row WithThoseOf(const Row& row, const Row& other) {
   const std::unordered_set<std::uint32_t> present(row.begin(), row.end());
   std::unordered_map<std::uint32_t, Row> behind;
@@ -35,8 +36,6 @@ Row WithThoseOf(const Row& row, const Row& other) {
   }
   return all;
 }
-
-}  // namespace
 
 std::optional<Row> MergedOrder(const Row& base, const Row& mine, const Row& theirs) {
   const std::unordered_set<std::uint32_t> inBase(base.begin(), base.end()), inTheirs(theirs.begin(), theirs.end());

@@ -14,4 +14,7 @@ using Row = std::vector<std::uint32_t>;
 // the other side has stands behind its neighbour there. Nothing when both sides changed the order, each in its way.
 std::optional<Row> MergedOrder(const Row& base, const Row& mine, const Row& theirs);
 
+// The row, with those things of the other one that it lacks behind those they stand behind there.
+Row WithThoseOf(const Row& row, const Row& other);
+
 }  // namespace formwizard::merge

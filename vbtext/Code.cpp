@@ -4,6 +4,7 @@
 #include "vbtext/LogicalLines.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace formwizard::vbtext {
@@ -108,9 +109,11 @@ class Reader {
     }
   }
 
+  static constexpr std::size_t MostLevels = 64;  // of #If, so that no text takes time for each level of each section
+
   std::string BranchesNow() const {
     std::string all;
-    for (const Branch& branch : branches_) all += branch.Conditions + "\n";
+    for (const Branch& branch : branches_ | std::views::take(MostLevels)) all += branch.Conditions + "\n";
     return all;
   }
 
@@ -122,6 +125,7 @@ class Reader {
       condition += ' ';
     }
     if (IsOneOf(word, "If")) {
+      if (branches_.size() == MostLevels) Miss(line.Lines.First, "at most 64 levels of \"#If\"");
       branches_.push_back({line.Lines.First, condition});
     } else if (branches_.empty()) {
       Miss(line.Lines.First, "\"#If\" before this line");

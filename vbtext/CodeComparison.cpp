@@ -6,7 +6,12 @@
 #include "vbtext/Tokens.h"
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace formwizard::vbtext {
 namespace {
@@ -74,31 +79,38 @@ class CodeComparison {
     pairs.push_back({a.Sections.size(), b.Sections.size()});
     std::size_t fromA = 0, fromB = 0;
     for (const Pair& pair : pairs) {
-      CompareGap({a.Sections.begin() + static_cast<std::ptrdiff_t>(fromA),
-                  a.Sections.begin() + static_cast<std::ptrdiff_t>(pair.A)},
-                 {b.Sections.begin() + static_cast<std::ptrdiff_t>(fromB),
-                  b.Sections.begin() + static_cast<std::ptrdiff_t>(pair.B)});
+      CompareGap(std::span(a.Sections).subspan(fromA, pair.A - fromA),
+                 std::span(b.Sections).subspan(fromB, pair.B - fromB));
       fromA = pair.A + 1;
       fromB = pair.B + 1;
     }
   }
 
+  // By which the sections of a gap find each other; empty for one that finds none.
+  static std::string KeyInGap(const Section& section) {
+    if (section.Name.empty() && section.Kind != SectionKind::Remark) return {};
+    return std::to_string(static_cast<int>(section.Kind)) + " " + Folded(section.Name);
+  }
+
   // Sections between two that are equal: one of the same name is the same one, changed.
-  void CompareGap(const std::vector<const Section*>& a, std::vector<const Section*> b) {
+  void CompareGap(std::span<const Section* const> a, std::span<const Section* const> b) {
+    std::unordered_map<std::string, std::deque<std::size_t>> unmatched;
+    for (std::size_t i = 0; i < b.size(); ++i) unmatched[KeyInGap(*b[i])].push_back(i);
+    std::vector<bool> isMatched(b.size(), false);
     for (const Section* section : a) {
-      const auto same = std::ranges::find_if(b, [&](const Section* other) {
-        return other->Kind == section->Kind && IsSameName(other->Name, section->Name) &&
-               (!section->Name.empty() || section->Kind == SectionKind::Remark);
-      });
-      if (same == b.end()) {
+      const std::string key = KeyInGap(*section);
+      const auto same = unmatched.find(key);
+      if (key.empty() || same == unmatched.end() || same->second.empty()) {
         differences_.AddOneSided(WhatOf(*section), NameOfSection(*section), section->Lines, true);
-      } else {
-        differences_.Add(Change::Changed, WhatOf(*section), NameOfSection(*section), section->Lines, (*same)->Lines);
-        b.erase(same);
+        continue;
       }
+      const std::size_t match = same->second.front();
+      same->second.pop_front();
+      isMatched[match] = true;
+      differences_.Add(Change::Changed, WhatOf(*section), NameOfSection(*section), section->Lines, b[match]->Lines);
     }
-    for (const Section* section : b) {
-      differences_.AddOneSided(WhatOf(*section), NameOfSection(*section), section->Lines, false);
+    for (std::size_t i = 0; i < b.size(); ++i) {
+      if (!isMatched[i]) differences_.AddOneSided(WhatOf(*b[i]), NameOfSection(*b[i]), b[i]->Lines, false);
     }
   }
 

@@ -262,6 +262,9 @@ TEST_CASE("The items of a project are a set") {
   CHECK(merged(base, project("Module=M; m.bas\r\nForm=x.frm\r\n", "RevisionVer=3\r\n"),
                project("Form=A.frm\r\nModule=M; m.bas\r\nForm=y.frm\r\n", "RevisionVer=2\r\nTitle=\"t\"\r\n"))
             .Text == project("Module=M; m.bas\r\nForm=y.frm\r\nForm=x.frm\r\n", "RevisionVer=3\r\nTitle=\"t\"\r\n"));
+  CHECK(merged(base, project("Form=a.frm\r\nModule=M; m.bas\r\nForm=x.frm\r\n", ""),
+               project("Module=M; m.bas\r\nForm=y.frm\r\nForm=a.frm\r\n", ""))
+            .Text == project("Form=a.frm\r\nModule=M; m.bas\r\nForm=y.frm\r\nForm=x.frm\r\n", ""));
   const merge::Merged moved = merged(base, project("Form=a.frm\r\nModule=M; 1\\m.bas\r\n", ""),
                                      project("Form=a.frm\r\nModule=M; 2\\m.bas\r\n", ""));
   REQUIRE(moved.Conflicts.size() == 1);
