@@ -137,7 +137,7 @@ TEST_CASE("Every edit of both sides is in the result or in a conflict, and nothi
   std::mt19937 random(3);
   const std::vector<std::string> forms = Forms();
   int clean = 0;
-  for (int i = 0; i < 2000; ++i) {
+  for (int i = 0; i < 2 * Thousand; ++i) {
     const std::string& base = forms[random() % forms.size()];
     std::string mine = base, theirs = base;
     for (auto& [text, who] : {std::pair<std::string&, const char*>(mine, "m"), {theirs, "t"}}) {
@@ -155,7 +155,7 @@ TEST_CASE("Every edit of both sides is in the result or in a conflict, and nothi
     REQUIRE(Changes(base, merged.Text) == wanted);
     REQUIRE((Merge(base, merged.Text, theirs).Text == merged.Text));
   }
-  CHECK(clean > 1500);
+  CHECK(clean > 2 * Thousand * 3 / 4);
 }
 
 TEST_CASE("A side without news gives the other one, in the spelling of mine") {

@@ -131,7 +131,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 TEST_CASE("A form that the environment only saved is equal to itself, whatever it did to its text") {
   std::mt19937 random(1);
   const std::vector<SavedForm> forms = Forms();
-  for (int i = 0; i < 1000; ++i) {
+  for (int i = 0; i < Thousand; ++i) {
     const SavedForm& form = forms[random() % forms.size()];
     const SavedForm saved = SavedAgain(form, random);
     CAPTURE(i);
@@ -144,7 +144,7 @@ TEST_CASE("A form that the environment only saved is equal to itself, whatever i
 TEST_CASE("No edit is missed, also when the environment saved the form after it") {
   std::mt19937 random(2);
   const std::vector<SavedForm> forms = Forms();
-  for (int edits = 0; edits < 1000;) {
+  for (int edits = 0; edits < Thousand;) {
     const SavedForm& form = forms[random() % forms.size()];
     const SavedForm edited{Edited(form, random), form.Records};
     if (edited.File.empty()) continue;
