@@ -81,6 +81,7 @@ class FileSystem {
   virtual std::unique_ptr<OutputFile> Create(const std::string& path, const std::string& like) = 0;
   // False when `to` exists, which is then left alone.
   virtual bool MoveNew(const std::string& from, const std::string& to) = 0;
+  // Moves a folder as well, where nothing is in its place.
   virtual void Replace(const std::string& from, const std::string& to) = 0;
   // The two files change places in one step; false, with nothing changed, where that cannot be done.
   virtual bool Exchange(const std::string& path, const std::string& other) = 0;

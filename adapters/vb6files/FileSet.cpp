@@ -16,8 +16,6 @@ using support::SaveError;
 
 constexpr const char* Copied = ".old";  // of a file that could not change places
 
-bool IsFolder(const SaveRecord::File& file) { return file.Sum == 0 && file.Old == 0; }
-
 }  // namespace
 
 void FailChanged(const std::string& path) {
@@ -26,7 +24,7 @@ void FailChanged(const std::string& path) {
 
 void FileSet::MoveIntoPlace() const {
   for (const SaveRecord::File& file : record_.Files) {
-    if (IsFolder(file)) place_.Files.CreateFolder(place_.PathOf(file));
+    if (file.IsFolder()) place_.Files.CreateFolder(place_.PathOf(file));
   }
   for (std::size_t number = 0; number < record_.Files.size(); ++number) Move(number);
   FlushFolders();
@@ -35,7 +33,7 @@ void FileSet::MoveIntoPlace() const {
 void FileSet::Move(std::size_t number) const {
   const SaveRecord::File& file = record_.Files[number];
   const std::string path = place_.PathOf(file), aside = folder_ + PreparedName(number);
-  if (IsFolder(file)) return;
+  if (file.IsFolder()) return;
   if (file.Old == 0) {
     if (place_.Files.MoveNew(aside, path)) return;
     throw SaveError(path + ": another program has just made this file; move it away, then try again");
@@ -59,8 +57,10 @@ void FileSet::MoveOver(const std::string& aside, const std::string& path, const 
   place_.Files.Replace(aside, path);
 }
 
+// What was replaced first.
 void FileSet::FlushFolders() const {
-  std::set<std::string> folders{folder_};
+  place_.Files.FlushFolder(folder_);
+  std::set<std::string> folders;
   for (const SaveRecord::File& file : record_.Files) folders.insert(system::FolderOf(place_.PathOf(file)));
   for (const std::string& folder : folders) {
     if (place_.Files.KindOf(folder) != system::FileKind::None) place_.Files.FlushFolder(folder);
@@ -84,9 +84,7 @@ std::string FileSet::OldContentOf(std::size_t number) const {
   return "";
 }
 
-// A record may have come with a project from elsewhere. What it says is done in the project's folder, and outside of it
-// to forms only.
-bool FileSet::IsWithinReach(const SaveRecord::File& file) const {
+bool FileSet::IsWithinReach(const SaveRecord::File& file) {
   const std::string path = "/" + runtime::ReplaceAll(file.Path, "\\", "/") + "/";
   if (!system::IsAbsolute(file.Path) && path.find("/../") == std::string::npos) return true;
   const std::string_view extension = std::string_view(path).substr(path.size() - 5);
@@ -120,7 +118,7 @@ bool FileSet::TakeBack() const {
     const std::string path = place_.PathOf(file);
     if (!IsWithinReach(file)) continue;
     attempt([&] {
-      if (!IsFolder(file)) return BringBack(number, path);
+      if (!file.IsFolder()) return BringBack(number, path);
       place_.Files.RemoveFolder(path);  // unless something is in it; folders stand behind what is in them
     });
   }

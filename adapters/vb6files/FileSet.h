@@ -27,12 +27,14 @@ class FileSet {
 
   // Where the old content of a file stands that was replaced or removed; empty for none.
   std::string OldContentOf(std::size_t number) const;
+  // A record may have come with a project from elsewhere. What it says is done in the project's folder, and outside of
+  // it to forms only.
+  static bool IsWithinReach(const SaveRecord::File& file);
 
  private:
   void Move(std::size_t number) const;
   void MoveOver(const std::string& aside, const std::string& path, const SaveRecord::File& file) const;
   void BringBack(std::size_t number, const std::string& path) const;
-  bool IsWithinReach(const SaveRecord::File& file) const;
   void FlushFolders() const;
 
   const SavePlace& place_;

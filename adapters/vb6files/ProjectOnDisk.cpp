@@ -2,6 +2,7 @@
 
 #include "adapters/vb6files/FilePath.h"
 #include "adapters/vb6files/FormReader.h"
+#include "adapters/vb6files/Recovery.h"
 #include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
@@ -20,7 +21,8 @@ using namespace generator::ide;
 constexpr std::string_view StartUpForm = "Form1";  // of a new project
 constexpr std::size_t NameIsWithin = 4096;         // bytes at the start of a form file
 
-std::string ReadProject(const system::FileSystem& files, const std::string& path) {
+std::string ReadProject(system::FileSystem& files, const std::string& path) {
+  RecoverSets(files, path);
   std::optional<std::string> text = files.Read(path, system::LargestProject);
   if (!text) throw support::InputError(path + ": there is no such project file; check the path");
   return std::move(*text);

@@ -3,6 +3,7 @@
 
 #include "adapters/vb6files/Caseless.h"
 #include "adapters/vb6files/ControlLibraries.h"
+#include "adapters/vb6files/FileChange.h"
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/ProjectFile.h"
 #include "adapters/vb6files/Saving.h"
@@ -15,7 +16,6 @@
 #include "system/FilesRead.h"
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <memory_resource>
 #include <optional>
@@ -39,27 +39,18 @@ struct ComponentSummary {
   bool IsForm;
 };
 
-// One file that saving writes or removes. `Old` is nothing for a new file, `New` for one that goes.
-struct FileChange {
-  std::string Path;
-  std::optional<std::string> Old, New;
-};
-
 class ProjectOnDisk : public generator::ide::Vbe,
                       private generator::ide::VBProject,
                       private generator::ide::VBComponents {
  public:
-  // Called for every file of a finished form, every file that is put and for the project file, with what will stand in
-  // it.
-  using ChangeListener = std::function<void(FileChange)>;
-
   // Reads the project file; components are read when they are asked for. support::InputError names what is missing or
-  // damaged. `files` must outlive the project.
+  // damaged. `files` must outlive the project. A save that has replaced files and was cut off is taken back first.
   ProjectOnDisk(system::FileSystem& files, const std::string& path, const ProjectOptions& options);
 
   generator::ide::VBProject& ActiveVBProject() override { return *this; }
 
-  // With `dryRun` nothing is written, files are only announced to the listener.
+  // The listener hears of every file of a finished form, every file that is put and the project file, with what will
+  // stand in it. With `dryRun` nothing is written.
   void OnChange(ChangeListener listener, bool dryRun);
 
   // For a dry run that tells whether the project has what would be made: the next form is made as if the one that has

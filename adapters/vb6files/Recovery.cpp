@@ -6,9 +6,10 @@
 #include "system/Paths.h"
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <set>
 #include <string_view>
+#include <vector>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -17,6 +18,21 @@ using support::SaveError;
 
 std::optional<SaveRecord> RecordOf(const SavePlace& place, const std::string& file) {
   return SaveRecord::Parse(place.Files.Read(file).value_or(""));
+}
+
+std::vector<std::string> FoldersOfSaves(const SavePlace& place) {
+  std::vector<std::string> folders;
+  for (const std::string& name : place.Files.NamesIn(place.Folder).value_or(std::vector<std::string>())) {
+    const std::string path = place.PathOf(name);
+    const bool isOurs = system::IsAsideName(name, place.Name) && place.Files.KindOf(path) == system::FileKind::Folder;
+    if (isOurs) folders.push_back(path);
+  }
+  return folders;
+}
+
+bool HoldsSet(const SavePlace& place, const std::string& folder) {
+  const std::optional<SaveRecord> record = RecordOf(place, folder + RecordName);
+  return record ? record->IsSet : place.Files.KindOf(folder + CommittedName) == system::FileKind::File;
 }
 
 // The last step of a save of new files is the project file's. Where it replaced one that somebody had just changed, it
@@ -29,21 +45,59 @@ bool TakeBack(const SavePlace& place, const std::string& folder, const SaveRecor
   const bool isOvertaken = isDone && aside != 0 && aside != record.OldProject && aside != record.NewProject;
   if (isOvertaken) place.Files.Replace(project, place.ProjectFile);
   const bool isNotDone = !isDone && (current == record.OldProject || aside == record.NewProject);
+  if (isDone && !isOvertaken) DropKept(place);
   return (!isOvertaken && !isNotDone) || RollBack(place, record);
+}
+
+// What cannot be taken back is left for the next time.
+void Recover(const SavePlace& place, const std::string& folder) {
+  const std::optional<SaveRecord> record = RecordOf(place, folder + RecordName);
+  if (!record && RecordOf(place, folder + CommittedName)) {
+    Keep(place, folder);
+  } else if (!record || TakeBack(place, folder, *record)) {
+    RemoveStaging(place, folder);
+  }
 }
 
 }  // namespace
 
-void Recover(const SavePlace& place, const std::string& folder) {
-  const std::optional<SaveRecord> record = RecordOf(place, folder + RecordName);
-  if (!record || TakeBack(place, folder, *record)) RemoveStaging(place, folder);  // else the next save tries again
+void RecoverAll(const SavePlace& place) {
+  for (const std::string& folder : FoldersOfSaves(place)) Recover(place, folder);
 }
 
-void RecoverAll(const SavePlace& place) {
-  for (const std::string& name : place.Files.NamesIn(place.Folder).value_or(std::vector<std::string>())) {
-    const std::string path = place.PathOf(name);
-    const bool isOurs = system::IsAsideName(name, place.Name) && place.Files.KindOf(path) == system::FileKind::Folder;
-    if (isOurs) Recover(place, path);
+void RecoverSets(system::FileSystem& files, const std::string& projectFile) {
+  const SavePlace place(files, projectFile);
+  for (const std::string& folder : FoldersOfSaves(place)) {
+    if (!HoldsSet(place, folder)) continue;
+    try {
+      const std::unique_ptr<system::FileLock> lock = files.LockFolder(place.Folder);
+      if (!lock) throw SaveError(projectFile + ": another program is saving it; try again when it is done");
+      if (files.KindOf(folder) != system::FileKind::None) Recover(place, folder);
+      if (files.KindOf(folder) == system::FileKind::None) continue;
+      throw SaveError(folder +
+                      ": a save was cut off, and what it has replaced cannot be brought back from here; "
+                      "restore the project's files, then remove this folder");
+    } catch (const SaveError& error) {
+      throw support::InputError(error.what());
+    }
+  }
+}
+
+std::optional<SaveRecord> KeptRecord(const SavePlace& place) {
+  const std::optional<SaveRecord> record = RecordOf(place, place.KeptFolder + CommittedName);
+  return record && record->IsSet ? record : std::nullopt;
+}
+
+void Keep(const SavePlace& place, const std::string& folder) {
+  DropKept(place);
+  place.Files.Replace(folder, place.KeptFolder);
+  place.Files.FlushFolder(place.Folder);
+}
+
+void DropKept(const SavePlace& place) {
+  if (place.Files.KindOf(place.KeptFolder) == system::FileKind::None) return;
+  if (!RemoveStaging(place, place.KeptFolder)) {
+    throw SaveError(place.KeptFolder + ": this folder has files that no save has put there; move them away");
   }
 }
 
@@ -66,17 +120,18 @@ bool RollBack(const SavePlace& place, const SaveRecord& record) {
   return isComplete;
 }
 
-void RemoveStaging(const SavePlace& place, const std::string& folder) {
+bool RemoveStaging(const SavePlace& place, const std::string& folder) {
   place.Files.Remove(folder + RecordName);
+  place.Files.Remove(folder + CommittedName);
   for (const std::string& name : place.Files.NamesIn(folder).value_or(std::vector<std::string>())) {
-    const std::string path = std::string(folder).append("/").append(name);
+    const std::string path = "/" + name;
     const std::string_view number = std::string_view(name).substr(0, name.find(".old"));
     const bool isNumber = number.find_first_not_of("0123456789") == std::string::npos;
-    const bool isOurs =
-        isNumber || path == folder + NewProjectName || path == folder + CommittedName || system::IsAsideName(name);
-    if (isOurs) place.Files.Remove(path);
+    if (isNumber || path == NewProjectName || path == IgnoreName || system::IsAsideName(name)) {
+      place.Files.Remove(folder + path);
+    }
   }
-  place.Files.RemoveFolder(folder);
+  return place.Files.RemoveFolder(folder);
 }
 
 }  // namespace formwizard::adapters::vb6files

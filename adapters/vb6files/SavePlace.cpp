@@ -11,6 +11,7 @@ SavePlace::SavePlace(system::FileSystem& files, const std::string& projectFile)
       ProjectFile(projectFile),
       Folder(system::FolderOf(projectFile)),
       Name(NameIn(projectFile)),
+      KeptFolder(projectFile.substr(0, projectFile.size() - Name.size()) + Name.substr(0, Name.rfind('.')) + ".undo"),
       folderPart_(system::FolderPart(projectFile)) {}
 
 std::string SavePlace::PathOf(const SaveRecord::File& file) const {

@@ -18,6 +18,7 @@ class SavePlace {
 
   system::FileSystem& Files;
   const std::string ProjectFile, Folder, Name;  // the project file, its folder and its name in there
+  const std::string KeptFolder;                 // of what the last save replaced
 
   std::string PathOf(std::string_view name) const { return folderPart_ + std::string(name); }
   // A file of a record, and how a record calls a path.
@@ -34,11 +35,13 @@ class SavePlace {
 // The last part of a path.
 std::string_view NameIn(std::string_view path);
 
-// In the folder of one save: the record that is kept before anything is changed, that of a set that is in place, the
-// new project file where it is no part of a set, and a prepared file by its number.
+// In the folder of one save: the record that is written before anything is changed, that of a set that is in place, the
+// new project file where it is no part of a set, what keeps a set out of version control, and a prepared file by its
+// number.
 constexpr const char* RecordName = "/record";
 constexpr const char* CommittedName = "/committed";
 constexpr const char* NewProjectName = "/project";
+constexpr const char* IgnoreName = "/.gitignore";
 std::string PreparedName(std::size_t number);
 
 }  // namespace formwizard::adapters::vb6files

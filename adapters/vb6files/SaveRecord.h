@@ -19,6 +19,8 @@ struct SaveRecord {
   struct File {
     std::string Path;
     std::uint64_t Sum = 0, Old = 0;
+
+    bool IsFolder() const { return Sum == 0 && Old == 0; }
   };
 
   // How contents were summed when the record was written.

@@ -187,6 +187,7 @@ SaveRecord Saving::PrepareSet(std::string_view text) {
     if (files_.KindOf(folder) == system::FileKind::None) missing.insert(folder);
   }
   for (const std::string& folder : missing) record.Files.push_back({place_.Recorded(folder)});
+  system::WriteNewFile(files_, stagingFolder_ + IgnoreName, "*\n");
   system::WriteNewFile(files_, stagingFolder_ + RecordName, SaveRecord::OfSet(record.Files));
   files_.FlushFolder(stagingFolder_);
   files_.FlushFolder(place_.Folder);
@@ -222,9 +223,20 @@ void Saving::Commit(std::string_view text) {
       CommitProject(text);
     }
   });
-  // The new project is in place; a crash of the machine before the next flush may still bring back the old one.
+  Settle();
+}
+
+// The new project is in place; a crash of the machine before the next flush may still bring back the old one. What is
+// not done here is done by the next save.
+void Saving::Settle() {
+  const std::string folder = std::exchange(stagingFolder_, "");
   try {
-    files_.FlushFolder(isSet_ ? stagingFolder_ : place_.Folder);
+    files_.FlushFolder(isSet_ ? folder : place_.Folder);
+    if (isSet_) return Keep(place_, folder);
+    DropKept(place_);
+    RemoveStaging(place_, folder);
+  } catch (const support::InputError&) {
+    return;
   } catch (const SaveError&) {
     return;
   }

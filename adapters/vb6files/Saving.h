@@ -22,7 +22,8 @@ namespace formwizard::adapters::vb6files {
 // refers to, and these the next save takes back, by the record that stands beside the prepared files.
 //
 // With any other file (Put) all are one set: they change places with the old ones, and the last step is that the record
-// is called committed. What was cut off before that is taken back by the next run that opens the project.
+// is called committed. What was cut off before that is taken back by the next run that opens the project. What was
+// replaced is kept beside the project (Undo) until the next save.
 class Saving {
  public:
   // `projectFile` is the path of the project file, `original` its bytes as they were read, `read` the other files that
@@ -66,6 +67,7 @@ class Saving {
   void RollBackMoved();
   void CommitSet(std::string_view text);
   SaveRecord PrepareSet(std::string_view text);
+  void Settle();
   void Discard() noexcept;
 
   system::FileSystem& files_;

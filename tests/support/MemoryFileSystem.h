@@ -37,11 +37,13 @@ class MemoryFileSystem : public system::FileSystem {
   mutable int Looks = 0, FilesRead = 0, FoldersRead = 0;
   std::function<void()> BeforeExchange;  // what another program does just then
 
-  // What a machine that stopped now may find afterwards: of every folder either all changes or only the flushed ones.
+  // What a machine that stopped now may find afterwards: of every folder either all changes or only the flushed ones,
+  // the same of those between which files have changed places or have been taken away: a file system renames in one
+  // step.
   std::vector<Contents> AfterCrash() const {
     std::map<std::string, std::array<Contents, 2>> folders;
-    for (const auto& file : Files) folders[FolderOf(file.first)][0].insert(file);
-    for (const auto& file : durable_) folders[FolderOf(file.first)][1].insert(file);
+    for (const auto& file : Files) folders[JointOf(FolderOf(file.first))][0].insert(file);
+    for (const auto& file : durable_) folders[JointOf(FolderOf(file.first))][1].insert(file);
     std::vector<Contents> found{{}};
     for (const auto& [folder, states] : folders) {
       for (const Contents& before : std::exchange(found, {})) {
@@ -113,22 +115,26 @@ class MemoryFileSystem : public system::FileSystem {
   bool MoveNew(const std::string& from, const std::string& to) override {
     if (!Begin(to)) return true;
     if (Files.contains(to)) return false;
+    if (durable_.contains(from)) Join(FolderOf(from), FolderOf(to));
     Move(from, to);
     return true;
   }
   void Replace(const std::string& from, const std::string& to) override {
-    if (Begin(to)) Move(from, to);
+    if (!Begin(to)) return;
+    if (Folders.contains(from)) return MoveFolder(from, to);
+    Move(from, to);
   }
   bool Exchange(const std::string& path, const std::string& other) override {
     if (!Begin(other)) return true;
     if (!CanExchange) return false;
     if (BeforeExchange) std::exchange(BeforeExchange, {})();
     std::swap(Files.at(path), Files.at(other));
+    Join(FolderOf(path), FolderOf(other));
     return true;
   }
   void FlushFolder(const std::string& folder) override {
     if (!Begin(folder)) return;
-    const auto isInside = [&](const auto& file) { return FolderOf(file.first) == folder; };
+    const auto isInside = [&](const auto& file) { return JointOf(FolderOf(file.first)) == JointOf(folder); };
     std::erase_if(durable_, isInside);
     for (const auto& file : Files) {
       if (isInside(file)) durable_.insert(file);
@@ -188,8 +194,28 @@ class MemoryFileSystem : public system::FileSystem {
     Files[to] = Files.at(from);
     Files.erase(from);
   }
+  void MoveFolder(const std::string& from, const std::string& to) {
+    if (Folders.contains(to)) throw support::SaveError(to + ": it exists already");
+    for (Contents* files : {&Files, &durable_}) {
+      Contents moved;
+      for (const auto& [path, bytes] : *files) {
+        moved[FolderOf(path) == from ? to + path.substr(from.size()) : path] = bytes;
+      }
+      *files = std::move(moved);
+    }
+    Folders.erase(from);
+    Folders.insert(to);
+  }
+  std::string JointOf(const std::string& folder) const {
+    const auto joint = joint_.find(folder);
+    return joint == joint_.end() ? folder : JointOf(joint->second);
+  }
+  void Join(const std::string& folder, const std::string& other) {
+    if (JointOf(folder) != JointOf(other)) joint_[JointOf(folder)] = JointOf(other);
+  }
 
   Contents durable_;
+  std::map<std::string, std::string> joint_;  // folders that changed together, by one of them
   std::set<std::string> open_;
   Trouble kind_;
   int troubleAt_;

@@ -96,7 +96,7 @@ TEST_CASE("A form that was looked at is saved when it is changed later, and a fi
   ProjectFixture project("Form=Form1.frm\r\n", {{"P/Form1.frm", FormText("Form1")}});
   const auto form = project.Components.Find("Form1");
   CHECK(form->DesignerControls()->Count() == Int32(0));
-  CHECK(project.Files.FoldersRead == 0);  // it names no companion file, whose spelling would be looked for
+  CHECK(project.Files.FoldersRead == 1);  // by opening: it names no companion file, whose spelling is looked for
   project.Project.FinishForms();
   form->DesignerControls()->Add("VB.Label", nullptr);
   form->SetName("frmA");

@@ -1,5 +1,7 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 
+#include "adapters/vb6files/SaveRecord.h"
+#include "adapters/vb6files/Undo.h"
 #include "runtime/Conversions.h"
 #include "system/Aside.h"
 #include "system/ContentSum.h"
@@ -72,6 +74,123 @@ TEST_CASE("A saved project lists the new files, and the old form stays beside th
   CHECK(Has(after.at("P/frmHome.frm"), "\"frmHome.frx\":0000"));
   CHECK(after.at("P/frmHome.frx") == "\x08txtNotes");
   CHECK(after.size() == OldProject().size() + 3);
+}
+
+// What follows its class: a form replaced with its companion file taken away, one kept text replaced, one new in a
+// folder that is new, and a new form in the project file.
+Contents KeptProject() {
+  Contents files = OldProject();
+  files["P/Forms/Form1.frx"] = "old companion";
+  files["P/kept.json"] = "old";
+  return files;
+}
+
+void Follow(system::FileSystem& files, bool addsForm, const std::string& text = "new") {
+  ProjectOnDisk project(files, ProjectPath, {});
+  const FormFiles old = project.TextsOf("Form1");
+  project.PutTexts("Form1", {EmptyForm + "' " + text + "\r\n", ""}, old);
+  project.Put("P/kept.json", text, *files.Read("P/kept.json"));
+  project.Put("P/Lending.forms/Form1.frm", text, files.Read("P/Lending.forms/Form1.frm"));
+  if (addsForm) project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmNew");
+  project.Save();
+}
+
+void UndoSave(system::FileSystem& files) {
+  Undo(files, ProjectPath, false, [](const FileChange&) {});
+}
+
+Contents After(const Contents& before, void (*save)(system::FileSystem& files)) {
+  MemoryFileSystem files(before);
+  save(files);
+  return files.Files;
+}
+
+// Without what saves keep beside it.
+Contents Project(Contents files) {
+  std::erase_if(files, [](const auto& file) {
+    return file.first.starts_with("P/Lending.undo/") || file.first.find(".new/") != std::string::npos;
+  });
+  return files;
+}
+
+struct SaveCase {
+  std::string Name;
+  Contents Before;
+  void (*Save)(system::FileSystem& files);
+};
+
+std::vector<SaveCase> ReplacingSaves() {
+  const auto follow = [](system::FileSystem& files) { Follow(files, true); };
+  const auto again = [](system::FileSystem& files) { Follow(files, false, "newer"); };
+  const Contents followed = After(KeptProject(), follow);
+  return {{"follow", KeptProject(), follow},
+          {"follow again", followed, again},
+          {"undo", followed, UndoSave},
+          {"undo of undo", After(followed, UndoSave), UndoSave},
+          {"new forms", followed, [](system::FileSystem& files) {
+             ProjectOnDisk project(files, ProjectPath, {});
+             project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmOther");
+             project.Save();
+           }}};
+}
+
+TEST_CASE("Files that are put are written, replaced and removed with the new forms, and undo brings all of them back") {
+  for (const bool addsForm : {false, true}) {
+    Contents expected = KeptProject();
+    expected["P/Forms/Form1.frm"] = EmptyForm + "' new\r\n";
+    expected.erase("P/Forms/Form1.frx");
+    expected["P/kept.json"] = expected["P/Lending.forms/Form1.frm"] = "new";
+    MemoryFileSystem files(KeptProject());
+    Follow(files, addsForm);
+    const Contents after = Project(files.Files);
+    if (addsForm) {
+      CHECK(Has(after.at(ProjectPath), "Form=frmNew.frm\r\n"));
+      expected[ProjectPath] = after.at(ProjectPath);
+      expected["P/frmNew.frm"] = after.at("P/frmNew.frm");
+    }
+    CHECK(after == expected);
+    CHECK(files.Files.at("P/Lending.undo/.gitignore") == "*\n");
+    UndoSave(files);
+    CHECK(Project(files.Files) == KeptProject());
+    CHECK(files.Folders == std::set<std::string>{"P/Lending.undo"});
+    UndoSave(files);
+    CHECK(Project(files.Files) == after);
+  }
+}
+
+TEST_CASE(
+    "A crash in a save that replaces or in undo leaves the old set or the new one when the project is opened again") {
+  for (const SaveCase& c : ReplacingSaves()) {
+    CAPTURE(c.Name);
+    const Contents after = After(c.Before, c.Save);
+    for (const bool canExchange : {false, true}) {
+      bool stopped = true;
+      for (int operation = 1; stopped; ++operation) {
+        CAPTURE(operation);
+        REQUIRE(operation < 150);
+        MemoryFileSystem files(c.Before, Trouble::Stops, operation);
+        files.CanExchange = canExchange;
+        try {
+          c.Save(files);
+        } catch (const support::SaveError&) {
+          CHECK(files.IsStopped);
+        } catch (const support::InputError&) {
+          CHECK(files.IsStopped);
+        }
+        for (const Contents& found : files.AfterCrash()) {
+          MemoryFileSystem again(found);
+          again.Folders = files.Folders;
+          const ProjectOnDisk opened(again, ProjectPath, {});
+          const bool isOld = again.Files.at(ProjectPath) == c.Before.at(ProjectPath) &&
+                             again.Files.at("P/kept.json") == c.Before.at("P/kept.json");
+          REQUIRE(Holds(Project(again.Files), Project(isOld ? c.Before : after)));
+          if (isOld) c.Save(again);
+          CHECK(Project(again.Files) == Project(after));
+        }
+        stopped = files.IsStopped;
+      }
+    }
+  }
 }
 
 TEST_CASE("A crash at any operation leaves the old or the new project, and any next save is as if nothing had been") {
@@ -171,44 +290,70 @@ TEST_CASE("What somebody changes while a run goes on stays, up to the last step"
   }
 }
 
-// What follows its class: a form replaced with its companion file taken away, one kept text replaced, one new in a
-// folder that is new, and a new form in the project file.
-Contents KeptProject() {
-  Contents files = OldProject();
-  files["P/Forms/Form1.frx"] = "old companion";
-  files["P/kept.json"] = "old";
-  return files;
-}
-
-void Follow(system::FileSystem& files, bool addsForm, std::string_view text = "new") {
-  ProjectOnDisk project(files, ProjectPath, {});
-  const FormFiles old = project.TextsOf("Form1");
-  project.PutTexts("Form1", {EmptyForm + "' " + std::string(text) + "\r\n", ""}, old);
-  project.Put("P/kept.json", std::string(text), "old");
-  project.Put("P/Lending.forms/Form1.frm", std::string(text), std::nullopt);
-  if (addsForm) project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmNew");
-  project.Save();
-}
-
-Contents FollowedProject(bool addsForm) {
-  MemoryFileSystem files(KeptProject());
-  Follow(files, addsForm);
-  return files.Files;
-}
-
-TEST_CASE("Files that are put are written, replaced and removed with the new forms, as announced") {
-  for (const bool addsForm : {false, true}) {
-    Contents expected = KeptProject();
-    expected["P/Forms/Form1.frm"] = EmptyForm + "' new\r\n";
-    expected.erase("P/Forms/Form1.frx");
-    expected["P/kept.json"] = expected["P/Lending.forms/Form1.frm"] = "new";
-    const Contents after = FollowedProject(addsForm);
-    CHECK(after.size() == expected.size() + (addsForm ? 1 : 0));
-    if (addsForm) {
-      CHECK(Has(after.at(ProjectPath), "Form=frmNew.frm\r\n"));
-    } else {
-      CHECK(after == expected);
+TEST_CASE("What somebody changes stays: before a set is saved, in the middle of that, and before it is undone") {
+  for (const char* const path :
+       {"P/Forms/Form1.frm", "P/Forms/Form1.frx", "P/kept.json", "P/Lending.forms/Form1.frm", "P/Lending.vbp"}) {
+    CAPTURE(std::string(path));
+    for (const bool atExchange : {false, true}) {
+      MemoryFileSystem files(KeptProject());
+      const auto edit = [&] { files.Files[path] = "mine"; };
+      ProjectOnDisk project(files, ProjectPath, {});
+      project.PutTexts("Form1", {"new", "new"}, project.TextsOf("Form1"));
+      project.Put("P/Lending.forms/Form1.frm", "new", std::nullopt);
+      project.Put("P/kept.json", std::nullopt, "old");
+      CHECK(project.IsChanged());
+      if (atExchange) {
+        files.BeforeExchange = edit;
+      } else {
+        edit();
+      }
+      CHECK_THROWS_WITH_AS(project.Save(), doctest::Contains(path), support::SaveError);
+      Contents expected = KeptProject();
+      expected[path] = "mine";
+      CHECK(files.Files == expected);
     }
+    MemoryFileSystem files(KeptProject());
+    Follow(files, true);
+    files.Files[path] = "mine";
+    const Contents edited = files.Files;
+    CHECK_THROWS_WITH_AS(UndoSave(files), doctest::Contains(path), support::SaveError);
+    CHECK(files.Files == edited);
+  }
+}
+
+TEST_CASE("Nothing is undone where the last save made new forms only, or by a record that reaches out of the project") {
+  MemoryFileSystem files(KeptProject());
+  const auto refuses = [&] {
+    const Contents before = files.Files;
+    CHECK_THROWS_WITH_AS(UndoSave(files), doctest::Contains("nothing to undo"), support::InputError);
+    CHECK(files.Files == before);
+  };
+  refuses();
+  Follow(files, false);
+  Generate(files);
+  CHECK(files.Folders == std::set<std::string>{"P/Lending.forms"});
+  refuses();
+
+  const auto record = [](const std::string& path) {
+    return SaveRecord::OfSet({{path, 0, system::ContentSum("planted")}});
+  };
+  for (const std::string& path :
+       {std::string("../.profile"), std::string("/home/x/.profile"), std::string("x/../../y")}) {
+    MemoryFileSystem from(OldProject());
+    from.Files["P/Lending.undo/0"] = "planted";
+    from.Files["P/Lending.undo/committed"] = record(path);
+    CHECK_THROWS_AS(UndoSave(from), support::SaveError);
+    CHECK(from.Files.size() == OldProject().size() + 2);
+    const std::string staging = "P/" + system::AsideName("Lending.vbp");
+    from = MemoryFileSystem(OldProject());
+    from.Files[staging + "/0"] = "planted";
+    from.Files[staging + "/record"] = record(path);
+    from.IsLocked = true;
+    CHECK_THROWS_WITH_AS(ProjectOnDisk(from, ProjectPath, {}), doctest::Contains("another program"),
+                         support::InputError);
+    from.IsLocked = false;
+    Generate(from);
+    CHECK(from.Files == NewProject());
   }
 }
 
@@ -235,8 +380,10 @@ TEST_CASE("A failing operation or a full disk leaves every file as it was, or sa
     }
   };
   tryAll(before, after, true, [](system::FileSystem& files) { Generate(files); });
-  for (const bool canExchange : {false, true}) {
-    tryAll(KeptProject(), FollowedProject(true), canExchange, [](system::FileSystem& files) { Follow(files, true); });
+  for (const SaveCase& c : ReplacingSaves()) {
+    CAPTURE(c.Name);
+    const Contents saved = Project(After(c.Before, c.Save));
+    for (const bool canExchange : {false, true}) tryAll(c.Before, saved, canExchange, c.Save);
   }
 }
 
