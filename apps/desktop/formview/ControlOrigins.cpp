@@ -48,6 +48,19 @@ std::string_view ControlIn(std::string_view line) {
                                           : line.substr(0, static_cast<std::size_t>(end - line.begin()));
 }
 
+// An event's procedure is named after object and event, which has no underscore.
+void AddProcedure(FormOrigin& origin, std::string_view line) {
+  for (const std::string_view word : std::to_array<std::string_view>({"Private ", "Public ", "Friend ", "Static "})) {
+    if (line.starts_with(word)) line.remove_prefix(word.size());
+  }
+  if (!line.starts_with("Sub ")) return;
+  line.remove_prefix(4);
+  const std::string_view name = line.substr(0, line.find('('));
+  const std::size_t mark = name.rfind('_');
+  if (mark == name.npos || mark == 0) return;
+  origin.Procedures.emplace(name.substr(0, mark), name.substr(mark + 1));
+}
+
 }  // namespace
 
 FormOrigin OriginOf(std::string_view code) {
@@ -61,6 +74,7 @@ FormOrigin OriginOf(std::string_view code) {
     if (line.starts_with(ClassLine) && origin.Class.empty()) {
       origin.Class = line.substr(ClassLine.size(), line.find('"', ClassLine.size()) - ClassLine.size());
     }
+    AddProcedure(origin, line);
     if (line == ToScreen || line == EndSub) isToScreen = line == ToScreen;
     if (!isToScreen) continue;
     if (const std::string_view path = PathBehind(line, Object); !path.empty()) property = WithoutMethod(path);

@@ -48,6 +48,7 @@ void FormCanvas::SetForm(std::optional<FormTree> form) {
   labels_ = LabelsOf(places_);
   origin_ = form_ ? OriginOf(form_->Code) : FormOrigin();
   selected_ = 0;
+  ++formsShown_;
   for (std::size_t i = 1; was && i < places_.size(); ++i) {
     if (IsSame(*places_[i].Node, *was)) selected_ = i;
   }
@@ -76,9 +77,13 @@ QRect FormCanvas::PlaceOnWidget(std::size_t index) const {
 }
 
 QString FormCanvas::CaptionOf(std::size_t index) const {
-  const auto caption = [&](std::size_t of) { return WithoutMarks(ShownText(places_[of].Node->Text("Caption"))); };
-  const QString own = caption(index);
-  return own.isEmpty() && labels_[index] != PlacedNode::None ? caption(labels_[index]) : own;
+  const QString own = WithoutMarks(ShownText(places_[index].Node->Text("Caption")));
+  return own.isEmpty() ? LabelCaptionOf(index) : own;
+}
+
+QString FormCanvas::LabelCaptionOf(std::size_t index) const {
+  if (labels_[index] == PlacedNode::None) return {};
+  return WithoutMarks(ShownText(places_[labels_[index]].Node->Text("Caption")));
 }
 
 QString FormCanvas::PropertyOf(std::size_t index) const {

@@ -38,6 +38,8 @@ class FormCanvas : public QWidget {
 
   // Nothing shows an empty canvas. Selected is the control that was, where the form has it, else the form.
   void SetForm(std::optional<adapters::vb6files::FormTree> form);
+  // How often that was done: two forms may stand at one place of the memory.
+  int FormsShown() const { return formsShown_; }
   const adapters::vb6files::FormNode* Form() const { return form_ ? &form_->Form : nullptr; }
   const FormOrigin& Origin() const { return origin_; }
   const FormViewTexts& Texts() const { return texts_; }
@@ -49,6 +51,7 @@ class FormCanvas : public QWidget {
   QRect PlaceOnWidget(std::size_t index) const;
   // The caption of a control or of the label in front of it, without marks; empty when there is neither.
   QString CaptionOf(std::size_t index) const;
+  QString LabelCaptionOf(std::size_t index) const;
   // The property that it shows; empty for none.
   QString PropertyOf(std::size_t index) const;
 
@@ -79,6 +82,7 @@ class FormCanvas : public QWidget {
 
   FormViewTexts texts_;
   std::optional<adapters::vb6files::FormTree> form_;
+  int formsShown_ = 0;
   FormOrigin origin_;
   std::vector<PlacedNode> places_;
   std::vector<std::size_t> labels_;  // by index into the places

@@ -44,10 +44,13 @@ FormView::FormView(FormViewTexts texts)
 }
 
 void FormView::SetForm(std::optional<adapters::vb6files::FormTree> form) {
+  isShowing_ = true;
   canvas_->SetForm(std::move(form));
+  isShowing_ = false;
   strip_->Refill();
   strip_->ShowSelection();
   if (isFitted_) Fit();
+  if (OnSelect) OnSelect();
 }
 
 void FormView::SetTabOrderShown(bool shown) {
@@ -63,6 +66,7 @@ void FormView::SetLabelsOutlined(bool outlined) {
 void FormView::SetInvisibleShown(bool shown) { strip_->SetWanted(shown); }
 
 void FormView::ShowSelected() {
+  if (isShowing_) return;  // the scroll stays
   strip_->ShowSelection();
   if (canvas_->Selected() > 0 && !canvas_->Places()[canvas_->Selected()].Seen.isEmpty()) {
     const QRect place = canvas_->PlaceOnWidget(canvas_->Selected());

@@ -66,7 +66,7 @@ class FormView : public QWidget {
   QScrollArea* area_;
   FormCanvas* canvas_;
   HiddenStrip* strip_;
-  bool isFitted_ = true;
+  bool isFitted_ = true, isShowing_ = false;
 };
 
 }  // namespace formwizard::apps::desktop

@@ -1,81 +1,18 @@
 // The view of a form in a window of its own, used by mouse, by keyboard and by a screen reader.
-#include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/formview/ZoomBox.h"
+#include "tests/apps/desktop/ShownForm.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QClipboard>
-#include <QMenu>
 #include <QMimeData>
-#include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
 
-#include <doctest/doctest.h>
-
 using namespace formwizard;
 using namespace formwizard::apps::desktop;
+using namespace formwizard::tests;
 
 namespace {
-
-std::string Control(const std::string& head, const QRect& place, const std::string& more = "") {
-  return "Begin " + head + "\nLeft=" + std::to_string(place.left() * 15) + "\nTop=" + std::to_string(place.top() * 15) +
-         "\nWidth=" + std::to_string(place.width() * 15) + "\nHeight=" + std::to_string(place.height() * 15) + "\n" +
-         more + "End\n";
-}
-
-// A label and a box beside it in a frame, a button below, a menu, and what is hidden.
-adapters::vb6files::FormTree Person(const std::string& more = "") {
-  const std::string lines =
-      Control("VB.Frame fra", {0, 0, 200, 50},
-              "TabIndex=0\n" + Control("VB.TextBox txtCity", {80, 10, 90, 22}, "TabIndex=2\nText=\"x\"\n") +
-                  Control("VB.Label lblCity", {10, 10, 60, 15}, "TabIndex=1\nCaption=\"&City\"\n")) +
-      Control("VB.CommandButton cmd", {80, 60, 90, 25}, "TabIndex=3\nCaption=\"&Go\"\nEnabled=0\n") + more +
-      Control("VB.TextBox txtHidden", {0, 60, 9, 9}, "Visible=0\n") +
-      "Begin VB.Menu mnu\nCaption=\"&Object\"\nBegin VB.Menu mnuNew\nCaption=\"&New\"\nEnd\nEnd\n"
-      "Begin VB.Menu mnuPopup\nCaption=\"p\"\nVisible=0\nBegin VB.Menu mnuAdd\nCaption=\"&Add\"\nEnd\nEnd\n";
-  const std::string code =
-      "Const m_classname = \"Sample.Person\"\r\nPrivate Sub SyncObjectToScreen()\r\n"
-      "    txtCity.Text = m_object.Home.City\r\nEnd Sub\r\n";
-  return adapters::vb6files::ReadFormTree(
-      "x.frm",
-      "VERSION 5.00\nBegin VB.Form frmP\nCaption=\"Person\"\nBorderStyle=1\nClientWidth=3000\nClientHeight=1500\n" +
-          lines + "End\nAttribute VB_Name = \"frmP\"\nAttribute VB_Exposed = False\n" + code,
-      "", system::CodePage(1252));
-}
-
-struct Shown {
-  FormView View;
-  std::string Wanted;  // whose handlers were asked for
-
-  Shown() {
-    View.resize(400, 300);
-    View.show();
-    View.SetForm(Person());
-    View.OnHandlerWanted = [this](const auto& node) { Wanted += node.Name + " "; };
-    View.activateWindow();
-    View.setFocus();
-    CHECK(QTest::qWaitFor([this] { return Canvas().hasFocus(); }));
-  }
-  FormCanvas& Canvas() { return View.Canvas(); }
-  std::string Selected() { return Canvas().Places()[Canvas().Selected()].Node->Name; }
-  std::size_t Find(const std::string& name) {
-    for (std::size_t i = 0; i < Canvas().Places().size(); ++i) {
-      if (Canvas().Places()[i].Node->Name == name) return i;
-    }
-    throw std::runtime_error("no " + name);
-  }
-  QPoint Middle(const std::string& name) { return Canvas().PlaceOnWidget(Find(name)).center(); }
-  // The entry of the menu that is open.
-  void Choose(const QString& text) {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    REQUIRE(menu);
-    for (QAction* action : menu->actions()) {
-      if (action->text() == text) QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-    }
-    CHECK_FALSE(QApplication::activePopupWidget());
-  }
-};
 
 // Each object below as "role name [description] = value", its children indented.
 std::string Spoken(QAccessibleInterface& object, const std::string& indent = "") {
@@ -97,7 +34,7 @@ std::string Spoken(QAccessibleInterface& object, const std::string& indent = "")
 }  // namespace
 
 TEST_CASE("On a form one selects by mouse, arrows and tab key, and asks for what a control does") {
-  Shown form;
+  ShownForm form;
   CHECK(form.Selected() == "frmP");
   const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
@@ -119,7 +56,7 @@ TEST_CASE("On a form one selects by mouse, arrows and tab key, and asks for what
   QTest::mouseDClick(&form.Canvas(), Qt::LeftButton, {}, form.Middle("cmd"));
   CHECK(form.Wanted == "txtCity cmd ");
   // What was selected is so on the form as it comes out next.
-  form.View.SetForm(Person(Control("VB.Label lblNew", {1, 60, 9, 9})));
+  form.View.SetForm(PersonTree(ControlLines("VB.Label lblNew", {1, 60, 9, 9})));
   CHECK(form.Selected() == "cmd");
   form.View.SetForm(std::nullopt);
   QTest::keyClick(&form.Canvas(), Qt::Key_Right);
@@ -128,7 +65,7 @@ TEST_CASE("On a form one selects by mouse, arrows and tab key, and asks for what
 }
 
 TEST_CASE("Menus open where they stand, and hidden ones where they are named") {
-  Shown form;
+  ShownForm form;
   QTest::mouseClick(&form.Canvas(), Qt::LeftButton, {}, form.Middle("mnu"));
   form.Choose("&New");
   std::string named;
@@ -144,7 +81,7 @@ TEST_CASE("Menus open where they stand, and hidden ones where they are named") {
 }
 
 TEST_CASE("A screen reader finds each control in its container, by name, caption, class and property") {
-  Shown form;
+  ShownForm form;
   form.Canvas().Select(form.Find("txtCity"));
   QAccessibleInterface* object = QAccessible::queryAccessibleInterface(&form.Canvas());
   const std::string wanted =
@@ -168,12 +105,12 @@ TEST_CASE("A screen reader finds each control in its container, by name, caption
   object->child(1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   CHECK(form.Wanted == "cmd ");
   CHECK(form.Selected() == "cmd");
-  form.View.SetForm(Person());
+  form.View.SetForm(PersonTree());
   CHECK(QAccessible::queryAccessibleInterface(&form.Canvas())->childCount() == 5);
 }
 
 TEST_CASE("A form is shown as large as fits, at most at its own size, until one chooses another scale") {
-  Shown form;
+  ShownForm form;
   ZoomBox box(form.View);
   CHECK(form.View.Scale() == 1);
   form.View.resize(150, 300);

@@ -1,0 +1,125 @@
+#include "apps/desktop/properties/PropertyRows.h"
+
+#include "adapters/vb6files/ControlClasses.h"
+#include "apps/desktop/formview/TextLayout.h"
+#include "runtime/Conversions.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::vb6files::FormNode;
+using adapters::vb6files::NodeProperty;
+
+struct Meaning {
+  std::string_view Property;
+  QString PropertyTexts::*Text;
+};
+constexpr std::array Meanings{
+    Meaning{"Left", &PropertyTexts::TwipsMeans},        Meaning{"Top", &PropertyTexts::TwipsMeans},
+    Meaning{"Width", &PropertyTexts::TwipsMeans},       Meaning{"Height", &PropertyTexts::TwipsMeans},
+    Meaning{"ClientWidth", &PropertyTexts::TwipsMeans}, Meaning{"ClientHeight", &PropertyTexts::TwipsMeans},
+    Meaning{"ClientLeft", &PropertyTexts::TwipsMeans},  Meaning{"ClientTop", &PropertyTexts::TwipsMeans},
+    Meaning{"TabIndex", &PropertyTexts::TabIndexMeans},
+};
+
+QString MeaningOf(std::string_view property, const PropertyTexts& texts) {
+  const auto found = std::ranges::find(Meanings, property, &Meaning::Property);
+  return found == Meanings.end() ? texts.InTheFileMeans : texts.*found->Text;
+}
+
+QString TrueOrFalse(bool value) { return value ? "True" : "False"; }
+
+// The name that stands at a place between the bars.
+std::string_view NameAt(std::string_view names, int place) {
+  for (; place > 0 && !names.empty(); --place) names.remove_prefix(std::min(names.find('|'), names.size() - 1) + 1);
+  return names.substr(0, names.find('|'));
+}
+
+// As the environment's own window shows it: a truth by its word, a choice with its name.
+QString ValueOf(const FormNode& node, const NodeProperty& property) {
+  using adapters::vb6files::PropertyType;
+  const auto* known = adapters::vb6files::FindControlClass(node.Class);
+  const bool isForm = runtime::EqualIgnoringCase(node.Class, "VB.Form");
+  const adapters::vb6files::ClassBits bit = isForm  ? adapters::vb6files::classbit::Form
+                                            : known ? known->Bit
+                                                    : adapters::vb6files::ClassBits{};
+  const auto* row = adapters::vb6files::FindProperty(bit, property.Name);
+  const QString value = ShownText(property.Value);
+  if (!row || value.isEmpty()) return value;
+  if (row->Type == PropertyType::Boolean) return TrueOrFalse(node.Flag(property.Name));
+  const double number = node.Number(property.Name);
+  if (row->Type != PropertyType::Enumeration || number < 0 || number > 99) return value;
+  const std::string_view name = NameAt(row->Names, static_cast<int>(number));
+  return name.empty() ? value : value + " - " + ShownText(name);
+}
+
+class Rows {
+ public:
+  void Begin(const QString& title) { title_ = title; }
+  void Add(PropertyRow row) {
+    if (!title_.isEmpty()) rows_.push_back({std::exchange(title_, ""), "", "", true});
+    rows_.push_back(std::move(row));
+  }
+  std::vector<PropertyRow> Take() { return std::move(rows_); }
+
+ private:
+  std::vector<PropertyRow> rows_;
+  QString title_;  // of a group that has no row yet
+};
+
+void AddOrigin(Rows& rows, const FormCanvas& form, std::size_t index, const PropertyTexts& texts) {
+  const QString className = ShownText(form.Origin().Class), property = form.PropertyOf(index);
+  if (className.isEmpty() || (index > 0 && property.isEmpty())) return;
+  rows.Begin(texts.GeneratedFrom);
+  rows.Add({texts.Class, className, texts.ClassMeans});
+  if (index == 0) return;
+  const FormNode& node = *form.Places()[index].Node;
+  const bool isReadOnly = node.Class == "VB.Label" || node.Flag("Locked");
+  rows.Add({texts.Property, property, texts.PropertyMeans});
+  rows.Add({texts.Caption, form.LabelCaptionOf(index), texts.CaptionMeans});
+  rows.Add({texts.ReadOnly, TrueOrFalse(isReadOnly), texts.ReadOnlyMeans});
+}
+
+void AddFile(Rows& rows, const FormNode& node, const PropertyTexts& texts) {
+  rows.Begin(texts.InTheFile);
+  rows.Add({"(Name)", ShownText(node.Name), texts.InTheFileMeans});
+  std::vector<const NodeProperty*> properties;
+  for (const NodeProperty& property : node.Properties) properties.push_back(&property);
+  std::ranges::stable_sort(properties, {}, [](const NodeProperty* property) { return property->Name; });
+  for (const NodeProperty* property : properties) {
+    rows.Add({ShownText(property->Name), ValueOf(node, *property), MeaningOf(property->Name, texts)});
+  }
+}
+
+void AddProcedures(Rows& rows, const FormCanvas& form, std::size_t index, const PropertyTexts& texts) {
+  rows.Begin(texts.Procedures);
+  const std::string object = index == 0 ? "Form" : form.Places()[index].Node->Name;
+  const auto [first, last] = form.Origin().Procedures.equal_range(object);
+  for (auto procedure = first; procedure != last; ++procedure) {
+    const QString event = ShownText(procedure->second);
+    rows.Add({event, ShownText(object) + "_" + event, texts.ProcedureMeans, false, true});
+  }
+}
+
+}  // namespace
+
+std::vector<PropertyRow> PropertiesOf(const FormCanvas& form, std::size_t index, const PropertyTexts& texts) {
+  Rows rows;
+  AddOrigin(rows, form, index, texts);
+  AddFile(rows, *form.Places()[index].Node, texts);
+  AddProcedures(rows, form, index, texts);
+  return rows.Take();
+}
+
+QString NameOfObject(const FormNode& node) {
+  const std::string* number = node.Find("Index");
+  return ShownText(number ? node.Name + "(" + *number + ")" : node.Name);
+}
+
+QString ClassOfObject(const FormNode& node) { return ShownText(node.Class.substr(node.Class.find('.') + 1)); }
+
+}  // namespace formwizard::apps::desktop
