@@ -2,6 +2,7 @@
 
 #include "adapters/dictionary/JsonFormat.h"
 #include "adapters/dictionary/JsonText.h"
+#include "adapters/dictionary/ServerRows.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
 #include "support/Names.h"
@@ -17,13 +18,6 @@ namespace formwizard::adapters::dictionary {
 namespace {
 
 using namespace wizard::factory;
-
-// What the column has, without quotes.
-std::string ValueText(const Column& column, const Variant& value) {
-  if (column.Kind != ColumnKind::Number) return ToText(value);
-  const std::string number = Text(runtime::RoundToInt32(runtime::NumericValue(value)));
-  return column.Most > 1 || number == "0" ? number : "1";  // true is -1
-}
 
 // What the reader takes for a value that is left out.
 std::string DefaultOf(const Column& column, const std::string& name) {

@@ -19,8 +19,8 @@ class Database {
   // nothing, and no statement does more than the size of the file accounts for. support::InputError, here and in every
   // operation, when the file cannot be read or is damaged; its message names the file.
   static Database OpenForReading(const std::string& path);
-  // An empty file, which is filled in one go; `shown` is what messages call it. support::SaveError, here and in every
-  // operation, when that fails.
+  // An empty file, without a path one that goes with the database, which is filled in one go; `shown` is what messages
+  // call it. support::SaveError, here and in every operation, when that fails.
   static Database OpenForFilling(const std::string& path, const std::string& shown);
 
   Database(Database&&) noexcept;

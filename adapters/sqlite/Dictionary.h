@@ -27,4 +27,9 @@ bool LooksLikeDictionary(const std::string& path);
 // file that is no dictionary; later for one that cannot be read further.
 std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path);
 
+// The server of the rows that `fill` adds, which stand in a file of SQLite's own that goes with it. `shown` is what
+// messages call it. support::SaveError when there is no room for them; what `fill` throws comes through.
+std::unique_ptr<wizard::factory::FactoryCreator> TemporaryDictionary(
+    const std::string& shown, const std::function<void(wizard::factory::DictionaryStore&)>& fill);
+
 }  // namespace formwizard::adapters::sqlite

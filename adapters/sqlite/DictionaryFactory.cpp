@@ -252,4 +252,9 @@ std::unique_ptr<factory::FactoryCreator> OpenDictionary(const std::string& path)
   return std::make_unique<DictionaryServer>(OpenDictionaryFile(path));
 }
 
+std::unique_ptr<factory::FactoryCreator> TemporaryDictionary(
+    const std::string& shown, const std::function<void(factory::DictionaryStore&)>& fill) {
+  return std::make_unique<DictionaryServer>(FilledDatabase(shown, fill));
+}
+
 }  // namespace formwizard::adapters::sqlite

@@ -133,6 +133,12 @@ void CheckReplaceable(const std::string& target) {
 
 }  // namespace
 
+Database FilledDatabase(const std::string& shown, const std::function<void(DictionaryStore&)>& fill) {
+  Database database = Database::OpenForFilling("", shown);
+  Fill(database, fill);
+  return database;
+}
+
 void MakeDictionary(const std::string& target, Replacing replacing, const std::function<void(DictionaryStore&)>& fill) {
   if (replacing == Replacing::Dictionaries) CheckReplaceable(target);
   system::WholeFile file(system::RealFileSystem(), target);

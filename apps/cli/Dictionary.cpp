@@ -124,6 +124,7 @@ void AddTransfer(CLI::App& dictionary, Task& task, bool isImport) {
 void AddDictionary(CLI::App& dictionary, Task& task) {
   dictionary.require_subcommand(1);
   for (const bool isImport : {true, false}) AddTransfer(dictionary, task, isImport);
+  AddDictionaryDiff(*dictionary.add_subcommand("diff", "say what differs between two class dictionaries"), task);
 }
 
 }  // namespace formwizard::apps::cli

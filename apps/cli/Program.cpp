@@ -30,14 +30,15 @@ struct Command {
 };
 
 // In the order of the help text.
-constexpr std::array<Command, 12> Commands{{
+constexpr std::array<Command, 13> Commands{{
     {"generate", "create forms in a project", AddGenerate},
+    {"undo", "take back what the last run replaced in a project", AddUndo},
     {"wizard", "open the wizard's dialogs over a project", AddWizard},
     {"systems", "list the systems of a dictionary", AddSystems},
     {"classes", "list the classes that a form can be made for", AddClasses},
     {"properties", "list the properties of a class that forms can show", AddProperties},
     {"queries", "list the queries of a class", AddQueries},
-    {"dictionary", "make a dictionary from JSON, or JSON from a dictionary", AddDictionary},
+    {"dictionary", "make a dictionary from JSON or JSON from a dictionary, compare two", AddDictionary},
     {"compare", "say what differs between two files as Visual Basic sees them", AddCompare},
     {"merge", "merge what two sides made of one file", AddMerge},
     {"lint", "say what Visual Basic would refuse, lose or mangle in files or a project", AddLint},

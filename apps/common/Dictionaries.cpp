@@ -3,9 +3,12 @@
 #include "adapters/dictionary/Reader.h"
 #include "adapters/dictionary/Writer.h"
 #include "adapters/sqlite/Dictionary.h"
+#include "apps/common/TextInput.h"
 #include "support/Failures.h"
 #include "system/FileSystem.h"
 #include "wizard/factory/CheckedServer.h"
+
+#include <utility>
 
 namespace formwizard::apps::common {
 
@@ -32,6 +35,18 @@ class CountingStore : public wizard::factory::DictionaryStore {
 
 std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path) {
   return wizard::factory::Checked(sqlite::OpenDictionary(path), path);
+}
+
+std::unique_ptr<wizard::factory::FactoryCreator> OpenAnyDictionary(const std::string& path,
+                                                                   std::function<void(std::size_t)> onRead) {
+  const system::FileSystem& files = system::RealFileSystem();
+  const bool isFile = path != "-" && files.KindOf(files.BehindLinks(path)) == system::FileKind::File;
+  if (isFile && sqlite::LooksLikeDictionary(path)) return sqlite::OpenDictionary(path);
+  const auto in = OpenText(path, std::move(onRead));
+  if (!in) throw support::InputError(path + ": there is no such file; give a class dictionary or its JSON");
+  return sqlite::TemporaryDictionary(NameOf(path), [&](wizard::factory::DictionaryStore& store) {
+    dictionary::ReadDictionary(*in, NameOf(path), store);
+  });
 }
 
 RowCounts ImportDictionary(std::istream& in, const std::string& source, const std::string& target, bool force) {

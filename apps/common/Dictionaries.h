@@ -17,6 +17,11 @@ namespace formwizard::apps::common {
 // does a file that cannot be read.
 std::unique_ptr<wizard::factory::FactoryCreator> OpenDictionary(const std::string& path);
 
+// The same of a dictionary or its JSON, which may be standard input ("-") or a pipe, also of one that holds names which
+// OpenDictionary refuses. Reading JSON, `onRead` hears how many bytes were read so far.
+std::unique_ptr<wizard::factory::FactoryCreator> OpenAnyDictionary(const std::string& path,
+                                                                   std::function<void(std::size_t)> onRead = {});
+
 // The rows of a dictionary, by table.
 using RowCounts = std::array<std::size_t, wizard::factory::TableCount>;
 

@@ -93,7 +93,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | wizard | systems | classes | properties | queries | dictionary | compare | merge | lint | render | doctor)
+      generate | undo | wizard | systems | classes | properties | queries | dictionary | compare | merge | lint | render | doctor)
         command=${words[i]}
         break
         ;;
@@ -101,13 +101,15 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate wizard systems classes properties queries dictionary compare merge
+    _ostrel_form_wizard_words '--help --version generate undo wizard systems classes properties queries dictionary compare merge
       lint render doctor'
     return
   fi
   if [[ $command == dictionary ]]; then
     if ((cword == i + 1)); then
-      _ostrel_form_wizard_words '--help import export'
+      _ostrel_form_wizard_words '--help import export diff'
+    elif [[ $cur == -?* && ${words[i + 1]} == diff ]]; then
+      _ostrel_form_wizard_words '--help --json --quiet'
     elif [[ $cur == -?* ]]; then
       _ostrel_form_wizard_words '--help --force --quiet --verbose'
     elif [[ ${words[i + 1]} == import && $cword -eq $((i + 2)) || ${words[i + 1]} == export && $cword -eq $((i + 3)) ]]; then
@@ -165,6 +167,7 @@ _ostrel_form_wizard() {
     wizard)
       _ostrel_form_wizard_words '--help --project --dictionary --code-page --toolbox --profile --language'
       ;;
+    undo) _ostrel_form_wizard_words '--help --project --dry-run --diff --json --quiet' ;;
     doctor) _ostrel_form_wizard_words '--help --fix --strict --json' ;;
     systems) _ostrel_form_wizard_words '--help --dictionary --json' ;;
     classes) _ostrel_form_wizard_words '--help --dictionary --json --system --all' ;;

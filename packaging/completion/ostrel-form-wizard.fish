@@ -82,12 +82,13 @@ for each in $program $program-desktop
     complete -c $each -s h -l help -d 'show a summary and exit'
 end
 for command in 'generate	create forms in a project' \
+    'undo	take back what the last run replaced in a project' \
     'wizard	open the wizard\'s dialogs over a project' \
     'systems	list the systems of a dictionary' \
     'classes	list the classes that a form can be made for' \
     'properties	list the properties of a class that forms can show' \
     'queries	list the queries of a class' \
-    'dictionary	make a dictionary from JSON, or JSON from a dictionary' \
+    'dictionary	make a dictionary from JSON or JSON from a dictionary, compare two' \
     'compare	say what differs between two files as Visual Basic sees them' \
     'merge	merge what two sides made of one file' \
     'lint	say what Visual Basic would refuse, lose or mangle in files or a project' \
@@ -97,7 +98,7 @@ for command in 'generate	create forms in a project' \
         -d (string split \t $command)[2]
 end
 
-__ostrel_form_wizard_option --project 'generate wizard lint' 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
+__ostrel_form_wizard_option --project 'generate undo wizard lint' 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
 __ostrel_form_wizard_option --dictionary "$sources desktop" 'the class dictionary' -rF
 __ostrel_form_wizard_option --system 'generate classes properties queries' 'the system' -xa \
     '(__ostrel_form_wizard_names systems)'
@@ -116,16 +117,16 @@ __ostrel_form_wizard_option --allow-incomplete generate 'make forms also without
 __ostrel_form_wizard_option --profile "$in_project" 'the settings file' -xa '(__ostrel_form_wizard_files ini)'
 __ostrel_form_wizard_option --language "$in_project" 'language of the texts' -xa \
     '(__ostrel_form_wizard_languages)'
-__ostrel_form_wizard_option --dry-run generate 'write nothing, say what would be written' -s n
-__ostrel_form_wizard_option --quiet 'generate dictionary' 'say nothing but errors' -s q
+__ostrel_form_wizard_option --dry-run 'generate undo' 'write nothing, say what would be written' -s n
+__ostrel_form_wizard_option --quiet 'generate undo dictionary' 'say nothing but errors' -s q
 __ostrel_form_wizard_option --verbose 'generate dictionary' 'say more' -s v
-__ostrel_form_wizard_option --diff generate 'show the changes of every file as a unified diff'
+__ostrel_form_wizard_option --diff 'generate undo' 'show the changes of every file as a unified diff'
 __ostrel_form_wizard_option --check generate 'write nothing, exit with status 1 when the project differs'
 __ostrel_form_wizard_option --descriptions-from generate 'a list of form descriptions, one path a line' -rF
 __ostrel_form_wizard_option --journal generate 'write every change to the project as a line of JSON' -rF
 __ostrel_form_wizard_option --force generate 'let the journal replace a file that is no journal'
 __ostrel_form_wizard_option --force dictionary 'replace the file also when it is something else'
-__ostrel_form_wizard_option --json "generate compare lint doctor $listings" 'show the result as JSON'
+__ostrel_form_wizard_option --json "generate undo dictionary compare lint doctor $listings" 'show the result as JSON'
 __ostrel_form_wizard_option --all classes 'system and not persistent classes too'
 __ostrel_form_wizard_option --all properties 'those that no form can show too'
 __ostrel_form_wizard_option --all lint 'also ask the rules that are left out otherwise'
@@ -145,7 +146,7 @@ complete -c $program -f -n '__ostrel_form_wizard_in generate' -a '(__ostrel_form
 complete -c $program -f -n '__ostrel_form_wizard_in compare merge lint' \
     -a '(__ostrel_form_wizard_files "(frm|bas|cls|ctl|pag|dob|vbp)")'
 complete -c $program -f -n '__ostrel_form_wizard_in render' -a '(__ostrel_form_wizard_files "(frm|png|svg)")'
-complete -c $program -f -n "__ostrel_form_wizard_in wizard doctor $listings"
+complete -c $program -f -n "__ostrel_form_wizard_in undo wizard doctor $listings"
 complete -c $program -f -n '__ostrel_form_wizard_in dictionary; and test (count (commandline -opc)) = 2' \
-    -a 'import export'
+    -a 'import export diff'
 complete -c $program-desktop -f -n 'not contains -- --render (commandline -opc)' -a '(__ostrel_form_wizard_files vbp)'

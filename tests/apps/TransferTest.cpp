@@ -35,6 +35,49 @@ TEST_CASE("A dictionary is written to a file or to standard output, from which i
   CHECK(place.Run("dictionary import d.json -").Status == 2);
 }
 
+TEST_CASE("Two dictionaries differ by what was added, removed and changed, however their classes are ordered") {
+  const Place place;
+  const auto json = [](const std::string& classes, const std::string& others) {
+    return R"({"systems":[{"name":"S","connect":"s","classes":[)" + classes + "]}" + others + "]}";
+  };
+  const std::string same = R"({"Name":"A.Same","properties":[{"Name":"P","MaxLen":5},{"Name":"Q"}]})";
+  WriteFile(place.Folder / "old.json",
+            json(R"({"Name":"Z","Persistent":0},{"Name":"M.Gone","properties":[{"Name":"X"}]},
+                   {"Name":"B","properties":[{"Name":"Kept","Type":"T"},{"Name":"Out"}],
+                    "queries":[{"Name":"Q","ContainId":2,"columns":["ID"],"params":["a, b"]},{"Name":"Off"}]},)" +
+                     same,
+                 R"(,{"name":"Old","connect":"o","classes":[]})"));
+  WriteFile(place.Folder / "new.json",
+            json(same + R"(,{"Name":"B","properties":[{"Name":"In"},{"Name":"Kept","Caption":"K \"x\"","Serial":1}],
+                    "queries":[{"Name":"On"},{"Name":"Q","columns":["ID"],"params":["a","b"]}]},
+                   {"Name":"b"},{"Name":"Z"})",
+                 R"(,{"name":"New","connect":"n","classes":[]})"));
+  WriteFile(place.Folder / "same.json",
+            json(R"({"Name":"A.Same","properties":[{"Name":"Q"},{"Name":"P","MaxLen":5}]})", ""));
+  CHECK(place.Run("dictionary import new.json new.sqlite").Status == 0);
+  const std::string expected =
+      "S: property B.Kept changed: Caption \"Kept\" -> \"K \"x\"\", Type \"T\" -> \"%Library.String\", Serial 0 -> 1\n"
+      "S: property B.Out removed\nS: property B.In added\n"
+      "S: query B.Q changed: ContainId 2 -> 1, params \"a, b\" -> \"a, b\"\nS: query B.Off removed\n"
+      "S: query B.On added\nS: class M.Gone removed\nS: class Z changed: Persistent 0 -> 1\nS: class b added\n"
+      "system Old removed\nsystem New added\n";
+  for (const char* names : {"old.json new.json", "old.json new.sqlite"}) {
+    CAPTURE(names);
+    const Outcome made = place.Run(std::string("dictionary diff ") + names);
+    CHECK(made.Status == 1);
+    CHECK(made.Out == expected);
+  }
+  const Outcome all = place.Run("dictionary diff old.json new.sqlite --json");
+  CHECK(all.Status == 1);
+  CHECK(Has(all.Out, R"({"change":"changed","what":"query","system":"S","class":"B","name":"Q","attributes":[)"
+                     R"({"name":"ContainId","old":2,"new":1},{"name":"params","old":["a, b"],"new":["a","b"]}]})"));
+  CHECK(all.Out.ends_with("],\n  \"equal\": false\n}\n"));
+  WriteFile(place.Folder / "one.json", json(same, ""));
+  CHECK(place.Run("dictionary diff one.json same.json").Status == 0);
+  CHECK(place.Run("dictionary diff one.json none.json").Status == 3);
+  CHECK(place.Run("dictionary diff - -").Status == 2);
+}
+
 TEST_CASE("Texts are read in every Unicode that a shell writes") {
   const Place place;
   const std::string exported = place.Run("dictionary export d.sqlite -").Out;
