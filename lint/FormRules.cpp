@@ -2,6 +2,7 @@
 #include "lint/Checks.h"
 #include "lint/ControlLibraries.h"
 #include "vbtext/Companion.h"
+#include "vbtext/Limits.h"
 #include "vbtext/Tokens.h"
 
 #include <string>
@@ -14,8 +15,6 @@ namespace {
 using vbtext::Control;
 using vbtext::HeaderNode;
 using vbtext::HeaderProperty;
-
-constexpr std::size_t MostNames = 254, LongestName = 40;
 
 std::string OfLine(std::size_t line) { return " of line " + std::to_string(line + 1); }
 
@@ -79,8 +78,9 @@ void CheckControlCount(const Subject& subject, const Report& report) {
   std::unordered_set<std::string> names;
   for (std::size_t i = 1; i < subject.Controls().size(); ++i) {
     const HeaderNode& node = *subject.Controls()[i].Node;
-    if (!names.insert(vbtext::Folded(node.Name)).second || names.size() != MostNames + 1) continue;
-    report(node.Lines.First, std::string(node.Name) + " is the name after the " + std::to_string(MostNames) + "th");
+    if (!names.insert(vbtext::Folded(node.Name)).second || names.size() != vbtext::MostControlNames + 1) continue;
+    report(node.Lines.First,
+           std::string(node.Name) + " is the name after the " + std::to_string(vbtext::MostControlNames) + "th");
   }
 }
 
@@ -88,7 +88,7 @@ void CheckNameLengths(const Subject& subject, const Report& report) {
   std::unordered_set<std::string> names;
   for (const Control& control : subject.Controls()) {
     const std::string_view name = control.Node->Name;
-    if (name.size() <= LongestName || !names.insert(vbtext::Folded(name)).second) continue;
+    if (name.size() <= vbtext::LongestObjectName || !names.insert(vbtext::Folded(name)).second) continue;
     report(control.Node->Lines.First, std::string(name) + " has " + std::to_string(name.size()) + " characters");
   }
 }

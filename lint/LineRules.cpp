@@ -1,16 +1,14 @@
 // What a file is as bytes and lines.
 #include "lint/Checks.h"
+#include "vbtext/Limits.h"
 #include "vbtext/Tokens.h"
 
 #include <algorithm>
 #include <optional>
 
 namespace formwizard::lint {
-namespace {
 
-constexpr std::size_t LongestLine = 1023, MostContinuations = 24, MostLines = 65534;
-
-}  // namespace
+using vbtext::LongestLine, vbtext::MostContinuations, vbtext::MostLines;
 
 void CheckUtf16(const Subject& subject, const Report& report) {
   if (subject.TextEncoding() == Encoding::Utf16) report(0, "the file is in UTF-16");

@@ -85,12 +85,15 @@ void CodeText::Load(std::string bytes) {
   bytes_ = std::move(bytes);
   lines_ = 0;
   procedures_.clear();
+  hasNameTwice_ = false;
   NoteNew(bytes_);
 }
 
 // The lines and procedures of a text.
 void CodeText::NoteNew(std::string_view text) {
-  lines_ += ForEachProcedure(text, [this](std::string_view name) { procedures_.insert(texts_.Kept(name)); });
+  lines_ += ForEachProcedure(text, [this](std::string_view name) {
+    if (!procedures_.insert(texts_.Kept(name)).second) hasNameTwice_ = true;
+  });
 }
 
 void CodeText::PrepareEnd() {

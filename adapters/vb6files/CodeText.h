@@ -35,6 +35,8 @@ class CodeText {
                                            std::string_view parameters);
 
   const std::string& Bytes() const { return bytes_; }
+  // Whether a procedure stands twice, of a property also in two parts.
+  bool HasNameTwice() const { return hasNameTwice_; }
 
  private:
   void NoteNew(std::string_view text);
@@ -45,6 +47,7 @@ class CodeText {
 
   std::string bytes_;
   std::size_t lines_ = 0;
+  bool hasNameTwice_ = false;
   Texts texts_{8192};  // of the procedures, with all that follows
   std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> procedures_{64, &texts_};
 };

@@ -2,6 +2,7 @@
 
 #include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
+#include "vbtext/Limits.h"
 
 #include <algorithm>
 #include <map>
@@ -20,6 +21,25 @@ constexpr const char* OtherAttributes =
     "Attribute VB_Creatable = False\r\n"
     "Attribute VB_PredeclaredId = True\r\n"
     "Attribute VB_Exposed = False\r\n";
+
+// Not a byte of another editor's: nothing but ASCII, and all lines have their carriage return.
+bool IsUntouched(std::string_view text) {
+  return std::ranges::all_of(text, [before = '\0'](char c) mutable {
+    const bool isUsual = static_cast<unsigned char>(c) < 0x80 && (c != '\n' || before == '\r');
+    before = c;
+    return isUsual;
+  });
+}
+
+// From a place in the last line of so many bytes: most lines are stepped over.
+bool HasLongLine(std::string_view code) {
+  for (std::size_t start = 0; code.size() - start > vbtext::LongestLine;) {
+    const std::size_t end = code.substr(start, vbtext::LongestLine + 1).rfind('\n');
+    if (end == std::string_view::npos) return true;
+    start += end + 1;
+  }
+  return false;
+}
 
 std::string ObjectLine(const ObjectReference& library) {
   return "Object = \"" + library.Id + "\"; \"" + library.File + "\"\r\n";
@@ -49,7 +69,7 @@ std::shared_ptr<FormDocument> FormDocument::New(std::string_view name, const sys
   form->name_ = name;
   form->headLines_.emplace_back("VERSION 5.00\r\n");
   for (const char* lines : {NameAttribute, OtherAttributes}) form->attributeLines_.emplace_back(lines);
-  form->changed_ = true;
+  form->changed_ = form->wasEmpty_ = true;
   return form;
 }
 
@@ -57,6 +77,7 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
                                                   const system::CodePage& codePage, const ControlLibraries& libraries) {
   FormParts parts = ReadForm(path, frm);
   // The companion file matters to a form that can be changed.
+  const bool isUntouched = parts.ControlCount == 0 && IsUntouched(frm);
   FormHeader header(path, parts.ControlCount == 0 ? parts.Properties : std::vector<FormProperty>(), frx);
   std::shared_ptr<FormDocument> form(new FormDocument(std::move(header), codePage, libraries));
   form->original_ = std::move(frm);
@@ -70,6 +91,7 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
     form->holdsCodeAsRead_ = true;
     for (const std::string_view name : ProceduresIn(parts.Code)) form->proceduresAsRead_.emplace_back(name);
   }
+  form->wasEmpty_ = isUntouched && !form->holdsCodeAsRead_;
   form->code_.Load(std::move(parts.Code));
   return form;
 }
@@ -185,6 +207,11 @@ std::optional<KeptCode> FormDocument::CodeKept() const {
     if (added[key] > 0) kept.Doubled.push_back(kept.Procedures.back());
   }
   return kept;
+}
+
+bool FormDocument::IsWorthALook() const {
+  return !wasEmpty_ || designer_.Count() > vbtext::MostControlNames || code_.CountOfLines() > vbtext::MostLines ||
+         code_.HasNameTwice() || HasLongLine(code_.Bytes());
 }
 
 FormFiles FormDocument::Render(std::string_view stem) const {

@@ -62,6 +62,9 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   const std::optional<RefusedName>& FirstRefusedName() const { return designer_.FirstRefused(); }
   // Of a changed form that had code when it was read.
   std::optional<KeptCode> CodeKept() const;
+  // Whether the environment may refuse or mangle the form. False only where that is certain, from a few numbers and not
+  // from its text: of a form of a usual size that was made anew or of an empty one.
+  bool IsWorthALook() const;
   // The files as the environment writes them, or as they were read when nothing changed. `stem` is the file name
   // without ".frm", in bytes, for references into the .frx.
   FormFiles Render(std::string_view stem) const;
@@ -92,7 +95,7 @@ class FormDocument : public std::enable_shared_from_this<FormDocument>,
   FormHeader header_;
   Designer designer_;
   CodeText code_;
-  bool changed_ = false;
+  bool changed_ = false, wasEmpty_ = false;
 };
 
 }  // namespace formwizard::adapters::vb6files

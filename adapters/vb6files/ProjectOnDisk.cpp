@@ -454,6 +454,11 @@ std::optional<KeptCode> ProjectOnDisk::CodeKeptIn(std::string_view name) const {
   return entry && entry->Document ? entry->Document->CodeKept() : std::nullopt;
 }
 
+bool ProjectOnDisk::IsWorthALook(std::string_view name) const {
+  const Entry* entry = FindEntry(codePage_.Encode(name));
+  return entry && entry->Document && entry->Document->IsChanged() && entry->Document->IsWorthALook();
+}
+
 std::optional<RefusedName> ProjectOnDisk::RefusedIn(std::string_view name) const {
   const Entry* entry = FindEntry(codePage_.Encode(name));
   return entry && entry->Document ? entry->Document->FirstRefusedName() : std::nullopt;

@@ -81,6 +81,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Of a form that has code from before the wizard filled it; nothing for any other, and once the form is finished.
   std::optional<KeptCode> CodeKeptIn(std::string_view name) const;
 
+  // Of a form that the wizard filled; false for any other, and once the form is finished.
+  bool IsWorthALook(std::string_view name) const;
+
   // The first name that a control of a form was to have and could not; nothing once the form is finished.
   std::optional<RefusedName> RefusedIn(std::string_view name) const;
 

@@ -4,6 +4,7 @@
 #include "apps/cli/ConsoleDesktop.h"
 #include "apps/cli/DescriptionFiles.h"
 #include "apps/cli/Difference.h"
+#include "apps/cli/Findings.h"
 #include "apps/cli/JournalFile.h"
 #include "apps/cli/Progress.h"
 #include "apps/cli/ProjectOptions.h"
@@ -23,7 +24,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -142,6 +145,7 @@ class Run {
     } catch (const support::SaveError& error) {
       throw support::SaveError(std::string(error.what()) + "; nothing was written");
     }
+    keepsTexts_ = true;
     project_.Save();
     return writes_ ? common::AfterSaving(options_.Project, [this] { return Finish(); }) : Finish();
   }
@@ -160,11 +164,12 @@ class Run {
     if (!result.Failures.empty()) incomplete_ = true;
     if (const auto kept = project_.CodeKeptIn(result.Component)) {
       result.Notes.push_back(vb6files::NoteOn(result.Component, *kept));
-      if (!options_.Tells.Quiet) {
-        std::cerr << "ostrel-form-wizard: note: " << support::Shown(result.Notes.back()) << '\n';
-      }
     }
+    const bool looks = !options_.Check && project_.IsWorthALook(result.Component);
+    keepsTexts_ = looks;
     project_.FinishForms();
+    if (looks) AddFindings(result.Notes);
+    Tell(result.Notes);
     result.Files = ReportChanges();
     if (options_.Json) {
       summary_.Add(result, state.Form, state.Settings, workshop_.Measure());
@@ -175,10 +180,20 @@ class Run {
     if (!writes_) PrintReport();
   }
 
-  // Texts are kept to be compared only.
+  // In what changed since the last report.
+  void AddFindings(std::vector<std::string>& notes) const {
+    std::ranges::move(FindingsIn(changes_, project_.ProjectCodePage()), std::back_inserter(notes));
+  }
+
+  void Tell(const std::vector<std::string>& notes) const {
+    if (options_.Tells.Quiet) return;
+    for (const std::string& note : notes) std::cerr << "ostrel-form-wizard: note: " << support::Shown(note) << '\n';
+  }
+
+  // Texts are kept to be looked at only.
   void Note(vb6files::FileChange change) {
     for (std::optional<std::string>* text : {&change.Old, &change.New}) {
-      if (!options_.Diff && !options_.Check && *text) *text = std::string();
+      if (!options_.Diff && !options_.Check && !keepsTexts_ && *text) *text = std::string();
     }
     changes_.push_back(std::move(change));
   }
@@ -212,13 +227,16 @@ class Run {
   void PrintReport() { report_.PrintTo(std::cout); }
 
   int Finish() {
+    std::vector<std::string> notes;
+    if (!options_.Check) AddFindings(notes);
+    Tell(notes);
     ReportChanges();
     if (writes_ && !workshop_.StoreProfile()) {
       Warn(workshop_.ProfileFile() +
            ": the settings cannot be written, so that the system is not remembered; the project is saved");
     }
     PrintReport();
-    if (options_.Json) summary_.PrintTo(std::cout, warnings_, options_.Project);
+    if (options_.Json) summary_.PrintTo(std::cout, warnings_, notes, options_.Project);
     common::FlushOutput();
     if (incomplete_) return Incomplete;
     return options_.Check && changesFiles_ ? common::Differs : Done;
@@ -247,6 +265,7 @@ class Run {
   std::vector<std::string> warnings_;
   bool changesFiles_ = false;
   bool incomplete_ = false;
+  bool keepsTexts_ = false;
 };
 
 // The name of a description is not needed any longer than the description itself.

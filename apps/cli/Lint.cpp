@@ -2,6 +2,7 @@
 
 #include "apps/cli/Commands.h"
 #include "apps/cli/FilesAround.h"
+#include "apps/cli/Findings.h"
 #include "apps/cli/VisualBasicFile.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Platform.h"
@@ -10,7 +11,6 @@
 #include "support/Messages.h"
 #include "system/CodePage.h"
 #include "system/FileSystem.h"
-#include "system/Text.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -108,19 +108,16 @@ class Run {
     ++files_;
     for (const lint::Finding& finding : lint::FindingsIn(subject, options_.All)) {
       const lint::Rule& rule = *finding.Broken;
-      const std::string message = system::IsUtf8(finding.Message) ? finding.Message : codePage_.Decode(finding.Message);
       if (rule.HowBad != lint::Severity::Note) isFaulty_ = true;
       if (options_.Json) {
         findings_.push_back({{"file", path},
                              {"line", finding.Line},
                              {"severity", lint::WordOf(rule.HowBad)},
                              {"rule", rule.Id},
-                             {"message", message},
+                             {"message", MessageOf(finding, codePage_)},
                              {"remedy", rule.Remedy}});
       } else {
-        const std::string line = PlaceOf(path, finding.Line - 1) + ": " + std::string(lint::WordOf(rule.HowBad)) +
-                                 ": " + message + "; " + std::string(rule.Remedy) + " [" + std::string(rule.Id) + "]";
-        std::cout << support::Escaped(line) << '\n';
+        std::cout << support::Escaped(LineOf(path, finding, codePage_)) << '\n';
       }
     }
   }

@@ -115,10 +115,11 @@ void Summary::Add(const Difference& difference) {
                            {"expected", difference.Expected}}));
 }
 
-void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project) {
+void Summary::PrintTo(std::ostream& out, const std::vector<std::string>& warnings,
+                      const std::vector<std::string>& notes, const std::string& project) {
   out << "{\n  \"forms\": ";
   forms_.PrintTo(out);
-  std::string rest = TextOf({{"warnings", warnings}, {"project", project}});
+  std::string rest = TextOf({{"warnings", warnings}, {"notes", notes}, {"project", project}});
   rest.erase(rest.rfind('\n'));  // the object goes on
   out << "," << rest.substr(1) << ",\n  \"files\": ";
   files_.PrintTo(out);

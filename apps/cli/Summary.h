@@ -39,8 +39,9 @@ class Summary {
   // What the run has written, or would write; in the order of the calls.
   void AddFiles(const std::vector<std::string>& paths);
   void Add(const Difference& difference);
-  // Once, when everything is known.
-  void PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::string& project);
+  // Once, when everything is known; the notes are on the project file.
+  void PrintTo(std::ostream& out, const std::vector<std::string>& warnings, const std::vector<std::string>& notes,
+               const std::string& project);
 
  private:
   // The elements of an array that is a member of the summary, as text.

@@ -70,15 +70,19 @@ TEST_CASE("The typical request gives exactly the expected project, whatever scri
   CHECK(ReadFile(work.Folder / work.Profile) == "[OstrelFormWizard]\r\nLastConnect=Samples\r\n");
 }
 
-TEST_CASE("A start-up form that has code is reused with a note, a module of its name is not reused") {
+TEST_CASE("A start-up form that has code is reused with notes, also on what is wrong with it; a module is not reused") {
   const Workplace coded, module;
   WriteFile(coded.Home + "/Form1.frm", coded.Files().at("Form1.frm") + "Sub Form_Load()\r\nEnd Sub\r\n");
   const Outcome made = coded.Generate(Typical + " --json");
   CHECK(made.Status == 0);
   const auto notes = nlohmann::json::parse(made.Out)["forms"][0]["notes"];
-  REQUIRE(notes.size() == 1);
+  REQUIRE(notes.size() == 2);
   CHECK(Has(notes[0], "frmPerson was the form Form1"));
-  CHECK(made.Error == "ostrel-form-wizard: note: " + notes[0].get<std::string>() + "\n");
+  CHECK(Has(notes[1], "/frmPerson.frm:"));
+  CHECK(Has(notes[1], ": error: a second procedure is called Form_Load, as that of line "));
+  std::string said;
+  for (const auto& note : notes) said += "ostrel-form-wizard: note: " + note.get<std::string>() + "\n";
+  CHECK(made.Error == said);
 
   std::string project = module.Files().at("Project1.vbp");
   const std::string form = "Form=Form1.frm";
@@ -88,6 +92,29 @@ TEST_CASE("A start-up form that has code is reused with a note, a module of its 
   for (const char* line : {"\nModule=Form1; Form1.bas\r\n", "\nForm=frmPerson.frm\r\n", "\nStartup=\"Form1\"\r\n"}) {
     CHECK_MESSAGE(Has(module.Files().at("Project1.vbp"), line), line);
   }
+}
+
+TEST_CASE("What the environment would refuse of a new form or of its project is a note and no failure") {
+  const Workplace work;
+  auto dictionary = nlohmann::json::parse(ReadFile(Samples + "dictionary.json"));
+  auto &classes = dictionary["systems"][0]["classes"], properties = nlohmann::json::array();
+  std::string fields;
+  for (int i = 0; i < 130; ++i) {
+    properties.push_back({{"Name", "P" + std::to_string(i)}});
+    fields += ",P" + std::to_string(i);
+  }
+  classes.push_back({{"Name", "Sample.Wide"}, {"properties", properties}});
+  WriteFile(work.Folder / "wide.json", dictionary.dump());
+  CheckDone(work.Run("dictionary import --force wide.json " + work.Dictionary));
+  WriteFile(work.Project, work.Files().at("Project1.vbp") + "RelatedDoc=gone.txt\r\n");
+  const std::string wide = "--dry-run --class Sample.Wide --set Columns=4 --fields " + fields.substr(1);
+  const Outcome made = work.Generate(wide + " --json");
+  CHECK(made.Status == 0);
+  const auto json = nlohmann::json::parse(made.Out);
+  CHECK(Has(json["forms"][0]["notes"][0], "is the name after the 254th"));
+  CHECK(Has(json["notes"][0], "RelatedDoc gone.txt is not there"));
+  CHECK(work.Generate(wide + " --quiet").Error == "");
+  CHECK(Has(work.Generate(Typical).Error, ": error: RelatedDoc gone.txt is not there; restore the file"));
 }
 
 TEST_CASE("A form comes out the same alone and in a batch, whatever was made before it, and names go on counting") {

@@ -1,0 +1,66 @@
+#include "apps/cli/Findings.h"
+
+#include "apps/cli/FilesAround.h"
+#include "apps/cli/VisualBasicFile.h"
+#include "system/Paths.h"
+#include "system/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+namespace formwizard::apps::cli {
+namespace {
+
+using adapters::vb6files::FileChange;
+
+// Those that are made need not be on the disk yet.
+class MadeFiles : public lint::Surroundings {
+ public:
+  MadeFiles(const std::vector<FileChange>& made, const system::CodePage& codePage, const FilesAround& others)
+      : made_(made), codePage_(codePage), others_(others) {}
+
+  std::optional<std::uintmax_t> SizeOf(std::string_view file) const override {
+    // A run in which a component is not there has ended before.
+    if (vbtext::KindOfName(file) != vbtext::FileKind::Unknown) return std::numeric_limits<std::uintmax_t>::max();
+    const std::string name = codePage_.Decode(file);
+    const auto found = std::ranges::find_if(made_, [&](const FileChange& change) {
+      return change.New && change.Path.substr(system::FolderPart(change.Path).size()) == name;
+    });
+    return found == made_.end() ? others_.SizeOf(file) : found->New->size();
+  }
+
+ private:
+  const std::vector<FileChange>& made_;
+  const system::CodePage& codePage_;
+  const FilesAround& others_;
+};
+
+}  // namespace
+
+std::string MessageOf(const lint::Finding& finding, const system::CodePage& codePage) {
+  return system::IsUtf8(finding.Message) ? finding.Message : codePage.Decode(finding.Message);
+}
+
+std::string LineOf(const std::string& path, const lint::Finding& finding, const system::CodePage& codePage) {
+  const lint::Rule& rule = *finding.Broken;
+  return PlaceOf(path, finding.Line - 1) + ": " + std::string(lint::WordOf(rule.HowBad)) + ": " +
+         MessageOf(finding, codePage) + "; " + std::string(rule.Remedy) + " [" + std::string(rule.Id) + "]";
+}
+
+std::vector<std::string> FindingsIn(const std::vector<FileChange>& made, const system::CodePage& codePage) {
+  std::vector<std::string> lines;
+  ListedFolders folders;
+  for (const FileChange& change : made) {
+    if (!change.New || vbtext::KindOfName(change.Path) == vbtext::FileKind::Unknown) continue;
+    const FilesAround others(change.Path, &codePage, folders);
+    const MadeFiles around(made, codePage, others);
+    for (const lint::Finding& finding : lint::FindingsIn(lint::Subject({change.Path, *change.New, around}))) {
+      lines.push_back(LineOf(change.Path, finding, codePage));
+    }
+  }
+  return lines;
+}
+
+}  // namespace formwizard::apps::cli

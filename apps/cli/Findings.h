@@ -1,0 +1,23 @@
+// What the linter finds, for people; and what it finds in the files that a run has made.
+#pragma once
+
+#include "adapters/vb6files/ProjectOnDisk.h"
+#include "lint/Lint.h"
+#include "system/CodePage.h"
+
+#include <string>
+#include <vector>
+
+namespace formwizard::apps::cli {
+
+// Without the remedy. UTF-8.
+std::string MessageOf(const lint::Finding& finding, const system::CodePage& codePage);
+// "frmPerson.frm:12: error: message; remedy [rule]"
+std::string LineOf(const std::string& path, const lint::Finding& finding, const system::CodePage& codePage);
+
+// A line for each finding in the files of a form, or in the project file whose forms and modules the run has read or
+// made.
+std::vector<std::string> FindingsIn(const std::vector<adapters::vb6files::FileChange>& made,
+                                    const system::CodePage& codePage);
+
+}  // namespace formwizard::apps::cli
