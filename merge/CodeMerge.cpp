@@ -117,21 +117,10 @@ class CodeMerger {
       addedByMine.ByName.emplace(vbtext::Folded(mine_.Declarations[i]->Name), mine_.DeclarationKeys[i]);
     }
     for (const Hunk& hunk : Diff3(base_.DeclarationKeys, mine_.DeclarationKeys, theirs_.DeclarationKeys)) {
-      const std::string_view mine = mine_.Text(mine_.Declarations, hunk.Mine);
-      const std::string_view base = base_.Text(base_.Declarations, hunk.Base);
-      const std::string_view theirs = theirs_.Text(theirs_.Declarations, hunk.Theirs);
-      const bool comes = hunk.Kind == HunkKind::OfTheirs || hunk.Kind == HunkKind::Conflict;
-      if (!comes) {
-        output_.AddMine(mine);
-      } else if (IsDeclaredByBoth(hunk.Theirs, addedByMine)) {
-        output_.AddConflict("declarations", mine, base, theirs);
-      } else if (hunk.Kind == HunkKind::OfTheirs) {
-        output_.AddTheirs(theirs);
-      } else if (hunk.Base.Count() == 0) {
-        output_.AddMine(mine);
-        AddNewOnes(hunk.Theirs, addedByMine);
+      if (hunk.Kind == HunkKind::Conflict && hunk.Base.Count() > 0) {
+        MergeChanged(hunk, addedByMine);
       } else {
-        MergeLines(base, mine, theirs, "declarations", output_);
+        MergeHunk(hunk, addedByMine);
       }
     }
   }
@@ -141,6 +130,62 @@ class CodeMerger {
     std::unordered_map<std::string, LineKey> ByName;
     std::unordered_set<LineKey> Keys;
   };
+
+  void MergeHunk(const Hunk& hunk, const Added& addedByMine) {
+    const std::string_view mine = mine_.Text(mine_.Declarations, hunk.Mine);
+    const std::string_view base = base_.Text(base_.Declarations, hunk.Base);
+    const std::string_view theirs = theirs_.Text(theirs_.Declarations, hunk.Theirs);
+    const bool comes = hunk.Kind == HunkKind::OfTheirs || hunk.Kind == HunkKind::Conflict;
+    if (!comes) {
+      output_.AddMine(mine);
+    } else if (IsDeclaredByBoth(hunk.Theirs, addedByMine)) {
+      output_.AddConflict("declarations", mine, base, theirs);
+    } else if (hunk.Kind == HunkKind::OfTheirs) {
+      output_.AddTheirs(theirs);
+    } else if (hunk.Base.Count() == 0) {
+      output_.AddMine(mine);
+      AddNewOnes(hunk.Theirs, addedByMine);
+    } else {
+      MergeLines(base, mine, theirs, "declarations", output_);
+    }
+  }
+
+  // Declarations that all three have by name are merged one by one, as a Type in which both sides changed a member.
+  void MergeChanged(const Hunk& changed, const Added& addedByMine) {
+    const std::vector<LineKey> base = NamesIn(base_, changed.Base), mine = NamesIn(mine_, changed.Mine),
+                               theirs = NamesIn(theirs_, changed.Theirs);
+    for (Hunk hunk : Diff3(base, mine, theirs)) {
+      const auto shift = [](LineRange& range, LineRange by) {
+        range = {range.First + by.First, range.Behind + by.First};
+      };
+      shift(hunk.Base, changed.Base);
+      shift(hunk.Mine, changed.Mine);
+      shift(hunk.Theirs, changed.Theirs);
+      if (hunk.Kind == HunkKind::Same) {
+        for (std::size_t i = 0; i < hunk.Base.Count(); ++i) {
+          const Section& section = *mine_.Declarations[hunk.Mine.First + i];
+          MergeLines(base_.Text(*base_.Declarations[hunk.Base.First + i]), mine_.Text(section),
+                     theirs_.Text(*theirs_.Declarations[hunk.Theirs.First + i]),
+                     section.Name.empty() ? "declarations" : "declaration " + NameOf(section), output_);
+        }
+      } else {
+        // Names say nothing of what stands in a declaration that the other side took out.
+        hunk.Kind = HunkKind::Conflict;
+        MergeHunk(hunk, addedByMine);
+      }
+    }
+  }
+
+  // The declarations by name; what has none is what it says, also without a line.
+  std::vector<LineKey> NamesIn(const Side& side, LineRange range) {
+    std::vector<LineKey> names;
+    for (std::size_t i = range.First; i < range.Behind; ++i) {
+      const Section& section = *side.Declarations[i];
+      names.push_back(keys_.OfExact(section.Name.empty() ? "\n" + std::to_string(side.DeclarationKeys[i])
+                                                         : "\n" + vbtext::Folded(NameOf(section))));
+    }
+    return names;
+  }
 
   // Whether mine declares a name of theirs, too, and otherwise.
   bool IsDeclaredByBoth(LineRange theirs, const Added& addedByMine) const {

@@ -1,5 +1,6 @@
 #include "merge/ProjectMerge.h"
 
+#include "merge/Constants.h"
 #include "merge/Sequence.h"
 #include "runtime/Conversions.h"
 #include "vbtext/Project.h"
@@ -111,6 +112,10 @@ class ProjectMerger {
       output_.AddNote(std::string(entry.Mine->Key) + ": both counted up; the higher number stays");
       return ofMine < ofTheirs ? output_.AddTheirs(theirs_.Text(entry.Theirs))
                                : output_.AddMine(mine_.Text(entry.Mine));
+    }
+    if (entry.Base && entry.Mine && entry.Theirs && vbtext::IsSameName(entry.Mine->Key, "CondComp")) {
+      const auto constants = MergedConstants(entry.Base->Value, entry.Mine->Value, entry.Theirs->Value);
+      if (constants) return output_.AddTheirs(std::string(entry.Mine->Key) + "=" + *constants + "\n");
     }
     output_.AddConflict(NameOf(entry.Mine ? *entry.Mine : *entry.Theirs), mine_.Text(entry.Mine),
                         base_.Text(entry.Base), theirs_.Text(entry.Theirs));

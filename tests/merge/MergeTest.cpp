@@ -127,7 +127,8 @@ const std::string Base =
     "Begin VB.Form f \n   Caption         =   \"f\"\n   Icon            =   \"f.frx\":0000\n"
     "   Begin VB.TextBox a \n      Left            =   100\n      TabIndex        =   0\n   End\n"
     "   Begin VB.TextBox b \n      Left            =   200\n      TabIndex        =   1\n   End\n"
-    "End\nAttribute VB_Name = \"f\"\nOption Explicit\nPrivate n As Long\n\n"
+    "End\nAttribute VB_Name = \"f\"\nOption Explicit\n"
+    "Private Type R\n  p As Long\n  q As Long\n  r As Long\n  s As Long\nEnd Type\nPrivate n As Long\n\n"
     "Private Sub One()\n  n = 1\n  n = 2\n  n = 3\nEnd Sub\n\n"
     "Private Sub Two()\n  n = 4\n  n = 5\nEnd Sub\n";
 
@@ -197,6 +198,10 @@ TEST_CASE("What both sides changed is merged by what it is, or is a conflict wit
             "\nPrivate p As Long\n\nPrivate Sub One()", "declarations"},
            {"\nPrivate Sub Two", "\nSub X()\n  n = 1\nEnd Sub\nPrivate Sub Two", "\nPrivate Sub Two",
             "\nSub X()\n  n = 2\nEnd Sub\nPrivate Sub Two", "procedure Sub X"},
+           {"  p As Long\n", "  p As Byte\n", "  s As Long\n", "  s As Long\n  t As Long\n", nullptr},  // of one Type
+           {"  p As Long\n", "  p As Byte\n", "  p As Long\n", "  p As Date\n", "declaration Type R"},
+           {"Private Type R\n  p As Long\n  q As Long\n  r As Long\n  s As Long\nEnd Type\n", "", "  p As Long\n",
+            "  p As Date\n", "declarations"},
            {"#1.0#0", "#1.1#0", "#1.0#0", "#1.2#0", "component {1"},
            {"f.frx\":0000", "f.frx\":0010", "  n = 3\n", "  n = 9\n", nullptr},
            {"f.frx\":0000", "f.frx\":0010", "f.frx\":0000", "f.frx\":0020", "control f"}}) {
@@ -265,6 +270,10 @@ TEST_CASE("The items of a project are a set") {
   CHECK(merged(base, project("Form=a.frm\r\nModule=M; m.bas\r\nForm=x.frm\r\n", ""),
                project("Module=M; m.bas\r\nForm=y.frm\r\nForm=a.frm\r\n", ""))
             .Text == project("Form=a.frm\r\nModule=M; m.bas\r\nForm=y.frm\r\nForm=x.frm\r\n", ""));
+  const auto constants = [&](const std::string& list) { return project("", "CondComp=\"" + list + "\"\r\n"); };
+  CHECK(merged(constants("A = 1 : B = 1 : C = 1"), constants("a=1 : B = 2"), constants("A = 0 : B = 1 : C = 1 : D = 1"))
+            .Text == constants("A = 0 : B = 2 : D = 1"));
+  CHECK(merged(constants("A = 1"), constants("A = 2"), constants("A = 3")).Conflicts.size() == 1);
   const merge::Merged moved = merged(base, project("Form=a.frm\r\nModule=M; 1\\m.bas\r\n", ""),
                                      project("Form=a.frm\r\nModule=M; 2\\m.bas\r\n", ""));
   REQUIRE(moved.Conflicts.size() == 1);
