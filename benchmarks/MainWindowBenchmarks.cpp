@@ -1,7 +1,7 @@
 // Opens a large project in the desktop program's main window, once. Usage: main-window-benchmarks components|code SIZE:
 // how many components it has, or how many million bytes of code its module. Prints the milliseconds of process time and
 // the greatest memory in MiB.
-#include "apps/desktop/MainWindow.h"
+#include "apps/desktop/window/MainWindow.h"
 
 #include <QApplication>
 

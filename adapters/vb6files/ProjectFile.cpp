@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace formwizard::adapters::vb6files {
@@ -13,21 +14,21 @@ namespace {
 struct ItemKey {
   std::string_view Key;
   ProjectFile::ItemKind Kind;
-  bool IsComponent;
+  std::optional<ComponentGroup> Group;  // nothing: no component
 };
 
 // Lines that stand among the items of a project. A new form goes behind the last of them, but before a resource file.
 constexpr std::array ItemKeys{
-    ItemKey{"Reference", ProjectFile::ItemKind::Other, false},
-    ItemKey{"Object", ProjectFile::ItemKind::Other, false},
-    ItemKey{"Form", ProjectFile::ItemKind::Form, true},
-    ItemKey{"Module", ProjectFile::ItemKind::Named, true},
-    ItemKey{"Class", ProjectFile::ItemKind::Named, true},
-    ItemKey{"UserControl", ProjectFile::ItemKind::Form, true},
-    ItemKey{"PropertyPage", ProjectFile::ItemKind::Form, true},
-    ItemKey{"UserDocument", ProjectFile::ItemKind::Form, true},
-    ItemKey{"Designer", ProjectFile::ItemKind::Form, true},
-    ItemKey{"RelatedDoc", ProjectFile::ItemKind::Other, false},
+    ItemKey{"Reference", ProjectFile::ItemKind::Other, {}},
+    ItemKey{"Object", ProjectFile::ItemKind::Other, {}},
+    ItemKey{"Form", ProjectFile::ItemKind::Form, ComponentGroup::Form},
+    ItemKey{"Module", ProjectFile::ItemKind::Named, ComponentGroup::Module},
+    ItemKey{"Class", ProjectFile::ItemKind::Named, ComponentGroup::Class},
+    ItemKey{"UserControl", ProjectFile::ItemKind::Form, ComponentGroup::UserControl},
+    ItemKey{"PropertyPage", ProjectFile::ItemKind::Form, ComponentGroup::PropertyPage},
+    ItemKey{"UserDocument", ProjectFile::ItemKind::Form, ComponentGroup::UserDocument},
+    ItemKey{"Designer", ProjectFile::ItemKind::Form, ComponentGroup::Designer},
+    ItemKey{"RelatedDoc", ProjectFile::ItemKind::Other, {}},
 };
 
 const ItemKey* FindItemKey(std::string_view key) {
@@ -94,7 +95,7 @@ ProjectFile::ProjectFile(const std::string& path, std::string text) {
       return true;
     }
     state_.NewFormAt = line.Behind();
-    if (item->IsComponent) ReadItem(path, key, ValueOf(line.Text), number);
+    if (item->Group) ReadItem(path, key, ValueOf(line.Text), number);
     return true;
   });
 }
@@ -117,7 +118,8 @@ void ProjectFile::RefuseAsNoProject(const std::string& path) const {
 }
 
 void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t number) {
-  const ItemKind kind = FindItemKey(key)->Kind;
+  const ItemKey& item = *FindItemKey(key);
+  const ItemKind kind = item.Kind;
   std::string_view name;
   std::string_view file = Unquoted(value);
   if (kind == ItemKind::Named) {
@@ -130,7 +132,7 @@ void ProjectFile::ReadItem(const std::string& path, std::string_view key, std::s
                               (kind == ItemKind::Named ? "=Name; file\"" : "=file\"") + ", found \"" +
                               std::string(key) + "=" + std::string(value) + "\"; correct the line");
   }
-  items_.push_back({kind, name, file, number});
+  items_.push_back({kind, *item.Group, name, file, number});
 }
 
 void ProjectFile::ReadSetting(const Line& line) {
@@ -142,10 +144,10 @@ void ProjectFile::ReadSetting(const Line& line) {
 
 std::vector<ProjectFile::Item> ProjectFile::TakeItems() { return std::exchange(items_, {}); }
 
-std::vector<std::string_view> ProjectFile::Objects() const {
+std::vector<std::string_view> ProjectFile::ValuesOf(std::string_view key) const {
   std::vector<std::string_view> values;
   ForEachLine([&](const Line& line) {
-    if (runtime::EqualIgnoringCase(KeyOf(line.Text), "Object")) values.push_back(ValueOf(line.Text));
+    if (runtime::EqualIgnoringCase(KeyOf(line.Text), key)) values.push_back(ValueOf(line.Text));
     return true;
   });
   return values;

@@ -2,18 +2,23 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace formwizard::adapters::vb6files {
 
+// What a component is, in the order in which the environment lists them.
+enum class ComponentGroup : std::uint8_t { Form, Module, Class, UserControl, PropertyPage, UserDocument, Designer };
+
 // Every text is bytes in the project's code page. What is not changed keeps every byte, line ends included.
 class ProjectFile {
  public:
   enum class ItemKind { Form, Named, Other };
   struct Item {
-    ItemKind Kind;          // Named: a module or class, whose line gives its name
+    ItemKind Kind;  // Named: a module or class, whose line gives its name
+    ComponentGroup Group;
     std::string_view Name;  // of a Named item
     std::string_view Path;  // as in the line, with backslashes
     std::size_t Line;       // counts from 1
@@ -27,7 +32,9 @@ class ProjectFile {
   // The components as read, in the order of the file, once. Their texts hold until the first change.
   std::vector<Item> TakeItems();
   // The values of the "Object=" lines, until the next change.
-  std::vector<std::string_view> Objects() const;
+  std::vector<std::string_view> Objects() const { return ValuesOf("Object"); }
+  // The paths of the files that are listed beside the components, as in their lines; until the next change.
+  std::vector<std::string_view> RelatedDocuments() const { return ValuesOf("RelatedDoc"); }
   // The project's own name; empty when the file has none.
   const std::string& Name() const { return name_; }
 
@@ -60,6 +67,7 @@ class ProjectFile {
     std::size_t Behind() const { return Start + Text.size() + End.size(); }
   };
 
+  std::vector<std::string_view> ValuesOf(std::string_view key) const;
   Line LineAt(std::size_t start) const;
   template <typename Action>
   void ForEachLine(Action&& action) const;

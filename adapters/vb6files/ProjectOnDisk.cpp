@@ -100,7 +100,7 @@ ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path,
   listedPaths_.reserve(items.size());
   for (const ProjectFile::Item& item : items) {
     const bool isForm = item.Kind == ProjectFile::ItemKind::Form;
-    entries_.push_back({texts_.Kept(item.Name), texts_.Kept(item.Path), isForm, nullptr});
+    entries_.push_back({texts_.Kept(item.Name), texts_.Kept(item.Path), isForm, item.Group, nullptr});
     listedPaths_.insert(entries_.back().Path);
   }
 }
@@ -213,8 +213,8 @@ std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
   if (type != ComponentType::Form) runtime::Raise(runtime::InvalidProcedureCall);
   while (FindEntry("Form" + std::to_string(firstFreeForm_))) ++firstFreeForm_;
   const std::string name = "Form" + std::to_string(firstFreeForm_);
-  Entry& entry =
-      entries_.emplace_back(Entry{texts_.Kept(name), "", true, FormDocument::New(name, codePage_, libraries_)});
+  Entry& entry = entries_.emplace_back(
+      Entry{texts_.Kept(name), "", true, ComponentGroup::Form, FormDocument::New(name, codePage_, libraries_)});
   byName_.insert(&entry);
   open_.push_back(&entry);
   return std::make_shared<Component>(*this, entry);
@@ -270,7 +270,10 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
                    "Name conflicts with existing module, project, or object library: '" + std::string(name) + "'");
   }
   DocumentOf(entry).SetName(name);
-  if (bytes == entry.Name) return;
+  if (bytes != entry.Name) ChangeName(entry, bytes);
+}
+
+void ProjectOnDisk::ChangeName(Entry& entry, std::string_view bytes) {
   // A new form is never what the project file means, even where a form that is gone had its name.
   if (!entry.Path.empty()) project_.RenameForm(entry.Name, bytes);
   byName_.erase(&entry);
@@ -278,6 +281,37 @@ void ProjectOnDisk::Rename(Entry& entry, std::string_view name) {
   entry.Name = texts_.Kept(bytes);
   byName_.insert(&entry);
 }
+
+std::optional<std::string> ProjectOnDisk::TakeBack(std::string_view name) {
+  Entry* entry = FindEntry(codePage_.Encode(name));
+  if (!entry || !entry->Document || !entry->Document->IsChanged()) {
+    throw support::InputError(path_ + ": nothing of \"" + std::string(name) + "\" can be taken back; it is as saved");
+  }
+  std::erase(open_, entry);
+  entry->Document.reset();
+  std::optional<std::string> before;
+  if (entry->Path.empty()) {
+    byName_.erase(entry);
+    Release(entry->Name);
+    entries_.remove_if([&](const Entry& each) { return &each == entry; });
+  } else {
+    const std::string bytes = NameInFile(*entry);
+    if (bytes != entry->Name) ChangeName(*entry, bytes);
+    before = codePage_.Decode(bytes);
+  }
+  RestoreProject();
+  return before;
+}
+
+// When no form is changed any more, neither is the project file.
+void ProjectOnDisk::RestoreProject() {
+  if (std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); })) return;
+  project_.GoBackTo(ProjectFile(path_, original_).Current());
+  libraries_ = {};
+  for (const std::string_view value : project_.Objects()) libraries_.Add(toolbox_.Parse(value));
+}
+
+void ProjectOnDisk::UseToolbox(const std::string& file) { toolbox_ = Toolbox(files_, file); }
 
 std::string ProjectOnDisk::ProblemOfNewName(std::string_view name) const {
   std::string problem = ProblemOfObjectName(name);
@@ -474,9 +508,17 @@ std::vector<ComponentSummary> ProjectOnDisk::Summaries() const {
   std::vector<ComponentSummary> summaries;
   summaries.reserve(entries_.size());
   for (const Entry& entry : entries_) {
-    summaries.push_back({codePage_.Decode(entry.Name), entry.Path.empty() ? "" : FilePath(entry.Path), entry.IsForm});
+    const bool isChanged = entry.Document && (entry.Path.empty() || entry.Document->IsChanged());
+    summaries.push_back({codePage_.Decode(entry.Name), entry.Path.empty() ? "" : FilePath(entry.Path), entry.IsForm,
+                         entry.Group, isChanged});
   }
   return summaries;
+}
+
+std::vector<std::string> ProjectOnDisk::RelatedDocuments() const {
+  std::vector<std::string> documents;
+  for (const std::string_view path : project_.RelatedDocuments()) documents.push_back(FilePath(path));
+  return documents;
 }
 
 const ProjectOnDisk::Entry& ProjectOnDisk::ComponentOf(std::string_view name) const {

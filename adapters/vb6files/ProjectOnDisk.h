@@ -15,7 +15,7 @@
 #include "system/FileSystem.h"
 #include "system/FilesRead.h"
 
-#include <deque>
+#include <list>
 #include <memory>
 #include <memory_resource>
 #include <optional>
@@ -37,6 +37,8 @@ struct ComponentSummary {
   std::string Name;
   std::string File;  // its path; empty for a form that was never saved
   bool IsForm;
+  ComponentGroup Group;
+  bool IsChanged;  // since it was read or saved; a new form always is
 };
 
 class ProjectOnDisk : public generator::ide::Vbe,
@@ -78,6 +80,15 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // file as it was before; what was not finished before is still open then, so that saving can be tried again.
   void Save();
 
+  // Takes back what was made of a component and not saved: a new form leaves the project, a form that was filled
+  // becomes what its file holds again. What was called so, or nothing for a new form; InputError for a name that the
+  // project does not have or that has nothing to take back.
+  std::optional<std::string> TakeBack(std::string_view name);
+
+  // From now on the control libraries that the project lacks come from this file (see Toolbox). support::InputError
+  // leaves the one before.
+  void UseToolbox(const std::string& file);
+
   // Of a form that has code from before the wizard filled it; nothing for any other, and once the form is finished.
   std::optional<KeptCode> CodeKeptIn(std::string_view name) const;
 
@@ -99,6 +110,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   bool IsChanged() const;
   // In the order of the project file, new forms last.
   std::vector<ComponentSummary> Summaries() const;
+  // The paths of the files that the project lists beside its components.
+  std::vector<std::string> RelatedDocuments() const;
   // The text of a component as saving would write it, with a form's companion file; a module's stands in Frm.
   // support::InputError for a name that the project does not have or a file that cannot be read.
   FormFiles TextsOf(std::string_view name);
@@ -113,6 +126,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
     std::string_view Name;  // bytes; empty until it is asked for
     std::string_view Path;  // as in the project file; empty for a new form
     bool IsForm;
+    ComponentGroup Group;
     std::shared_ptr<FormDocument> Document;  // null until it is asked for, and again when it is finished
     bool IsFinished = false;
     generator::ide::Int32 ControlCount = {};  // of a finished form
@@ -160,6 +174,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   FormDocument& DocumentOf(Entry& entry);
   std::shared_ptr<generator::ide::VBControls> ControlsOf(Entry& entry);
   void Rename(Entry& entry, std::string_view name);
+  void ChangeName(Entry& entry, std::string_view bytes);
+  void RestoreProject();
   void Release(std::string_view name);
   std::string NewStem(const Entry& entry);
   void Finish(Entry& entry);
@@ -179,8 +195,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   ControlLibraries libraries_;
   ChangeListener listener_;
   bool dryRun_ = false;
-  mutable Texts texts_;                // names and paths of components
-  mutable std::deque<Entry> entries_;  // items first, then new forms
+  mutable Texts texts_;               // names and paths of components
+  mutable std::list<Entry> entries_;  // items first, then new forms
   mutable std::unordered_set<Entry*, NameHash, NameEqual> byName_;
   // Of component files as read, and of new ones that are not called by the names of their forms.
   std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> listedPaths_{&texts_};

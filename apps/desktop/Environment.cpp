@@ -4,6 +4,8 @@
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 #include "apps/desktop/MenuBars.h"
+#include "generator/ide/ActiveX.h"
+#include "support/Failures.h"
 
 #include <utility>
 
@@ -40,7 +42,43 @@ void Environment::OpenProject(const std::string& path) {
   project_ = std::move(project);
 }
 
-void Environment::OpenDictionary(const std::string& path) { server_.Dictionary = common::OpenDictionary(path); }
+void Environment::OpenDictionary(const std::string& path) {
+  server_.Dictionary = common::OpenDictionary(path);
+  dictionaryPath_ = path;
+}
+
+void Environment::UseToolbox(const std::string& path) {
+  if (project_) {
+    project_->UseToolbox(path);
+  } else {
+    adapters::vb6files::Toolbox(system::RealFileSystem(), path);  // for what is wrong with it
+  }
+  options_.Toolbox = path;
+}
+
+void Environment::CloseProject() {
+  wizard_.State().NewComponent.reset();
+  project_.reset();
+}
+
+std::string Environment::TakeBack(const std::string& component) {
+  wizard_.State().NewComponent.reset();
+  return project_->TakeBack(component).value_or("");
+}
+
+bool Environment::KnowsQueryControl() const {
+  try {
+    project_->CheckToolboxKnows(generator::ide::Query.ProgId);
+    return true;
+  } catch (const support::InputError&) {
+    return false;
+  }
+}
+
+QAction* Environment::WizardCommand() const {
+  const QList<QAction*> commands = addInsMenu_.actions();
+  return commands.isEmpty() ? nullptr : commands.back();
+}
 
 std::string Environment::NewComponentName() const {
   const auto& component = wizard_.State().NewComponent;
@@ -70,6 +108,7 @@ void Environment::OpenWizard() {
 }
 
 void Environment::RunCommand(const std::function<void()>& command) {
+  if (!MayRunAddIn()) return;
   RunAddIn(command);
   if (OnAddInDone) OnAddInDone();
 }

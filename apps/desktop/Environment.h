@@ -20,6 +20,7 @@ namespace formwizard::apps::desktop {
 struct EnvironmentOptions {
   std::string Profile, Language, Toolbox;
   int CodePage = 1252;
+  std::string Memory = "";  // the file of what the program remembers; empty: nothing
 };
 
 class Environment : public generator::ide::Application {
@@ -31,12 +32,27 @@ class Environment : public generator::ide::Application {
   // Each raises support::InputError and leaves what was open. The open project is given up unsaved.
   void OpenProject(const std::string& path);
   void OpenDictionary(const std::string& path);
+  // For this project and those that are opened later.
+  void UseToolbox(const std::string& path);
+  void CloseProject();
+  // Takes back what was made of a component and not saved; the name that it has now, empty when it is gone.
+  std::string TakeBack(const std::string& component);
+
+  // Empty for none.
+  const std::string& DictionaryPath() const { return dictionaryPath_; }
+  const std::string& ToolboxPath() const { return options_.Toolbox; }
+  // Whether a form that is made can have the query control.
+  bool KnowsQueryControl() const;
 
   // As a click on the wizard's command does; returns when the wizard is closed.
   void OpenWizard();
+  // The wizard's command on the Add-Ins menu; null when there is none.
+  QAction* WizardCommand() const;
 
   // Runs an add-in's command; no exception may pass through the toolkit, so this is where they are caught.
   std::function<void(const std::function<void()>&)> RunAddIn = [](const auto& command) { command(); };
+  // Asked before an add-in's command runs; false keeps it from running.
+  std::function<bool()> MayRunAddIn = [] { return true; };
   // Called when an add-in has done what its command was clicked for.
   std::function<void()> OnAddInDone;
 
@@ -70,6 +86,7 @@ class Environment : public generator::ide::Application {
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::satellite::Satellites satellites_;
   Server server_;
+  std::string dictionaryPath_;
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
   addin::Wizard wizard_;
 };

@@ -1,8 +1,8 @@
 #include "apps/common/Endings.h"
 #include "apps/common/Languages.h"
 #include "apps/common/Platform.h"
-#include "apps/desktop/MainWindow.h"
 #include "apps/desktop/formview/PictureFile.h"
+#include "apps/desktop/window/MainWindow.h"
 #include "support/Messages.h"
 
 #include <QApplication>

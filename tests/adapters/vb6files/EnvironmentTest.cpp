@@ -125,6 +125,38 @@ TEST_CASE("The start-up form and the program's icon follow the form that is rena
   }
 }
 
+TEST_CASE("What was made and not saved is taken back, and with the last of it every trace") {
+  ProjectFixture project(
+      "Form=Form1.frm\r\nRelatedDoc=a\\b.txt\r\nStartup=\"Form1\"\r\n",
+      {{"P/Form1.frm", FormText("Form1")},
+       {"P/t.ini", "[Toolbox]\r\nOSTRELQUERY.OstrelQueryCtrl.1={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#1.0#0; q.ocx"}});
+  const MemoryFileSystem::Contents before = project.Files.Files;
+  CHECK(project.Project.RelatedDocuments() == std::vector<std::string>{"P/a/b.txt"});
+  CHECK_THROWS_AS(project.Project.CheckToolboxKnows("OSTRELQUERY.OstrelQueryCtrl.1"), support::InputError);
+  CHECK_THROWS_AS(project.Project.UseToolbox("P/none.ini"), support::InputError);
+  project.Project.UseToolbox("P/t.ini");
+  project.Project.ActiveVBProject().AddToolboxProgID("OSTRELQUERY.OstrelQueryCtrl.1");
+  project.Components.Find("Form1")->SetName("frmA");
+  project.AddForm()->SetName("frmB");
+  project.AddForm()->SetName("frmB2");
+  CHECK(project.Project.TakeBack("frmB") == std::nullopt);
+  CHECK_THROWS_AS(project.Project.TakeBack("frmB"), support::InputError);
+  CHECK(project.Project.TakeBack("frmA") == "Form1");
+  CHECK_THROWS_AS(project.Project.TakeBack("Form1"), support::InputError);
+  const auto summaries = project.Project.Summaries();
+  REQUIRE(summaries.size() == 2);
+  CHECK((summaries[0].Name == "Form1" && !summaries[0].IsChanged));
+  CHECK((summaries[1].Name == "frmB2" && summaries[1].IsChanged && summaries[1].Group == ComponentGroup::Form));
+  CHECK(project.AddForm()->Name() == "Form2");
+  project.Project.TakeBack("Form2");
+  project.Project.TakeBack("frmB2");
+  CHECK_FALSE(project.Project.IsChanged());
+  project.Project.Save();
+  CHECK(project.Files.Files == before);
+  project.Project.ActiveVBProject().AddToolboxProgID("OSTRELQUERY.OstrelQueryCtrl.1");
+  CHECK(project.Project.IsChanged());  // the reference has gone with the rest, and comes again
+}
+
 TEST_CASE("A form without controls keeps its code, and what it has in common with the new code can be asked for") {
   struct Case {
     std::string code, note;

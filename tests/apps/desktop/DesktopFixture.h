@@ -3,7 +3,7 @@
 
 #include "adapters/qt/Text.h"
 #include "apps/common/Dictionaries.h"
-#include "apps/desktop/MainWindow.h"
+#include "apps/desktop/window/MainWindow.h"
 #include "tests/support/TemporaryFolder.h"
 #include "ui/Control.h"
 
@@ -67,12 +67,7 @@ struct DesktopFixture {
     CHECK(Window->OpenDictionary(QString::fromStdString(Folder / "d.sqlite")));
   }
 
-  QAction* WizardCommand() const {
-    for (QAction* menu : Window->menuBar()->actions()) {
-      if (menu->text() == "&Add-Ins") return menu->menu()->actions().back();
-    }
-    return nullptr;
-  }
+  QAction* WizardCommand() const { return Window->Commands().Menu(apps::desktop::MenuName::AddIns).actions().back(); }
 
   // Opens the wizard and lets somebody use it; returns when it is closed. What goes wrong on the way is shown, and
   // closes it.

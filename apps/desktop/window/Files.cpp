@@ -1,0 +1,170 @@
+#include "apps/desktop/window/Files.h"
+
+#include "adapters/qt/Text.h"
+#include "apps/common/Endings.h"
+#include "apps/desktop/basics/Messages.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+using adapters::qt::Utf8;
+
+QString NameOf(const QString& path) { return QFileInfo(path).fileName(); }
+
+QString Absolute(const std::string& path) { return path.empty() ? "" : QFileInfo(Text(path)).absoluteFilePath(); }
+
+}  // namespace
+
+bool Files::Try(T title, const QString& what, const std::function<void()>& action) {
+  try {
+    action();
+    return true;
+  } catch (...) {
+    Tell(window_, texts_, title, what, Text(common::CurrentFailure("").Message));
+    return false;
+  }
+}
+
+bool Files::OpenProject(const QString& path) {
+  if (!MayGiveUp()) return false;
+  try {
+    environment_.OpenProject(Utf8(path));
+  } catch (...) {
+    const QString why = Text(common::CurrentFailure("").Message);
+    const std::size_t answer = Ask(window_, texts_,
+                                   {.Title = T::TitleOpenProject,
+                                    .What = texts_(T::CannotBeOpened, NameOf(path)),
+                                    .Why = why,
+                                    .Buttons = {T::ButtonChooseAnother, T::ButtonClose}});
+    return answer == 0 && AskForProject();
+  }
+  memory_.AddRecent(path);
+  OpenRemembered();
+  OnProject();
+  OnTools();
+  OnDone(texts_(T::Opened, NameOf(path)));
+  return true;
+}
+
+// Where nothing is open yet, what the project was used with; a file that is gone is no failure.
+void Files::OpenRemembered() {
+  const ProjectMemory memory = memory_.Of(Text(environment_.Project()->Path()));
+  const auto tryQuietly = [](const QString& path, const std::function<void(const std::string&)>& open) {
+    if (path.isEmpty() || !QFileInfo::exists(path)) return;
+    try {
+      open(Utf8(path));
+    } catch (const std::runtime_error&) {
+      return;  // it is asked for when it is needed
+    }
+  };
+  if (environment_.DictionaryPath().empty()) {
+    tryQuietly(memory.Dictionary, [this](const std::string& path) { environment_.OpenDictionary(path); });
+  }
+  if (environment_.ToolboxPath().empty()) {
+    tryQuietly(memory.Toolbox, [this](const std::string& path) { environment_.UseToolbox(path); });
+  }
+}
+
+bool Files::OpenDictionary(const QString& path) {
+  const bool opened = Try(T::TitleOpenDictionary, texts_(T::CannotBeOpened, NameOf(path)),
+                          [&] { environment_.OpenDictionary(Utf8(path)); });
+  if (!opened) return false;
+  memory_.AddRecent(path);
+  Remember();
+  OnTools();
+  OnDone(texts_(T::Opened, NameOf(path)));
+  return true;
+}
+
+bool Files::UseToolbox(const QString& path) {
+  const bool used =
+      Try(T::TitleToolbox, texts_(T::CannotBeOpened, NameOf(path)), [&] { environment_.UseToolbox(Utf8(path)); });
+  if (!used) return false;
+  Remember();
+  OnTools();
+  return true;
+}
+
+void Files::Remember() {
+  if (!environment_.Project()) return;
+  const QString project = Text(environment_.Project()->Path());
+  ProjectMemory memory = memory_.Of(project);
+  memory.Dictionary = Absolute(environment_.DictionaryPath());
+  memory.Toolbox = Absolute(environment_.ToolboxPath());
+  memory_.Keep(project, memory);
+}
+
+bool Files::Open(const QString& path) {
+  const QString suffix = QFileInfo(path).suffix().toLower();
+  if (suffix == "vbp") return OpenProject(path);
+  if (suffix == "ini") return UseToolbox(path);
+  return OpenDictionary(path);
+}
+
+bool Files::OpenRecent(const QString& path) {
+  if (QFileInfo::exists(path)) return Open(path);
+  const std::size_t answer = Ask(window_, texts_,
+                                 {.Title = T::TitleOpenRecent,
+                                  .What = texts_(T::NoLongerThere, NameOf(path)),
+                                  .Why = texts_(T::WhereItWas, QFileInfo(path).absolutePath()),
+                                  .Buttons = {T::ButtonRemoveFromList, T::Cancel},
+                                  .Default = 1});
+  if (answer != 0) return false;
+  memory_.RemoveRecent(path);
+  OnTools();
+  return false;
+}
+
+QString Files::AskForFile(T title, std::initializer_list<T> filters) {
+  QStringList shown;
+  for (const T filter : filters) shown << texts_(filter);
+  const auto* project = environment_.Project();
+  const QString folder = project ? QFileInfo(Text(project->Path())).absolutePath() : "";
+  return QFileDialog::getOpenFileName(&window_, texts_(title), folder, shown.join(";;"));
+}
+
+bool Files::AskForProject() {
+  const QString path = AskForFile(T::TitleOpenProject, {T::FilterProjects, T::FilterAll});
+  return !path.isEmpty() && OpenProject(path);
+}
+
+bool Files::AskForDictionary() {
+  const QString path = AskForFile(T::TitleOpenDictionary, {T::FilterDictionaries, T::FilterAll});
+  return !path.isEmpty() && OpenDictionary(path);
+}
+
+bool Files::AskForToolbox() {
+  const QString path = AskForFile(T::TitleToolbox, {T::FilterToolboxes, T::FilterAll});
+  return !path.isEmpty() && UseToolbox(path);
+}
+
+void Files::CloseProject() {
+  if (!MayGiveUp()) return;
+  environment_.CloseProject();
+  OnProject();
+}
+
+bool Files::Save() {
+  const QString name = NameOf(Text(environment_.Project()->Path()));
+  const bool saved = Try(T::TitleSaveProject, texts_(T::NotSaved, name), [this] { environment_.Project()->Save(); });
+  if (saved) OnDone(texts_(T::Saved, name));
+  OnProject();
+  return saved;
+}
+
+bool Files::MayGiveUp() {
+  const adapters::vb6files::ProjectOnDisk* project = environment_.Project();
+  if (!project || !project->IsChanged()) return true;
+  const std::size_t answer = Ask(window_, texts_,
+                                 {.Title = T::TitleSaveProject,
+                                  .What = texts_(T::HasUnsavedChanges, NameOf(Text(project->Path()))),
+                                  .Why = texts_(T::UnsavedAreLost),
+                                  .Buttons = {T::ButtonSave, T::ButtonDiscard, T::Cancel}});
+  return answer == 0 ? Save() : answer == 1;
+}
+
+}  // namespace formwizard::apps::desktop

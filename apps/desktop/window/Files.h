@@ -1,0 +1,60 @@
+// What is opened and saved: the project, its dictionary and its toolbox, with all that is asked and told about it.
+#pragma once
+
+#include "apps/desktop/Environment.h"
+#include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/window/Memory.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+
+namespace formwizard::apps::desktop {
+
+class Files {
+ public:
+  // All must outlive this object; messages stand over the window.
+  Files(QWidget& window, const Texts& texts, Environment& environment, Memory& memory)
+      : window_(window), texts_(texts), environment_(environment), memory_(memory) {}
+
+  // What is open is given up, unless the user wants to keep it. With the project opens what it was used with the last
+  // time, where something is missing. A failure is told, and false returned; what was open stays.
+  bool OpenProject(const QString& path);
+  bool OpenDictionary(const QString& path);
+  bool UseToolbox(const QString& path);
+  // By what the file is.
+  bool Open(const QString& path);
+  bool OpenRecent(const QString& path);
+
+  // Asks for a file and opens it.
+  bool AskForProject();
+  bool AskForDictionary();
+  bool AskForToolbox();
+  void CloseProject();
+
+  bool Save();
+  // False when the user wants to go on with what is open.
+  bool MayGiveUp();
+  // Runs what may fail on its input or output, and tells the failure as that of a command.
+  bool Try(T title, const QString& what, const std::function<void()>& action);
+
+  // The project, or what it is made of, is another one now.
+  std::function<void()> OnProject = [] {};
+  // The dictionary or the toolbox is another one now, or the list of recent files.
+  std::function<void()> OnTools = [] {};
+  // Something succeeded.
+  std::function<void(const QString&)> OnDone = [](const QString&) {};
+
+ private:
+  QString AskForFile(T title, std::initializer_list<T> filters);
+  void OpenRemembered();
+  void Remember();
+
+  QWidget& window_;
+  const Texts& texts_;
+  Environment& environment_;
+  Memory& memory_;
+};
+
+}  // namespace formwizard::apps::desktop

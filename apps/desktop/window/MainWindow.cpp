@@ -1,0 +1,229 @@
+#include "apps/desktop/window/MainWindow.h"
+
+#include "adapters/qt/Text.h"
+#include "apps/common/Endings.h"
+#include "apps/common/Paths.h"
+#include "apps/desktop/basics/Messages.h"
+#include "support/Failures.h"
+#include "support/Messages.h"
+#include "support/Strings.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QShortcut>
+#include <QTimer>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+using adapters::qt::Utf8;
+namespace vb6files = adapters::vb6files;
+
+constexpr QSize Opens(1200, 740), Smallest(800, 600);
+constexpr int NarrowBelow = 960;
+
+// The bytes of a module or class, without the environment's own lines at its start.
+std::string CodeOfModule(const system::CodePage& codePage, const std::string& bytes) {
+  const std::string text = codePage.Decode(bytes);
+  std::size_t start = 0;
+  for (std::size_t line = 0; line < text.size(); line = std::min(text.find('\n', line), text.size() - 1) + 1) {
+    if (text.compare(line, 10, "Attribute ") == 0)
+      start = std::min(text.find('\n', line), text.size() - 1) + 1;
+    else if (start != 0)
+      break;
+  }
+  return text.substr(start);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(EnvironmentOptions options)
+    : texts_(satellites_, common::ProgramFolder(), options.Language),
+      memory_(Text(options.Memory)),
+      actions_(std::make_unique<Actions>(*this, texts_)) {
+  MakePanes();
+  status_ = std::make_unique<StatusLine>(*statusBar(), texts_, (*actions_)[Command::OpenDictionary],
+                                         (*actions_)[Command::ChooseToolbox]);
+  setMinimumSize(Smallest);
+  resize(Opens);
+  ConnectAddIns(std::move(options));
+  files_ = std::make_unique<Files>(*this, texts_, *environment_, memory_);
+  files_->OnProject = [this] { ShowProject(tree_->Chosen() ? tree_->Chosen()->Name : ""); };
+  files_->OnTools = [this] { ShowTools(); };
+  files_->OnDone = [this](const QString& text) { status_->Say(text); };
+  CarryOut();
+  ShowProject("");
+  ShowTools();
+}
+
+// What is shown hears nothing any more while the rest goes.
+MainWindow::~MainWindow() {
+  tree_->OnChosen = [] {};
+}
+
+void MainWindow::MakePanes() {
+  tree_ = new ProjectTree(texts_, [this] { files_->AskForProject(); });
+  form_ = new FormView;
+  formPage_ = new FormPage(texts_, form_);
+  code_ = new CodeView;
+  auto* dictionary =
+      new EmptyState(texts_(T::NoDictionary), texts_(T::ButtonOpenDictionary), [this] { files_->AskForDictionary(); });
+  panes_ = new Panes(texts_, {.Project = tree_,
+                              .Dictionary = dictionary,
+                              .Form = formPage_,
+                              .Code = code_,
+                              .Properties = new EmptyState(texts_(T::SelectControl))});
+  setCentralWidget(panes_);
+  tree_->OnChosen = [this] { ShowComponent(); };
+  tree_->OnOpened = [this] { panes_->Show(tree_->Chosen()->IsForm ? Pane::Form : Pane::Code); };
+  for (const auto& [key, backwards] : {std::pair{"F6", false}, std::pair{"Shift+F6", true}}) {
+    auto* next = new QShortcut(QKeySequence(key), this);
+    connect(next, &QShortcut::activated, this, [this, isBackwards = backwards] { panes_->FocusNext(isBackwards); });
+  }
+}
+
+void MainWindow::ConnectAddIns(EnvironmentOptions options) {
+  environment_ = std::make_unique<Environment>(*this, actions_->Menu(MenuName::AddIns), std::move(options));
+  environment_->RunAddIn = [this](const std::function<void()>& command) {
+    files_->Try(T::NeedsTitle, texts_(T::SomethingFailed), command);
+  };
+  environment_->OnAddInDone = [this] { AfterAddIn(); };
+  if (QAction* wizard = environment_->WizardCommand()) actions_->PlaceWizardCommand(*wizard);
+}
+
+void MainWindow::CarryOut() {
+  const auto on = [this](Command command, std::function<void()> action) { actions_->On(command, std::move(action)); };
+  on(Command::OpenProject, [this] { files_->AskForProject(); });
+  on(Command::OpenDictionary, [this] { files_->AskForDictionary(); });
+  on(Command::ChooseToolbox, [this] { files_->AskForToolbox(); });
+  on(Command::SaveProject, [this] { files_->Save(); });
+  on(Command::CloseProject, [this] { files_->CloseProject(); });
+  on(Command::Quit, [this] { close(); });
+  for (const auto& [command, pane] :
+       {std::pair{Command::ShowForm, Pane::Form}, std::pair{Command::ShowCode, Pane::Code},
+        std::pair{Command::ShowProject, Pane::Project}, std::pair{Command::ShowDictionary, Pane::Dictionary},
+        std::pair{Command::ShowProperties, Pane::Properties}}) {
+    on(command, [this, shown = pane] { panes_->Show(shown); });
+  }
+  actions_->On(Command::TabOrder, [this](bool shown) { form_->SetTabOrderShown(shown); });
+  on(Command::RemoveForm, [this] { RemoveForm(); });
+  tree_->View().addAction(&(*actions_)[Command::RemoveForm]);
+}
+
+void MainWindow::Open(const QString& project, const QString& dictionary, bool wizard) {
+  const bool opened = project.isEmpty() || OpenProject(project);
+  if (!dictionary.isEmpty() && !OpenDictionary(dictionary)) return;
+  if (!wizard || !opened) return;
+  auto* start = new QTimer(this);
+  start->setSingleShot(true);
+  connect(start, &QTimer::timeout, this, [this] { environment_->OpenWizard(); });
+  start->start();
+}
+
+void MainWindow::ShowProject(const std::string& chosen) {
+  if (const auto* project = environment_->Project()) {
+    tree_->Show(*project, chosen);
+  } else {
+    lastNew_.clear();
+    tree_->Clear();
+  }
+  ShowState();
+}
+
+void MainWindow::ShowComponent() {
+  const ProjectModel::Component* chosen = tree_->Chosen();
+  form_->SetForm(std::nullopt);
+  code_->ShowCode("");
+  formPage_->Bar().Clear();
+  panes_->SetHeading(chosen ? Text(chosen->Name) : "", "");
+  panes_->SetFormEnabled(true);
+  const bool canTakeBack = chosen && chosen->IsChanged;
+  actions_->Enable(Command::RemoveForm, canTakeBack);
+  if (!chosen) {
+    formPage_->ShowInstead().Say(texts_(environment_->Project() ? T::ChooseComponent : T::NoProject));
+    return;
+  }
+  try {
+    (this->*(chosen->IsForm ? &MainWindow::ShowForm : &MainWindow::ShowModule))(chosen->Name);
+  } catch (const support::InputError& error) {
+    formPage_->ShowInstead().Say(Text(error.what()), texts_(T::ButtonShowCode), [this] { panes_->Show(Pane::Code); });
+  }
+}
+
+void MainWindow::ShowForm(const std::string& name) {
+  vb6files::ProjectOnDisk& project = *environment_->Project();
+  const vb6files::FormFiles texts = project.TextsOf(name);
+  code_->ShowCode(Text(project.ProjectCodePage().Decode(texts.Frm)));  // what there is of a damaged form
+  vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
+  code_->ShowCode(Text(tree.Code));
+  form_->SetForm(std::move(tree));
+  formPage_->ShowPicture();
+}
+
+void MainWindow::ShowModule(const std::string& name) {
+  vb6files::ProjectOnDisk& project = *environment_->Project();
+  formPage_->ShowInstead().Say(texts_(T::NoForm, Text(name)), texts_(T::ButtonShowCode),
+                               [this] { panes_->Show(Pane::Code); });
+  code_->ShowCode(Text(CodeOfModule(project.ProjectCodePage(), project.TextsOf(name).Frm)));
+}
+
+void MainWindow::ShowState() {
+  const vb6files::ProjectOnDisk* project = environment_->Project();
+  const bool isChanged = project && project->IsChanged();
+  actions_->Enable(Command::SaveProject, isChanged);
+  actions_->Enable(Command::CloseProject, project != nullptr);
+  setWindowModified(isChanged);
+  const QString name = project ? QFileInfo(Text(project->Path())).fileName() + "[*] - " : "[*]";
+  setWindowTitle(name + support::ProductName);
+  status_->SetPlace(project ? "" : texts_(T::StatusNoProject));
+}
+
+void MainWindow::ShowTools() {
+  const auto name = [](const std::string& path) { return QFileInfo(Text(path)).fileName(); };
+  status_->SetDictionary(name(environment_->DictionaryPath()));
+  status_->SetToolbox(name(environment_->ToolboxPath()));
+}
+
+void MainWindow::RemoveForm() {
+  const ProjectModel::Component chosen = *tree_->Chosen();
+  const QString name = Text(chosen.Name);
+  const bool isNew = chosen.File.empty();
+  const QString what = isNew ? texts_(T::NeverSaved, name)
+                             : texts_(T::WillBeAgain, name, QFileInfo(Text(chosen.File)).completeBaseName());
+  const std::size_t answer = Ask(*this, texts_,
+                                 {.Title = T::TitleRemoveForm,
+                                  .What = what,
+                                  .Buttons = {isNew ? T::ButtonRemove : T::ButtonTakeBack, T::Cancel},
+                                  .Default = 1});
+  if (answer != 0) return;
+  files_->Try(T::TitleRemoveForm, texts_(T::SomethingFailed),
+              [&] { ShowProject(environment_->TakeBack(chosen.Name)); });
+}
+
+// Shows the form that the wizard has made, complete or not.
+void MainWindow::AfterAddIn() {
+  if (!environment_->Project()) return;
+  const std::string made = environment_->NewComponentName();
+  if (made.empty() || made == lastNew_) {
+    ShowState();
+    return;
+  }
+  lastNew_ = made;
+  ShowProject(made);
+  if (const auto kept = environment_->Project()->CodeKeptIn(made)) {
+    formPage_->Bar().Say("info", Text(support::Shortened(vb6files::NoteOn(made, *kept))).toHtmlEscaped(),
+                         texts_(T::ButtonShowCode), [this] { panes_->Show(Pane::Code); });
+  }
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  const bool isNarrow = width() < NarrowBelow;
+  panes_->SetNarrow(isNarrow);
+  actions_->SetNarrow(isNarrow);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) { event->setAccepted(files_->MayGiveUp()); }
+
+}  // namespace formwizard::apps::desktop

@@ -1,0 +1,75 @@
+// The main window: the project and its classes at the left, form and code of what is chosen in the middle, properties
+// at the right.
+#pragma once
+
+#include "adapters/satellite/Satellites.h"
+#include "apps/desktop/CodeView.h"
+#include "apps/desktop/Environment.h"
+#include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/window/Actions.h"
+#include "apps/desktop/window/Files.h"
+#include "apps/desktop/window/FormPage.h"
+#include "apps/desktop/window/Memory.h"
+#include "apps/desktop/window/Panes.h"
+#include "apps/desktop/window/ProjectTree.h"
+#include "apps/desktop/window/StatusLine.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <string>
+
+namespace formwizard::apps::desktop {
+
+class MainWindow : public QMainWindow {
+ public:
+  explicit MainWindow(EnvironmentOptions options);
+  ~MainWindow() override;
+
+  // A failure is shown, and false returned.
+  bool OpenProject(const QString& path) { return files_->OpenProject(path); }
+  bool OpenDictionary(const QString& path) { return files_->OpenDictionary(path); }
+
+  // Opens what is named. When all of it could be opened and `wizard` is set, the wizard opens as soon as the program
+  // runs, as by its command: nothing is saved, the new form is shown, and asked about when the window is closed.
+  void Open(const QString& project, const QString& dictionary, bool wizard);
+
+  ProjectTree& Tree() { return *tree_; }
+  Actions& Commands() { return *actions_; }
+  FormPage& Page() { return *formPage_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void MakePanes();
+  void CarryOut();
+  void ConnectAddIns(EnvironmentOptions options);
+  // Shows what the project holds now, and chooses the component of that name.
+  void ShowProject(const std::string& chosen);
+  void ShowComponent();
+  void ShowForm(const std::string& name);
+  void ShowModule(const std::string& name);
+  void ShowState();
+  void ShowTools();
+  void RemoveForm();
+  void AfterAddIn();
+
+  adapters::satellite::Satellites satellites_;
+  Texts texts_;
+  Memory memory_;
+  std::unique_ptr<Actions> actions_;
+  ProjectTree* tree_;
+  FormView* form_;
+  FormPage* formPage_;
+  CodeView* code_;
+  Panes* panes_;
+  std::unique_ptr<StatusLine> status_;
+  std::unique_ptr<Environment> environment_;
+  std::unique_ptr<Files> files_;
+  std::string lastNew_;
+};
+
+}  // namespace formwizard::apps::desktop

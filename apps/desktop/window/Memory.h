@@ -1,0 +1,48 @@
+// What the program remembers between its runs, in a file of the user's.
+#pragma once
+
+#include <QDate>
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+#include <vector>
+
+namespace formwizard::apps::desktop {
+
+struct RecentFile {
+  QString Path;
+  QDate Day;  // when it was opened last
+};
+
+// What belongs to one project. Paths are absolute; empty where nothing is remembered.
+struct ProjectMemory {
+  QString Component, Dictionary, Toolbox, Zoom;
+};
+
+class Memory {
+ public:
+  // Without a file it lasts as long as this object.
+  explicit Memory(const QString& file);
+
+  QVariant Value(const QString& key) const;
+  void Keep(const QString& key, const QVariant& value);
+
+  // The last ones first, at most ten.
+  std::vector<RecentFile> Recent() const;
+  void AddRecent(const QString& path);
+  void RemoveRecent(const QString& path);
+
+  // Of the projects among the recent files.
+  ProjectMemory Of(const QString& project) const;
+  void Keep(const QString& project, const ProjectMemory& memory);
+
+ private:
+  void KeepRecent(const std::vector<RecentFile>& files);
+
+  std::unique_ptr<QSettings> file_;
+  QVariantMap values_;  // without a file
+};
+
+}  // namespace formwizard::apps::desktop

@@ -1,0 +1,101 @@
+#include "apps/desktop/window/ProjectTree.h"
+
+#include "adapters/qt/Text.h"
+#include "apps/desktop/basics/EmptyState.h"
+
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QStyledItemDelegate>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+
+constexpr int StateWidth = 44, RowHeight = 22, IconSide = 16;
+enum Page : int { Tree, Nothing };
+
+// All rows have one height, so that none is measured. The pictures of a state stand at the right.
+class RowDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+    return {StateWidth, std::max(RowHeight, option.fontMetrics.height() + 4)};
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() == ProjectModel::StateColumn) option->decorationAlignment = Qt::AlignRight | Qt::AlignVCenter;
+  }
+};
+
+}  // namespace
+
+ProjectTree::ProjectTree(const Texts& texts, std::function<void()> openProject)
+    : texts_(texts), tree_(new QTreeView), model_(new ProjectModel(texts, this)) {
+  tree_->setModel(model_);
+  tree_->setItemDelegate(new RowDelegate(tree_));
+  tree_->setAccessibleName(texts(T::TabProject));
+  tree_->setHeaderHidden(true);
+  tree_->setUniformRowHeights(true);
+  tree_->setFrameShape(QFrame::NoFrame);
+  tree_->setIconSize({IconSide, IconSide});
+  tree_->setExpandsOnDoubleClick(false);
+  tree_->header()->setStretchLastSection(false);
+  tree_->header()->setMinimumSectionSize(StateWidth);
+  tree_->header()->setSectionResizeMode(ProjectModel::NameColumn, QHeaderView::Stretch);
+  tree_->header()->setSectionResizeMode(ProjectModel::StateColumn, QHeaderView::Fixed);
+  tree_->header()->resizeSection(ProjectModel::StateColumn, StateWidth);
+  tree_->setContextMenuPolicy(Qt::CustomContextMenu);
+  addWidget(tree_);
+  addWidget(new EmptyState(texts(T::NoProject), texts(T::ButtonOpenProject), std::move(openProject)));
+  setCurrentIndex(Nothing);
+  setFocusProxy(tree_);
+
+  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+    if (!isShowing_) OnChosen();
+  });
+  connect(tree_, &QTreeView::activated, this, [this](const QModelIndex& index) {
+    if (model_->At(index)) {
+      OnOpened();
+    } else {
+      tree_->setExpanded(index, !tree_->isExpanded(index));
+    }
+  });
+  connect(tree_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+    if (model_->FileOf(tree_->currentIndex()).empty() && !Chosen()) return;
+    QMenu menu;
+    menu.addActions(ContextActions);
+    menu.exec(tree_->viewport()->mapToGlobal(at));
+  });
+}
+
+void ProjectTree::Show(const adapters::vb6files::ProjectOnDisk& project, const std::string& chosen) {
+  const QFileInfo file(Text(project.Path()));
+  isShowing_ = true;
+  model_->Show(file.completeBaseName() + " (" + file.fileName() + ")", project.Summaries(), project.RelatedDocuments());
+  tree_->expandToDepth(1);
+  if (!Choose(chosen)) tree_->setCurrentIndex(model_->First());
+  isShowing_ = false;
+  setCurrentIndex(Tree);
+  OnChosen();
+}
+
+void ProjectTree::Clear() {
+  isShowing_ = true;
+  model_->Clear();
+  isShowing_ = false;
+  setCurrentIndex(Nothing);
+  OnChosen();
+}
+
+bool ProjectTree::Choose(const std::string& name) {
+  const QModelIndex index = model_->Find(name);
+  if (!index.isValid()) return false;
+  tree_->setCurrentIndex(index);
+  return true;
+}
+
+}  // namespace formwizard::apps::desktop
