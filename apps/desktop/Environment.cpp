@@ -1,11 +1,15 @@
 #include "apps/desktop/Environment.h"
 
+#include "adapters/qt/Text.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
+#include "apps/desktop/DictionaryCache.h"
 #include "apps/desktop/MenuBars.h"
 #include "generator/ide/ActiveX.h"
 #include "support/Failures.h"
+
+#include <QDir>
 
 #include <utility>
 
@@ -43,7 +47,8 @@ void Environment::OpenProject(const std::string& path) {
 }
 
 void Environment::OpenDictionary(const std::string& path) {
-  server_.Dictionary = common::OpenDictionary(path);
+  const std::string cache = options_.Cache.empty() ? adapters::qt::Utf8(QDir::tempPath()) : options_.Cache;
+  server_.Dictionary = common::OpenDictionary(DictionaryToOpen(path, cache));
   dictionaryPath_ = path;
 }
 

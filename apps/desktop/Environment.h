@@ -21,6 +21,7 @@ struct EnvironmentOptions {
   std::string Profile, Language, Toolbox;
   int CodePage = 1252;
   std::string Memory = "";  // the file of what the program remembers; empty: nothing
+  std::string Cache = "";  // the folder of dictionaries that are imported from JSON; empty: the system's for the moment
 };
 
 class Environment : public generator::ide::Application {
@@ -31,6 +32,7 @@ class Environment : public generator::ide::Application {
 
   // Each raises support::InputError and leaves what was open. The open project is given up unsaved.
   void OpenProject(const std::string& path);
+  // Also in JSON.
   void OpenDictionary(const std::string& path);
   // For this project and those that are opened later.
   void UseToolbox(const std::string& path);

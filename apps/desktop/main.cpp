@@ -1,17 +1,25 @@
+#include "adapters/satellite/Locales.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Languages.h"
 #include "apps/common/Platform.h"
+#include "apps/desktop/basics/Theme.h"
 #include "apps/desktop/formview/PictureFile.h"
 #include "apps/desktop/window/MainWindow.h"
 #include "support/Messages.h"
+#include "system/Paths.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFontDatabase>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
+#include <QStandardPaths>
+#include <QTranslator>
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -106,7 +114,8 @@ void AddOptions(QCommandLineParser& parser) {
        {"toolbox", "A project that uses the query control, or a file of control libraries.", "FILE"},
        {"wizard", "Open the wizard at once."},
        {"render", "Draw the form file into a picture (PNG or SVG) and end; needs no display.", "FORM.frm"}});
-  parser.addPositionalArgument("file", "The project to open (.vbp); with --render, the picture to write.", "[FILE]");
+  parser.addPositionalArgument("file", "The project (.vbp) or dictionary to open; with --render, the picture to write.",
+                               "[FILE]");
 }
 
 int Render(const std::string& form, const std::string& picture, int codePage) {
@@ -124,6 +133,19 @@ void DoWithoutDisplay() {
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << message.toStdString() << '\n';
   });
+}
+
+// The toolkit's own dialogs, and how days are written, in the language of the texts; empty for the user's.
+void UseLanguage(const QApplication& application, const std::string& language) {
+  if (!language.empty()) {
+    const auto locales = adapters::satellite::AllLocales();
+    const auto found = std::ranges::find(locales, language, &adapters::satellite::Locale::Abbreviation);
+    if (found != locales.end()) QLocale::setDefault(QLocale(QString::fromStdString(std::string(found->Name))));
+  }
+  auto* translator = new QTranslator(qApp);
+  if (translator->load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    application.installTranslator(translator);
+  }
 }
 
 int Run(int argc, char** argv) {
@@ -159,10 +181,20 @@ int Run(int argc, char** argv) {
   } catch (const common::UsageError& error) {
     return Misused(error.what());
   }
-  MainWindow window({value("profile"), language, value("toolbox"), codePage});
+  UseLanguage(application, language);
+  QApplication::setPalette(ReadableHighlight(QApplication::palette()));
+  const std::filesystem::path root = common::ConfigurationRoot();
+  MainWindow window({.Profile = value("profile"),
+                     .Language = language,
+                     .Toolbox = value("toolbox"),
+                     .CodePage = codePage,
+                     .Memory = root.empty() ? "" : system::Utf8(root / "ostrel-form-wizard" / "desktop.ini"),
+                     .Cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation).toStdString()});
   window.show();
-  window.Open(QString::fromStdString(Given(files.value(0))), QString::fromStdString(value("dictionary")),
-              parser.isSet("wizard"));
+  const QString file = QString::fromStdString(Given(files.value(0)));
+  const QString dictionary = QString::fromStdString(value("dictionary"));
+  if (file.isEmpty() && dictionary.isEmpty()) window.OpenLast();
+  window.Open(file, dictionary, parser.isSet("wizard"));
   return QApplication::exec();
 }
 

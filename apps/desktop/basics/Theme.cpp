@@ -48,16 +48,18 @@ QColor SecondaryText(const QPalette& palette) {
   return {mixed(text.red(), behind.red()), mixed(text.green(), behind.green()), mixed(text.blue(), behind.blue())};
 }
 
-QPalette WithReadableHighlight(QPalette palette) {
+QPalette ReadableHighlight(const QPalette& palette) {
+  QPalette readable;
   constexpr double enough = 4.5;
   for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
     QColor highlight = palette.color(group, QPalette::Highlight);
     const QColor text = palette.color(group, QPalette::HighlightedText);
     if (text.lightness() < highlight.lightness()) continue;  // dark text on a light colour
     for (int step = 0; step < 20 && Contrast(highlight, text) < enough; ++step) highlight = highlight.darker(105);
-    palette.setColor(group, QPalette::Highlight, highlight);
+    if (highlight != palette.color(group, QPalette::Highlight))
+      readable.setColor(group, QPalette::Highlight, highlight);
   }
-  return palette;
+  return readable;
 }
 
 }  // namespace formwizard::apps::desktop

@@ -16,7 +16,7 @@ QColor ColourOf(Shade shade, const QPalette& palette);
 // Texts of lesser weight: the text colour at 65 %, on the palette's background.
 QColor SecondaryText(const QPalette& palette);
 
-// The palette with a highlight dark enough for its text.
-QPalette WithReadableHighlight(QPalette palette);
+// A highlight dark enough for its text, where that of the palette is not: nothing else of what is given back is set.
+QPalette ReadableHighlight(const QPalette& palette);
 
 }  // namespace formwizard::apps::desktop

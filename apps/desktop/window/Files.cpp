@@ -3,15 +3,20 @@
 #include "adapters/qt/Text.h"
 #include "apps/common/Endings.h"
 #include "apps/desktop/basics/Messages.h"
+#include "apps/desktop/window/Sample.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace formwizard::apps::desktop {
 namespace {
 
 using adapters::qt::Text;
 using adapters::qt::Utf8;
+
+constexpr char LastProject[] = "open/project", LastDictionary[] = "open/dictionary";
 
 QString NameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
@@ -31,6 +36,7 @@ bool Files::Try(T title, const QString& what, const std::function<void()>& actio
 
 bool Files::OpenProject(const QString& path) {
   if (!MayGiveUp()) return false;
+  OnLeave();
   try {
     environment_.OpenProject(Utf8(path));
   } catch (...) {
@@ -43,16 +49,18 @@ bool Files::OpenProject(const QString& path) {
     return answer == 0 && AskForProject();
   }
   memory_.AddRecent(path);
-  OpenRemembered();
-  OnProject();
+  const ProjectMemory memory = memory_.Of(path);
+  OpenRemembered(memory);
+  Remember();
+  OnProject(Utf8(memory.Component));
+  OnOpened(memory);
   OnTools();
   OnDone(texts_(T::Opened, NameOf(path)));
   return true;
 }
 
 // Where nothing is open yet, what the project was used with; a file that is gone is no failure.
-void Files::OpenRemembered() {
-  const ProjectMemory memory = memory_.Of(Text(environment_.Project()->Path()));
+void Files::OpenRemembered(const ProjectMemory& memory) {
   const auto tryQuietly = [](const QString& path, const std::function<void(const std::string&)>& open) {
     if (path.isEmpty() || !QFileInfo::exists(path)) return;
     try {
@@ -90,6 +98,8 @@ bool Files::UseToolbox(const QString& path) {
 }
 
 void Files::Remember() {
+  memory_.Keep(LastDictionary, Absolute(environment_.DictionaryPath()));
+  memory_.Keep(LastProject, environment_.Project() ? Absolute(environment_.Project()->Path()) : "");
   if (!environment_.Project()) return;
   const QString project = Text(environment_.Project()->Path());
   ProjectMemory memory = memory_.Of(project);
@@ -100,9 +110,8 @@ void Files::Remember() {
 
 bool Files::Open(const QString& path) {
   const QString suffix = QFileInfo(path).suffix().toLower();
-  if (suffix == "vbp") return OpenProject(path);
   if (suffix == "ini") return UseToolbox(path);
-  return OpenDictionary(path);
+  return QStringList{"sqlite", "db", "json"}.contains(suffix) ? OpenDictionary(path) : OpenProject(path);
 }
 
 bool Files::OpenRecent(const QString& path) {
@@ -144,15 +153,38 @@ bool Files::AskForToolbox() {
 
 void Files::CloseProject() {
   if (!MayGiveUp()) return;
+  OnLeave();
   environment_.CloseProject();
-  OnProject();
+  Remember();
+  OnProject("");
+}
+
+bool Files::TrySample() {
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const QString folder =
+      QFileDialog::getSaveFileName(&window_, texts_(T::TitleTrySample), documents + "/" + texts_(T::SampleFolder), "",
+                                   nullptr, QFileDialog::DontConfirmOverwrite);
+  if (folder.isEmpty()) return false;
+  if (!QDir(folder).isEmpty() || QFileInfo(folder).isFile()) {
+    Tell(window_, texts_, T::TitleTrySample, texts_(T::SampleNotCopied), texts_(T::SampleIsThere, folder));
+    return TrySample();
+  }
+  Sample sample;
+  return Try(T::TitleTrySample, texts_(T::SampleNotCopied), [&] { sample = CopySample(folder); }) &&
+         OpenProject(sample.Project) && UseToolbox(sample.Toolbox) && OpenDictionary(sample.Dictionary);
+}
+
+void Files::OpenLast() {
+  const QString project = memory_.Value(LastProject).toString(), dictionary = memory_.Value(LastDictionary).toString();
+  if (QFileInfo::exists(project)) OpenProject(project);
+  if (QFileInfo::exists(dictionary) && environment_.DictionaryPath().empty()) OpenDictionary(dictionary);
 }
 
 bool Files::Save() {
   const QString name = NameOf(Text(environment_.Project()->Path()));
   const bool saved = Try(T::TitleSaveProject, texts_(T::NotSaved, name), [this] { environment_.Project()->Save(); });
   if (saved) OnDone(texts_(T::Saved, name));
-  OnProject();
+  OnProject("");
   return saved;
 }
 

@@ -32,6 +32,10 @@ class Files {
   bool AskForDictionary();
   bool AskForToolbox();
   void CloseProject();
+  // Asks for a folder, and opens a copy of the sample there.
+  bool TrySample();
+  // What was open when the program ended.
+  void OpenLast();
 
   bool Save();
   // False when the user wants to go on with what is open.
@@ -39,8 +43,12 @@ class Files {
   // Runs what may fail on its input or output, and tells the failure as that of a command.
   bool Try(T title, const QString& what, const std::function<void()>& action);
 
-  // The project, or what it is made of, is another one now.
-  std::function<void()> OnProject = [] {};
+  // The project is another one, or none, or its content has changed. What is to be looked at; empty: what was.
+  std::function<void(const std::string& component)> OnProject = [](const std::string&) {};
+  // A project was opened, with what is remembered of it.
+  std::function<void(const ProjectMemory&)> OnOpened = [](const ProjectMemory&) {};
+  // The project is about to be given up.
+  std::function<void()> OnLeave = [] {};
   // The dictionary or the toolbox is another one now, or the list of recent files.
   std::function<void()> OnTools = [] {};
   // Something succeeded.
@@ -48,7 +56,7 @@ class Files {
 
  private:
   QString AskForFile(T title, std::initializer_list<T> filters);
-  void OpenRemembered();
+  void OpenRemembered(const ProjectMemory& memory);
   void Remember();
 
   QWidget& window_;

@@ -4,14 +4,20 @@
 #include "apps/common/Endings.h"
 #include "apps/common/Paths.h"
 #include "apps/desktop/basics/Messages.h"
+#include "apps/desktop/window/NeedsDialog.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
 #include "support/Strings.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QMimeData>
 #include <QShortcut>
 #include <QTimer>
+#include <QUrl>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -22,6 +28,17 @@ namespace vb6files = adapters::vb6files;
 
 constexpr QSize Opens(1200, 740), Smallest(800, 600);
 constexpr int NarrowBelow = 960;
+constexpr char GeometryKey[] = "window/geometry", PanesKey[] = "window/panes";
+
+// The files among what is dropped that can be opened.
+QStringList FilesIn(const QMimeData& dropped) {
+  QStringList files;
+  for (const QUrl& url : dropped.urls()) {
+    const QString file = url.toLocalFile(), suffix = QFileInfo(file).suffix().toLower();
+    if (QStringList{"vbp", "sqlite", "db", "json", "ini"}.contains(suffix)) files << file;
+  }
+  return files;
+}
 
 // The bytes of a module or class, without the environment's own lines at its start.
 std::string CodeOfModule(const system::CodePage& codePage, const std::string& bytes) {
@@ -43,18 +60,31 @@ MainWindow::MainWindow(EnvironmentOptions options)
       memory_(Text(options.Memory)),
       actions_(std::make_unique<Actions>(*this, texts_)) {
   MakePanes();
+  MakeStartPage();
   status_ = std::make_unique<StatusLine>(*statusBar(), texts_, (*actions_)[Command::OpenDictionary],
                                          (*actions_)[Command::ChooseToolbox]);
+  formCommands_ =
+      std::make_unique<FormCommands>(texts_, *actions_, *form_, *code_, *status_, [this] { panes_->Show(Pane::Code); });
+  formCommands_->OnSelect = [this] { properties_->ShowSelection(); };
+  properties_->OnProcedureWanted = [this](const std::string& procedure) { formCommands_->ShowProcedure(procedure); };
   setMinimumSize(Smallest);
   resize(Opens);
   ConnectAddIns(std::move(options));
   files_ = std::make_unique<Files>(*this, texts_, *environment_, memory_);
-  files_->OnProject = [this] { ShowProject(tree_->Chosen() ? tree_->Chosen()->Name : ""); };
+  files_->OnProject = [this](const std::string& component) {
+    const std::string shown = tree_->Chosen() ? tree_->Chosen()->Name : "";  // the tree forgets it
+    ShowProject(component.empty() ? shown : component);
+  };
+  files_->OnOpened = [this](const ProjectMemory& memory) { formCommands_->SetZoom(memory.Zoom); };
+  files_->OnLeave = [this] { KeepLayout(); };
   files_->OnTools = [this] { ShowTools(); };
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
   CarryOut();
+  CarryOutHelp();
+  setAcceptDrops(true);
   ShowProject("");
   ShowTools();
+  RestoreLayout();
 }
 
 // What is shown hears nothing any more while the rest goes.
@@ -64,17 +94,15 @@ MainWindow::~MainWindow() {
 
 void MainWindow::MakePanes() {
   tree_ = new ProjectTree(texts_, [this] { files_->AskForProject(); });
-  form_ = new FormView;
+  form_ = new FormView(TextsOfFormView(texts_));
   formPage_ = new FormPage(texts_, form_);
   code_ = new CodeView;
+  properties_ = new PropertiesPanel(*form_);
   auto* dictionary =
       new EmptyState(texts_(T::NoDictionary), texts_(T::ButtonOpenDictionary), [this] { files_->AskForDictionary(); });
-  panes_ = new Panes(texts_, {.Project = tree_,
-                              .Dictionary = dictionary,
-                              .Form = formPage_,
-                              .Code = code_,
-                              .Properties = new EmptyState(texts_(T::SelectControl))});
-  setCentralWidget(panes_);
+  panes_ = new Panes(
+      texts_,
+      {.Project = tree_, .Dictionary = dictionary, .Form = formPage_, .Code = code_, .Properties = properties_});
   tree_->OnChosen = [this] { ShowComponent(); };
   tree_->OnOpened = [this] { panes_->Show(tree_->Chosen()->IsForm ? Pane::Form : Pane::Code); };
   for (const auto& [key, backwards] : {std::pair{"F6", false}, std::pair{"Shift+F6", true}}) {
@@ -83,11 +111,25 @@ void MainWindow::MakePanes() {
   }
 }
 
+void MainWindow::MakeStartPage() {
+  start_ = new StartPage(texts_,
+                         {.OpenProject = [this] { files_->AskForProject(); },
+                          .OpenDictionary = [this] { files_->AskForDictionary(); },
+                          .TrySample = [this] { files_->TrySample(); },
+                          .Help = [this] { ShowHelp(""); }},
+                         [this](const QString& path) { files_->OpenRecent(path); });
+  pages_ = new QStackedWidget;
+  pages_->addWidget(start_);
+  pages_->addWidget(panes_);
+  setCentralWidget(pages_);
+}
+
 void MainWindow::ConnectAddIns(EnvironmentOptions options) {
   environment_ = std::make_unique<Environment>(*this, actions_->Menu(MenuName::AddIns), std::move(options));
   environment_->RunAddIn = [this](const std::function<void()>& command) {
     files_->Try(T::NeedsTitle, texts_(T::SomethingFailed), command);
   };
+  environment_->MayRunAddIn = [this] { return HasWhatTheWizardNeeds(); };
   environment_->OnAddInDone = [this] { AfterAddIn(); };
   if (QAction* wizard = environment_->WizardCommand()) actions_->PlaceWizardCommand(*wizard);
 }
@@ -106,13 +148,59 @@ void MainWindow::CarryOut() {
         std::pair{Command::ShowProperties, Pane::Properties}}) {
     on(command, [this, shown = pane] { panes_->Show(shown); });
   }
-  actions_->On(Command::TabOrder, [this](bool shown) { form_->SetTabOrderShown(shown); });
   on(Command::RemoveForm, [this] { RemoveForm(); });
+  on(Command::TrySample, [this] { files_->TrySample(); });
+  on(Command::SavePicture, [this] { SavePicture(); });
+  on(Command::ShowInFolder, [this] { ShowInFolder(); });
   tree_->View().addAction(&(*actions_)[Command::RemoveForm]);
+  for (const Command command :
+       {Command::ChangeForm, Command::UpdateForm, Command::SavePicture, Command::ShowInFolder, Command::RemoveForm}) {
+    tree_->ContextActions << &(*actions_)[command];
+  }
 }
 
-void MainWindow::Open(const QString& project, const QString& dictionary, bool wizard) {
-  const bool opened = project.isEmpty() || OpenProject(project);
+void MainWindow::CarryOutHelp() {
+  actions_->On(Command::Contents, [this] { ShowHelp(""); });
+  actions_->On(Command::Licences, [this] { ShowHelp("NOTICES.txt"); });
+  actions_->On(Command::AboutQt, [this] { QMessageBox::aboutQt(this); });
+  actions_->On(Command::About, [this] {
+    Ask(*this, texts_,
+        {.Title = T::AboutTitle,
+         .What = support::ProductName,
+         .Why = texts_(T::AboutVersion, QApplication::applicationVersion()) + "\n" + texts_(T::Tagline),
+         .Buttons = {T::ButtonOk},
+         .Icon = QMessageBox::Information});
+  });
+}
+
+void MainWindow::ShowHelp(const QString& page) {
+  if (!help_) help_ = new HelpWindow(texts_, this);
+  help_->Open(page);
+}
+
+bool MainWindow::HasWhatTheWizardNeeds() {
+  return !NeedsDialog::IsAnythingMissing(*environment_) ||
+         NeedsDialog(*this, texts_, *environment_, *files_).exec() == QDialog::Accepted;
+}
+
+void MainWindow::RestoreLayout() {
+  restoreGeometry(memory_.Value(GeometryKey).toByteArray());
+  panes_->restoreState(memory_.Value(PanesKey).toByteArray());
+}
+
+void MainWindow::KeepLayout() {
+  memory_.Keep(GeometryKey, saveGeometry());
+  if (!panes_->IsNarrow()) memory_.Keep(PanesKey, panes_->saveState());
+  if (!environment_->Project()) return;
+  const QString project = Text(environment_->Project()->Path());
+  ProjectMemory memory = memory_.Of(project);
+  memory.Zoom = formCommands_->Zoom();
+  memory.Component = tree_->Chosen() ? Text(tree_->Chosen()->Name) : "";
+  memory_.Keep(project, memory);
+}
+
+void MainWindow::Open(const QString& file, const QString& dictionary, bool wizard) {
+  const bool opened = file.isEmpty() || files_->Open(file);
   if (!dictionary.isEmpty() && !OpenDictionary(dictionary)) return;
   if (!wizard || !opened) return;
   auto* start = new QTimer(this);
@@ -140,6 +228,8 @@ void MainWindow::ShowComponent() {
   panes_->SetFormEnabled(true);
   const bool canTakeBack = chosen && chosen->IsChanged;
   actions_->Enable(Command::RemoveForm, canTakeBack);
+  actions_->Enable(Command::SavePicture, chosen && chosen->IsForm);
+  actions_->Enable(Command::ShowInFolder, !tree_->ChosenFile().empty());
   if (!chosen) {
     formPage_->ShowInstead().Say(texts_(environment_->Project() ? T::ChooseComponent : T::NoProject));
     return;
@@ -176,13 +266,48 @@ void MainWindow::ShowState() {
   setWindowModified(isChanged);
   const QString name = project ? QFileInfo(Text(project->Path())).fileName() + "[*] - " : "[*]";
   setWindowTitle(name + support::ProductName);
-  status_->SetPlace(project ? "" : texts_(T::StatusNoProject));
+  formCommands_->ShowPlace();
+  if (!project) status_->SetPlace(texts_(T::StatusNoProject));
+  const bool isEmpty = !project && environment_->DictionaryPath().empty();
+  pages_->setCurrentWidget(isEmpty ? static_cast<QWidget*>(start_) : panes_);
+  actions_->Bar().setVisible(!isEmpty);
 }
 
 void MainWindow::ShowTools() {
   const auto name = [](const std::string& path) { return QFileInfo(Text(path)).fileName(); };
   status_->SetDictionary(name(environment_->DictionaryPath()));
   status_->SetToolbox(name(environment_->ToolboxPath()));
+  ShowRecent();
+  ShowState();
+}
+
+void MainWindow::ShowRecent() {
+  const std::vector<RecentFile> files = memory_.Recent();
+  start_->Show(files);
+  QMenu& menu = actions_->RecentMenu();
+  menu.clear();
+  for (const RecentFile& file : files) {
+    QString text = file.Path;
+    menu.addAction(text.replace('&', "&&"), this, [this, path = file.Path] { files_->OpenRecent(path); });
+  }
+  actions_->Enable(Command::OpenRecent, !files.empty());
+}
+
+void MainWindow::SavePicture() {
+  const std::string name = tree_->Chosen()->Name;
+  const QString folder = QFileInfo(Text(environment_->Project()->Path())).absolutePath();
+  const QString path = QFileDialog::getSaveFileName(this, texts_(T::TitleSavePicture),
+                                                    folder + "/" + Text(name) + ".png", texts_(T::FilterPictures));
+  if (path.isEmpty()) return;
+  const bool saved =
+      files_->Try(T::TitleSavePicture, texts_(T::PictureNotSaved), [&] { form_->SavePicture(Utf8(path)); });
+  if (saved) status_->Say(texts_(T::PictureSaved, QFileInfo(path).fileName()));
+}
+
+void MainWindow::ShowInFolder() {
+  const QString folder = QFileInfo(Text(tree_->ChosenFile())).absolutePath();
+  if (QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) return;
+  Tell(*this, texts_, T::TitleShowInFolder, texts_(T::SomethingFailed), texts_(T::CannotShowFolder, folder));
 }
 
 void MainWindow::RemoveForm() {
@@ -224,6 +349,22 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   actions_->SetNarrow(isNarrow);
 }
 
-void MainWindow::closeEvent(QCloseEvent* event) { event->setAccepted(files_->MayGiveUp()); }
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->setAccepted(files_->MayGiveUp());
+  if (event->isAccepted()) KeepLayout();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!FilesIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+// A dictionary that comes with a project is opened behind it.
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  const QStringList files = FilesIn(*event->mimeData());
+  QTimer::singleShot(0, this, [this, files] {  // who dropped them need not wait for what is asked
+    for (const QString& file : files) files_->Open(file);
+  });
+}
 
 }  // namespace formwizard::apps::desktop

@@ -7,15 +7,20 @@
 #include "apps/desktop/Environment.h"
 #include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/properties/PropertiesPanel.h"
 #include "apps/desktop/window/Actions.h"
 #include "apps/desktop/window/Files.h"
+#include "apps/desktop/window/FormCommands.h"
 #include "apps/desktop/window/FormPage.h"
+#include "apps/desktop/window/HelpWindow.h"
 #include "apps/desktop/window/Memory.h"
 #include "apps/desktop/window/Panes.h"
 #include "apps/desktop/window/ProjectTree.h"
+#include "apps/desktop/window/StartPage.h"
 #include "apps/desktop/window/StatusLine.h"
 
 #include <QMainWindow>
+#include <QStackedWidget>
 
 #include <memory>
 #include <string>
@@ -31,9 +36,13 @@ class MainWindow : public QMainWindow {
   bool OpenProject(const QString& path) { return files_->OpenProject(path); }
   bool OpenDictionary(const QString& path) { return files_->OpenDictionary(path); }
 
-  // Opens what is named. When all of it could be opened and `wizard` is set, the wizard opens as soon as the program
-  // runs, as by its command: nothing is saved, the new form is shown, and asked about when the window is closed.
-  void Open(const QString& project, const QString& dictionary, bool wizard);
+  // Opens what is named, a project or by its ending something else. When all of it could be opened and `wizard` is set,
+  // the wizard opens as soon as the program runs, as by its command: nothing is saved, the new form is shown, and asked
+  // about when the window is closed.
+  void Open(const QString& file, const QString& dictionary, bool wizard);
+
+  // What was open when the program ended the last time.
+  void OpenLast() { files_->OpenLast(); }
 
   ProjectTree& Tree() { return *tree_; }
   Actions& Commands() { return *actions_; }
@@ -42,10 +51,16 @@ class MainWindow : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void MakePanes();
+  void MakeStartPage();
   void CarryOut();
+  void CarryOutHelp();
+  void RestoreLayout();
+  void KeepLayout();
   void ConnectAddIns(EnvironmentOptions options);
   // Shows what the project holds now, and chooses the component of that name.
   void ShowProject(const std::string& chosen);
@@ -54,7 +69,12 @@ class MainWindow : public QMainWindow {
   void ShowModule(const std::string& name);
   void ShowState();
   void ShowTools();
+  void ShowRecent();
   void RemoveForm();
+  void SavePicture();
+  void ShowInFolder();
+  void ShowHelp(const QString& page);
+  bool HasWhatTheWizardNeeds();
   void AfterAddIn();
 
   adapters::satellite::Satellites satellites_;
@@ -65,8 +85,13 @@ class MainWindow : public QMainWindow {
   FormView* form_;
   FormPage* formPage_;
   CodeView* code_;
+  PropertiesPanel* properties_;
   Panes* panes_;
+  StartPage* start_;
+  QStackedWidget* pages_;
+  HelpWindow* help_ = nullptr;  // made when it is first asked for
   std::unique_ptr<StatusLine> status_;
+  std::unique_ptr<FormCommands> formCommands_;
   std::unique_ptr<Environment> environment_;
   std::unique_ptr<Files> files_;
   std::string lastNew_;

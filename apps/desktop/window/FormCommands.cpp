@@ -1,0 +1,119 @@
+#include "apps/desktop/window/FormCommands.h"
+
+#include "adapters/qt/Text.h"
+#include "apps/desktop/formview/ZoomBox.h"
+
+#include <QRegularExpression>
+#include <QTextBlock>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+using adapters::vb6files::FormNode;
+
+constexpr double ActualSize = 1;
+
+QString ShortClass(const FormNode& node) { return Text(node.Class).section('.', -1); }
+
+// The empty text where the file does not have the property.
+QString Twips(const FormNode& node, std::initializer_list<const char*> names) {
+  for (const char* name : names) {
+    if (const std::string* value = node.Find(name)) return Text(*value);
+  }
+  return "";
+}
+
+// What the names of the procedures of a control begin with; those of a form do not follow its name.
+QString HandlerStem(const FormNode& node) { return node.Class == "VB.Form" ? "Form" : Text(node.Name); }
+
+}  // namespace
+
+FormViewTexts TextsOfFormView(const Texts& texts) {
+  return {.NotVisible = texts(T::ViewNotVisible),
+          .Form = texts(T::TabForm),
+          .Shows = texts(T::ViewShows),
+          .Belongs = texts(T::ViewBelongs),
+          .OpenMenu = texts(T::ViewOpenMenu),
+          .GoToHandler = texts(T::GoToHandler).remove('&')};
+}
+
+FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form, CodeView& code, StatusLine& status,
+                           std::function<void()> showCode)
+    : texts_(texts), form_(form), code_(code), status_(status), showCode_(std::move(showCode)) {
+  actions.On(Command::TabOrder, [this](bool shown) { form_.SetTabOrderShown(shown); });
+  actions.On(Command::InvisibleControls, [this](bool shown) { form_.SetInvisibleShown(shown); });
+  actions.On(Command::ZoomIn, [this] { form_.ZoomIn(); });
+  actions.On(Command::ZoomOut, [this] { form_.ZoomOut(); });
+  actions.On(Command::ActualSize, [this] { form_.SetScale(ActualSize); });
+  actions.On(Command::FitForm, [this] { form_.FitWhole(); });
+  actions.On(Command::GoToHandler, [this] {
+    if (const FormNode* node = Selected()) GoToHandler(*node);
+  });
+  form_.OnHandlerWanted = [this](const FormNode& node) { GoToHandler(node); };
+  form_.OnSelect = [this] {
+    ShowPlace();
+    OnSelect();
+  };
+  auto* room = new QWidget;
+  room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  actions.Bar().addWidget(room);
+  for (const Command command : {Command::ZoomOut, Command::ZoomIn}) {
+    actions[command].setPriority(QAction::LowPriority);  // without its text
+    actions.Bar().addAction(&actions[command]);
+    if (command == Command::ZoomOut) {
+      actions.Bar().addWidget(new ZoomBox(form_, texts(T::ZoomName), texts(T::ZoomFit)));
+    }
+  }
+}
+
+QString FormCommands::Zoom() const { return form_.IsFitted() ? "" : QString::number(form_.Scale()); }
+
+void FormCommands::SetZoom(const QString& zoom) {
+  const double scale = zoom.toDouble();
+  if (scale < FormView::Smallest || scale > FormView::Largest) {
+    form_.FitWhole();
+  } else {
+    form_.SetScale(scale);
+  }
+}
+
+const FormNode* FormCommands::Selected() const {
+  const FormCanvas& canvas = form_.Canvas();
+  return canvas.Form() && canvas.Selected() < canvas.Places().size() ? canvas.Places()[canvas.Selected()].Node
+                                                                     : nullptr;
+}
+
+// A line has its ends instead of a size.
+void FormCommands::ShowPlace() {
+  const FormNode* node = Selected();
+  if (!node) return status_.SetPlace("");
+  const QString name = Text(node->Name), kind = ShortClass(*node);
+  const QString left = Twips(*node, {"ClientLeft", "Left", "X1"}), top = Twips(*node, {"ClientTop", "Top", "Y1"});
+  const QString width = Twips(*node, {"ClientWidth", "Width"}), height = Twips(*node, {"ClientHeight", "Height"});
+  if (width.isEmpty()) return status_.SetPlace(name + "   " + kind);
+  status_.SetPlace(name + "   " + kind + "   " + texts_(T::StatusPlace, left, top, width, height));
+}
+
+void FormCommands::GoToHandler(const FormNode& node) {
+  if (!ShowSub(QRegularExpression::escape(HandlerStem(node)) + "_")) {
+    status_.Say(texts_(T::NoHandler, Text(node.Name)));
+  }
+}
+
+void FormCommands::ShowProcedure(const std::string& name) { ShowSub(QRegularExpression::escape(Text(name)) + "\\b"); }
+
+// The first procedure whose name fits.
+bool FormCommands::ShowSub(const QString& pattern) {
+  const QRegularExpression handler("^[^'\n]*\\bSub " + pattern, QRegularExpression::CaseInsensitiveOption);
+  for (QTextBlock block = code_.document()->begin(); block.isValid(); block = block.next()) {
+    if (!handler.match(block.text()).hasMatch()) continue;
+    showCode_();
+    code_.setTextCursor(QTextCursor(block));
+    code_.centerCursor();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace formwizard::apps::desktop

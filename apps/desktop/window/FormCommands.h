@@ -1,0 +1,46 @@
+// The form's picture joined to the window: commands, zoom, status bar, and the way to the code.
+#pragma once
+
+#include "apps/desktop/CodeView.h"
+#include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/window/Actions.h"
+#include "apps/desktop/window/StatusLine.h"
+
+#include <functional>
+
+namespace formwizard::apps::desktop {
+
+// What the picture says itself, in the user's language.
+FormViewTexts TextsOfFormView(const Texts& texts);
+
+class FormCommands {
+ public:
+  // All must outlive this object. `showCode` brings the code to the front.
+  FormCommands(const Texts& texts, Actions& actions, FormView& form, CodeView& code, StatusLine& status,
+               std::function<void()> showCode);
+
+  // As it is remembered: a scale, or nothing for one that fits.
+  QString Zoom() const;
+  void SetZoom(const QString& zoom);
+
+  // Where the selected control is, in the status bar.
+  void ShowPlace();
+  // In the code, where it has the procedure.
+  void ShowProcedure(const std::string& name);
+  // Called when another control is selected.
+  std::function<void()> OnSelect = [] {};
+
+ private:
+  const adapters::vb6files::FormNode* Selected() const;
+  void GoToHandler(const adapters::vb6files::FormNode& node);
+  bool ShowSub(const QString& pattern);
+
+  const Texts& texts_;
+  FormView& form_;
+  CodeView& code_;
+  StatusLine& status_;
+  std::function<void()> showCode_;
+};
+
+}  // namespace formwizard::apps::desktop

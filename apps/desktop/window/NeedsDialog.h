@@ -1,0 +1,48 @@
+// What the wizard needs before it opens: a project, a dictionary, and the query control for the form.
+#pragma once
+
+#include "apps/desktop/Environment.h"
+#include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/window/Files.h"
+
+#include <QDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include <functional>
+#include <vector>
+
+namespace formwizard::apps::desktop {
+
+class NeedsDialog : public QDialog {
+ public:
+  // All must outlive this object. It is accepted when nothing is missing any more.
+  NeedsDialog(QWidget& window, const Texts& texts, const Environment& environment, Files& files);
+
+  static bool IsAnythingMissing(const Environment& environment);
+
+ private:
+  struct Need {
+    T Label;
+    bool (*IsThere)(const Environment&);
+    QString (NeedsDialog::*Value)() const;
+    bool (Files::*Choose)();
+    QLabel *State = nullptr, *Shown = nullptr;
+    QPushButton* Button = nullptr;
+  };
+
+  void AddRow(Need& need, QGridLayout& grid, int row);
+  void ShowNeeds();
+  QString Project() const;
+  QString Dictionary() const;
+  QString Toolbox() const;
+
+  const Texts& texts_;
+  const Environment& environment_;
+  Files& files_;
+  std::vector<Need> needs_;
+  QPushButton* continue_;
+};
+
+}  // namespace formwizard::apps::desktop
