@@ -83,6 +83,8 @@ const std::vector<Growth> Growths{
     {"a class, exported", Long,
      [](const Workload& work, int size, const std::string& name) { return work.Export(size, 5, work.Home() / name); },
      Tree},
+    {"a class, compared", Long,
+     [](const Workload& work, int size, const std::string&) { return work.Compare(size, 5); }, Tree},
     InWindow("dialog-benchmarks", "class step", "a class", Tree),
     InWindow("dialog-benchmarks", "property list", "a property", Tree),
     InWindow("dialog-benchmarks", "Select All", "a property", Tree),

@@ -128,6 +128,10 @@ class Bench {
     PrintRow(
         {"export of it", Number("%.0f ms", back.Milliseconds), "", "", "", "", Number("%.1f MiB", back.Mebibytes)});
     fs::remove(work_.Home() / "export");
+    run = work_.Compare(classes, properties);
+    const Cost same = Measured([&] { Become(run); });
+    PrintRow({"diff of it with one that has the same", Number("%.0f ms", same.Milliseconds), "", "", "", "",
+              Number("%.1f MiB", same.Mebibytes)});
   }
 
   // A row of what a program measures itself, at a tenth of a size and at that size.

@@ -147,6 +147,11 @@ std::vector<std::string> Workload::Export(int classes, int properties, const fs:
           to.string()};
 }
 
+std::vector<std::string> Workload::Compare(int classes, int properties) const {
+  const std::string dictionary = Dictionary(classes, properties);
+  return {(programs_ / "ostrel-form-wizard").string(), "dictionary", "diff", dictionary, dictionary};
+}
+
 std::vector<std::string> Workload::Other(const std::string& program, const std::vector<std::string>& arguments) const {
   if (!fs::exists(programs_ / program)) return {};
   std::vector<std::string> all{(programs_ / program).string()};

@@ -39,6 +39,8 @@ class Workload {
   std::string Dictionary(int classes, int properties) const;
   std::vector<std::string> Import(int classes, int properties) const;
   std::vector<std::string> Export(int classes, int properties, const fs::path& to) const;
+  // Of a dictionary with one that has the same classes.
+  std::vector<std::string> Compare(int classes, int properties) const;
   // Makes a new project for a job; called before each run. Its name tells it from those of other runs.
   fs::path NewProject(const Job& job, const std::string& name = "project") const;
   // What makes the forms of a job in a new project: the program, and the reference, which knows no options.

@@ -22,7 +22,7 @@ constexpr std::string_view StartUpForm = "Form1";  // of a new project
 constexpr std::size_t NameIsWithin = 4096;         // bytes at the start of a form file
 
 std::string ReadProject(system::FileSystem& files, const std::string& path) {
-  RecoverSets(files, path);
+  RecoverSaves(files, path, Saves::Sets);
   std::optional<std::string> text = files.Read(path, system::LargestProject);
   if (!text) throw support::InputError(path + ": there is no such project file; check the path");
   return std::move(*text);

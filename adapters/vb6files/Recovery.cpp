@@ -65,10 +65,10 @@ void RecoverAll(const SavePlace& place) {
   for (const std::string& folder : FoldersOfSaves(place)) Recover(place, folder);
 }
 
-void RecoverSets(system::FileSystem& files, const std::string& projectFile) {
+void RecoverSaves(system::FileSystem& files, const std::string& projectFile, Saves which) {
   const SavePlace place(files, projectFile);
   for (const std::string& folder : FoldersOfSaves(place)) {
-    if (!HoldsSet(place, folder)) continue;
+    if (which == Saves::Sets && !HoldsSet(place, folder)) continue;
     try {
       const std::unique_ptr<system::FileLock> lock = files.LockFolder(place.Folder);
       if (!lock) throw SaveError(projectFile + ": another program is saving it; try again when it is done");
@@ -96,6 +96,8 @@ void Keep(const SavePlace& place, const std::string& folder) {
 
 void DropKept(const SavePlace& place) {
   if (place.Files.KindOf(place.KeptFolder) == system::FileKind::None) return;
+  place.Files.Remove(place.KeptFolder + CommittedName);
+  place.Files.FlushFolder(place.KeptFolder);  // before the record of the save that ends it goes
   if (!RemoveStaging(place, place.KeptFolder)) {
     throw SaveError(place.KeptFolder + ": this folder has files that no save has put there; move them away");
   }

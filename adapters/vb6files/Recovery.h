@@ -5,14 +5,17 @@
 #include "adapters/vb6files/SaveRecord.h"
 #include "system/FileSystem.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
 namespace formwizard::adapters::vb6files {
 
-// Takes back what a set that was cut off has replaced, or ends it where its last step was done, so that nobody reads
-// files of two states. support::InputError when another program is saving there or it cannot be done.
-void RecoverSets(system::FileSystem& files, const std::string& projectFile);
+enum class Saves : std::uint8_t { Sets, All };
+
+// Takes back what saves that were cut off have done, or ends them where the last step was done: of sets, so that nobody
+// reads files of two states, or of all. support::InputError when another program is saving there or it cannot be done.
+void RecoverSaves(system::FileSystem& files, const std::string& projectFile, Saves which);
 
 // What the last save replaced, when that can be undone; otherwise nothing.
 std::optional<SaveRecord> KeptRecord(const SavePlace& place);

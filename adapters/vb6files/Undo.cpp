@@ -55,7 +55,7 @@ void RemoveMade(const SavePlace& place, const SaveRecord& record) {
 }  // namespace
 
 void Undo(system::FileSystem& files, const std::string& projectFile, bool dryRun, const ChangeListener& listener) {
-  RecoverSets(files, projectFile);
+  RecoverSaves(files, projectFile, Saves::All);
   const std::optional<std::string> original = files.Read(projectFile, system::LargestProject);
   if (!original) throw InputError(projectFile + ": there is no such project file; check the path");
   const SavePlace place(files, projectFile);

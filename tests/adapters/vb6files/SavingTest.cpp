@@ -6,6 +6,7 @@
 #include "system/Aside.h"
 #include "system/ContentSum.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -186,6 +187,7 @@ TEST_CASE(
           REQUIRE(Holds(Project(again.Files), Project(isOld ? c.Before : after)));
           if (isOld) c.Save(again);
           CHECK(Project(again.Files) == Project(after));
+          if (c.Name == "new forms") CHECK_THROWS_AS(UndoSave(again), support::InputError);
         }
         stopped = files.IsStopped;
       }
@@ -319,6 +321,54 @@ TEST_CASE("What somebody changes stays: before a set is saved, in the middle of 
     CHECK_THROWS_WITH_AS(UndoSave(files), doctest::Contains(path), support::SaveError);
     CHECK(files.Files == edited);
   }
+}
+
+TEST_CASE("This machine's files are replaced and brought back, and none of them where one cannot be replaced") {
+  const TemporaryFolder temporary;
+  for (const auto& [name, bytes] : KeptProject()) WriteFile(temporary / name.substr(2), bytes);
+  system::FileSystem& files = system::RealFileSystem();
+  const std::string path = temporary / "Lending.vbp";
+  const auto save = [&] {
+    ProjectOnDisk project(files, path, {});
+    project.PutTexts("Form1", {EmptyForm, ""}, project.TextsOf("Form1"));
+    project.Put(temporary / "kept.json", "new", "old");
+    project.Put(temporary / "Lending.forms/Form1.frm", "new", std::nullopt);
+    project.ActiveVBProject().Components().Add(ComponentType::Form)->SetName("frmNew");
+    project.Save();
+  };
+  const Contents before = FilesIn(temporary.Path());
+  const auto refuses = [&](auto&& action) {
+    const Contents whole = FilesIn(temporary.Path());
+    CHECK_THROWS_WITH_AS(action(), doctest::Contains("kept.json"), support::SaveError);
+    CHECK(FilesIn(temporary.Path()) == whole);
+  };
+  const auto undo = [&] { Undo(files, path, false, [](const FileChange&) {}); };
+  const auto project = [&] {
+    Contents found = FilesIn(temporary.Path());
+    std::erase_if(found, [](const auto& file) { return file.first.starts_with("Lending.undo/"); });
+    return found;
+  };
+#ifdef _WIN32
+  const auto held = [&](auto&& action) {
+    const std::ifstream open(NativePath(temporary / "kept.json"));  // which lets nobody replace it
+    refuses(action);
+  };
+  held(save);
+#endif
+  save();
+  const Contents after = project();
+  CHECK(after.at("kept.json") == "new");
+  CHECK_FALSE(after.contains("Forms/Form1.frx"));
+#ifdef _WIN32
+  held(undo);
+#endif
+  WriteFile(temporary / "kept.json", "mine");
+  refuses(undo);
+  WriteFile(temporary / "kept.json", "new");
+  undo();
+  CHECK(project() == before);
+  undo();
+  CHECK(project() == after);
 }
 
 TEST_CASE("Nothing is undone where the last save made new forms only, or by a record that reaches out of the project") {
