@@ -70,7 +70,7 @@ void FileSet::FlushFolders() const {
 // What changes places does so by way of a third name on some systems.
 std::string FileSet::OldContentOf(std::size_t number) const {
   const SaveRecord::File& file = record_.Files[number];
-  const std::string aside = folder_ + PreparedName(number);
+  std::string aside = folder_ + PreparedName(number);
   const auto isOld = [&](const std::string& path) {
     const std::uint64_t sum = place_.SumOf(path, record_);
     return sum != 0 && sum != file.Sum;
