@@ -70,7 +70,7 @@ TEST_CASE("The typical request gives exactly the expected project, whatever scri
   CHECK(ReadFile(work.Folder / work.Profile) == "[OstrelFormWizard]\r\nLastConnect=Samples\r\n");
 }
 
-TEST_CASE("A start-up form that has code is reused with notes, also on what is wrong with it; a module is not reused") {
+TEST_CASE("A start-up form that has code is reused with notes, also on what is wrong with it, a module is not reused") {
   const Workplace coded, module;
   WriteFile(coded.Home + "/Form1.frm", coded.Files().at("Form1.frm") + "Sub Form_Load()\r\nEnd Sub\r\n");
   const Outcome made = coded.Generate(Typical + " --json");
@@ -241,7 +241,8 @@ TEST_CASE("What the environment refuses is reported under its routine, the form 
   CHECK(work.Files().contains("frmB.frm"));
 }
 
-TEST_CASE("A form that cannot be called what it should is refused before it is made; a path takes the longest name") {
+TEST_CASE(
+    "A form that cannot be called what it should is refused before it is made, and a path takes the longest name") {
   Workplace work;
   const std::string longest = "N" + std::string(35, 'o') + "n";
   WriteFile(work.Folder / "odd.json", R"({"systems":[{"name":"S","connect":"c","classes":[

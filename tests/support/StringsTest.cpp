@@ -49,7 +49,7 @@ TEST_CASE("A message shows what is no character as an escape") {
   }
 }
 
-TEST_CASE("A name is found exactly, or alone but for its case; what is not there has the likeliest in front") {
+TEST_CASE("A name is found exactly, or alone but for its case, and what is not there has the likeliest in front") {
   const std::string longOne(70, 'x');
   const std::vector<std::string> all{"Zip",          "name",  "Name",   "Home.City", " Odd",
                                      "\xC3\x84rger", "State", "Street", longOne};

@@ -144,7 +144,8 @@ bool IsDrawnBy(adapters::win32::Fonts& fonts, std::string_view text) { return fo
 
 }  // namespace
 
-TEST_CASE("A font draws what it names and has a glyph for; for another text all of it is drawn in one that has it") {
+TEST_CASE(
+    "A font draws what it names and has a glyph for, and for another text all of it is drawn in one that has it") {
   using adapters::win32::CharactersOf, adapters::win32::HasAll;
   std::vector<WORD> glyphs(0x100, 0x1F);  // a bitmap font's placeholder
   glyphs['b'] = 0xFFFF;

@@ -314,7 +314,7 @@ TEST_CASE("A dialog ends with the program or with the window that owns it, and t
   }
 }
 
-TEST_CASE("A failure is shown and leaves the dialog usable; a mistake of this program ends it") {
+TEST_CASE("A failure is shown and leaves the dialog usable, a mistake of this program ends it") {
   SampleFixture sample;
   SampleForm& form = sample.Form;
   form.Work = [&] {
