@@ -38,6 +38,28 @@ FormViewTexts TextsOfFormView(const Texts& texts) {
           .GoToHandler = texts(T::GoToHandler).remove('&')};
 }
 
+PropertyTexts TextsOfProperties(const Texts& texts) {
+  return {.Objects = texts(T::PanelObjects),
+          .Properties = texts(T::TabProperties),
+          .SelectControl = texts(T::SelectControl),
+          .Copy = texts(T::Copy),
+          .GeneratedFrom = texts(T::PanelGeneratedFrom),
+          .InTheFile = texts(T::PanelInTheFile),
+          .Procedures = texts(T::PanelProcedures),
+          .Class = texts(T::PanelClass),
+          .Property = texts(T::PanelProperty),
+          .Caption = texts(T::PanelCaption),
+          .ReadOnly = texts(T::PanelReadOnly),
+          .ClassMeans = texts(T::PanelClassMeans),
+          .PropertyMeans = texts(T::PanelPropertyMeans),
+          .CaptionMeans = texts(T::PanelCaptionMeans),
+          .ReadOnlyMeans = texts(T::PanelReadOnlyMeans),
+          .InTheFileMeans = texts(T::PanelInTheFileMeans),
+          .TwipsMeans = texts(T::PanelTwipsMeans),
+          .TabIndexMeans = texts(T::PanelTabIndexMeans),
+          .ProcedureMeans = texts(T::PanelProcedureMeans)};
+}
+
 FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form, CodeView& code, StatusLine& status,
                            std::function<void()> showCode)
     : texts_(texts), form_(form), code_(code), status_(status), showCode_(std::move(showCode)) {

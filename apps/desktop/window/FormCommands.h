@@ -4,6 +4,7 @@
 #include "apps/desktop/CodeView.h"
 #include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/properties/PropertyRows.h"
 #include "apps/desktop/window/Actions.h"
 #include "apps/desktop/window/StatusLine.h"
 
@@ -13,6 +14,7 @@ namespace formwizard::apps::desktop {
 
 // What the picture says itself, in the user's language.
 FormViewTexts TextsOfFormView(const Texts& texts);
+PropertyTexts TextsOfProperties(const Texts& texts);
 
 class FormCommands {
  public:

@@ -97,7 +97,7 @@ void MainWindow::MakePanes() {
   form_ = new FormView(TextsOfFormView(texts_));
   formPage_ = new FormPage(texts_, form_);
   code_ = new CodeView;
-  properties_ = new PropertiesPanel(*form_);
+  properties_ = new PropertiesPanel(*form_, TextsOfProperties(texts_));
   auto* dictionary =
       new EmptyState(texts_(T::NoDictionary), texts_(T::ButtonOpenDictionary), [this] { files_->AskForDictionary(); });
   panes_ = new Panes(

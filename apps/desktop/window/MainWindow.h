@@ -47,6 +47,7 @@ class MainWindow : public QMainWindow {
   ProjectTree& Tree() { return *tree_; }
   Actions& Commands() { return *actions_; }
   FormPage& Page() { return *formPage_; }
+  FormView& Form() { return *form_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;

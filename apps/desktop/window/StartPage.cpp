@@ -15,7 +15,7 @@
 namespace formwizard::apps::desktop {
 namespace {
 
-constexpr int LargeIcon = 48, EntryIcon = 24, RowHeight = 48, MostWidth = 820;
+constexpr int LargeIcon = 48, EntryIcon = 24, RowHeight = 48, ColumnWidth = 340;
 enum Role : int { PathRole = Qt::UserRole, NameRole, FolderRole, DayRole };
 
 QFont Scaled(QFont font, double scale, bool isBold) {
@@ -121,8 +121,8 @@ StartPage::StartPage(const Texts& texts, Entries entries, std::function<void(con
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(0, 1);
   grid->setRowStretch(2, 4);
-  grid->setColumnMinimumWidth(1, MostWidth / 2 - 40);
-  grid->setColumnMinimumWidth(2, MostWidth / 2 - 40);
+  grid->setColumnMinimumWidth(1, ColumnWidth);
+  grid->setColumnMinimumWidth(2, ColumnWidth);
   grid->addWidget(MadeHeading(), 1, 1, 1, 2);
   grid->addLayout(left, 2, 1);
   grid->addLayout(right, 2, 2);
