@@ -237,6 +237,8 @@ void MeasureSteps(const Bench& bench) {
   for (const char* step : {"property list", "Select All", "Deselect All", "100 moves"}) {
     bench.MeasureStep("dialog-benchmarks", step, 20000, " properties");
   }
+  bench.MeasureStep("main-window-benchmarks", "start", 10, " components");
+  bench.MeasureStep("main-window-benchmarks", "components", 5000, " components");
   bench.MeasureStep("main-window-benchmarks", "components", 50000, " components");
   bench.MeasureStep("main-window-benchmarks", "code", 10, " MB");
 }

@@ -19,4 +19,10 @@ class SaveError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// The same, because another program has changed a file since it was read.
+class ChangedMeanwhile : public SaveError {
+ public:
+  using SaveError::SaveError;
+};
+
 }  // namespace formwizard::support

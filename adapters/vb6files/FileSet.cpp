@@ -19,7 +19,8 @@ constexpr const char* Copied = ".old";  // of a file that could not change place
 }  // namespace
 
 void FailChanged(const std::string& path) {
-  throw SaveError(path + ": another program has changed this file since it was read; open the project again and retry");
+  throw support::ChangedMeanwhile(
+      path + ": another program has changed this file since it was read; open the project again and retry");
 }
 
 void FileSet::MoveIntoPlace() const {

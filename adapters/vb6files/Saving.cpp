@@ -27,6 +27,8 @@ void Try(Action&& action) {
     action();
   } catch (const support::InputError& error) {
     throw SaveError(std::string(error.what()) + unchanged);
+  } catch (const support::ChangedMeanwhile& error) {
+    throw support::ChangedMeanwhile(std::string(error.what()) + unchanged);
   } catch (const SaveError& error) {
     throw SaveError(std::string(error.what()) + unchanged);
   }

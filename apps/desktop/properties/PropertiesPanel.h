@@ -24,6 +24,8 @@ class PropertiesPanel : public QWidget {
 
   // To be called when another control is selected or another form shown. The selected property and the scroll stay.
   void ShowSelection();
+  // The chosen value, to the clipboard.
+  void CopyValue();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -32,7 +34,6 @@ class PropertiesPanel : public QWidget {
   void ShowObjects();
   void ShowRows();
   void ShowMeaning();
-  void CopyValue();
   void Open(const QModelIndex& index);
 
   FormView& form_;

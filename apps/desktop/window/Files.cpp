@@ -4,6 +4,7 @@
 #include "apps/common/Endings.h"
 #include "apps/desktop/basics/Messages.h"
 #include "apps/desktop/window/Sample.h"
+#include "support/Failures.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -182,10 +183,28 @@ void Files::OpenLast() {
 
 bool Files::Save() {
   const QString name = NameOf(Text(environment_.Project()->Path()));
-  const bool saved = Try(T::TitleSaveProject, texts_(T::NotSaved, name), [this] { environment_.Project()->Save(); });
+  const bool saved = Try(T::TitleSaveProject, texts_(T::NotSaved, name),
+                         [&] {
+                           try {
+                             environment_.Project()->Save();
+                           } catch (const support::ChangedMeanwhile& changed) {
+                             OfferReload(name, changed.what());
+                           }
+                         }) &&
+                     !environment_.Project()->IsChanged();
   if (saved) OnDone(texts_(T::Saved, name));
   OnProject("");
   return saved;
+}
+
+void Files::OfferReload(const QString& name, const std::string& why) {
+  const std::size_t answer = Ask(window_, texts_,
+                                 {.Title = T::TitleSaveProject,
+                                  .What = texts_(T::ChangedByAnother, name),
+                                  .Why = Text(why) + "\n" + texts_(T::ReloadLoses),
+                                  .Buttons = {T::ButtonReload, T::Cancel},
+                                  .Default = 1});
+  if (answer == 0) environment_.OpenProject(environment_.Project()->Path());
 }
 
 bool Files::MayGiveUp() {

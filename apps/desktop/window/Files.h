@@ -58,6 +58,8 @@ class Files {
   QString AskForFile(T title, std::initializer_list<T> filters);
   void OpenRemembered(const ProjectMemory& memory);
   void Remember();
+  // Of a save that another program was in the way of.
+  void OfferReload(const QString& name, const std::string& why);
 
   QWidget& window_;
   const Texts& texts_;

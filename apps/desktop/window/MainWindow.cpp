@@ -149,6 +149,8 @@ void MainWindow::CarryOut() {
     on(command, [this, shown = pane] { panes_->Show(shown); });
   }
   on(Command::RemoveForm, [this] { RemoveForm(); });
+  on(Command::Copy, [this] { CopyShown(); });
+  on(Command::SelectAll, [this] { code_->selectAll(); });
   on(Command::TrySample, [this] { files_->TrySample(); });
   on(Command::SavePicture, [this] { SavePicture(); });
   on(Command::ShowInFolder, [this] { ShowInFolder(); });
@@ -171,6 +173,18 @@ void MainWindow::CarryOutHelp() {
          .Buttons = {T::ButtonOk},
          .Icon = QMessageBox::Information});
   });
+}
+
+// What has the focus; the picture where nothing else can be copied.
+void MainWindow::CopyShown() {
+  const QWidget* focus = QApplication::focusWidget();
+  if (code_->isVisible() && (focus == code_ || !panes_->isAncestorOf(focus))) {
+    code_->copy();
+  } else if (properties_->isAncestorOf(focus)) {
+    properties_->CopyValue();
+  } else if (form_->Canvas().Form()) {
+    form_->CopyPicture();
+  }
 }
 
 void MainWindow::ShowHelp(const QString& page) {

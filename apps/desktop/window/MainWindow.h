@@ -73,6 +73,7 @@ class MainWindow : public QMainWindow {
   void ShowRecent();
   void RemoveForm();
   void SavePicture();
+  void CopyShown();
   void ShowInFolder();
   void ShowHelp(const QString& page);
   bool HasWhatTheWizardNeeds();

@@ -46,7 +46,7 @@ Panes::Panes(const Texts& texts, const PaneWidgets& widgets)
   left_->addTab(widgets.Dictionary, texts(T::TabDictionary));
   views_->addTab(widgets.Form, texts(T::TabForm));
   views_->addTab(widgets.Code, texts(T::TabCode));
-  heading_->setContentsMargins(0, 0, 12, 0);
+  heading_->setContentsMargins(0, 0, 12, 6);
   views_->setCornerWidget(heading_);
 
   auto* title = new QLabel(texts(T::TabProperties));

@@ -77,6 +77,9 @@ void ProjectTree::Show(const adapters::vb6files::ProjectOnDisk& project, const s
   isShowing_ = true;
   model_->Show(file.completeBaseName() + " (" + file.fileName() + ")", project.Summaries(), project.RelatedDocuments());
   tree_->expandToDepth(1);
+  const QModelIndex root = model_->index(0, ProjectModel::NameColumn);
+  tree_->setFirstColumnSpanned(0, {}, true);  // only components have a state
+  for (int group = 0; group < model_->rowCount(root); ++group) tree_->setFirstColumnSpanned(group, root, true);
   if (!Choose(chosen)) tree_->setCurrentIndex(model_->First());
   isShowing_ = false;
   setCurrentIndex(Tree);

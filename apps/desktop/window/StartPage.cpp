@@ -78,7 +78,9 @@ QLabel* MadeCaption(const QString& text, const QFont& font) {
 QLabel* MadeNote(const QString& text, const QPalette& palette) {
   auto* note = new QLabel(text);
   QPalette secondary = palette;
-  secondary.setColor(QPalette::WindowText, SecondaryText(palette));
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {  // whatever it stands on
+    secondary.setColor(role, SecondaryText(palette));
+  }
   note->setPalette(secondary);
   note->setWordWrap(true);
   return note;

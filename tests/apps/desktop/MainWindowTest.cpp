@@ -81,6 +81,13 @@ TEST_CASE("Saving that fails is said, leaves the form open, and can be tried aga
   CHECK(desktop.Window->isWindowModified());
   CHECK(ReadFile(obstacle) == "somebody else's");
   std::filesystem::remove(obstacle);
+  const std::string project = desktop.Home + "/Project1.vbp", before = ReadFile(project);
+  WriteFile(project, before + "Title=\"theirs\"\r\n");  // by another program
+  Answer("Cancel", said);
+  desktop.PressSave();
+  CHECK(said.starts_with("Project1.vbp uses a file that another program has changed."));
+  CHECK(desktop.Window->isWindowModified());
+  WriteFile(project, before);
   desktop.Save();
   CHECK(FilesIn(desktop.Home).at("frmPerson.frm").starts_with("VERSION 5.00"));
 
@@ -90,6 +97,12 @@ TEST_CASE("Saving that fails is said, leaves the form open, and can be tried aga
   REQUIRE(desktop.Window->Tree().Choose("frmPerson"));
   desktop.UseWizard([] { Find<QAbstractButton>(WizardDesign().cmdCancel)->click(); });
   CHECK(Chosen(desktop) == "frmPerson");  // what is looked at stays when nothing was made
+  WriteFile(project, ReadFile(project) + "Title=\"theirs\"\r\n");
+  Answer("Reload", said);
+  desktop.PressSave();
+  CHECK_FALSE(desktop.Window->isWindowModified());  // what was not saved is given up
+  CHECK_FALSE(desktop.Window->Tree().Choose("frmPerson2"));
+  MakePersonForm(desktop);
   desktop.Save();
   CHECK(FilesIn(desktop.Home).contains("frmPerson2.frm"));
 }

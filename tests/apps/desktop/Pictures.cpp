@@ -3,9 +3,12 @@
 #include "apps/desktop/window/MainWindow.h"
 #include "apps/desktop/window/NeedsDialog.h"
 #include "apps/desktop/window/Sample.h"
+#include "tests/support/BuildTree.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
+#include <QStatusBar>
 #include <QStyle>
 #include <QTemporaryDir>
 
@@ -36,6 +39,11 @@ struct Pictures {
   QDir Target;
   QTemporaryDir Work;
   Sample Files = CopySample(Work.filePath("Lending"));
+  // With a form that the wizard has made.
+  bool HasForm = QFile::remove(Work.filePath("Lending/Forms/frmPerson.frm")) &&
+                 QFile::copy(QString::fromStdString(formwizard::tests::SourceFolder()) +
+                                 "/tests/golden/addin-project/frmPerson.frm",
+                             Work.filePath("Lending/Forms/frmPerson.frm"));
 
   std::unique_ptr<MainWindow> Opened(const std::string& language, const QSize& size) const {
     auto window = std::make_unique<MainWindow>(
@@ -49,6 +57,7 @@ struct Pictures {
   }
   bool Take(QWidget& window, const QString& name) const {
     QApplication::processEvents();
+    if (auto* bar = window.findChild<QStatusBar*>()) bar->clearMessage();
     return window.grab().save(Target.filePath(name + ".png"));
   }
   // The main window with a form and one of its controls.
