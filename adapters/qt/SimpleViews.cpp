@@ -175,7 +175,9 @@ class PictureWidget : public QWidget {
   void paintEvent(QPaintEvent*) override {
     if (!picture_) return;
     QPainter painter(this);
-    Draw(painter, *picture_, rect());
+    // Where the window has another shape, the picture is cut, not stretched.
+    const QSizeF own(picture_->Width, picture_->Height);
+    Draw(painter, *picture_, QRectF(QPointF(), own.scaled(size(), Qt::KeepAspectRatioByExpanding)));
   }
 
  private:

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/Text.h"
+#include "wizard/TreePictures.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +15,10 @@ using ShownNode = std::function<void(const ui::Node&)>;
 void ShowAll(const ui::Node& node, const ShownNode& shown) {
   shown(node);
   for (const ui::Node* child : node.Children()) ShowAll(*child, shown);
+}
+
+bool IsTickable(const ui::Node& node) {
+  return node.Image == wizard::picture::Property || node.Image == wizard::picture::SelectedProperty;
 }
 
 }  // namespace
@@ -99,9 +104,18 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
   const ui::Node* node = NodeOf(index);
   if (!node) return {};
   if (role == Qt::DisplayRole) return Text(node->Text);
+  if (role == Qt::CheckStateRole && IsTickable(*node)) {
+    return node->Image == wizard::picture::SelectedProperty ? Qt::Checked : Qt::Unchecked;
+  }
   if (role != Qt::DecorationRole) return {};
   const bool isSelected = tree_.SelectedItem == node && node->SelectedImage.Get().Value() != 0;
   return Icon((isSelected ? node->SelectedImage : node->Image).Get().Value());
+}
+
+Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
+  const ui::Node* node = NodeOf(index);
+  const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+  return node && IsTickable(*node) ? flags | Qt::ItemIsUserCheckable : flags;
 }
 
 const QIcon& TreeModel::Icon(int image) const {

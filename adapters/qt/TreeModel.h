@@ -37,7 +37,9 @@ class TreeModel final : public QAbstractItemModel {
   QModelIndex parent(const QModelIndex& index) const override;
   int rowCount(const QModelIndex& parent) const override;
   int columnCount(const QModelIndex&) const override { return 1; }
+  // What is ticked in its picture has a check state, too, for those who cannot see it.
   QVariant data(const QModelIndex& index, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
   struct Range {

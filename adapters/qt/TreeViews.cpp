@@ -6,16 +6,30 @@
 #include "ui/MakeFirst.h"
 
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 namespace formwizard::adapters::qt {
 namespace {
+
+// A tick is in the picture already.
+class WithoutCheckBoxes final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
+  }
+};
 
 class TreeViewView final : public ObservingView<ui::TreeView, ItemWidget<QTreeView>, ui::TreeObserver> {
  public:
   TreeViewView(FormWindow& window, ui::TreeView& control)
       : ObservingView(window, control, new ItemWidget<QTreeView>(&window)), model_(*new TreeModel(control, &widget_)) {
     widget_.setModel(&model_);
+    widget_.setItemDelegate(new WithoutCheckBoxes(&widget_));
     widget_.setHeaderHidden(true);
     widget_.setUniformRowHeights(true);
     widget_.OnPress = [this](QPointF at) {

@@ -159,9 +159,13 @@ TEST_CASE("The wizard's command asks by keyboard for what is missing, and rememb
   Strike(Qt::Key_N, Qt::ControlModifier);
   CHECK(title == "Ostrel Form Wizard - Step 1 of 6");
 
-  // Whoever does not go on has no wizard.
+  // What was open can be opened again; whoever does not go on has no wizard.
   CHECK(desktop.Window->close());
   desktop.Start();
+  desktop.Window->OpenLast();
+  CHECK(desktop.Window->windowTitle().startsWith("Lending.vbp"));
+  desktop.Window->Commands()[Command::CloseProject].trigger();
+  CHECK(desktop.Window->Tree().Chosen() == nullptr);
   DesktopFixture::WhenShown([] { Strike(Qt::Key_Escape); });
   Strike(Qt::Key_N, Qt::ControlModifier);
   CHECK_FALSE(QApplication::activeModalWidget());

@@ -2,6 +2,8 @@
 #include "tests/apps/desktop/Users.h"
 #include "tests/support/Golden.h"
 
+#include <QAccessible>
+
 using namespace formwizard::tests;
 
 namespace {
@@ -22,6 +24,17 @@ void ClickInVain(int step) {
     MouseUser::Click(*systems->viewport(), selected);  // which is a click on the node all the same
     CHECK(Find(dialog.barStatus)->findChild<QLabel*>()->text() == "local:samples");
   } else if (step == 4) {
+    const auto* tree = Find<QTreeView>(dialog.tvwAttributes);
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QTreeView*>(tree));
+    for (const auto& [property, isTicked] : {std::pair{"*Name", true}, std::pair{"DOB", false}}) {
+      const QModelIndex node = FindItem(*tree, property);
+      for (int child = 0; child < spoken->childCount(); ++child) {
+        const QAccessibleInterface* row = spoken->child(child);
+        if (row->text(QAccessible::Name) != node.data().toString()) continue;
+        CHECK(row->state().checkable);
+        CHECK(row->state().checked == isTicked);
+      }
+    }
     auto* chosen = Find<QListView>(dialog.lstSelected);
     ClickInVain(*chosen, chosen->visualRect(chosen->model()->index(0, 0)).center());
   }
