@@ -5,6 +5,7 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/common/Dictionaries.h"
+#include "apps/desktop/preview/PreviewWindow.h"
 #include "wizard/frmWizard.h"
 
 #include <QApplication>
@@ -113,6 +114,9 @@ struct Wizard {
                                    .ProfileFile = (fs::temp_directory_path() / "formwizard-bench.ini").string()}};
   wizard::frmWizard dialog{services, project};
   std::unique_ptr<adapters::qt::WizardWindow> window;
+  apps::desktop::PreviewProject scratch =
+      apps::desktop::ScratchFor(&project, {1252, FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini"});
+  std::unique_ptr<apps::desktop::PreviewWindow> preview;
 };
 
 void Next(Wizard& wizard) { wizard.Click(wizard.dialog.cmdNext); }
@@ -121,6 +125,17 @@ void DeselectAll(Wizard& wizard) { wizard.Click(wizard.dialog.cmdDeSelectAll); }
 // A hundred presses of the button.
 void MoveDown(Wizard& wizard) {
   for (int i = 0; i < 100; ++i) wizard.Click(wizard.dialog.cmdMoveDown);
+}
+
+// A form of all properties is made beside the dialog and painted, once more after a choice.
+void ShowPreview(Wizard& wizard) {
+  if (!wizard.preview) {
+    wizard.preview = std::make_unique<apps::desktop::PreviewWindow>(*wizard.window, apps::desktop::PreviewTexts());
+    wizard.preview->resize(640, 480);
+    wizard.preview->show();
+  }
+  wizard.preview->ShowForm(apps::desktop::MakePreview(wizard.dialog, wizard.scratch));
+  QApplication::processEvents();
 }
 
 struct Step {
@@ -153,6 +168,14 @@ constexpr std::array Steps{
            wizard.Act([&] { wizard.dialog.lstSelected.ClickItem(0); });
          },
          MoveDown},
+    Step{"preview",
+         [](Wizard& wizard) {
+           Next(wizard);
+           Next(wizard);
+           SelectAll(wizard);
+           ShowPreview(wizard);
+         },
+         ShowPreview},
 };
 
 double Milliseconds() { return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC; }

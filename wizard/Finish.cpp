@@ -45,7 +45,7 @@ void frmWizard::cmdFinish_Click() {
         FreezeButtons();
         LoadSettings();
         TakeSelection();
-        Generate();
+        Generate(services_.State, environment_, report_, [this](int text) { StatusMessage(Text(text)); });
         SetBusy(false);
         Unload();
       },
@@ -76,20 +76,35 @@ void frmWizard::TakeSelection() {
   }
 }
 
-void frmWizard::Generate() {
+AddInState frmWizard::Rehearse(generator::ide::Vbe& environment, ui::Desktop& desktop) const {
+  AddInState state = services_.State;
+  state.NewComponent = nullptr;
+  settings::LoadSettings(state.Settings, services_.Profiles, services_.ProfileFile);
+  state.Form.SelectedFields = runtime::OneBased<Int16>(Int16(lstSelected.ListCount()));
+  for (int i = 0; i < lstSelected.ListCount(); ++i) {
+    const Int16 record(lstSelected.ItemData(i));
+    state.Form.SelectedFields[Int16(i + 1)] = record;
+    state.Form.Fields[record].IntName = ConvertKeyNameToIntName(state.Form.Fields[record].DisplayName);
+  }
+  const support::ErrorReport report(desktop, services_.Strings);
+  support::LeaveOnError(report, "cmdFinish_Click", [&] { Generate(state, environment, report, [](int) {}); });
+  return state;
+}
+
+void frmWizard::Generate(AddInState& state, generator::ide::Vbe& environment, const support::ErrorReport& report,
+                         const std::function<void(int text)>& say) const {
   if (!selectedClass_) runtime::Raise(runtime::ObjectVariableNotSet);
-  AddInState& state = services_.State;
-  StatusMessage(Text(409));
+  say(409);
   ComputePositions(state.Form, state.Settings);
-  StatusMessage(Text(410));
+  say(410);
   ComputeLayout(state.Form, state.Settings, services_.Measure, selectedClass_->Text);
 
   state.Form.ClassName = selectedClass_->Tag;
-  generator::Generation run(state.Form, state.Settings, services_.Strings, report_, environment_, state.Generator);
+  generator::Generation run(state.Form, state.Settings, services_.Strings, report, environment, state.Generator);
   const ComponentIsKept afterwards(state, run);
-  StatusMessage(Text(411));
+  say(411);
   generator::WriteForm(run);
-  StatusMessage(Text(412));
+  say(412);
   generator::WriteProcedures(run);
   generator::Required(run.NewComponent).Activate();
 }

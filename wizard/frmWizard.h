@@ -11,6 +11,7 @@
 #include "wizard/WizardServices.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -87,6 +88,10 @@ class frmWizard : public ui::Form {
   std::size_t FrontPanel() const;
   // Whether an attribute panel has a box for the rows.
   bool HasRows(std::size_t panel) const { return txtRowHeight[panel].Container != nullptr; }
+
+  // What Finish would leave behind if the properties that are chosen now were taken: made in `environment`, failures
+  // are shown on `desktop`. Nothing of the dialog changes. Error 91 before a class is chosen.
+  AddInState Rehearse(generator::ide::Vbe& environment, ui::Desktop& desktop) const;
 
   // The description behind an entry of lstSelected or lstFields.
   model::FieldRecord& RecordOf(const ui::ListBox& list, int index) { return Record(list.ItemData(index)); }
@@ -213,7 +218,8 @@ class frmWizard : public ui::Form {
   void EnterFinish();
   void FreezeButtons();
   void TakeSelection();
-  void Generate();
+  void Generate(AddInState& state, generator::ide::Vbe& environment, const support::ErrorReport& report,
+                const std::function<void(int text)>& say) const;
 
   WizardServices& services_;
   generator::ide::Vbe& environment_;

@@ -98,7 +98,7 @@ void FormWindow::Finish() {
 
 void FormWindow::Act(const std::function<void()>& action) {
   if (!form_.Enabled && depth_ == 0) return;
-  ++depth_;
+  if (depth_++ == 0 && watcher_) watcher_->Acting();
   try {
     action();
   } catch (const std::exception& failure) {  // an input that cannot be used; run-time errors do not come here
@@ -106,7 +106,9 @@ void FormWindow::Act(const std::function<void()>& action) {
     QGuiApplication::restoreOverrideCursor();
     ShowFailure(Text(support::Shortened(failure.what())));
   }
-  if (--depth_ == 0) ShowChanges();
+  if (--depth_ > 0) return;
+  ShowChanges();
+  if (watcher_) watcher_->Acted();
 }
 
 void FormWindow::ShowFailure(const QString& text) { QMessageBox::critical(this, windowTitle(), text); }

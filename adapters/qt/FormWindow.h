@@ -1,6 +1,7 @@
 // A window that shows a dialog of the core and passes on what the user does.
 #pragma once
 
+#include "adapters/qt/DialogWatcher.h"
 #include "adapters/qt/View.h"
 #include "ui/Form.h"
 
@@ -25,6 +26,8 @@ class FormWindow : public QDialog, private ui::ControlObserver {
   // Runs a user's action on the dialog and then shows what has changed. A failure that ends the whole action is shown
   // and leaves the dialog usable. Nothing runs while the dialog is busy.
   void Act(const std::function<void()>& action);
+  // Who is told of them; null for nobody.
+  void Watch(DialogWatcher* watcher) { watcher_ = watcher; }
   // Shows at once what has changed.
   void ShowChanges();
   void NoteChange(View& view) { changedViews_.push_back(&view); }
@@ -52,6 +55,7 @@ class FormWindow : public QDialog, private ui::ControlObserver {
   std::map<const ui::Control*, std::unique_ptr<View>> views_;
   std::map<const QObject*, ui::Control*> controls_;  // by widget
   std::vector<View*> changedViews_;
+  DialogWatcher* watcher_ = nullptr;
   bool changed_ = true;
   int depth_ = 0;  // of actions that run inside one another
 };

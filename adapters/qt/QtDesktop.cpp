@@ -65,7 +65,10 @@ void QtDesktop::ShowModal(ui::Form& form, ui::Form* owner) {
   const auto ownerWindow = open_.find(owner);
   const auto window = MakeWindow(form, ownerWindow == open_.end() ? mainWindow_ : ownerWindow->second);
   open_[&form] = window.get();
+  window->Watch(watcher_);
+  if (watcher_) watcher_->Opened(form, *window);
   window->exec();
+  if (watcher_) watcher_->Closed(form);
   open_.erase(&form);
   form.Unload();  // however the window ended
 }

@@ -1,6 +1,7 @@
 // The desktop as the toolkit gives it: pointer, message boxes, modal windows, clipboard.
 #pragma once
 
+#include "adapters/qt/DialogWatcher.h"
 #include "ui/Clipboard.h"
 #include "ui/Desktop.h"
 
@@ -17,6 +18,9 @@ class QtDesktop : public ui::Desktop, public ui::Clipboard {
   // `mainWindow` owns the dialogs that no other dialog owns; it may be null.
   explicit QtDesktop(QWidget* mainWindow) : mainWindow_(mainWindow) {}
 
+  // Null for nobody; must outlive the dialogs.
+  void Watch(DialogWatcher* watcher) { watcher_ = watcher; }
+
   void SetMousePointer(ui::MousePointer pointer) override;
   ui::MessageAnswer ShowMessage(std::string_view text, int style, std::string_view title) override;
   // What the user does meanwhile waits, so that nothing of the dialog runs in the middle of its own work.
@@ -26,6 +30,7 @@ class QtDesktop : public ui::Desktop, public ui::Clipboard {
 
  private:
   QWidget* mainWindow_;
+  DialogWatcher* watcher_ = nullptr;
   std::map<const ui::Form*, FormWindow*> open_;
 };
 

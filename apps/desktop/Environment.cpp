@@ -23,6 +23,9 @@ Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions 
       profile_(options_.Profile.empty() ? common::DefaultProfile() : options_.Profile),
       profiles_(common::PlatformProfile(profile_)),
       desktop_(&window),
+      preview_([this] {
+        return ScratchFor(project_.get(), {options_.CodePage, options_.Toolbox});
+      }),
       wizard_({.Desktop = desktop_,
                .Measure = measure_,
                .Profiles = *profiles_,
@@ -32,6 +35,7 @@ Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions 
                .ProgramFolder = common::ProgramFolder(),
                .Language = options_.Language},
               desktop_) {
+  desktop_.Watch(&preview_);
   wizard_.IDTExtensibility_OnConnection(*this, addin::ConnectMode::Startup);
 }
 

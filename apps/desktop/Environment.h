@@ -6,6 +6,7 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "addin/Wizard.h"
+#include "apps/desktop/preview/WizardPreview.h"
 #include "settings/ProfileStore.h"
 
 #include <QMenu>
@@ -51,6 +52,9 @@ class Environment : public generator::ide::Application {
   // The wizard's command on the Add-Ins menu; null when there is none.
   QAction* WizardCommand() const;
 
+  // Beside the wizard while it is open.
+  WizardPreview& Preview() { return preview_; }
+
   // Runs an add-in's command; no exception may pass through the toolkit, so this is where they are caught.
   std::function<void(const std::function<void()>&)> RunAddIn = [](const auto& command) { command(); };
   // Asked before an add-in's command runs; false keeps it from running.
@@ -90,6 +94,7 @@ class Environment : public generator::ide::Application {
   Server server_;
   std::string dictionaryPath_;
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
+  WizardPreview preview_;
   addin::Wizard wizard_;
 };
 

@@ -65,6 +65,12 @@ void FormView::SetLabelsOutlined(bool outlined) {
 
 void FormView::SetInvisibleShown(bool shown) { strip_->SetWanted(shown); }
 
+void FormView::Select(const std::string& name) {
+  const std::vector<PlacedNode>& places = canvas_->Places();
+  const auto found = std::ranges::find_if(places, [&](const PlacedNode& place) { return place.Node->Name == name; });
+  canvas_->Select(found == places.end() ? 0 : static_cast<std::size_t>(found - places.begin()));
+}
+
 void FormView::ShowSelected() {
   if (isShowing_) return;  // the scroll stays
   strip_->ShowSelection();

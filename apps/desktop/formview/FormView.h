@@ -35,6 +35,8 @@ class FormView : public QWidget {
   void SetLabelsOutlined(bool outlined);
 
   // Its places, selection and names. Selecting there scrolls to the control.
+  // By name; the form where there is no such control.
+  void Select(const std::string& name);
   FormCanvas& Canvas() { return *canvas_; }
   const FormCanvas& Canvas() const { return *canvas_; }
 

@@ -48,7 +48,7 @@ QString ValueOf(const FormNode& node, const NodeProperty& property) {
                                             : known ? known->Bit
                                                     : adapters::vb6files::ClassBits{};
   const auto* row = adapters::vb6files::FindProperty(bit, property.Name);
-  const QString value = ShownText(property.Value);
+  QString value = ShownText(property.Value);
   if (!row || value.isEmpty()) return value;
   if (row->Type == PropertyType::Boolean) return TrueOrFalse(node.Flag(property.Name));
   const double number = node.Number(property.Name);

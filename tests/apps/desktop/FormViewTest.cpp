@@ -1,5 +1,6 @@
 // The view of a form in a window of its own, used by mouse, by keyboard and by a screen reader.
 #include "apps/desktop/formview/ZoomBox.h"
+#include "tests/apps/desktop/Nameless.h"
 #include "tests/apps/desktop/ShownForm.h"
 
 #include <QAccessible>
@@ -77,6 +78,7 @@ TEST_CASE("Menus open where they stand, and hidden ones where they are named") {
     if (button->text() == "mnuPopup") form.Choose("&Add");
   }
   CHECK(named == "mnuPopup txtHidden ");
+  CHECK(Nameless(form.View).empty());
   CHECK(form.Wanted == "mnuNew mnuAdd ");
 }
 

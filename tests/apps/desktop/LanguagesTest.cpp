@@ -18,7 +18,7 @@ void CheckFits() {
   const QWidget* window = QApplication::activeModalWidget();
   CHECK(QRect(0, 0, 1024, 768).contains(window->rect()));  // a small screen
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
-    if (!widget->isVisible()) continue;
+    if (!widget->isVisible() || widget->window() != window) continue;
     CAPTURE(widget->objectName().toStdString());
     CHECK(window->rect().contains(QRect(widget->mapTo(window, QPoint()), widget->size())));
     if (const auto* label = qobject_cast<const QLabel*>(widget)) {

@@ -1,4 +1,5 @@
 #include "apps/desktop/properties/PropertiesPanel.h"
+#include "tests/apps/desktop/Nameless.h"
 #include "tests/apps/desktop/ShownForm.h"
 
 #include <QAccessible>
@@ -92,6 +93,7 @@ TEST_CASE("The chosen property and the scroll stay when another control is selec
   QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&panel.Table);
   CHECK(table->role() == QAccessible::Table);
   CHECK(table->text(QAccessible::Name) == "Properties");
+  CHECK(Nameless(panel.Panel).empty());
 
   // The list has every object, and chooses on the form.
   auto& objects = *panel.Panel.findChild<QComboBox*>();

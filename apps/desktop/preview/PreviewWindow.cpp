@@ -1,0 +1,163 @@
+#include "apps/desktop/preview/PreviewWindow.h"
+
+#include "apps/desktop/formview/TextLayout.h"
+#include "apps/desktop/formview/ZoomBox.h"
+#include "support/Messages.h"
+
+#include <QAccessible>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QStyle>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+constexpr int Gap = 8;  // between the windows
+constexpr QSize Least(320, 240), Most(640, 480);
+constexpr int MostNotes = 4;
+constexpr int TitleBar = 30;  // of a window that was never shown, about
+
+QLabel* Line(const QString& text = "") {
+  auto* line = new QLabel(text);
+  line->setTextFormat(Qt::PlainText);
+  line->setWordWrap(true);
+  return line;
+}
+
+}  // namespace
+
+PreviewWindow::PreviewWindow(QWidget& dialog, PreviewTexts texts)
+    : QWidget(&dialog, Qt::Tool),
+      texts_(std::move(texts)),
+      name_(Line()),
+      size_(Line()),
+      empty_(Line(texts_.Empty)),
+      view_(new FormView),
+      notes_(new QWidget),
+      lines_(new QVBoxLayout(notes_)) {
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setWindowTitle(texts_.Preview);
+  QFont bold = name_->font();
+  bold.setBold(true);
+  name_->setFont(bold);
+  name_->setWordWrap(false);
+  view_->SetInvisibleShown(false);
+  view_->Canvas().SetFramesOnly(true);
+  empty_->setAlignment(Qt::AlignCenter);
+  auto* top = new QHBoxLayout;
+  top->setContentsMargins(12, 8, 8, 8);
+  top->addWidget(name_);
+  top->addWidget(size_, 1);
+  top->addWidget(new ZoomBox(*view_, texts_.Zoom, texts_.Fit));
+  lines_->setContentsMargins(12, 8, 12, 8);
+  lines_->setSpacing(4);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addLayout(top);
+  column->addWidget(empty_, 1);
+  column->addWidget(view_, 1);
+  column->addWidget(notes_);
+  ShowNothing();
+}
+
+void PreviewWindow::ShowForm(PreviewedForm form) {
+  const QSize size = PictureSize(form.Tree.Form, 1);
+  name_->setText(ShownText(form.Tree.Form.Name));
+  const QString pattern = form.Fields == 1 ? texts_.SizeOfOne : texts_.Size;
+  size_->setText(QString(pattern)
+                     .replace("%1", QString::number(form.Fields))
+                     .replace("%2", QString::number(size.width()))
+                     .replace("%3", QString::number(size.height())));
+  ClearNotes();
+  for (const std::string& failure : form.Failures) AddNote(ShownText(support::Shortened(failure)), true);
+  if (form.IsAheadOfFinish) AddNote(texts_.Ahead, true);
+  for (const std::string& missing : form.Missing) AddNote(texts_.Missing.arg(ShownText(missing)), true);
+  if (!form.QueryControlFrom.empty()) {
+    AddNote(texts_.QueryControl.arg(QFileInfo(ShownText(form.QueryControlFrom)).fileName()), false);
+  }
+  view_->SetForm(std::move(form.Tree));
+  view_->Select(form.ChosenControl);
+  empty_->hide();
+  view_->show();
+  notes_->setVisible(lines_->count() > 0);
+}
+
+void PreviewWindow::ShowNothing() {
+  name_->clear();
+  size_->clear();
+  ClearNotes();
+  notes_->hide();
+  view_->hide();
+  view_->SetForm(std::nullopt);
+  empty_->show();
+}
+
+void PreviewWindow::ShowOld(const std::string& why) {
+  ClearNotes();
+  AddNote(texts_.Old.arg(ShownText(support::Shortened(why))), true);
+  notes_->show();
+  QAccessibleEvent alert(notes_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void PreviewWindow::AddNote(const QString& text, bool isWarning) {
+  if (lines_->count() >= MostNotes) return;
+  auto* line = new QWidget;
+  auto* row = new QHBoxLayout(line);
+  row->setContentsMargins(0, 0, 0, 0);
+  auto* sign = new QLabel;
+  const auto icon = isWarning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
+  sign->setPixmap(style()->standardIcon(icon).pixmap(16, 16));
+  row->addWidget(sign, 0, Qt::AlignTop);
+  auto* words = Line(text);
+  words->setObjectName("note");
+  row->addWidget(words, 1);
+  lines_->addWidget(line);
+}
+
+void PreviewWindow::ClearNotes() {
+  while (QLayoutItem* item = lines_->takeAt(0)) {
+    delete item->widget();
+    delete item;
+  }
+}
+
+QStringList PreviewWindow::Notes() const {
+  QStringList notes;
+  for (const QLabel* note : notes_->findChildren<QLabel*>("note")) notes << note->text();
+  return notes;
+}
+
+bool PreviewWindow::PlaceBeside(const QRect& dialog, const QRect& screen) {
+  const int height = std::max(dialog.height(), Least.height());
+  const std::array places{
+      QRect(QPoint(dialog.right() + 1 + Gap, dialog.top()), QPoint(screen.right(), dialog.top() + height - 1)),
+      QRect(QPoint(std::max(screen.left(), dialog.left() - Gap - Most.width()), dialog.top()),
+            QPoint(dialog.left() - 1 - Gap, dialog.top() + height - 1)),
+      QRect(QPoint(dialog.left(), dialog.bottom() + 1 + Gap), QPoint(dialog.right(), screen.bottom())),
+  };
+  const auto fits = std::ranges::find_if(places, [&](const QRect& place) {
+    const QRect seen = place.intersected(screen);
+    return seen.width() >= Least.width() && seen.height() >= Least.height();
+  });
+  if (fits == places.end()) return false;
+  QRect place = fits->intersected(screen);
+  if (fits == places.begin()) place.setWidth(std::min(place.width(), Most.width()));
+  if (fits == places.end() - 1) place.setHeight(std::min(place.height(), Most.height()));
+  move(place.topLeft());
+  resize(place.width(), place.height() - TitleBar);
+  return true;
+}
+
+void PreviewWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (OnClosed) OnClosed();
+}
+
+}  // namespace formwizard::apps::desktop

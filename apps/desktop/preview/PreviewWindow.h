@@ -1,0 +1,60 @@
+// The window beside the wizard that shows the form as it would come out.
+#pragma once
+
+#include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/preview/PreviewRun.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <functional>
+#include <string>
+
+namespace formwizard::apps::desktop {
+
+struct PreviewTexts {
+  QString Preview = "Preview", Zoom = "Zoom", Fit = "Fit";
+  QString Size = "%1 fields, %2 x %3 pixels", SizeOfOne = "1 field, %2 x %3 pixels";
+  QString Empty = "The form appears once a property is chosen.";
+  QString Missing = "%1 is required by the class and is not on the form.";
+  QString Ahead = "Finish makes the form as it was before these changes; press Next to take them.";
+  QString QueryControl = "The query control comes from %1.";
+  QString Old = "This is the form as it was before: %1";
+};
+
+class PreviewWindow : public QWidget {
+ public:
+  // A tool window of the dialog, which stays usable beside it and never takes its focus.
+  PreviewWindow(QWidget& dialog, PreviewTexts texts);
+
+  // Called when the user has closed it.
+  std::function<void()> OnClosed;
+
+  // Scale and scroll stay.
+  void ShowForm(PreviewedForm form);
+  void ShowNothing();
+  // The last form stays, with a line saying why it is old.
+  void ShowOld(const std::string& why);
+  // Beside the dialog where there is room: right of it, else left, else below. False where there is none.
+  bool PlaceBeside(const QRect& dialog, const QRect& screen);
+
+  FormView& View() { return *view_; }
+  // The lines below the picture, from the top.
+  QStringList Notes() const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void AddNote(const QString& text, bool isWarning);
+  void ClearNotes();
+
+  PreviewTexts texts_;
+  QLabel *name_, *size_, *empty_;
+  FormView* view_;
+  QWidget* notes_;
+  QVBoxLayout* lines_;
+};
+
+}  // namespace formwizard::apps::desktop
