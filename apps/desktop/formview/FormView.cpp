@@ -1,5 +1,6 @@
 #include "apps/desktop/formview/FormView.h"
 
+#include "apps/desktop/basics/Theme.h"
 #include "apps/desktop/formview/HiddenStrip.h"
 #include "apps/desktop/formview/PictureFile.h"
 
@@ -18,7 +19,6 @@ namespace formwizard::apps::desktop {
 namespace {
 
 constexpr std::array Steps{0.25, 0.33, 0.5, 0.67, 0.75, 0.9, 1.0, 1.1, 1.25, 1.5, 2.0, 3.0, 4.0};
-constexpr QRgb LightCanvas = 0xFFDCDFE3, DarkCanvas = 0xFF1C1D1F;
 
 }  // namespace
 
@@ -138,9 +138,8 @@ void FormView::CopyPicture() const {
 
 // The form has the system's colours in any theme, what is around it those of the theme.
 void FormView::ColorCanvas() {
-  const bool isDark = palette().color(QPalette::Window).lightness() < 128;
   QPalette around = area_->palette();
-  around.setColor(QPalette::Window, QColor(isDark ? DarkCanvas : LightCanvas));
+  around.setColor(QPalette::Window, ColourOf(Shade::Canvas, palette()));
   area_->viewport()->setPalette(around);
   area_->viewport()->setAutoFillBackground(true);
 }

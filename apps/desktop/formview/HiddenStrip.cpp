@@ -1,5 +1,6 @@
 #include "apps/desktop/formview/HiddenStrip.h"
 
+#include "apps/desktop/basics/Icons.h"
 #include "apps/desktop/formview/ControlPictures.h"
 #include "apps/desktop/formview/FormMenus.h"
 #include "apps/desktop/formview/TextLayout.h"
@@ -48,7 +49,7 @@ void HiddenStrip::SetWanted(bool wanted) {
 
 void HiddenStrip::Add(std::size_t index) {
   const adapters::vb6files::FormNode& node = *canvas_.Places()[index].Node;
-  QAction* action = addAction(ShownText(node.Name));
+  QAction* action = addAction(IconNamed(IsMenu(node) ? "popup-menu" : "control"), ShownText(node.Name));
   action->setCheckable(true);
   action->setData(static_cast<qulonglong>(index));
   action->setToolTip(ShownText(node.Class));

@@ -1,5 +1,7 @@
 #include "apps/desktop/preview/PreviewWindow.h"
 
+#include "apps/desktop/basics/Icons.h"
+#include "apps/desktop/basics/Theme.h"
 #include "apps/desktop/formview/TextLayout.h"
 #include "apps/desktop/formview/ZoomBox.h"
 #include "support/Messages.h"
@@ -8,10 +10,10 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QStyle>
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace formwizard::apps::desktop {
@@ -19,6 +21,7 @@ namespace {
 
 constexpr int Gap = 8;  // between the windows
 constexpr QSize Least(320, 240), Most(640, 480);
+constexpr std::size_t Sides = 2, All = 3;  // of the places beside a dialog, the best first
 constexpr int MostNotes = 4;
 constexpr int TitleBar = 30;  // of a window that was never shown, about
 
@@ -27,6 +30,21 @@ QLabel* Line(const QString& text = "") {
   line->setTextFormat(Qt::PlainText);
   line->setWordWrap(true);
   return line;
+}
+
+// Beside a dialog, with the frame; empty where there is no room for it among the first `count` places.
+QRect PlaceFor(const QRect& dialog, const QRect& screen, std::size_t count) {
+  const int height = std::max(dialog.height(), Least.height());
+  const std::array places{
+      QRect(dialog.right() + 1 + Gap, dialog.top(), Most.width(), height),
+      QRect(dialog.left() - Gap - Most.width(), dialog.top(), Most.width(), height),
+      QRect(dialog.left(), dialog.bottom() + 1 + Gap, dialog.width(), Most.height()),
+  };
+  for (std::size_t i = 0; i < std::min(count, places.size()); ++i) {
+    const QRect seen = places[i].intersected(screen);
+    if (seen.width() >= Least.width() && seen.height() >= Least.height()) return seen;
+  }
+  return {};
 }
 
 }  // namespace
@@ -46,12 +64,16 @@ PreviewWindow::PreviewWindow(QWidget& dialog, PreviewTexts texts)
   bold.setBold(true);
   name_->setFont(bold);
   name_->setWordWrap(false);
+  QPalette lesser = size_->palette();
+  lesser.setColor(QPalette::WindowText, SecondaryText(palette()));
+  size_->setPalette(lesser);
   view_->SetInvisibleShown(false);
   view_->Canvas().SetFramesOnly(true);
   empty_->setAlignment(Qt::AlignCenter);
   auto* top = new QHBoxLayout;
   top->setContentsMargins(12, 8, 8, 8);
   top->addWidget(name_);
+  top->addSpacing(8);
   top->addWidget(size_, 1);
   top->addWidget(new ZoomBox(*view_, texts_.Zoom, texts_.Fit));
   lines_->setContentsMargins(12, 8, 12, 8);
@@ -112,8 +134,7 @@ void PreviewWindow::AddNote(const QString& text, bool isWarning) {
   auto* row = new QHBoxLayout(line);
   row->setContentsMargins(0, 0, 0, 0);
   auto* sign = new QLabel;
-  const auto icon = isWarning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
-  sign->setPixmap(style()->standardIcon(icon).pixmap(16, 16));
+  sign->setPixmap(IconNamed(isWarning ? "missing" : "info").pixmap(QSize(16, 16), devicePixelRatioF()));
   row->addWidget(sign, 0, Qt::AlignTop);
   auto* words = Line(text);
   words->setObjectName("note");
@@ -135,24 +156,18 @@ QStringList PreviewWindow::Notes() const {
 }
 
 bool PreviewWindow::PlaceBeside(const QRect& dialog, const QRect& screen) {
-  const int height = std::max(dialog.height(), Least.height());
-  const std::array places{
-      QRect(QPoint(dialog.right() + 1 + Gap, dialog.top()), QPoint(screen.right(), dialog.top() + height - 1)),
-      QRect(QPoint(std::max(screen.left(), dialog.left() - Gap - Most.width()), dialog.top()),
-            QPoint(dialog.left() - 1 - Gap, dialog.top() + height - 1)),
-      QRect(QPoint(dialog.left(), dialog.bottom() + 1 + Gap), QPoint(dialog.right(), screen.bottom())),
-  };
-  const auto fits = std::ranges::find_if(places, [&](const QRect& place) {
-    const QRect seen = place.intersected(screen);
-    return seen.width() >= Least.width() && seen.height() >= Least.height();
-  });
-  if (fits == places.end()) return false;
-  QRect place = fits->intersected(screen);
-  if (fits == places.begin()) place.setWidth(std::min(place.width(), Most.width()));
-  if (fits == places.end() - 1) place.setHeight(std::min(place.height(), Most.height()));
+  const QRect place = PlaceFor(dialog, screen, All);
+  if (place.isEmpty()) return false;
   move(place.topLeft());
   resize(place.width(), place.height() - TitleBar);
   return true;
+}
+
+std::optional<QPoint> PreviewWindow::PlaceOfDialog(const QRect& dialog, const QRect& screen) {
+  if (!PlaceFor(dialog, screen, Sides).isEmpty()) return std::nullopt;
+  const int left = std::max(screen.left() + Gap, screen.right() - dialog.width() - 2 * Gap - Most.width());
+  const QRect moved(QPoint(left, dialog.top()), dialog.size());
+  return PlaceFor(moved, screen, Sides).isEmpty() ? std::nullopt : std::optional(moved.topLeft());
 }
 
 void PreviewWindow::closeEvent(QCloseEvent* event) {

@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace formwizard::apps::desktop {
@@ -38,6 +39,10 @@ class PreviewWindow : public QWidget {
   void ShowOld(const std::string& why);
   // Beside the dialog where there is room: right of it, else left, else below. False where there is none.
   bool PlaceBeside(const QRect& dialog, const QRect& screen);
+
+  // Where a dialog that would be here has to open so that there is room right of it, which is better than below;
+  // nothing where it may stay, or where the screen is too small for both.
+  static std::optional<QPoint> PlaceOfDialog(const QRect& dialog, const QRect& screen);
 
   FormView& View() { return *view_; }
   // The lines below the picture, from the top.

@@ -35,7 +35,16 @@ void WizardPreview::Opened(ui::Form& form, QWidget& window) {
   dialogWindow_ = &window;
   pause_ = 0;
   project_ = source_();
+  if (isWanted_) MakeRoom(window);
   Acted();
+}
+
+// A dialog that has not been shown yet opens in the middle of its parent.
+void WizardPreview::MakeRoom(QWidget& window) {
+  QRect opens(QPoint(), window.size());
+  opens.moveCenter(window.parentWidget() ? window.parentWidget()->window()->geometry().center()
+                                         : window.screen()->availableGeometry().center());
+  if (const auto place = PreviewWindow::PlaceOfDialog(opens, window.screen()->availableGeometry())) window.move(*place);
 }
 
 void WizardPreview::Acted() {

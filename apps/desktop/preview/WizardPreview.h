@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <utility>
 
 namespace formwizard::apps::desktop {
 
@@ -21,6 +22,8 @@ class WizardPreview : public adapters::qt::DialogWatcher {
   // Called when the user has closed the window, which is then no longer wanted.
   std::function<void()> OnClosed;
 
+  // Of windows that open later.
+  void SetTexts(PreviewTexts texts) { texts_ = std::move(texts); }
   void SetWanted(bool wanted);
   bool IsWanted() const { return isWanted_; }
   // Whether there are choices that it does not show yet.
@@ -35,6 +38,7 @@ class WizardPreview : public adapters::qt::DialogWatcher {
 
  private:
   void Run();
+  static void MakeRoom(QWidget& window);
   bool MakeWindow();
   void ShowWindow();
 

@@ -1,5 +1,7 @@
 #include "apps/desktop/properties/PropertiesPanel.h"
 
+#include "apps/desktop/basics/Icons.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -91,7 +93,10 @@ void PropertiesPanel::ShowObjects() {
   std::ranges::sort(names,
                     [](const auto& a, const auto& b) { return a.first.compare(b.first, Qt::CaseInsensitive) < 0; });
   objects_->clear();
-  for (const auto& [name, index] : names) objects_->addItem(name, index);
+  const QIcon form = IconNamed("form"), menu = IconNamed("popup-menu"), control = IconNamed("control");
+  for (const auto& [name, index] : names) {
+    objects_->addItem(index == 0 ? form : IsMenu(*places[index].Node) ? menu : control, name, index);
+  }
   objects_->setEnabled(!names.empty());
 }
 

@@ -62,6 +62,7 @@ constexpr std::array Table{
     Row{ShowProperties, View, T::ShowProperties, "F4", "property"},
     Row{TabOrder, View, T::TabOrder, "", "", Group, Checkable},
     Row{InvisibleControls, View, T::InvisibleControls, "", "", false, Checkable},
+    Row{OutlineLabels, View, T::OutlineLabels, "", "", false, Checkable},
     Row{WizardPreview, View, T::WizardPreview, "", "", false, Checkable},
     Row{ZoomIn, View, T::ZoomIn, "Ctrl++; Ctrl+=", "zoom-in", Group},
     Row{ZoomOut, View, T::ZoomOut, "Ctrl+-", "zoom-out"},

@@ -38,6 +38,7 @@ enum class Command : std::uint8_t {
   ShowProperties,
   TabOrder,
   InvisibleControls,
+  OutlineLabels,
   WizardPreview,
   ZoomIn,
   ZoomOut,

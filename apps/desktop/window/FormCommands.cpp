@@ -60,11 +60,26 @@ PropertyTexts TextsOfProperties(const Texts& texts) {
           .ProcedureMeans = texts(T::PanelProcedureMeans)};
 }
 
+PreviewTexts TextsOfPreview(const Texts& texts) {
+  return {.Preview = texts(T::PreviewTitle),
+          .Zoom = texts(T::ZoomName),
+          .Fit = texts(T::ZoomFit),
+          .Size = texts(T::PreviewSize),
+          .SizeOfOne = texts(T::PreviewSizeOfOne),
+          .Empty = texts(T::PreviewEmpty),
+          .Missing = texts(T::PreviewMissing),
+          .Ahead = texts(T::PreviewAhead),
+          .QueryControl = texts(T::PreviewQueryControl),
+          .Old = texts(T::PreviewOld)};
+}
+
 FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form, CodeView& code, StatusLine& status,
                            std::function<void()> showCode)
     : texts_(texts), form_(form), code_(code), status_(status), showCode_(std::move(showCode)) {
   actions.On(Command::TabOrder, [this](bool shown) { form_.SetTabOrderShown(shown); });
   actions.On(Command::InvisibleControls, [this](bool shown) { form_.SetInvisibleShown(shown); });
+  actions[Command::InvisibleControls].setChecked(true);
+  actions.On(Command::OutlineLabels, [this](bool shown) { form_.SetLabelsOutlined(shown); });
   actions.On(Command::ZoomIn, [this] { form_.ZoomIn(); });
   actions.On(Command::ZoomOut, [this] { form_.ZoomOut(); });
   actions.On(Command::ActualSize, [this] { form_.SetScale(ActualSize); });

@@ -4,6 +4,7 @@
 #include "apps/desktop/CodeView.h"
 #include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/preview/PreviewWindow.h"
 #include "apps/desktop/properties/PropertyRows.h"
 #include "apps/desktop/window/Actions.h"
 #include "apps/desktop/window/StatusLine.h"
@@ -15,6 +16,7 @@ namespace formwizard::apps::desktop {
 // What the picture says itself, in the user's language.
 FormViewTexts TextsOfFormView(const Texts& texts);
 PropertyTexts TextsOfProperties(const Texts& texts);
+PreviewTexts TextsOfPreview(const Texts& texts);
 
 class FormCommands {
  public:

@@ -28,7 +28,7 @@ namespace vb6files = adapters::vb6files;
 
 constexpr QSize Opens(1200, 740), Smallest(800, 600);
 constexpr int NarrowBelow = 960;
-constexpr char GeometryKey[] = "window/geometry", PanesKey[] = "window/panes";
+constexpr char GeometryKey[] = "window/geometry", PanesKey[] = "window/panes", PreviewKey[] = "window/preview";
 
 // The files among what is dropped that can be opened.
 QStringList FilesIn(const QMimeData& dropped) {
@@ -131,6 +131,17 @@ void MainWindow::ConnectAddIns(EnvironmentOptions options) {
   };
   environment_->MayRunAddIn = [this] { return HasWhatTheWizardNeeds(); };
   environment_->OnAddInDone = [this] { AfterAddIn(); };
+  WizardPreview& preview = environment_->Preview();
+  QAction& previewed = (*actions_)[Command::WizardPreview];
+  preview.SetTexts(TextsOfPreview(texts_));
+  preview.OnClosed = [&previewed] { previewed.setChecked(false); };
+  actions_->On(Command::WizardPreview, [this, &preview](bool wanted) {
+    preview.SetWanted(wanted);
+    memory_.Keep(PreviewKey, wanted);
+  });
+  const QVariant kept = memory_.Value(PreviewKey);
+  previewed.setChecked(!kept.isValid() || kept.toBool());
+  preview.SetWanted(previewed.isChecked());
   if (QAction* wizard = environment_->WizardCommand()) actions_->PlaceWizardCommand(*wizard);
 }
 

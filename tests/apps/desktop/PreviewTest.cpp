@@ -165,4 +165,9 @@ TEST_CASE("The preview stands right of the wizard, else left, else below, and no
     CHECK(preview.PlaceBeside(c.dialog, c.screen) == !c.place.isNull());
     if (!c.place.isNull()) CHECK(preview.geometry() == c.place);
   }
+  // Where the screen is wide enough for both, the wizard opens further left.
+  const QRect middle(225, 180, 830, 490);
+  CHECK(PreviewWindow::PlaceOfDialog(middle, {0, 0, 1280, 900}) == QPoint(8, 180));
+  CHECK_FALSE(PreviewWindow::PlaceOfDialog(middle, {0, 0, 1100, 900}));
+  CHECK_FALSE(PreviewWindow::PlaceOfDialog(middle, wide));
 }
