@@ -25,7 +25,7 @@ std::string DictionaryToOpen(const std::string& path, const std::string& folder)
   const QString stem = QString::fromLatin1(hash.left(16)) + "-";
   const QString name =
       stem + QString::number(file.size()) + "-" + QString::number(file.lastModified().toMSecsSinceEpoch()) + ".sqlite";
-  const std::string made = Utf8(cache.filePath(name));
+  std::string made = Utf8(cache.filePath(name));
   if (cache.exists(name)) return made;
   QFile json(file.filePath());
   if (!json.open(QIODevice::ReadOnly)) {

@@ -192,7 +192,8 @@ QAccessibleInterface* AccessibleControls::Of(std::size_t index) {
   if (index == 0) return QAccessible::queryAccessibleInterface(&canvas_);
   Prepare();
   if (ids_[index] == 0) {
-    ids_[index] = QAccessible::registerAccessibleInterface(new AccessibleControl(canvas_, index));
+    auto* const made = new AccessibleControl(canvas_, index);
+    ids_[index] = QAccessible::registerAccessibleInterface(made);  // NOLINT(clang-analyzer-cplusplus.*): Qt owns it
   }
   return QAccessible::accessibleInterface(ids_[index]);
 }

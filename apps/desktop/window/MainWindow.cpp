@@ -387,9 +387,13 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   const QStringList files = FilesIn(*event->mimeData());
-  QTimer::singleShot(0, this, [this, files] {  // who dropped them need not wait for what is asked
+  auto* later = new QTimer(this);  // who dropped them need not wait for what is asked
+  later->setSingleShot(true);
+  connect(later, &QTimer::timeout, this, [this, files, later] {
+    later->deleteLater();
     for (const QString& file : files) files_->Open(file);
   });
+  later->start();
 }
 
 }  // namespace formwizard::apps::desktop
