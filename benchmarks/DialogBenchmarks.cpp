@@ -6,6 +6,7 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/desktop/preview/PreviewWindow.h"
+#include "settings/Profile.h"
 #include "wizard/frmWizard.h"
 
 #include <QApplication>
@@ -170,6 +171,7 @@ constexpr std::array Steps{
          MoveDown},
     Step{"preview",
          [](Wizard& wizard) {
+           wizard.profiles.WriteProfileString(settings::ProfileSection, "Columns", "4", wizard.services.ProfileFile);
            Next(wizard);
            Next(wizard);
            SelectAll(wizard);

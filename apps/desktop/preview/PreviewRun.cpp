@@ -92,7 +92,8 @@ PreviewedForm MakePreview(const frmWizard& dialog, const PreviewProject& project
   ProjectOnDisk scratch(files, project.Path, project.Options);
   Listener listener;
   const wizard::AddInState state = dialog.Rehearse(scratch, listener);
-  generator::ide::VBComponent& made = generator::Required(state.NewComponent);
+  if (!state.NewComponent) throw std::runtime_error(listener.Messages.empty() ? "" : listener.Messages.front());
+  generator::ide::VBComponent& made = *state.NewComponent;
   if (project.Open) {
     const std::string stem = generator::FormStem(state.Form.ClassCaption);
     made.SetName(generator::UniqueComponentName(stem, project.Open->ActiveVBProject()));

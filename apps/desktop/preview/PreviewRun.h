@@ -33,7 +33,8 @@ struct PreviewedForm {
 };
 
 // As it would come out now; nothing of the dialog changes. A property must be chosen. Throws what ends a generation,
-// such as a name that the project's code page lacks.
+// such as a name that the project's code page lacks, and std::runtime_error with what the generator reported where it
+// makes no form at all, such as of more rows than a column holds.
 PreviewedForm MakePreview(const wizard::frmWizard& dialog, const PreviewProject& project);
 
 }  // namespace formwizard::apps::desktop

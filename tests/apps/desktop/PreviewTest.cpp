@@ -130,20 +130,25 @@ TEST_CASE("After each choice the preview shows the form that comes out, and chan
   CHECK(previewed == made);
 }
 
-TEST_CASE("The preview is seen where it is wanted, and says what the form will lack") {
+TEST_CASE("The preview is seen where it is wanted, and says what the form will lack or why there is none") {
   PreviewFixture wizard("");
   const auto cancel = [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); };
   bool wasClosed = false;
   wizard.Preview().OnClosed = [&] { wasClosed = true; };
   wizard.UseWizard([&] {
-    wizard.Take("Age");
+    wizard.Take("Notes");
     CHECK(Has(wizard.Notes(), "OSTRELQUERY"));
+    wizard.User.Press(WizardDesign().cmdNext);
+    wizard.User.TypeOver(WizardDesign().txtRowHeight[4], "9999");  // no column holds them
+    CHECK(Has(wizard.Notes(), "Overflow"));
+    wizard.User.TypeOver(WizardDesign().txtRowHeight[4], "2");
+    wizard.User.Press(WizardDesign().cmdBack);
     wizard.Preview().Window()->close();
     CHECK(wasClosed);
     wizard.Take("*Name");
     CHECK_FALSE(wizard.IsSeen());
     wizard.Preview().SetWanted(true);
-    CHECK(wizard.Captions() == "Age Name ");
+    CHECK(wizard.Captions() == "Notes Name ");
     wizard.Preview().SetWanted(false);
     CHECK_FALSE(wizard.IsSeen());
     cancel();
