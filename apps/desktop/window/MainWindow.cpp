@@ -40,19 +40,6 @@ QStringList FilesIn(const QMimeData& dropped) {
   return files;
 }
 
-// The bytes of a module or class, without the environment's own lines at its start.
-std::string CodeOfModule(const system::CodePage& codePage, const std::string& bytes) {
-  const std::string text = codePage.Decode(bytes);
-  std::size_t start = 0;
-  for (std::size_t line = 0; line < text.size(); line = std::min(text.find('\n', line), text.size() - 1) + 1) {
-    if (text.compare(line, 10, "Attribute ") == 0)
-      start = std::min(text.find('\n', line), text.size() - 1) + 1;
-    else if (start != 0)
-      break;
-  }
-  return text.substr(start);
-}
-
 }  // namespace
 
 MainWindow::MainWindow(EnvironmentOptions options)
@@ -80,7 +67,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
   files_->OnTools = [this] { ShowTools(); };
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
   CarryOut();
-  CarryOutHelp();
+  help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
   setAcceptDrops(true);
   ShowProject("");
   ShowTools();
@@ -103,6 +90,7 @@ void MainWindow::MakePanes() {
   panes_ = new Panes(
       texts_,
       {.Project = tree_, .Dictionary = dictionary, .Form = formPage_, .Code = code_, .Properties = properties_});
+  component_ = std::make_unique<ComponentPages>(texts_, *formPage_, *form_, *code_, *panes_);
   tree_->OnChosen = [this] { ShowComponent(); };
   tree_->OnOpened = [this] { panes_->Show(tree_->Chosen()->IsForm ? Pane::Form : Pane::Code); };
   for (const auto& [key, backwards] : {std::pair{"F6", false}, std::pair{"Shift+F6", true}}) {
@@ -116,7 +104,7 @@ void MainWindow::MakeStartPage() {
                          {.OpenProject = [this] { files_->AskForProject(); },
                           .OpenDictionary = [this] { files_->AskForDictionary(); },
                           .TrySample = [this] { files_->TrySample(); },
-                          .Help = [this] { ShowHelp(""); }},
+                          .Help = [this] { help_->Show(); }},
                          [this](const QString& path) { files_->OpenRecent(path); });
   pages_ = new QStackedWidget;
   pages_->addWidget(start_);
@@ -172,20 +160,6 @@ void MainWindow::CarryOut() {
   }
 }
 
-void MainWindow::CarryOutHelp() {
-  actions_->On(Command::Contents, [this] { ShowHelp(""); });
-  actions_->On(Command::Licences, [this] { ShowHelp("NOTICES.txt"); });
-  actions_->On(Command::AboutQt, [this] { QMessageBox::aboutQt(this); });
-  actions_->On(Command::About, [this] {
-    Ask(*this, texts_,
-        {.Title = T::AboutTitle,
-         .What = support::ProductName,
-         .Why = texts_(T::AboutVersion, QApplication::applicationVersion()) + "\n" + texts_(T::Tagline),
-         .Buttons = {T::ButtonOk},
-         .Icon = QMessageBox::Information});
-  });
-}
-
 // What has the focus; the picture where nothing else can be copied.
 void MainWindow::CopyShown() {
   const QWidget* focus = QApplication::focusWidget();
@@ -196,11 +170,6 @@ void MainWindow::CopyShown() {
   } else if (form_->Canvas().Form()) {
     form_->CopyPicture();
   }
-}
-
-void MainWindow::ShowHelp(const QString& page) {
-  if (!help_) help_ = new HelpWindow(texts_, this);
-  help_->Open(page);
 }
 
 bool MainWindow::HasWhatTheWizardNeeds() {
@@ -246,41 +215,10 @@ void MainWindow::ShowProject(const std::string& chosen) {
 
 void MainWindow::ShowComponent() {
   const ProjectModel::Component* chosen = tree_->Chosen();
-  form_->SetForm(std::nullopt);
-  code_->ShowCode("");
-  formPage_->Bar().Clear();
-  panes_->SetHeading(chosen ? Text(chosen->Name) : "", "");
-  panes_->SetFormEnabled(true);
-  const bool canTakeBack = chosen && chosen->IsChanged;
-  actions_->Enable(Command::RemoveForm, canTakeBack);
+  actions_->Enable(Command::RemoveForm, chosen && chosen->IsChanged);
   actions_->Enable(Command::SavePicture, chosen && chosen->IsForm);
   actions_->Enable(Command::ShowInFolder, !tree_->ChosenFile().empty());
-  if (!chosen) {
-    formPage_->ShowInstead().Say(texts_(environment_->Project() ? T::ChooseComponent : T::NoProject));
-    return;
-  }
-  try {
-    (this->*(chosen->IsForm ? &MainWindow::ShowForm : &MainWindow::ShowModule))(chosen->Name);
-  } catch (const support::InputError& error) {
-    formPage_->ShowInstead().Say(Text(error.what()), texts_(T::ButtonShowCode), [this] { panes_->Show(Pane::Code); });
-  }
-}
-
-void MainWindow::ShowForm(const std::string& name) {
-  vb6files::ProjectOnDisk& project = *environment_->Project();
-  const vb6files::FormFiles texts = project.TextsOf(name);
-  code_->ShowCode(Text(project.ProjectCodePage().Decode(texts.Frm)));  // what there is of a damaged form
-  vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
-  code_->ShowCode(Text(tree.Code));
-  form_->SetForm(std::move(tree));
-  formPage_->ShowPicture();
-}
-
-void MainWindow::ShowModule(const std::string& name) {
-  vb6files::ProjectOnDisk& project = *environment_->Project();
-  formPage_->ShowInstead().Say(texts_(T::NoForm, Text(name)), texts_(T::ButtonShowCode),
-                               [this] { panes_->Show(Pane::Code); });
-  code_->ShowCode(Text(CodeOfModule(project.ProjectCodePage(), project.TextsOf(name).Frm)));
+  component_->Show(environment_->Project(), chosen);
 }
 
 void MainWindow::ShowState() {

@@ -9,10 +9,11 @@
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/properties/PropertiesPanel.h"
 #include "apps/desktop/window/Actions.h"
+#include "apps/desktop/window/ComponentPages.h"
 #include "apps/desktop/window/Files.h"
 #include "apps/desktop/window/FormCommands.h"
 #include "apps/desktop/window/FormPage.h"
-#include "apps/desktop/window/HelpWindow.h"
+#include "apps/desktop/window/HelpCommands.h"
 #include "apps/desktop/window/Memory.h"
 #include "apps/desktop/window/Panes.h"
 #include "apps/desktop/window/ProjectTree.h"
@@ -59,15 +60,12 @@ class MainWindow : public QMainWindow {
   void MakePanes();
   void MakeStartPage();
   void CarryOut();
-  void CarryOutHelp();
   void RestoreLayout();
   void KeepLayout();
   void ConnectAddIns(EnvironmentOptions options);
   // Shows what the project holds now, and chooses the component of that name.
   void ShowProject(const std::string& chosen);
   void ShowComponent();
-  void ShowForm(const std::string& name);
-  void ShowModule(const std::string& name);
   void ShowState();
   void ShowTools();
   void ShowRecent();
@@ -75,7 +73,6 @@ class MainWindow : public QMainWindow {
   void SavePicture();
   void CopyShown();
   void ShowInFolder();
-  void ShowHelp(const QString& page);
   bool HasWhatTheWizardNeeds();
   void AfterAddIn();
 
@@ -91,9 +88,10 @@ class MainWindow : public QMainWindow {
   Panes* panes_;
   StartPage* start_;
   QStackedWidget* pages_;
-  HelpWindow* help_ = nullptr;  // made when it is first asked for
   std::unique_ptr<StatusLine> status_;
+  std::unique_ptr<ComponentPages> component_;
   std::unique_ptr<FormCommands> formCommands_;
+  std::unique_ptr<HelpCommands> help_;
   std::unique_ptr<Environment> environment_;
   std::unique_ptr<Files> files_;
   std::string lastNew_;

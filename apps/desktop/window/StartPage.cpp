@@ -10,7 +10,10 @@
 #include <QLocale>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -96,9 +99,17 @@ StartPage::StartPage(const Texts& texts, Entries entries, std::function<void(con
   recent_->setFrameShape(QFrame::NoFrame);
   recent_->setAccessibleName(texts(T::Recent));
   recent_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  connect(recent_, &QListWidget::itemActivated, this,
-          [open = std::move(openRecent)](const QListWidgetItem* item) { open(item->data(PathRole).toString()); });
-  connect(recent_, &QListWidget::itemClicked, recent_, &QListWidget::itemActivated);
+  // The list is another one when a file is open, so it is opened behind the list's own event, once for a double click.
+  const auto openItem = [this, open = std::move(openRecent)](const QListWidgetItem* item) {
+    if (!std::exchange(isOpening_, true)) {
+      QTimer::singleShot(0, this, [this, open, path = item->data(PathRole).toString()] {
+        isOpening_ = false;
+        open(path);
+      });
+    }
+  };
+  connect(recent_, &QListWidget::itemActivated, this, openItem);
+  connect(recent_, &QListWidget::itemClicked, this, openItem);
 
   auto* left = new QVBoxLayout;
   left->setSpacing(12);

@@ -32,6 +32,7 @@ class StartPage : public QWidget {
   const Texts& texts_;
   QListWidget* recent_;
   QLabel* noRecent_;
+  bool isOpening_ = false;
 };
 
 }  // namespace formwizard::apps::desktop

@@ -193,9 +193,9 @@ TEST_CASE("By mouse the sample is tried, looked at, found again among the recent
   const auto click = [&](const QString& name) {
     const QModelIndex row = recent->model()->match(recent->model()->index(0, 0), Qt::DisplayRole, name)[0];
     MouseUser::Click(*recent->viewport(), recent->visualRect(row).center());
+    QApplication::processEvents();
   };
   click("Lending");
-  CHECK(tree.model() != desktop.Window->Tree().View().model());
   CHECK(desktop.Window->Tree().Chosen()->Name == "modFormat");
   desktop.Window->Commands()[Command::CloseProject].trigger();
   CHECK(desktop.Window->close());

@@ -1,0 +1,64 @@
+#include "apps/desktop/window/ComponentPages.h"
+
+#include "adapters/qt/Text.h"
+#include "support/Failures.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+namespace vb6files = adapters::vb6files;
+
+// The bytes of a module or class, without the environment's own lines at its start.
+std::string CodeOfModule(const system::CodePage& codePage, const std::string& bytes) {
+  const std::string text = codePage.Decode(bytes);
+  std::size_t start = 0;
+  for (std::size_t line = 0; line < text.size(); line = std::min(text.find('\n', line), text.size() - 1) + 1) {
+    if (text.compare(line, 10, "Attribute ") == 0)
+      start = std::min(text.find('\n', line), text.size() - 1) + 1;
+    else if (start != 0)
+      break;
+  }
+  return text.substr(start);
+}
+
+}  // namespace
+
+void ComponentPages::Show(vb6files::ProjectOnDisk* project, const ProjectModel::Component* chosen) {
+  form_.SetForm(std::nullopt);
+  code_.ShowCode("");
+  page_.Bar().Clear();
+  panes_.SetHeading(chosen ? Text(chosen->Name) : "", "");
+  if (!project || !chosen) {
+    page_.ShowInstead().Say(texts_(project ? T::ChooseComponent : T::NoProject));
+    return;
+  }
+  try {
+    (this->*(chosen->IsForm ? &ComponentPages::ShowForm : &ComponentPages::ShowModule))(*project, chosen->Name);
+  } catch (const support::InputError& error) {
+    OfferCode(Text(error.what()));
+  }
+}
+
+void ComponentPages::ShowForm(vb6files::ProjectOnDisk& project, const std::string& name) {
+  const vb6files::FormFiles texts = project.TextsOf(name);
+  code_.ShowCode(Text(project.ProjectCodePage().Decode(texts.Frm)));  // what there is of a damaged form
+  vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
+  code_.ShowCode(Text(tree.Code));
+  form_.SetForm(std::move(tree));
+  page_.ShowPicture();
+}
+
+void ComponentPages::ShowModule(vb6files::ProjectOnDisk& project, const std::string& name) {
+  OfferCode(texts_(T::NoForm, Text(name)));
+  code_.ShowCode(Text(CodeOfModule(project.ProjectCodePage(), project.TextsOf(name).Frm)));
+}
+
+void ComponentPages::OfferCode(const QString& instead) {
+  page_.ShowInstead().Say(instead, texts_(T::ButtonShowCode), [this] { panes_.Show(Pane::Code); });
+}
+
+}  // namespace formwizard::apps::desktop

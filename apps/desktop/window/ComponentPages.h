@@ -1,0 +1,35 @@
+// The pages of the chosen component: its form, or why there is none, and its code.
+#pragma once
+
+#include "adapters/vb6files/ProjectOnDisk.h"
+#include "apps/desktop/CodeView.h"
+#include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/window/FormPage.h"
+#include "apps/desktop/window/Panes.h"
+#include "apps/desktop/window/ProjectModel.h"
+
+namespace formwizard::apps::desktop {
+
+class ComponentPages {
+ public:
+  // All must outlive this object.
+  ComponentPages(const Texts& texts, FormPage& page, FormView& form, CodeView& code, Panes& panes)
+      : texts_(texts), page_(page), form_(form), code_(code), panes_(panes) {}
+
+  // Null for no project, and for nothing chosen in one. A form that is damaged is shown as code, and said why.
+  void Show(adapters::vb6files::ProjectOnDisk* project, const ProjectModel::Component* chosen);
+
+ private:
+  void ShowForm(adapters::vb6files::ProjectOnDisk& project, const std::string& name);
+  void ShowModule(adapters::vb6files::ProjectOnDisk& project, const std::string& name);
+  void OfferCode(const QString& instead);
+
+  const Texts& texts_;
+  FormPage& page_;
+  FormView& form_;
+  CodeView& code_;
+  Panes& panes_;
+};
+
+}  // namespace formwizard::apps::desktop
