@@ -183,6 +183,10 @@ class TreeMerger {
     if (IsReference(property.Base) || IsReference(property.Mine) || IsReference(property.Theirs)) {
       return OwnerOfReference(property);
     }
+    if (output_.Chosen().TakesSmallMoves && IsMovedByTheirs(property) &&
+        IsSame(property.Base, base, property.Mine, mine)) {
+      return Owner::Theirs;
+    }
     if (IsSame(property.Mine, mine, property.Theirs, theirs) || IsSame(property.Base, base, property.Theirs, theirs)) {
       return Owner::Mine;
     }
@@ -190,6 +194,11 @@ class TreeMerger {
     const std::string_view name = (property.Mine ? property.Mine : property.Theirs)->Name;
     if (vbtext::IsDerived(name, *node.Mine)) return Owner::Mine;
     return IsPlace(name) && property.Mine && property.Theirs ? Owner::MineWithNote : Owner::Nobody;
+  }
+
+  static bool IsMovedByTheirs(const PropertyTrio& property) {
+    return property.Base && property.Mine && property.Theirs && IsPlace(property.Mine->Name) &&
+           property.Base->Value != property.Theirs->Value;
   }
 
   Owner OwnerOfReference(const PropertyTrio& property) const {

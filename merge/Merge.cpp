@@ -23,6 +23,8 @@ namespace {
 using vbtext::Document;
 using vbtext::Line;
 
+constexpr const char* TabOrder = "tab order";  // as a conflict is called
+
 std::vector<vbtext::LineKey> ExactKeys(const std::vector<Line>& lines, vbtext::LineKeys& keys) {
   std::vector<vbtext::LineKey> exact;
   exact.reserve(lines.size());
@@ -105,7 +107,7 @@ class Merger {
         IsOrdered(documents.Base.Code) && IsOrdered(documents.Mine.Code) && IsOrdered(documents.Theirs.Code);
     if (!areOrdered && !HasTheChangesOfBoth(documents, vbtext::DocumentOf(merged.Text))) return WholeConflict();
     if (!documents.Mine.Root) return merged;
-    std::optional<std::string> ordered = WithTabOrder(merged.Text, documents);
+    std::optional<std::string> ordered = WithTabOrder(merged.Text, documents, options_.For(TabOrder));
     if (!ordered) return WithHeaderInConflict(documents);
     merged.Text = std::move(*ordered);
     return merged;
@@ -122,7 +124,7 @@ class Merger {
   Merged WithHeaderInConflict(const Documents& documents) const {
     const auto header = [](const Document& document) { return TextOf(document.Lines, {0, document.CodeLines.First}); };
     Output output(mine_, options_);
-    output.AddConflict("tab order", header(documents.Mine), header(documents.Base), header(documents.Theirs));
+    output.AddConflict(TabOrder, header(documents.Mine), header(documents.Base), header(documents.Theirs));
     MergeCode(documents, output);
     return output.Take();
   }

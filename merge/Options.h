@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,14 +15,25 @@ enum class Choice { Marks, Mine, Theirs };  // what becomes of one
 struct Options {
   Style MarkStyle = Style::Merge;
   Choice Conflicts = Choice::Marks;
+  std::map<std::string, Choice> Named{};  // what becomes of conflicts by their names, in front of that
+  // A place that theirs moves by less than the environment's rounding is theirs where mine has not moved it. Otherwise
+  // many such steps, each merged alone, end where no one step would.
+  bool TakesSmallMoves = false;
   std::size_t MarkerSize = 7;
   std::string Mine = "mine", Base = "base", Theirs = "theirs";  // labels behind the marks
+
+  Choice For(const std::string& conflict) const {
+    const auto named = Named.find(conflict);
+    return named == Named.end() ? Conflicts : named->second;
+  }
 };
 
 // What both sides changed.
 struct Conflict {
   std::string Name;  // "procedure Sub cmdOK_Click", "control txtName"
   std::size_t Line;  // of the result, where it begins; from 0
+  // In the texts that were merged, which they refer to. Empty where that side has nothing.
+  std::string_view Mine, Theirs;
 };
 
 struct Merged {

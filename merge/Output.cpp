@@ -77,15 +77,16 @@ void Output::Mark(char sign, std::string_view label) {
 }
 
 void Output::AddConflict(std::string name, std::string_view mine, std::string_view base, std::string_view theirs) {
-  if (options_.Conflicts == Choice::Mine) return AddMine(mine);
-  if (options_.Conflicts == Choice::Theirs) return AddTheirs(theirs);
+  const Choice choice = options_.For(name);
+  if (choice == Choice::Mine) return AddMine(mine);
+  if (choice == Choice::Theirs) return AddTheirs(theirs);
   const std::string ofTheirs = WithLineEnds(theirs, lineEnd_);
   if (ofTheirs == WithLineEnds(mine, lineEnd_)) return AddMine(mine);
   Trimmed sides{{}, mine, ofTheirs, {}};
   if (options_.MarkStyle != Style::Diff3) sides = WithoutCommon(mine, ofTheirs);
   AddMine(sides.Before);
   EndLine();
-  merged_.Conflicts.push_back({std::move(name), lines_});
+  merged_.Conflicts.push_back({std::move(name), lines_, mine, theirs});
   Mark('<', options_.Mine);
   AddMine(sides.A);
   if (options_.MarkStyle != Style::Merge) {

@@ -23,6 +23,7 @@ class Output {
   void AddConflict(std::string name, std::string_view mine, std::string_view base, std::string_view theirs);
   void AddNote(std::string note) { merged_.Notes.push_back(std::move(note)); }
 
+  const Options& Chosen() const { return options_; }
   Merged Take() { return std::move(merged_); }
 
  private:

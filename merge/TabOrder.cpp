@@ -39,11 +39,13 @@ Row RowOf(const std::vector<Control>& merged, const vbtext::Document& document) 
 
 }  // namespace
 
-std::optional<std::string> WithTabOrder(std::string merged, const Documents& documents) {
+std::optional<std::string> WithTabOrder(std::string merged, const Documents& documents, Choice choice) {
   const vbtext::Document document = vbtext::DocumentOf(merged);
   const std::vector<Control> controls = ControlsOf(*document.Root);
-  const std::optional<Row> order =
-      MergedOrder(RowOf(controls, documents.Base), RowOf(controls, documents.Mine), RowOf(controls, documents.Theirs));
+  const Row mine = RowOf(controls, documents.Mine), theirs = RowOf(controls, documents.Theirs);
+  std::optional<Row> order = MergedOrder(RowOf(controls, documents.Base), mine, theirs);
+  // As if the other side had left its order.
+  if (!order && choice != Choice::Marks) order = MergedOrder(choice == Choice::Mine ? theirs : mine, mine, theirs);
   if (!order) return std::nullopt;
   const bool isInOrder = std::ranges::is_sorted(
       *order, [](double a, double b) { return a <= b; }, [&](std::uint32_t i) { return NumberOf(controls[i]); });

@@ -89,7 +89,7 @@ ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path,
     : files_(files),
       path_(path),
       folder_(system::FolderPart(path)),
-      original_(ReadProject(files, path)),
+      original_(options.Text ? *options.Text : ReadProject(files, path)),
       codePage_(options.CodePageNumber),
       spelling_(files),
       read_(files),
@@ -371,6 +371,14 @@ void ProjectOnDisk::CompareNext(std::string_view stem, std::string_view codeBegi
   }
 }
 
+bool ProjectOnDisk::CompareForm(std::string_view name, int number, std::string_view codeBegins) {
+  Entry* const entry = FindEntry(codePage_.Encode(name));
+  if (!entry || !entry->IsForm || entry->Document) return false;
+  return TakeForComparison(*entry, Int32(number), codePage_.Encode(codeBegins));
+}
+
+void ProjectOnDisk::CountFrom(std::string_view stem, int number) { firstFree_[codePage_.Encode(stem)] = number; }
+
 bool ProjectOnDisk::TakeForComparison(Entry& entry, Int32 number, std::string_view codeBegins) {
   std::string path = FilePath(entry.Path);
   std::optional<std::string> frm = Found(path, [&](const std::string& file) { return read_.Read(file); });
@@ -493,9 +501,22 @@ bool ProjectOnDisk::IsWorthALook(std::string_view name) const {
   return entry && entry->Document && entry->Document->IsChanged() && entry->Document->IsWorthALook();
 }
 
+bool ProjectOnDisk::IsReused(std::string_view name) const {
+  const Entry* entry = FindEntry(codePage_.Encode(name));
+  return entry && entry->Document && !entry->Path.empty();
+}
+
 std::optional<RefusedName> ProjectOnDisk::RefusedIn(std::string_view name) const {
   const Entry* entry = FindEntry(codePage_.Encode(name));
   return entry && entry->Document ? entry->Document->FirstRefusedName() : std::nullopt;
+}
+
+std::string NameInForm(std::string_view frm) { return std::string(ReadComponentName(frm.substr(0, NameIsWithin))); }
+
+std::string ProjectOnDisk::ObjectLines() const {
+  std::string lines;
+  for (const std::string_view value : project_.Objects()) lines.append("Object=").append(value).append("\r\n");
+  return lines;
 }
 
 bool ProjectOnDisk::IsChanged() const {

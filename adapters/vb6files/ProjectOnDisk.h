@@ -29,7 +29,8 @@ namespace formwizard::adapters::vb6files {
 
 struct ProjectOptions {
   int CodePageNumber = 1252;
-  std::string ToolboxFile;  // empty: none
+  std::string ToolboxFile = "";                    // empty: none
+  std::optional<std::string> Text = std::nullopt;  // of a project that no file holds, which cannot be saved
 };
 
 // One component of the project, for showing. Texts are UTF-8.
@@ -40,6 +41,9 @@ struct ComponentSummary {
   ComponentGroup Group;
   bool IsChanged;  // since it was read or saved; a new form always is
 };
+
+// The name that a form has in its file, in bytes; empty for a text that is no form.
+std::string NameInForm(std::string_view frm);
 
 class ProjectOnDisk : public generator::ide::Vbe,
                       private generator::ide::VBProject,
@@ -60,6 +64,12 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // called `stem`, or so with a number behind it, whose code has the line `codeBegins` and which no call before has
   // named; without one a form is made as ever.
   void CompareNext(std::string_view stem, std::string_view codeBegins);
+
+  // The same for the form of exactly this name; false, with nothing to be compared, when its code has no such line. It
+  // is called by its stem when that is free, else by this number behind it.
+  bool CompareForm(std::string_view name, int number, std::string_view codeBegins);
+  // The next new form of this stem that needs a number gets this one, if it is free.
+  void CountFrom(std::string_view stem, int number);
 
   // Renders every new or changed form, prepares its files and forgets its content: call it when a form is complete, so
   // that memory stays flat in a batch. support::SaveError when a file cannot be prepared.
@@ -95,6 +105,9 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Of a form that the wizard filled; false for any other, and once the form is finished.
   bool IsWorthALook(std::string_view name) const;
 
+  // Whether a form that is made has been one of the project before; false once it is finished.
+  bool IsReused(std::string_view name) const;
+
   // The first name that a control of a form was to have and could not; nothing once the form is finished.
   std::optional<RefusedName> RefusedIn(std::string_view name) const;
 
@@ -104,6 +117,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Why no new component can have this name, for a message: "which is the project's own name". Empty when one can.
   std::string ProblemOfNewName(std::string_view name) const;
 
+  // The lines of the project file that name libraries of controls, as they stand there.
+  std::string ObjectLines() const;
   const std::string& Path() const { return path_; }
   const system::CodePage& ProjectCodePage() const { return codePage_; }
   // Whether saving would write something.

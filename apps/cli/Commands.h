@@ -25,8 +25,8 @@ struct Task {
 // when the command line is right so far, sets the task, or raises CLI::ParseError for what the parser itself cannot
 // see.
 using AddOptions = void(CLI::App& command, Task& task);
-AddOptions AddGenerate, AddWizard, AddSystems, AddClasses, AddProperties, AddQueries, AddDictionary, AddDictionaryDiff,
-    AddUndo, AddCompare, AddMerge, AddLint, AddRender, AddDoctor;
+AddOptions AddGenerate, AddKeep, AddStatus, AddUpdate, AddUndo, AddWizard, AddSystems, AddClasses, AddProperties,
+    AddQueries, AddDictionary, AddDictionaryDiff, AddCompare, AddMerge, AddLint, AddRender, AddDoctor;
 
 // An option, or an argument when the name has no dashes, that takes a path. One that no file can have ends in
 // support::InputError.

@@ -16,6 +16,8 @@
 #include "apps/common/Platform.h"
 #include "apps/forms/FormDescription.h"
 #include "apps/forms/FormName.h"
+#include "apps/forms/KeptDescription.h"
+#include "apps/forms/KeptForms.h"
 #include "apps/forms/Workshop.h"
 #include "generator/Generation.h"
 #include "support/Failures.h"
@@ -46,7 +48,7 @@ using forms::SettingTexts;
 struct GenerateOptions : ProjectOptions {
   std::string Class, System, Journal, DescriptionsFrom;
   std::vector<std::string> Fields, Settings, Descriptions;
-  bool DryRun = false, Diff = false, Check = false, Json = false, Force = false;
+  bool DryRun = false, Diff = false, Check = false, Json = false, Force = false, Keep = false;
   Verbosity Tells;
 };
 
@@ -110,7 +112,7 @@ class Run {
       : options_(options),
         writes_(!options.DryRun && !options.Check),
         settings_(SettingsFromOptions(options.Settings)),
-        workshop_({options.Dictionary, options.Profile, options.Language, options.System}, desktop_),
+        workshop_({options.Dictionary, options.Profile, true, options.Language, options.System}, desktop_),
         project_(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage, options.Toolbox}) {
     CheckToolbox(project_, options);
     project_.OnChange([this](vb6files::FileChange change) { Note(std::move(change)); }, !writes_);
@@ -123,6 +125,7 @@ class Run {
   }
 
   void Make(const FormDescription& form) {
+    CheckSurroundings(form);
     workshop_.Make(form, settings_, [&](const std::string& name, const std::string& caption) {
       if (options_.Check) project_.CompareNext(generator::FormStem(caption), generator::FirstLineOfCode(name));
       if (!options_.Check && !options_.AllowIncomplete) forms::CheckFormName(project_, form.Class, caption);
@@ -165,11 +168,13 @@ class Run {
     if (const auto kept = project_.CodeKeptIn(result.Component)) {
       result.Notes.push_back(vb6files::NoteOn(result.Component, *kept));
     }
+    const bool isReused = project_.IsReused(result.Component);
     const bool looks = !options_.Check && project_.IsWorthALook(result.Component);
     keepsTexts_ = looks;
     project_.FinishForms();
     if (looks) AddFindings(result.Notes);
     Tell(result.Notes);
+    if (options_.Keep) Keep(form, result.Component, isReused);
     result.Files = ReportChanges();
     if (options_.Json) {
       summary_.Add(result, state.Form, state.Settings, workshop_.Measure());
@@ -178,6 +183,38 @@ class Run {
       if (options_.Tells.Verbose) report_.Add(FieldLinesOf(state.Form));
     }
     if (!writes_) PrintReport();
+  }
+
+  // What a description says of all the run, it says to be made as it was. The command line wins.
+  void CheckSurroundings(const FormDescription& form) const {
+    if (form.CodePage && form.CodePage->Value != options_.CodePage) {
+      const std::string number = std::to_string(form.CodePage->Value);
+      throw support::InputError(form.CodePage->Where.Text() + ": the form is described for code page " + number +
+                                ", and this run is in " + std::to_string(options_.CodePage) + "; give --code-page " +
+                                number + ", or take the member out");
+    }
+    const std::string language = workshop_.Language();
+    if (form.Language && options_.Language.empty() && form.Language->Value != language) {
+      throw support::InputError(form.Language->Where.Text() + ": the form is described for language " +
+                                form.Language->Value + ", and this run is in " + language + "; give --language " +
+                                form.Language->Value + ", or take the member out");
+    }
+  }
+
+  // What was announced last are the files of the form.
+  void Keep(const FormDescription& form, const std::string& name, bool isReused) {
+    kept::FormTexts made;
+    for (const vb6files::FileChange& change : changes_) {
+      (change.Path.ends_with('m') ? made.Frm : made.Frx) = change.New.value_or("");
+    }
+    FormDescription description =
+        forms::KeptDescription(form, made, workshop_, {FORMWIZARD_VERSION, options_.CodePage, isReused});
+    if (isReused) {
+      forms::Remake again(system::RealFileSystem(), options_.Dictionary, FORMWIZARD_VERSION);
+      description.Made->IsReused =
+          !again.IsLikeNew(description, {changes_.front().Path, made, true, project_.ObjectLines(), options_.CodePage});
+    }
+    forms::PutKeptTexts(project_, kept_, name, description, made);
   }
 
   // In what changed since the last report.
@@ -193,7 +230,7 @@ class Run {
   // Texts are kept to be looked at only.
   void Note(vb6files::FileChange change) {
     for (std::optional<std::string>* text : {&change.Old, &change.New}) {
-      if (!options_.Diff && !options_.Check && !keepsTexts_ && *text) *text = std::string();
+      if (!options_.Diff && !options_.Check && !options_.Keep && !keepsTexts_ && *text) *text = std::string();
     }
     changes_.push_back(std::move(change));
   }
@@ -257,6 +294,7 @@ class Run {
   ConsoleDesktop desktop_;
   forms::Workshop workshop_;
   vb6files::ProjectOnDisk project_;
+  forms::KeptFolder kept_{system::RealFileSystem(), project_.Path()};
   std::optional<JournalFile> journal_;
   std::unique_ptr<generator::ide::Vbe> journalled_;
   std::vector<vb6files::FileChange> changes_;  // that are not reported yet
@@ -318,6 +356,8 @@ void Declare(CLI::App& command, GenerateOptions& options) {
   command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
   command.add_flag("--check", options.Check,
                    "write nothing, exit with status 1 when the project differs from what would be made");
+  command.add_flag("--keep", options.Keep, "keep descriptions and forms in PROJECT.forms, to update them later")
+      ->excludes("--check");
   AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");

@@ -30,8 +30,11 @@ struct Command {
 };
 
 // In the order of the help text.
-constexpr std::array<Command, 13> Commands{{
+constexpr std::array<Command, 16> Commands{{
     {"generate", "create forms in a project", AddGenerate},
+    {"keep", "take up a form, so that it can be updated when its class changes", AddKeep},
+    {"status", "say which kept forms were edited and which their classes have left behind", AddStatus},
+    {"update", "bring kept forms up to their classes, with what was edited", AddUpdate},
     {"undo", "take back what the last run replaced in a project", AddUndo},
     {"wizard", "open the wizard's dialogs over a project", AddWizard},
     {"systems", "list the systems of a dictionary", AddSystems},
@@ -106,7 +109,7 @@ std::optional<int> Parse(std::vector<std::string> arguments, Task& task) {
   app.group("Commands");
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 --check found a difference, doctor or lint a fault, 2 wrong usage, 3 an input is "
+      "Exit status: 0 done, 1 something differs, is outdated, in conflict or at fault, 2 wrong usage, 3 an input is "
       "missing\n"
       "or invalid, 4 saving failed and nothing was changed, 5 a form is incomplete, the wizard was cancelled or what\n"
       "came after saving failed.");

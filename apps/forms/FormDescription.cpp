@@ -6,6 +6,7 @@
 #include "settings/Settings.h"
 #include "support/Failures.h"
 #include "support/Names.h"
+#include "system/CodePage.h"
 #include "system/Limits.h"
 
 #include <nlohmann/json.hpp>
@@ -44,7 +45,7 @@ struct Token {
 };
 
 // What may stand in a member.
-enum class Takes : std::uint8_t { Text, Line, Boolean, Rows, Settings, Fields, Combo };
+enum class Takes : std::uint8_t { Text, Line, Boolean, Rows, CodePage, Settings, Fields, Combo, Made, Class };
 
 // A member of an object of the description, and what becomes of its value: where a field is meant, of the last one.
 struct Member {
@@ -58,6 +59,15 @@ constexpr std::array RootMembers{
     Member{"class", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Class = value.Given(); }},
     Member{"settings", Takes::Settings, false, [](FormDescription& form, const Token&) { form.Settings.clear(); }},
     Member{"fields", Takes::Fields, true, [](FormDescription& form, const Token&) { form.Fields.clear(); }},
+    Member{"system", Takes::Text, false,
+           [](FormDescription& form, const Token& value) { form.System = value.Given(); }},
+    Member{"language", Takes::Text, false,
+           [](FormDescription& form, const Token& value) { form.Language = value.Given(); }},
+    Member{"codePage", Takes::CodePage, false,
+           [](FormDescription& form, const Token& value) {
+             form.CodePage = {static_cast<int>(value.Integer), value.Where};
+           }},
+    Member{"made", Takes::Made, false, [](FormDescription& form, const Token&) { form.Made.emplace(); }},
     Member{"$schema", Takes::Line, false, [](FormDescription&, const Token&) {}},  // for editors
 };
 constexpr std::array FieldMembers{
@@ -85,6 +95,41 @@ constexpr std::array ComboMembers{
            [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Column = value.Given(); }},
 };
 
+constexpr std::array MadeMembers{
+    Member{"program", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { form.Made->Program = value.Text; }},
+    Member{"form", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Made->Form = value.Text; }},
+    Member{"pictures", Takes::Text, false,
+           [](FormDescription& form, const Token& value) { form.Made->Pictures = value.Text; }},
+    Member{"fields", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { form.Made->Fields = value.Text; }},
+    Member{"settings", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { form.Made->Settings = value.Text; }},
+    Member{"reused", Takes::Boolean, false,
+           [](FormDescription& form, const Token& value) { form.Made->IsReused = value.Integer != 0; }},
+    Member{"class", Takes::Class, true, [](FormDescription& form, const Token&) { form.Made->Class.clear(); }},
+};
+kept::Property& LastOf(FormDescription& form) { return form.Made->Class.back(); }
+constexpr std::array PropertyMembers{
+    Member{"kind", Takes::Text, true,
+           [](FormDescription& form, const Token& value) { LastOf(form).Kind = value.Text; }},
+    Member{"type", Takes::Line, true,
+           [](FormDescription& form, const Token& value) { LastOf(form).Type = value.Text; }},
+    Member{"required", Takes::Boolean, false,
+           [](FormDescription& form, const Token& value) { LastOf(form).IsRequired = value.Integer != 0; }},
+    Member{"readOnly", Takes::Boolean, false,
+           [](FormDescription& form, const Token& value) { LastOf(form).IsReadOnly = value.Integer != 0; }},
+    Member{"width", Takes::Line, false,
+           [](FormDescription& form, const Token& value) { LastOf(form).Width = value.Text; }},
+    Member{"caption", Takes::Line, true,
+           [](FormDescription& form, const Token& value) { LastOf(form).Caption = value.Text; }},
+};
+
+bool IsCodePage(std::int64_t number) {
+  return number == system::Utf8CodePage ||
+         std::ranges::find(system::CodePageNumbers(), number) != system::CodePageNumbers().end();
+}
+
 // Empty when the value may stand there, otherwise what was expected.
 std::string ExpectedInsteadOf(const Token& value, Takes takes) {
   switch (takes) {
@@ -101,6 +146,8 @@ std::string ExpectedInsteadOf(const Token& value, Takes takes) {
     case Takes::Rows:
       if (value.Is == Token::Kind::Integer && value.Integer >= 1 && value.Integer <= MostRows) return "";
       return "a whole number from 1 to " + std::to_string(MostRows);
+    case Takes::CodePage:
+      return value.Is == Token::Kind::Integer && IsCodePage(value.Integer) ? "" : "the number of a code page";
     case Takes::Fields:
       return value.Is == Token::Kind::Array ? "" : "an array";
     default:
@@ -175,7 +222,7 @@ class Reader : public nlohmann::json_sax<Json> {
     }
     Frame& object = frames_.back();
     object.Key = key;
-    if (object.Is == Part::Settings) return Go();
+    if (HasAnyKeys(object)) return Go();
     object.Current = std::ranges::find(object.Members, object.Key, &Member::Name);
     if (object.Current == object.Members.end()) {
       const support::Names names(object.Members, std::mem_fn(&Member::Name));
@@ -204,7 +251,7 @@ class Reader : public nlohmann::json_sax<Json> {
   }
 
  private:
-  enum class Part : std::uint8_t { Forms, Form, Settings, Fields, Field, Combo };
+  enum class Part : std::uint8_t { Forms, Form, Settings, Fields, Field, Combo, Made, Class, Property };
 
   // An object or array that has begun.
   struct Frame {
@@ -236,6 +283,8 @@ class Reader : public nlohmann::json_sax<Json> {
       TakeSetting(value);
     } else if (frames_.back().Is == Part::Fields) {
       TakeField(value);
+    } else if (frames_.back().Is == Part::Class) {
+      TakeProperty(value);
     } else {
       TakeMember(value);
     }
@@ -258,6 +307,8 @@ class Reader : public nlohmann::json_sax<Json> {
     if (member.Value == Takes::Settings) Begin(Part::Settings, {});
     if (member.Value == Takes::Fields) Begin(Part::Fields, {});
     if (member.Value == Takes::Combo) Begin(Part::Combo, ComboMembers);
+    if (member.Value == Takes::Made) Begin(Part::Made, MadeMembers);
+    if (member.Value == Takes::Class) Begin(Part::Class, {});
   }
 
   // The text that a profile file would hold.
@@ -292,6 +343,13 @@ class Reader : public nlohmann::json_sax<Json> {
     }
   }
 
+  void TakeProperty(const Token& value) {
+    if (value.Is != Token::Kind::Object) return Fail("an object", value);
+    forms_.back().Made->Class.push_back(
+        {.Path = frames_.back().Key, .Kind = "", .Type = "", .Caption = "", .Width = ""});
+    Begin(Part::Property, PropertyMembers);
+  }
+
   void Begin(Part part, std::span<const Member> members) {
     frames_.push_back({part, members, members.begin(), {}, 0, 0});
   }
@@ -313,6 +371,7 @@ class Reader : public nlohmann::json_sax<Json> {
     return Go();
   }
 
+  static bool HasAnyKeys(const Frame& frame) { return frame.Is == Part::Settings || frame.Is == Part::Class; }
   static bool IsArray(const Frame& frame) { return frame.Is == Part::Forms || frame.Is == Part::Fields; }
 
   Origin At(adapters::dictionary::Place place) const { return {name_, place.Line, place.Column}; }
@@ -343,12 +402,16 @@ class Reader : public nlohmann::json_sax<Json> {
 }  // namespace
 
 std::string Origin::Text() const {
+  if (!Name) return "the description";
   return Line == 0 ? *Name : *Name + ":" + std::to_string(Line) + ":" + std::to_string(Column);
 }
 
 std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
   const std::string text = common::ReadText(file, "form description", system::LargestDescription);
-  const std::string name = common::NameOf(file);
+  return FormDescriptionsIn(text, common::NameOf(file));
+}
+
+std::vector<FormDescription> FormDescriptionsIn(const std::string& text, const std::string& name) {
   std::istringstream in(text);
   JsonInput input(in, name);
   Reader reader(input, name);

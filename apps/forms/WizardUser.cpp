@@ -1,6 +1,5 @@
 #include "apps/forms/WizardUser.h"
 
-#include "support/Failures.h"
 #include "support/Names.h"
 
 #include <algorithm>
@@ -10,11 +9,10 @@
 namespace formwizard::apps::forms {
 namespace {
 
-using support::InputError;
 using support::Names;
 using wizard::frmWizard;
 
-[[noreturn]] void Fail(const std::string& where, const std::string& what) { throw InputError(where + ": " + what); }
+[[noreturn]] void Fail(const std::string& where, const std::string& what) { throw NotOffered(where + ": " + what); }
 
 // Chooses the properties of one form and sets their attributes.
 class FieldsUser {
@@ -165,6 +163,18 @@ WizardUser::WizardUser(wizard::WizardServices& services, generator::ide::Vbe& en
 
 void WizardUser::Make(const FormDescription& form, const ClassListener& atFinish) {
   services_.State = {};
+  const std::string system = form.System ? form.System->Value : "";
+  if (system_.empty() && system != opened_) dialog_.reset();
+  opened_ = system;
+  try {
+    MakeIn(form, atFinish);
+  } catch (const NotOffered&) {
+    dialog_.reset();  // it stands in the middle of the choices
+    throw;
+  }
+}
+
+void WizardUser::MakeIn(const FormDescription& form, const ClassListener& atFinish) {
   if (!dialog_ || !dialog_->LoadAgain()) OpenDialog(form);
   const ui::Node& chosen = ChooseClass(form);
   FieldsUser user(*dialog_, form);
@@ -174,6 +184,8 @@ void WizardUser::Make(const FormDescription& form, const ClassListener& atFinish
   dialog_->cmdFinish.Click();
   dialog_->Unload();
 }
+
+std::string WizardUser::System() const { return dialog_->tvwConnection.SelectedItem.Get()->Text; }
 
 // As far as the class step.
 void WizardUser::OpenDialog(const FormDescription& form) {
@@ -192,10 +204,12 @@ void WizardUser::OpenDialog(const FormDescription& form) {
 
 void WizardUser::ChooseSystem(const FormDescription& form) {
   ui::TreeView& tree = dialog_->tvwConnection;
-  if (!system_.empty()) {
+  const std::string& wanted = system_.empty() ? opened_ : system_;
+  if (!wanted.empty()) {
+    const std::string where = system_.empty() ? form.System->Where.Text() : "--system " + system_;
     const Names names(tree.Nodes.All(), [](const ui::Node& node) { return std::string_view(node.Text); });
-    const auto found = names.Find(system_);
-    if (!found) Fail("--system " + system_, "there is no system \"" + system_ + "\"; " + names.Answer(system_));
+    const auto found = names.Find(wanted);
+    if (!found) Fail(where, "there is no system \"" + wanted + "\"; " + names.Answer(wanted));
     tree.ClickNode(*std::next(tree.Nodes.All().begin(), static_cast<std::ptrdiff_t>(*found)));
   }
   dialog_->cmdNext.Click();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "apps/forms/FormDescription.h"
+#include "support/Failures.h"
 #include "support/Names.h"
 #include "wizard/frmWizard.h"
 
@@ -11,6 +12,12 @@
 #include <vector>
 
 namespace formwizard::apps::forms {
+
+// A choice that the dialog does not offer: the dictionary is whole, and has not what the description says.
+class NotOffered : public support::InputError {
+ public:
+  using InputError::InputError;
+};
 
 // Has one form after the other made, each as by a freshly loaded add-in, so that it comes out the same alone and in a
 // batch. What is the same for all of them, such as the list of classes, is read once.
@@ -22,19 +29,23 @@ class WizardUser {
   WizardUser(wizard::WizardServices& services, generator::ide::Vbe& environment, std::string system);
 
   // Performs a user's actions on the dialog: chooses the system, the class and the properties, sets their attributes
-  // and presses Finish. What became of it stands in the state of the services. support::InputError for a choice that
-  // the dialog does not offer, with what it offers; nothing has been generated then.
+  // and presses Finish. What became of it stands in the state of the services. NotOffered with what is offered instead;
+  // nothing has been generated then. Without a system of the run, that of the description is chosen.
   // `atFinish` is called just before that with the class's name, and with the name without its package.
   void Make(const FormDescription& form, const ClassListener& atFinish = {});
 
+  // The one that the last form was made for, as the dialog calls it.
+  std::string System() const;
+
  private:
+  void MakeIn(const FormDescription& form, const ClassListener& atFinish);
   void OpenDialog(const FormDescription& form);
   void ChooseSystem(const FormDescription& form);
   const ui::Node& ChooseClass(const FormDescription& form);
 
   wizard::WizardServices& services_;
   generator::ide::Vbe& environment_;
-  std::string system_;
+  std::string system_, opened_;  // opened_: the system of the description that the dialog was opened for
   std::unique_ptr<wizard::frmWizard> dialog_;
   support::Names classNames_;       // full ones
   std::vector<ui::Node*> classes_;  // those that the dialog shows, in the same order

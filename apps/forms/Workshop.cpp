@@ -1,20 +1,29 @@
 #include "apps/forms/Workshop.h"
 
 #include "apps/common/Dictionaries.h"
+#include "apps/common/Endings.h"
 #include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
 
 namespace formwizard::apps::forms {
+namespace {
+
+constexpr const char* EnglishLanguage = "ENU";
+
+}  // namespace
 
 Workshop::Workshop(const WorkshopOptions& options, ui::Desktop& desktop)
     : isProfileNamed_(!options.Profile.empty()),
       system_(options.System),
-      profileFile_(isProfileNamed_ ? options.Profile : common::DefaultProfile()),
+      profileFile_(!options.HasProfile ? ""
+                   : isProfileNamed_   ? options.Profile
+                                       : common::DefaultProfile()),
       profiles_(common::PlatformProfile(profileFile_)),
       profile_(*profiles_, profileFile_),
       satellites_(common::PlatformLibraries()),
       server_(common::OpenDictionary(options.Dictionary)),
+      offers_(*server_),
       services_({.Desktop = desktop,
                  .Measure = measure_,
                  .Profiles = profile_,
@@ -27,6 +36,16 @@ Workshop::Workshop(const WorkshopOptions& options, ui::Desktop& desktop)
 std::vector<std::string> Workshop::CheckProfile() const {
   forms::CheckProfile(profile_, profileFile_);
   return WarningsOn(profileFile_, isProfileNamed_);
+}
+
+std::string Workshop::Language() const {
+  const std::string language = services_.Language.empty() ? satellites_->UserLanguage() : services_.Language;
+  try {
+    const std::string meant = common::LanguageMeant(language);
+    return meant.empty() ? EnglishLanguage : meant;
+  } catch (const common::UsageError&) {
+    return EnglishLanguage;
+  }
 }
 
 void Workshop::WorkIn(generator::ide::Vbe& environment) { user_.emplace(services_, environment, system_); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
+#include "apps/forms/Offers.h"
 #include "apps/forms/RunProfile.h"
 #include "apps/forms/WizardUser.h"
 #include "wizard/WizardServices.h"
@@ -16,6 +17,7 @@ namespace formwizard::apps::forms {
 struct WorkshopOptions {
   std::string Dictionary;
   std::string Profile = "";   // empty: the default one
+  bool HasProfile = true;     // otherwise every setting is its default
   std::string Language = "";  // empty: the user's
   std::string System = "";    // empty: the one that the dialog proposes
 };
@@ -42,6 +44,15 @@ class Workshop {
 
   // Writes the system that is to be remembered; false when that failed.
   bool StoreProfile() { return profile_.Store(); }
+  // By which the forms are made: three letters, English where there are no texts in the user's; the system that the
+  // last form was made for.
+  std::string Language() const;
+  std::string System() const { return user_->System(); }
+  // What a class of a system offers to forms, which is read once; nothing for a class or system that there is not.
+  const std::vector<kept::Property>& OfferedBy(const std::string& system, const std::string& className) {
+    return offers_.Of(system, className);
+  }
+
   const std::string& ProfileFile() const { return profileFile_; }
   const ui::TextMeasure& Measure() const { return measure_; }
 
@@ -53,6 +64,7 @@ class Workshop {
   std::unique_ptr<support::ResourceLibraries> satellites_;
   adapters::textmeasure::BuiltInTextMeasure measure_;
   std::unique_ptr<wizard::factory::FactoryCreator> server_;
+  Offers offers_;
   wizard::WizardServices services_;
   std::optional<WizardUser> user_;
 };

@@ -49,6 +49,20 @@ _ostrel_form_wizard_languages() {
   done
 }
 
+# The forms of the project that was named, and those of them that are kept.
+_ostrel_form_wizard_forms() {
+  local project
+  project=$(_ostrel_form_wizard_given --project)
+  [[ ! -f $project ]] || sed -n 's/\r$//; s/^Form=\(.*[\\]\)\{0,1\}\(.*\)\.[Ff][Rr][Mm]$/\2/p' "$project"
+}
+_ostrel_form_wizard_kept() {
+  local project file
+  project=$(_ostrel_form_wizard_given --project)
+  for file in "${project%.*}".forms/*.json; do
+    [[ ! -f $file ]] || basename "$file" .json
+  done
+}
+
 # Completes the value of the option $prev; fails when that is no option with a value.
 _ostrel_form_wizard_value() {
   local IFS=$' \t\n'
@@ -93,7 +107,7 @@ _ostrel_form_wizard() {
   local command='' i
   for ((i = 1; i < cword; i++)); do
     case ${words[i]} in
-      generate | undo | wizard | systems | classes | properties | queries | dictionary | compare | merge | lint | render | doctor)
+      generate | keep | status | update | undo | wizard | systems | classes | properties | queries | dictionary | compare | merge | lint | render | doctor)
         command=${words[i]}
         break
         ;;
@@ -101,8 +115,8 @@ _ostrel_form_wizard() {
   done
 
   if [[ -z $command ]]; then
-    _ostrel_form_wizard_words '--help --version generate undo wizard systems classes properties queries dictionary compare merge
-      lint render doctor'
+    _ostrel_form_wizard_words '--help --version generate keep status update undo wizard systems classes properties queries
+      dictionary compare merge lint render doctor'
     return
   fi
   if [[ $command == dictionary ]]; then
@@ -158,10 +172,36 @@ _ostrel_form_wizard() {
     generate)
       if [[ $cur == -* ]]; then
         _ostrel_form_wizard_words '--help --project --dictionary --system --class --fields --set --code-page --toolbox
-          --allow-incomplete --profile --language --descriptions-from --dry-run --diff --check --journal --force --json
+          --allow-incomplete --profile --language --descriptions-from --keep --dry-run --diff --check --journal --force --json
           --quiet --verbose'
       else
         _filedir json
+      fi
+      ;;
+    keep)
+      if [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --project --dictionary --code-page --dry-run --diff --quiet'
+      elif [[ $prev == *.json ]]; then
+        _ostrel_form_wizard_words "$(_ostrel_form_wizard_forms)"
+      else
+        _filedir json
+      fi
+      ;;
+    status)
+      if [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --project --dictionary --code-page --json'
+      else
+        _ostrel_form_wizard_words "$(_ostrel_form_wizard_kept)"
+      fi
+      ;;
+    update)
+      if [[ $prev == --conflicts ]]; then
+        _ostrel_form_wizard_words 'marks mine theirs'
+      elif [[ $cur == -* ]]; then
+        _ostrel_form_wizard_words '--help --project --dictionary --code-page --dry-run --diff --conflicts --resolve
+          --skip-conflicts --json --quiet'
+      elif [[ $prev != --resolve ]]; then
+        _ostrel_form_wizard_words "$(_ostrel_form_wizard_kept)"
       fi
       ;;
     wizard)

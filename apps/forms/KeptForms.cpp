@@ -1,0 +1,181 @@
+#include "apps/forms/KeptForms.h"
+
+#include "apps/forms/DescriptionText.h"
+#include "apps/forms/WizardUser.h"
+#include "runtime/Conversions.h"
+#include "support/Failures.h"
+#include "support/Names.h"
+#include "system/Paths.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace formwizard::apps::forms {
+namespace {
+
+using adapters::vb6files::FormFiles;
+using adapters::vb6files::ProjectOnDisk;
+
+support::Names NamesOf(const std::vector<kept::Property>& properties) {
+  return {properties, [](const kept::Property& property) { return std::string_view(property.Path); }};
+}
+
+// The description without the fields that the class had and has lost. One that has nothing left stays as it is, and
+// cannot be made.
+FormDescription WithoutLostFields(const FormDescription& description, const std::vector<kept::Property>& offered) {
+  const support::Names now = NamesOf(offered), before = NamesOf(description.Made->Class);
+  const auto isLost = [&](const std::string& property) { return before.Find(property) && !now.Find(property); };
+  FormDescription rest = description;
+  std::erase_if(rest.Fields, [&](const FieldChoice& field) { return isLost(field.Property.Value); });
+  for (FieldChoice& field : rest.Fields) {
+    if (field.UpdateAfter && isLost(field.UpdateAfter->Value)) field.UpdateAfter.reset();
+  }
+  return rest.Fields.empty() ? description : rest;
+}
+
+// By the names that the class has for them.
+std::vector<kept::ShownField> FieldsIn(const FormDescription& description, const std::vector<kept::Property>& offered) {
+  const support::Names now = NamesOf(offered), before = NamesOf(description.Made->Class);
+  std::vector<kept::ShownField> fields;
+  for (const FieldChoice& field : description.Fields) {
+    const std::string& name = field.Property.Value;
+    const auto young = now.Find(name), old = before.Find(name);
+    fields.push_back({young ? offered[*young].Path
+                      : old ? description.Made->Class[*old].Path
+                            : name,
+                      field.Caption.has_value()});
+  }
+  return fields;
+}
+
+std::string_view StemOf(std::string_view path) {
+  path.remove_prefix(system::FolderPart(std::string(path)).size());
+  return path.substr(0, path.rfind('.'));
+}
+
+}  // namespace
+
+KeptForms::KeptForms(system::FileSystem& files, ProjectOnDisk& project, const std::string& dictionary,
+                     const std::string& program)
+    : files_(files),
+      project_(project),
+      folder_(files, project.Path()),
+      remake_(files, dictionary, program),
+      objectLines_(project.ObjectLines()) {
+  for (const adapters::vb6files::ComponentSummary& component : project.Summaries()) {
+    if (component.IsForm) components_.emplace(runtime::LowerCase(component.Name), component.Name);
+  }
+}
+
+std::vector<std::string> KeptForms::Meant(const std::vector<std::string>& names) const {
+  const std::vector<std::string> all = folder_.Forms();
+  if (names.empty()) return all;
+  const support::Names known(all, [](const std::string& each) { return std::string_view(each); });
+  std::vector<std::string> meant;
+  for (const std::string& name : names) {
+    const auto found = known.Find(name);
+    if (!found) {
+      throw support::InputError(folder_.Path() + ": no form \"" + name + "\" is kept; " + known.Answer(name));
+    }
+    if (std::ranges::find(meant, all[*found]) == meant.end()) meant.push_back(all[*found]);
+  }
+  return meant;
+}
+
+const std::string* KeptForms::NameInProject(const std::string& form) const {
+  const auto found = components_.find(runtime::LowerCase(form));
+  return found == components_.end() ? nullptr : &found->second;
+}
+
+KeptForm KeptForms::Look(const std::string& name) {
+  KeptForm form;
+  form.Name = name;
+  form.Texts = folder_.Read(name);
+  FormDescription description = folder_.DescriptionIn(form.Texts, name);
+  const int codePage = project_.ProjectCodePage().Number();
+  if (description.CodePage && description.CodePage->Value != codePage) {
+    throw support::InputError(description.CodePage->Where.Text() + ": the form was made in code page " +
+                              std::to_string(description.CodePage->Value) + ", and this run is in " +
+                              std::to_string(codePage) + "; give --code-page " +
+                              std::to_string(description.CodePage->Value));
+  }
+  const std::string* const component = NameInProject(name);
+  form.State.IsMissing = component == nullptr;
+  form.State.IsForeign = component && !IsAsMade(form.Texts, *description.Made);
+  if (form.State.IsMissing || form.State.IsForeign) return form;
+  FormFiles mine = project_.TextsOf(*component);
+  form.File = project_.FileOf(*component);
+  form.Sides.Base = {form.Texts.Frm.value(), form.Texts.Frx.value_or("")};
+  form.Sides.Mine = {std::move(mine.Frm), std::move(mine.Frx)};
+  Examine(form, std::move(description));
+  return form;
+}
+
+void KeptForms::Examine(KeptForm& form, FormDescription description) {
+  kept::State& state = form.State;
+  try {
+    state.Edits = kept::DifferencesOf(form.Sides.Base, form.Sides.Mine);
+  } catch (const vbtext::Fault& fault) {
+    throw support::InputError(form.File + ":" + std::to_string(fault.Line + 1) + ": expected " + fault.Expected +
+                              "; mend the form, as far as marks of a conflict stand in it by taking them out");
+  }
+  const std::vector<kept::Property>& offered = remake_.OfferedTo(description);
+  const MadeForm& made = *description.Made;
+  state.Class = kept::ChangesOf(made.Class, offered, FieldsIn(description, offered));
+  state.AsksOtherwise = made.Fields != SumOfFields(description);
+  state.HasOtherSettings = made.Settings != SumOfSettings(description);
+  state.IsOfOtherVersion = made.Program != remake_.Program();
+  form.Sides.Theirs = form.Sides.Base;
+  try {
+    Remade remade = remake_.Make(WithoutLostFields(description, offered),
+                                 {folder_.FileOf(form.Name, ".frm"), form.Sides.Base, made.IsReused, objectLines_,
+                                  project_.ProjectCodePage().Number()});
+    form.Sides.Theirs = std::move(remade.Form);
+    form.Next = std::move(remade.Description);
+    form.Messages = std::move(remade.Messages);
+  } catch (const NotOffered& lost) {
+    state.Problem = lost.what();
+  }
+  state.Output = kept::DifferencesOf(form.Sides.Base, form.Sides.Theirs);
+}
+
+kept::Update KeptForms::UpdateOf(const KeptForm& form, const kept::Decision& decide) const {
+  return kept::UpdateOf(form.Sides, project_.ProjectCodePage().Encode(StemOf(form.File)), decide);
+}
+
+void PutKeptTexts(ProjectOnDisk& project, const KeptFolder& folder, const std::string& form,
+                  const FormDescription& description, const kept::FormTexts& made) {
+  const KeptTexts old = folder.Read(form);
+  const auto given = [](const std::string& bytes) { return bytes.empty() ? std::nullopt : std::optional(bytes); };
+  project.Put(folder.FileOf(form, ".json"), TextOf(description), old.Json);
+  project.Put(folder.FileOf(form, ".frm"), made.Frm, old.Frm);
+  project.Put(folder.FileOf(form, ".frx"), given(made.Frx), old.Frx);
+}
+
+void KeptForms::Put(const KeptForm& form, const kept::Update& update) {
+  const auto filesOf = [](const kept::FormTexts& texts) { return FormFiles{texts.Frm, texts.Frx}; };
+  project_.PutTexts(*NameInProject(form.Name), filesOf(update.Form), filesOf(form.Sides.Mine));
+  PutKeptTexts(project_, folder_, form.Name, form.Next, form.Sides.Theirs);
+}
+
+Taken KeptForms::Keep(const FormDescription& description, const std::string& form) {
+  const std::string* const component = NameInProject(form);
+  if (!component) {
+    std::vector<std::string> all;
+    for (const auto& [key, name] : components_) all.push_back(name);
+    const support::Names known(all, [](const std::string& each) { return std::string_view(each); });
+    throw support::InputError(project_.Path() + ": the project has no form \"" + form + "\"; " + known.Answer(form));
+  }
+  FormFiles mine = project_.TextsOf(*component);
+  const kept::FormTexts texts{std::move(mine.Frm), std::move(mine.Frx)};
+  Remade remade = remake_.Make(
+      description, {project_.FileOf(*component), texts, true, objectLines_, project_.ProjectCodePage().Number()});
+  remade.Description.Made->IsReused = !remake_.IsLikeNew(
+      description, {project_.FileOf(*component), remade.Form, true, objectLines_, project_.ProjectCodePage().Number()});
+  PutKeptTexts(project_, folder_, *component, remade.Description, remade.Form);
+  Taken taken{*component, {}, std::move(remade.Messages)};
+  taken.State.Edits = kept::DifferencesOf(remade.Form, texts);
+  return taken;
+}
+
+}  // namespace formwizard::apps::forms

@@ -1,0 +1,41 @@
+#include "apps/forms/Offers.h"
+
+#include "apps/forms/PropertyTree.h"
+#include "runtime/RuntimeError.h"
+#include "wizard/factory/SystemList.h"
+
+#include <algorithm>
+
+namespace formwizard::apps::forms {
+
+using wizard::factory::ObjectFactory;
+
+ObjectFactory* Offers::Connected(const std::string& system) {
+  const auto [known, isNew] = systems_.emplace(system, nullptr);
+  if (!isNew) return known->second.get();
+  std::unique_ptr<ObjectFactory> factory = server_.Create();
+  const std::vector<wizard::factory::System> systems = wizard::factory::SystemsIn(factory->SystemList());
+  const auto found = std::ranges::find(systems, system, &wizard::factory::System::Name);
+  if (found == systems.end()) return nullptr;
+  factory->Connect(found->Connect);
+  if (factory->IsConnected()) known->second = std::move(factory);
+  return known->second.get();
+}
+
+const std::vector<kept::Property>& Offers::Of(const std::string& system, const std::string& className) {
+  const auto [known, isNew] = classes_.emplace(std::pair(system, className), std::vector<kept::Property>());
+  ObjectFactory* const factory = isNew ? Connected(system) : nullptr;
+  if (!factory) return known->second;
+  try {
+    ForEachProperty(*factory, className, false, [&](const TreeProperty& property, wizard::factory::ResultSet&) {
+      if (!property.IsField()) return;
+      known->second.push_back({property.Path, std::string(property.Kind), property.Type, property.Caption,
+                               property.Width, property.IsRequired, property.IsReadOnly});
+    });
+  } catch (const runtime::RuntimeError&) {
+    known->second.clear();  // a server may refuse a class that it does not have
+  }
+  return known->second;
+}
+
+}  // namespace formwizard::apps::forms

@@ -1,0 +1,223 @@
+// Kept forms from the command line: what stands in the folder, what is said of them, and what an update writes.
+#include "tests/support/RunHere.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <nlohmann/json.hpp>
+
+using namespace formwizard::tests;
+using nlohmann::json;
+
+namespace {
+
+const std::string Samples = SourceFolder() + "/samples/";
+
+// A project with forms that are kept, and the class dictionary beside it.
+struct Keeper {
+  TemporaryFolder Folder;
+  std::string Project = Folder / "App/Project1.vbp", Kept = Folder / "App/Project1.forms/";
+  json Classes = json::parse(ReadFile(Samples + "dictionary.json"));
+
+  explicit Keeper(const std::string& description = R"({"class":"Sample.Person","fields":["Name","Home.City"]})") {
+    CopySample("new-project", Folder / "App");
+    Import();
+    WriteFile(Folder / "form.json", description);
+    CHECK(Generate({"--keep", Folder / "form.json"}).Status == 0);
+  }
+  void Import() const {
+    WriteFile(Folder / "classes.json", Classes.dump());
+    CHECK(RunHere({"dictionary", "import", Folder / "classes.json", Folder / "d.sqlite"}).Status == 0);
+  }
+  Outcome Run(const std::string& command, const std::vector<std::string>& more = {}) const {
+    std::vector<std::string> arguments{command, "--project", Project, "--dictionary", Folder / "d.sqlite"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return RunHere(arguments);
+  }
+  Outcome Generate(std::vector<std::string> more) const {
+    more.insert(more.end(), {"--toolbox", Samples + "toolbox.ini", "--profile", Folder / "none.ini", "--quiet"});
+    return Run("generate", more);
+  }
+  // The property of Sample.Person, which the first class is.
+  json& Property(const std::string& name) {
+    for (json& of : Classes["systems"][0]["classes"]) {
+      if (of["Name"] != "Sample.Person") continue;
+      for (json& property : of["properties"]) {
+        if (property["Name"] == name) return property;
+      }
+    }
+    throw std::runtime_error("no property " + name);
+  }
+  void Edit(const std::string& file, const std::string& from, const std::string& to) const {
+    std::string text = ReadFile(file);
+    const std::size_t at = text.find(from);
+    REQUIRE_MESSAGE(at != std::string::npos, from);
+    WriteFile(file, text.replace(at, from.size(), to));
+  }
+  std::string Form() const { return Folder / "App/frmPerson.frm"; }
+  std::map<std::string, std::string> Files() const { return FilesIn(NativePath(Folder / "App")); }
+  json Status() const { return json::parse(Run("status", {"--json"}).Out)["forms"][0]; }
+};
+
+const std::string SaveClick = "Private Sub cmd__Save_Click()\r\n";
+const std::string Guard = "    If txtName.Text = \"\" Then Exit Sub\r\n";
+
+}  // namespace
+
+TEST_CASE("A form that is kept gives itself again, and every state is told with what it rests on") {
+  Keeper work;
+  const auto kept = work.Files();
+  CHECK(kept.at("Project1.forms/frmPerson.frm") == kept.at("frmPerson.frm"));
+  // The description alone makes the form again.
+  CopySample("new-project", work.Folder / "Again");
+  CHECK(RunHere({"generate", "--project", work.Folder / "Again/Project1.vbp", "--dictionary", work.Folder / "d.sqlite",
+                 "--toolbox", Samples + "toolbox.ini", work.Kept + "frmPerson.json", "-q"})
+            .Status == 0);
+  CHECK(ReadFile(work.Folder / "Again/frmPerson.frm") == kept.at("frmPerson.frm"));
+  const auto check = [&](const std::string& words, int status, const std::vector<std::string>& lines) {
+    const Outcome told = work.Run("status");
+    CHECK(told.Status == status);
+    CHECK_MESSAGE(told.Out.starts_with("frmPerson: " + words + "\n"), told.Out);
+    for (const std::string& line : lines) CHECK_MESSAGE(Has(told.Out, "\n  " + line + "\n"), told.Out);
+  };
+  check("unchanged", 0, {});
+  work.Edit(work.Form(), SaveClick, SaveClick + Guard);
+  check("edited", 0, {"procedure Sub cmd__Save_Click changed"});
+  work.Property("Name")["Caption"] = "Full name";
+  work.Property("Name")["MaxLen"] = 20;
+  work.Property("Name")["Required"] = 0;
+  work.Import();
+  check("edited, outdated", 1,
+        {"Name: caption was Name, is Full name", "Name: width was 50, is 20", "Name: required was yes, is no"});
+  work.Edit(work.Kept + "frmPerson.json", "\"Columns\": 1", "\"Columns\": 2");
+  check("edited, outdated, made with other settings", 1, {});
+  WriteFile(work.Form(), kept.at("frmPerson.frm"));
+  work.Edit(work.Kept + "frmPerson.frm", "Caption", "caption");
+  check("base not ours", 0, {});
+  CHECK(work.Run("update").Status == 1);
+  work.Edit(work.Project, "Form=frmPerson.frm\r\n", "");
+  check("missing", 0, {});
+  CHECK(work.Run("update").Status == 0);
+}
+
+TEST_CASE("What another version or other settings would make alone is no fault, and an update brings it when asked") {
+  const Keeper work;
+  work.Edit(work.Kept + "frmPerson.json", "\"program\": \"1.0.0\"", "\"program\": \"0.9\"");
+  CHECK(work.Status()["state"] == json{"unchanged"});
+  work.Edit(work.Kept + "frmPerson.json", "\"FormSizable\": false", "\"FormSizable\": true");
+  CHECK(work.Status()["state"] == json{"made with other settings", "made by another version"});
+  CHECK(work.Run("status").Status == 0);
+  CHECK(work.Run("update").Status == 0);
+  CHECK(work.Status()["state"] == json{"unchanged"});
+  // It is the form that these settings give a new form.
+  CopySample("new-project", work.Folder / "Again");
+  CHECK(RunHere({"generate", "--project", work.Folder / "Again/Project1.vbp", "--dictionary", work.Folder / "d.sqlite",
+                 "--toolbox", Samples + "toolbox.ini", work.Kept + "frmPerson.json", "-q"})
+            .Status == 0);
+  CHECK(ReadFile(work.Folder / "Again/frmPerson.frm") == ReadFile(work.Form()));
+}
+
+TEST_CASE("A form that is taken up is edited as far as it differs from what its description gives") {
+  const Keeper work;
+  std::filesystem::remove_all(NativePath(work.Kept));
+  work.Edit(work.Form(), SaveClick, SaveClick + Guard);
+  const auto before = work.Files();
+  CHECK(Has(work.Run("status").Error, "no form is kept"));
+  const Outcome tried = work.Run("keep", {work.Folder / "form.json", "frmPerson", "-n"});
+  CHECK(tried.Status == 0);
+  CHECK(Has(tried.Out, "would write " + work.Kept + "frmPerson.json\n"));
+  CHECK(work.Files() == before);
+  const Outcome taken = work.Run("keep", {work.Folder / "form.json", "FRMperson"});
+  CHECK(taken.Status == 0);
+  CHECK(Has(taken.Out, "frmPerson: edited\n  procedure Sub cmd__Save_Click changed\n"));
+  CHECK(work.Status()["state"] == json{"edited"});
+  CHECK(ReadFile(work.Form()) == before.at("frmPerson.frm"));
+  WriteFile(work.Folder / "other.json", R"({"class":"Sample.Company","fields":["Name"]})");
+  for (const auto& [description, form, message] :
+       {std::tuple{"form.json", "frmPersn", "the project has no form \"frmPersn\"; available: frmPerson"},
+        {"other.json", "frmPerson", "the code has no line \"Const m_classname = \"Sample.Company\""}}) {
+    const Outcome refused = work.Run("keep", {work.Folder / description, form});
+    CHECK(refused.Status == 3);
+    CHECK_MESSAGE(Has(refused.Error, message), refused.Error);
+  }
+}
+
+TEST_CASE("An update takes what the class has changed, keeps what was edited, and names what both have") {
+  Keeper work;
+  work.Edit(work.Form(), SaveClick, SaveClick + Guard);
+  work.Property("Name")["Caption"] = "Full name";
+  work.Import();
+  work.Edit(work.Kept + "frmPerson.json", "{ \"property\": \"Home.City\" }",
+            "{ \"property\": \"Home.City\" }, { \"property\": \"SSN\" }");
+  const auto before = work.Files();
+  const Outcome shown = work.Run("update", {"--dry-run", "--diff"});
+  CHECK(shown.Status == 0);
+  CHECK(Has(shown.Out, "+    txtSSN.Text = m_object.SSN"));
+  CHECK(work.Files() == before);
+  const Outcome updated = work.Run("update");
+  CHECK(updated.Status == 0);
+  CHECK(Has(updated.Error, "where Visual Basic has this project open it does not notice"));
+  const std::string form = ReadFile(work.Form());
+  for (const std::string& part : {SaveClick + Guard, std::string("\"Full name\""), std::string("VB.TextBox txtSSN ")}) {
+    CHECK_MESSAGE(Has(form, part), part);
+  }
+  CHECK(work.Status()["state"] == json{"edited"});
+  const auto after = work.Files();
+  CHECK(work.Run("update", {"frmPerson"}).Out.empty());
+  CHECK(work.Files() == after);
+
+  // Both change the caption of a label, and the class loses a property whose handler was edited.
+  work.Edit(work.Form(), "Caption         =   \"Full name\"", "Caption         =   \"Who\"");
+  work.Edit(work.Form(), "Private Sub txtSSN_Change()\r\n", "Private Sub txtSSN_Change()\r\n    Beep\r\n");
+  work.Property("Name")["Caption"] = "All names";
+  work.Property("SSN")["Name"] = "Number";
+  work.Import();
+  const auto edited = work.Files();
+  const Outcome refused = work.Run("update");
+  CHECK(refused.Status == 1);
+  CHECK(work.Files() == edited);
+  for (const char* part : {"you and the class changed control lblName (frmPerson.lblName)\n  yours, line ",
+                           "|          Caption         =   \"All names\"\n", "(frmPerson.txtSSN_Change)\n",
+                           "  generated: nothing\n", "2 conflicts; nothing was written. Decide with --conflicts"}) {
+    CHECK_MESSAGE(Has(refused.Error, part), refused.Error);
+  }
+  CHECK(work.Run("update", {"--skip-conflicts"}).Status == 1);
+  CHECK(work.Files() == edited);
+  const json told = json::parse(work.Run("update", {"--json", "-n"}).Out);
+  CHECK(told["forms"][0]["conflicts"].size() == 2);
+  CHECK(Has(told["forms"][0]["conflicts"][0]["theirs"]["text"], "All names"));
+  CHECK(work.Run("update", {"--resolve", "frmPerson.Nothing=mine"}).Status == 2);
+  const std::vector<std::string> resolved{"--resolve", "frmPerson.txtSSN_Change=theirs", "--resolve",
+                                          "frmPerson.lblName=mine"};
+  CHECK(work.Run("update", resolved).Status == 0);
+  CHECK(Has(ReadFile(work.Form()), "\"Who\""));
+  CHECK_FALSE(Has(ReadFile(work.Form()), "SSN"));
+  CHECK(work.Status()["outdated"] == false);
+}
+
+TEST_CASE("What stands in the folder is checked: names, descriptions, code pages and what is missing") {
+  const Keeper work;
+  const std::string description = ReadFile(work.Kept + "frmPerson.json");
+  const auto check = [&](const std::string& message) {
+    for (const char* command : {"status", "update"}) {
+      const Outcome refused = work.Run(command);
+      CHECK(refused.Status == 3);
+      CHECK_MESSAGE(Has(refused.Error, message), refused.Error);
+    }
+  };
+  WriteFile(work.Kept + "frm Other.json", description);
+  check("frm Other.json: the file is called as no form can be");
+  std::filesystem::remove(NativePath(work.Kept + "frm Other.json"));
+  WriteFile(work.Kept + "frmOther.frm", "");
+  check("frmOther.json: the description of a kept form is not there");
+  std::filesystem::remove(NativePath(work.Kept + "frmOther.frm"));
+  WriteFile(work.Kept + "frmPerson.json", "<<<<<<< mine\n" + description);
+  check("frmPerson.json:1:1: this is not valid JSON");
+  WriteFile(work.Kept + "frmPerson.json", ReadFile(work.Folder / "form.json"));
+  check("this describes no kept form");
+  WriteFile(work.Kept + "frmPerson.json", description);
+  work.Edit(work.Kept + "frmPerson.json", "\"codePage\": 1252", "\"codePage\": 1250");
+  check("give --code-page 1250");
+  WriteFile(work.Kept + "frmPerson.json", description);
+  work.Edit(work.Form(), "End\r\nAttribute", "<<<<<<<\r\nAttribute");
+  check("frmPerson.frm:");
+  CHECK(work.Run("status", {"frmOther"}).Status == 3);
+}
