@@ -17,7 +17,7 @@ namespace formwizard::apps::forms {
 // a message needs it.
 struct Origin {
   std::shared_ptr<const std::string> Name;  // null for what the program itself has written
-  std::size_t Line = 0, Column = 0;  // counted from 1; 0 for what has none
+  std::size_t Line = 0, Column = 0;         // counted from 1; 0 for what has none
 
   std::string Text() const;
 };
