@@ -43,6 +43,14 @@ auto Forms(Job (*jobOf)(int size)) {
     return work.Generate(job, work.NewProject(job, name));
   };
 }
+Growth OfKept(const char* command) {
+  return {std::string("a kept form, ") + command, Batches,
+          [command](const Workload& work, int size, const std::string& name) {
+            const Job job{.Forms = size};
+            return work.Kept(command, job, work.NewProject(job, name));
+          },
+          Kept};
+}
 Growth WithOption(const char* option) {
   return {std::string("a form with ") + option, Small,
           [option](const Workload& work, int size, const std::string& name) {
@@ -71,6 +79,8 @@ const std::vector<Growth> Growths{
     {"a form and 20 classes", {5, 50, 500}, Forms([](int n) {
        return Job{.Forms = n, .Classes = 20 * n, .OneClass = false};
      })},
+    OfKept("status"),
+    OfKept("update"),
     WithOption("--json"),
     WithOption("--journal"),
     WithOption("--language DEU"),

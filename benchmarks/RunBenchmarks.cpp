@@ -118,6 +118,22 @@ class Bench {
               Number("%.1f MiB", cost.Mebibytes)});
   }
 
+  // Beside generating as many forms.
+  void MeasureKept(const char* command, int forms) const {
+    const Job job{.Forms = forms};
+    std::vector<std::string> run;
+    const auto measured = [&](auto&& runIn) {
+      return Measured(
+          3, [&] { run = runIn(work_.NewProject(job)); }, [&] { Become(run); });
+    };
+    const Cost generate = measured([&](const fs::path& project) { return work_.Generate(job, project); });
+    const Cost cost = measured([&](const fs::path& project) { return work_.Kept(command, job, project); });
+    PrintRow({"`" + std::string(command) + "` of " + Count(forms) + " kept forms",
+              Number("%.0f ms, ", cost.Milliseconds) +
+                  Number("%.2f times generating them", cost.Milliseconds / generate.Milliseconds),
+              Number("%.3f ms", cost.Milliseconds / forms), "", "", "", Number("%.1f MiB", cost.Mebibytes)});
+  }
+
   void MeasureImport(int classes, int properties) const {
     std::vector<std::string> run = work_.Import(classes, properties);
     const Cost import = Measured([&] { Become(run); });
@@ -227,6 +243,9 @@ void MeasureRuns(const Bench& bench) {
     bench.Measure("1 form into " + Count(components) + " components", {.Components = components});
   }
   bench.Measure("1 form of 20,000 classes, 600,000 properties", {.Classes = 20000, .Properties = 30});
+  for (const char* command : {"status", "update"}) {
+    for (const int forms : {100, 1000}) bench.MeasureKept(command, forms);
+  }
   bench.MeasureImport(20000, 30);
   bench.MeasureImport(200000, 30);
 }

@@ -34,6 +34,10 @@ std::map<std::string, std::string> FilesIn(const fs::path& folder) {
   return files;
 }
 
+std::string NameOf(int classes, int properties, int width) {
+  return std::to_string(classes) + "x" + std::to_string(properties) + "x" + std::to_string(width);
+}
+
 }  // namespace
 
 void Die(const std::string& message) {
@@ -122,23 +126,25 @@ void Workload::MakeDescriptions(int count) const {
   }
 }
 
-std::vector<std::string> Workload::Import(int classes, int properties) const {
-  const fs::path json = home_ / (std::to_string(classes) + "x" + std::to_string(properties) + ".json");
+std::vector<std::string> Workload::Import(int classes, int properties, int width) const {
+  const std::string name = NameOf(classes, properties, width);
+  const fs::path json = home_ / (name + ".json");
   std::ofstream out(json);
   out << R"({"systems":[{"name":"S","connect":"c","classes":[)";
   for (int c = 0; c < classes; ++c) {
     out << (c ? ",\n" : "\n") << R"({"Name":"Bench.Thing)" << c << R"(","properties":[)";
-    for (int p = 0; p < properties; ++p) out << (p ? "," : "") << R"({"Name":"Field)" << p << R"(","MaxLen":50})";
+    for (int p = 0; p < properties; ++p)
+      out << (p ? "," : "") << R"({"Name":"Field)" << p << R"(","MaxLen":)" << width << "}";
     out << "]}";
   }
   out << "]}]}";
-  const fs::path dictionary = home_ / (std::to_string(classes) + "x" + std::to_string(properties) + ".sqlite");
+  const fs::path dictionary = home_ / (name + ".sqlite");
   return {(programs_ / "ostrel-form-wizard").string(), "dictionary", "import", json.string(), dictionary.string()};
 }
 
-std::string Workload::Dictionary(int classes, int properties) const {
-  const fs::path path = home_ / (std::to_string(classes) + "x" + std::to_string(properties) + ".sqlite");
-  if (!fs::exists(path) && Run(Import(classes, properties)) != 0) Die("the import failed");
+std::string Workload::Dictionary(int classes, int properties, int width) const {
+  const fs::path path = home_ / (NameOf(classes, properties, width) + ".sqlite");
+  if (!fs::exists(path) && Run(Import(classes, properties, width)) != 0) Die("the import failed");
   return path.string();
 }
 
@@ -210,6 +216,23 @@ std::vector<std::string> Workload::Reference(const Job& job, const fs::path& pro
                                      Dictionary(job.Classes, job.Properties), (project / "Project1.vbp").string()};
   for (std::string& file : Descriptions(job)) arguments.push_back(std::move(file));
   return arguments;
+}
+
+std::vector<std::string> Workload::Kept(const std::string& command, const Job& job, const fs::path& project) const {
+  const bool updates = command == "update";
+  Job keeping = job;
+  keeping.Option = "--keep --quiet";
+  if (Run(Generate(keeping, project)) != 0) Die("the program keeps no form");
+  for (const auto& entry : fs::directory_iterator(project)) {
+    if (!updates || !entry.path().filename().string().starts_with("frmThing")) continue;
+    WriteFile(entry.path(), ReadFile(entry.path()) + "\r\nPrivate Sub OfMine()\r\n    Beep\r\nEnd Sub\r\n");
+  }
+  return {(programs_ / "ostrel-form-wizard").string(),
+          command,
+          "--project",
+          (project / "Project1.vbp").string(),
+          "--dictionary",
+          Dictionary(job.Classes, job.Properties, updates ? UsualWidth - 20 : UsualWidth)};
 }
 
 // The form and the project that the program makes of the first description, with gaps for what differs in others.

@@ -29,6 +29,8 @@ struct Job {
 
 class Workload {
  public:
+  static constexpr int UsualWidth = 50;  // of a property, in characters
+
   // `folder` is made anew, and removed at the end; `programs` is the folder of the built programs.
   Workload(fs::path folder, fs::path programs);
   ~Workload();
@@ -36,8 +38,8 @@ class Workload {
   Workload& operator=(const Workload&) = delete;
 
   // Makes a dictionary unless it is there; the arguments that make it anew, and those that export it to a file.
-  std::string Dictionary(int classes, int properties) const;
-  std::vector<std::string> Import(int classes, int properties) const;
+  std::string Dictionary(int classes, int properties, int width = UsualWidth) const;
+  std::vector<std::string> Import(int classes, int properties, int width = UsualWidth) const;
   std::vector<std::string> Export(int classes, int properties, const fs::path& to) const;
   // Of a dictionary with one that has the same classes.
   std::vector<std::string> Compare(int classes, int properties) const;
@@ -46,6 +48,9 @@ class Workload {
   // What makes the forms of a job in a new project: the program, and the reference, which knows no options.
   std::vector<std::string> Generate(const Job& job, const fs::path& project) const;
   std::vector<std::string> Reference(const Job& job, const fs::path& project) const;
+  // `command` on forms that are made and kept in a new project: "status" where nothing has changed, "update" where
+  // every form was edited and every property has another width.
+  std::vector<std::string> Kept(const std::string& command, const Job& job, const fs::path& project) const;
   // Whether both make the same files. Needed before a reference is run, as it makes the template.
   void CheckReference() const;
 
