@@ -103,12 +103,15 @@ class Run {
   }
 
   int Finish() {
-    const bool isBlocked = conflicts_ > 0 && !options_.SkipConflicts && !options_.DecidesAll;
-    if (isBlocked) {
+    const bool needsDecision = conflicts_ > blocked_ && !options_.DecidesAll;
+    if (!options_.SkipConflicts && (needsDecision || blocked_ > 0)) {
       if (!options_.Json) {
         std::cerr << "ostrel-form-wizard: " << conflicts_ << (conflicts_ == 1 ? " conflict" : " conflicts")
-                  << "; nothing was written. Decide with --conflicts mine, theirs or marks, one by one with --resolve "
-                     "FORM.PROCEDURE=mine or =theirs, or leave such forms alone with --skip-conflicts\n";
+                  << "; nothing was written. "
+                  << (needsDecision ? "Decide with --conflicts mine, theirs or marks, one by one with --resolve "
+                                      "FORM.PROCEDURE=mine or =theirs, or leave"
+                                    : "Leave")
+                  << " such forms alone with --skip-conflicts\n";
       }
       PrintJson(false);
       return common::Differs;
@@ -160,6 +163,7 @@ class Run {
 
   void Block(const forms::KeptForm& form, const std::string& message) {
     ++conflicts_;
+    ++blocked_;
     if (!options_.Json) std::cerr << support::Shown(message) << '\n';
     Add(form, "in conflict", {});
     if (options_.Json) forms_.back()["message"] = message;
@@ -254,7 +258,7 @@ class Run {
   const system::CodePage& codePage_;
   Spool report_;  // that is not printed yet
   Json forms_ = Json::array(), files_ = Json::array(), notes_ = Json::array();
-  int conflicts_ = 0;
+  int conflicts_ = 0, blocked_ = 0;  // blocked_: of them those that no choice decides
   bool isFormWritten_ = false;
 };
 
@@ -283,8 +287,7 @@ void AddUpdate(CLI::App& command, Task& task) {
   command.add_option("--resolve", options->Resolve, "what becomes of one of them; may be repeated")
       ->allow_extra_args(false)
       ->type_name("FORM.PROCEDURE=CHOICE");
-  command.add_flag("--skip-conflicts", options->SkipConflicts, "leave forms with conflicts as they are")
-      ->excludes(&conflicts);
+  command.add_flag("--skip-conflicts", options->SkipConflicts, "leave forms with conflicts as they are");
   command.add_flag("--json", options->Json, "show the result as JSON");
   command.add_flag("-q,--quiet", options->Tells.Quiet, "say nothing but errors");
   command.add_option("forms", options->Forms, "kept forms by their names (default: all)")->type_name("FORM");
