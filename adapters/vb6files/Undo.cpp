@@ -61,9 +61,10 @@ void Undo(system::FileSystem& files, const std::string& projectFile, bool dryRun
   const SavePlace place(files, projectFile);
   const std::optional<SaveRecord> record = KeptRecord(place);
   if (!record) {
-    throw InputError(projectFile +
-                     ": there is nothing to undo; only a run that replaced forms or their kept texts, and "
-                     "was the last one that saved, can be taken back");
+    throw InputError(
+        projectFile +
+        ": there is nothing to undo; only a run that wrote kept forms, and was the last one that saved, can be "
+        "taken back");
   }
   const FileSet kept(place, place.KeptFolder, *record);
   const system::FilesRead read(files);

@@ -1,10 +1,16 @@
 #include "adapters/dictionary/Changes.h"
+#include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/cli/Commands.h"
+#include "apps/cli/KeptListing.h"
 #include "apps/cli/Progress.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/common/Endings.h"
 #include "apps/common/Interruption.h"
+#include "apps/common/Paths.h"
+#include "apps/forms/KeptFolder.h"
+#include "apps/forms/TouchedForms.h"
 #include "support/Messages.h"
+#include "system/FileSystem.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -12,7 +18,9 @@
 #include <array>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
 
 namespace formwizard::apps::cli {
@@ -24,7 +32,7 @@ using adapters::dictionary::Change;
 using adapters::dictionary::ChangedThing;
 
 struct DiffOptions {
-  std::string Old, New;
+  std::string Old, New, Project;
   bool Json = false, Quiet = false;
 };
 
@@ -75,6 +83,25 @@ Json JsonOf(const Change& change) {
   return json;
 }
 
+// The queries of both dictionaries that are gone or others in the new one.
+class ChangedQueries {
+ public:
+  void Add(const Change& change) {
+    const bool counts = change.What == ChangedThing::Query && change.Kind != adapters::dictionary::ChangeKind::Added;
+    if (counts) queries_.insert(KeyOf(change.System, change.Class, change.Name));
+  }
+  bool Has(const std::string& system, const std::string& className, const std::string& query) const {
+    return queries_.contains(KeyOf(system, className, query));
+  }
+
+ private:
+  static std::string KeyOf(const std::string& system, const std::string& className, const std::string& query) {
+    return system + '\n' + className + '\n' + query;
+  }
+
+  std::unordered_set<std::string> queries_;
+};
+
 // Prints what has changed as it is found.
 class Report {
  public:
@@ -91,9 +118,26 @@ class Report {
     }
   }
 
+  void Add(const forms::TouchedForm& form) {
+    if (options_.Json) {
+      Json json{{"form", form.Name}};
+      AddTo(json, form.Class);
+      json["queries"] = form.Queries;
+      forms_.push_back(std::move(json));
+    } else if (!options_.Quiet) {
+      std::cout << "form " << support::Escaped(form.Name) << ":\n";
+      for (const std::string& reason : ReasonsIn(form.Class)) std::cout << "  " << support::Escaped(reason) << '\n';
+      for (const std::string& query : form.Queries) {
+        std::cout << "  the query " << support::Escaped(query) << ", by which objects are chosen, is gone or another\n";
+      }
+    }
+  }
+
   int Finish() {
     if (options_.Json) {
-      std::cout << (isEqual_ ? "" : "\n  ") << "],\n  \"equal\": " << (isEqual_ ? "true" : "false") << "\n}\n";
+      std::cout << (isEqual_ ? "" : "\n  ") << "],\n";
+      if (!options_.Project.empty()) std::cout << "  \"forms\": " << forms_.dump() << ",\n";
+      std::cout << "  \"equal\": " << (isEqual_ ? "true" : "false") << "\n}\n";
     }
     return isEqual_ ? common::Done : common::Differs;
   }
@@ -101,6 +145,7 @@ class Report {
  private:
   const DiffOptions& options_;
   bool isEqual_ = true;
+  Json forms_ = Json::array();
 };
 
 int ShowDifference(const DiffOptions& options) {
@@ -111,13 +156,35 @@ int ShowDifference(const DiffOptions& options) {
   const auto before = common::OpenAnyDictionary(options.Old, onRead);
   const auto after = common::OpenAnyDictionary(options.New, onRead);
   Progress progress(std::cerr, "comparing", ShowsProgress(options.Quiet, !options.Json));
+  std::optional<forms::KeptFolder> kept;
+  if (!options.Project.empty()) {
+    const std::string project = common::Resolved(options.Project);
+    const adapters::vb6files::ProjectOnDisk opened(system::RealFileSystem(), project, {});
+    kept.emplace(system::RealFileSystem(), project);
+  }
+  ChangedQueries queries;
   Report report(options);
   adapters::dictionary::CompareDictionaries(
-      {*before, options.Old}, {*after, options.New}, [&](const Change& change) { report.Add(change); },
+      {*before, options.Old}, {*after, options.New},
+      [&](const Change& change) {
+        report.Add(change);
+        if (kept) queries.Add(change);
+      },
       [&](double part) {
         common::CheckInterrupted();
         progress.Show(part, 1);
       });
+  if (kept) {
+    forms::ForEachTouchedForm(
+        *kept, *before, *after,
+        [&](const std::string& system, const std::string& ofClass, const std::string& query) {
+          return queries.Has(system, ofClass, query);
+        },
+        [&](const forms::TouchedForm& form) {
+          common::CheckInterrupted();
+          report.Add(form);
+        });
+  }
   return report.Finish();
 }
 
@@ -127,6 +194,8 @@ void AddDictionaryDiff(CLI::App& command, Task& task) {
   const auto options = std::make_shared<DiffOptions>();
   AddStream(command, "old", options->Old, "class dictionary or JSON as it was, \"-\" for standard input")->required();
   AddStream(command, "new", options->New, "class dictionary or JSON as it is")->required();
+  AddFile(command, "--project", options->Project,
+          "a VB6 project file (.vbp): also say which of its kept forms it touches");
   command.add_flag("--json", options->Json, "show the changes as JSON");
   command.add_flag("-q,--quiet", options->Quiet, "say nothing but errors: the exit status tells");
   command.callback([&task, options] {

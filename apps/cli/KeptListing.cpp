@@ -58,6 +58,29 @@ std::string Readable(const std::string& bytes, const system::CodePage& codePage)
   return system::IsUtf8(bytes) ? bytes : codePage.Decode(bytes);
 }
 
+std::vector<std::string> ReasonsIn(const kept::ClassChanges& changes) {
+  std::vector<std::string> reasons;
+  for (const kept::Property& property : changes.New) {
+    reasons.push_back("the class has " + property.Path + " (" + property.Type + "), which is new");
+  }
+  for (const std::string& property : changes.Lost) {
+    reasons.push_back("the class has no " + property + " any longer, which the form shows");
+  }
+  for (const kept::PropertyChange& change : changes.Changed) {
+    reasons.push_back(change.Property + ": " + std::string(change.What) + " was " + Shown(change.Was) + ", is " +
+                      Shown(change.Is));
+  }
+  return reasons;
+}
+
+void AddTo(Json& json, const kept::ClassChanges& changes) {
+  json["new"] = ListOf(changes.New, [](const kept::Property& property) { return AsJson(property); });
+  json["lost"] = changes.Lost;
+  json["changed"] = ListOf(changes.Changed, [](const kept::PropertyChange& change) {
+    return Json{{"property", change.Property}, {"what", change.What}, {"was", change.Was}, {"is", change.Is}};
+  });
+}
+
 std::string LinesOf(const std::string& form, const kept::State& state, const system::CodePage& codePage) {
   Lines lines(form);
   for (const std::string_view word : state.Words()) lines.AddWord(word);
@@ -65,16 +88,7 @@ std::string LinesOf(const std::string& form, const kept::State& state, const sys
     lines.Add(std::string(edit.What) + (edit.Name.empty() ? "" : " " + Readable(edit.Name, codePage)) + " " +
               std::string(vbtext::Word(edit.Kind)));
   }
-  for (const kept::Property& property : state.Class.New) {
-    lines.Add("the class has " + property.Path + " (" + property.Type + "), which is new");
-  }
-  for (const std::string& property : state.Class.Lost) {
-    lines.Add("the class has no " + property + " any longer, which the form shows");
-  }
-  for (const kept::PropertyChange& change : state.Class.Changed) {
-    lines.Add(change.Property + ": " + std::string(change.What) + " was " + Shown(change.Was) + ", is " +
-              Shown(change.Is));
-  }
+  for (const std::string& reason : ReasonsIn(state.Class)) lines.Add(reason);
   if (state.AsksOtherwise) lines.Add("the description asks for other fields than the form was made with");
   if (!state.Problem.empty()) lines.Add("it cannot be made any longer: " + state.Problem);
   return lines.Text();
@@ -84,11 +98,7 @@ nlohmann::ordered_json JsonOf(const std::string& form, const kept::State& state,
   const auto difference = [&](const Difference& each) { return AsJson(each, codePage); };
   Json json{{"form", form}, {"state", state.Words()}, {"outdated", state.IsOutdated()}};
   json["edits"] = ListOf(state.Edits, difference);
-  json["new"] = ListOf(state.Class.New, [](const kept::Property& property) { return AsJson(property); });
-  json["lost"] = state.Class.Lost;
-  json["changed"] = ListOf(state.Class.Changed, [](const kept::PropertyChange& change) {
-    return Json{{"property", change.Property}, {"what", change.What}, {"was", change.Was}, {"is", change.Is}};
-  });
+  AddTo(json, state.Class);
   json["asksOtherwise"] = state.AsksOtherwise;
   json["output"] = ListOf(state.Output, difference);
   if (!state.Problem.empty()) json["problem"] = state.Problem;

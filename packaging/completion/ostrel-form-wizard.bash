@@ -122,8 +122,10 @@ _ostrel_form_wizard() {
   if [[ $command == dictionary ]]; then
     if ((cword == i + 1)); then
       _ostrel_form_wizard_words '--help import export diff'
+    elif [[ $prev == --project ]]; then
+      _filedir vbp
     elif [[ $cur == -?* && ${words[i + 1]} == diff ]]; then
-      _ostrel_form_wizard_words '--help --json --quiet'
+      _ostrel_form_wizard_words '--help --project --json --quiet'
     elif [[ $cur == -?* ]]; then
       _ostrel_form_wizard_words '--help --force --quiet --verbose'
     elif [[ ${words[i + 1]} == import && $cword -eq $((i + 2)) || ${words[i + 1]} == export && $cword -eq $((i + 3)) ]]; then

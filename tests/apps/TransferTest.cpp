@@ -78,6 +78,37 @@ TEST_CASE("Two dictionaries differ by what was added, removed and changed, howev
   CHECK(place.Run("dictionary diff - -").Status == 2);
 }
 
+TEST_CASE("A difference names the kept forms that it touches: by their classes, by objects in them and by queries") {
+  const Place place;
+  const auto dictionary = [](const std::string& length, const std::string& columns) {
+    return R"({"systems":[{"name":"S","connect":"s","classes":[
+      {"Name":"A.P","properties":[{"Name":"Name"},{"Name":"Friend","Type":"A.Q","Datatype":0},{"Name":"Other"}]},
+      {"Name":"A.Q","properties":[{"Name":"Title","MaxLen":)" +
+           length + R"(}],"queries":[{"Name":"ByTitle","columns":["ID","Title")" + columns + R"(]}]},
+      {"Name":"A.R","properties":[{"Name":"Name"}]}]}]})";
+  };
+  WriteFile(place.Folder / "old.json", dictionary("5", ""));
+  WriteFile(place.Folder / "longer.json", dictionary("6", ""));
+  WriteFile(place.Folder / "more.json", dictionary("5", R"(,"More")"));
+  WriteFile(place.Folder / "forms.json", R"([{"class":"A.R","fields":["Name"]},{"class":"A.P","fields":["Name",
+    {"property":"Friend.Title","combo":{"query":"ByTitle","column":"Title"}}]}])");
+  CopySample("new-project", place.Folder / "p");
+  CHECK(place.Run("dictionary import old.json old.sqlite").Status == 0);
+  const Outcome kept = place.Run("generate --keep --project p/Project1.vbp --dictionary old.sqlite --toolbox \"" +
+                                 SourceFolder() + "/samples/toolbox.ini\" forms.json");
+  REQUIRE_MESSAGE(kept.Status == 0, kept.Error);
+  const auto touched = [&](const std::string& now, const std::string& options) {
+    const std::string out = place.Run("dictionary diff old.sqlite " + now + " --project p/Project1.vbp" + options).Out;
+    return out.substr(std::min(out.find(options.empty() ? "form " : "\"forms\""), out.size()));
+  };
+  CHECK(touched("longer.json", "") == "form frmP:\n  Friend.Title: width was 5, is 6\n");
+  CHECK(touched("more.json", "") ==
+        "form frmP:\n  the query A.Q.ByTitle, by which objects are chosen, is gone or another\n");
+  CHECK(touched("more.json", " --json")
+            .starts_with(R"("forms": [{"form":"frmP","new":[],"lost":[],"changed":[],"queries":["A.Q.ByTitle"]}],)"));
+  CHECK(touched("old.json", "").empty());
+}
+
 TEST_CASE("Texts are read in every Unicode that a shell writes") {
   const Place place;
   const std::string exported = place.Run("dictionary export d.sqlite -").Out;

@@ -16,8 +16,10 @@ const std::string Json = "'" + Samples + "dictionary.json' ";
 constexpr std::array Looking{"read", "pread", "fstat", "stat", "lstat", "access", "opendir", "flock"};
 
 struct Command {
-  std::string Arguments;  // "{}" stands for the folder
-  std::string Next;       // those of the run that follows
+  std::string Arguments;                // "{}" stands for the folder
+  std::string Next;                     // those of the run that follows
+  std::vector<std::string> First = {};  // those of the runs before
+  std::string Look = {};                // those of one that only looks, after which files that are one set are so again
 };
 
 const std::string Preloaded = "LD_PRELOAD='" + BuiltFolder() + "libformwizard_failing_calls.so' ";
@@ -30,16 +32,25 @@ class Site {
     CopySample("new-project", work_ + "/project");
     WriteFile(work_ + "/b.json", R"({"class":"A.B","fields":["Name","Notes"]})");
     WriteFile(work_ + "/c.json", R"({"class":"A.C","fields":["Name"]})");
-    const std::string classes = R"("classes":[{"Name":"A.C","properties":[{"Name":"Name"}]},{"Name":"A.B","properties":[
-      {"Name":"Name"},{"Name":"Notes","Collection":"characterstream"}]}]})";
-    WriteFile(work_ + "/small.json", R"({"systems":[{"name":"S","connect":"s",)" + classes +
-                                         R"(,{"name":"T","connect":"t",)" + classes + "]}");
+    const auto dictionary = [](const std::string& caption) {
+      const std::string classes =
+          R"("classes":[{"Name":"A.C","properties":[{"Name":"Name"}]},{"Name":"A.B","properties":[
+        {"Name":"Name"},{"Name":"Notes",)" +
+          caption + R"("Collection":"characterstream"}]}]})";
+      return R"({"systems":[{"name":"S","connect":"s",)" + classes + R"(,{"name":"T","connect":"t",)" + classes + "]}";
+    };
+    WriteFile(work_ + "/small.json", dictionary(""));
+    WriteFile(work_ + "/newer.json", dictionary(R"("Caption":"Remarks",)"));
     WriteFile(work_ + "/outility.ini", "[OstrelFormWizard]\r\nLastConnect=?\r\nColumns=2\r\n[Other]\r\nx=1\r\n");
     WriteFile(work_ + "/run.jsonl", "{\"call\":\"AddToolboxProgID\",\"progId\":\"Old\"}\n");
     for (const std::string& from : {std::string("{}/small.json {}/old.sqlite"), Json + "{}/new.sqlite"}) {
       REQUIRE(Run("dictionary import " + from).Status == 0);
     }
     REQUIRE(Run("dictionary export {}/old.sqlite {}/old.json").Status == 0);
+    for (const std::string& first : command_.First) {
+      const Outcome made = Run(first);
+      REQUIRE_MESSAGE(made.Status == 0, made.Error);
+    }
     before_ = All();
     REQUIRE(Run(command_.Arguments, "FAULT_LOG='" + folder_ / "calls.log" + "'").Status == 0);
     after_ = All();
@@ -71,6 +82,8 @@ class Site {
     const Outcome made = Run(command_.Arguments, "FAULT_AT=" + std::to_string(n) + kill);
     CAPTURE(made.Status);
     CAPTURE(made.Error);
+    const bool mayBeUnderWay = !kill.empty() || made.Status == 0;  // a run that failed has taken everything back
+    if (mayBeUnderWay && !command_.Look.empty()) Run(command_.Look);
     const Files left = All();
     const Files state = Sound(left);
     if (!kill.empty()) {
@@ -95,7 +108,10 @@ class Site {
   // is must go with the next run.
   Files Sound(const Files& left) {
     Files sound;
-    const bool isNew = left.at("project/Project1.vbp") == after_.at("project/Project1.vbp");
+    const auto changed = std::ranges::find_if(before_, [&](const Files::value_type& file) {
+      return file.first.starts_with("project/") && after_.contains(file.first) && after_.at(file.first) != file.second;
+    });
+    const bool isNew = changed != before_.end() && left.at(changed->first) == after_.at(changed->first);
     for (const auto& [name, bytes] : isNew ? after_ : before_) {
       if (name.starts_with("project/")) sound.insert({name, bytes});
     }
@@ -175,11 +191,25 @@ class Site {
 const std::string Generate = "generate --project {}/project/Project1.vbp --dictionary {}/old.sqlite --toolbox '" +
                              Samples + "toolbox.ini' --profile {}/outility.ini --journal {}/run.jsonl ";
 
+const std::string Project = " --project {}/project/Project1.vbp";
+const std::string Status = "status" + Project + " --dictionary {}/newer.sqlite";
+const std::string Update = "update" + Project + " --dictionary {}/newer.sqlite";
+const std::array KeepForms{std::string("dictionary import {}/newer.json {}/newer.sqlite"),
+                           Generate + "--keep {}/b.json {}/c.json"};
+
 }  // namespace
 
 TEST_CASE("Whatever call fails or is the last one, a generated form is there or not, and the next run works") {
   Site({Generate + "--system S {}/b.json {}/c.json", Generate + "--system T --class A.B --fields Notes"})
       .TryEveryCall();
+}
+
+TEST_CASE("Whatever call fails or is the last one, an update is the old set of files or the new one") {
+  Site({Update, Update, {KeepForms.begin(), KeepForms.end()}, Status}).TryEveryCall();
+}
+
+TEST_CASE("Whatever call fails or is the last one, an undo is the old set of files or the new one") {
+  Site({"undo" + Project, "undo" + Project, {KeepForms[0], KeepForms[1], Update}, Status}).TryEveryCall();
 }
 
 TEST_CASE("Whatever call fails or is the last one, a dictionary is the old or the new one") {
