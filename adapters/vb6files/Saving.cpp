@@ -64,17 +64,24 @@ void Saving::Stage(const std::string& path, std::string_view bytes) {
   });
 }
 
-// A link stays one.
 void Saving::Put(const std::string& path, const std::optional<std::string_view>& bytes,
                  const std::optional<std::string_view>& old) {
   Try([&] {
     Open();
     isSet_ = true;
-    const std::string target = files_.BehindLinks(path);
-    if (bytes) system::WriteNewFile(files_, Aside(targets_.size()), *bytes, old ? target : "");
-    const auto sum = [](const auto& content) { return content ? system::ContentSum(*content) : 0; };
-    targets_.push_back({{place_.Recorded(target), sum(bytes), sum(old)}});
+    Add(files_.BehindLinks(path), bytes, old);  // a link stays one
   });
+}
+
+void Saving::Add(const std::string& path, const std::optional<std::string_view>& bytes,
+                 const std::optional<std::string_view>& old) {
+  const auto sum = [](const auto& content) { return content ? system::ContentSum(*content) : 0; };
+  const SaveRecord::File file{place_.Recorded(path), sum(bytes), sum(old)};
+  if (!FileSet::IsWithinReach(file)) {
+    throw SaveError(path + ": this file stands outside the project's folder; move it there, then try again");
+  }
+  if (bytes) system::WriteNewFile(files_, Aside(targets_.size()), *bytes, old ? path : "");
+  targets_.push_back({file});
 }
 
 std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + PreparedName(number); }
@@ -178,7 +185,7 @@ void Saving::CommitProject(std::string_view text) {
 
 // The files of the set by their numbers, the project file behind them, then the folders that are to be made.
 SaveRecord Saving::PrepareSet(std::string_view text) {
-  if (text != original_) Put(projectFile_, text, original_);
+  if (text != original_) Add(projectFile_, text, original_);
   SaveRecord record;
   record.IsSet = true;
   std::set<std::string> missing;

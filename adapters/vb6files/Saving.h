@@ -57,6 +57,8 @@ class Saving {
   };
 
   void Open();
+  void Add(const std::string& path, const std::optional<std::string_view>& bytes,
+           const std::optional<std::string_view>& old);
   void CheckTargets();
   void CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames);
   void Prepare(std::string_view text);

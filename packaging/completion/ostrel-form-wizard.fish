@@ -113,7 +113,7 @@ for command in 'generate	create forms in a project' \
         -d (string split \t $command)[2]
 end
 
-__ostrel_form_wizard_option --project "generate $of_kept undo wizard lint" 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
+__ostrel_form_wizard_option --project "generate $of_kept undo wizard lint dictionary" 'the VB6 project file' -xa '(__ostrel_form_wizard_files vbp)'
 __ostrel_form_wizard_option --dictionary "$sources desktop" 'the class dictionary' -rF
 __ostrel_form_wizard_option --system 'generate classes properties queries' 'the system' -xa \
     '(__ostrel_form_wizard_names systems)'

@@ -404,6 +404,8 @@ TEST_CASE("Nothing is undone where the last save made new forms only, or by a re
     from.IsLocked = false;
     Generate(from);
     CHECK(from.Files == NewProject());
+    ProjectOnDisk project(from, ProjectPath, {});
+    CHECK_THROWS_AS(project.Put(path.starts_with('/') ? path : "P/" + path, "x", std::nullopt), support::SaveError);
   }
 }
 
