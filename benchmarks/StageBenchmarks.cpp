@@ -62,7 +62,7 @@ void OneForm(benchmark::State& state) {
   for (auto _ : state) {
     ProjectOnDisk project(system::RealFileSystem(), FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp",
                           {1252, FORMWIZARD_SOURCE_DIR "/samples/toolbox.ini"});
-    project.OnChange([](const auto& change) { benchmark::DoNotOptimize(change.New.data()); }, true);
+    project.OnChange([](const auto& change) { benchmark::DoNotOptimize(change.New->size()); }, true);
     settings::Settings settings;
     generator::GeneratorState counters;
     ComputePositions(form, settings);
