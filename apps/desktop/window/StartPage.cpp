@@ -10,7 +10,6 @@
 #include <QLocale>
 #include <QPainter>
 #include <QStyledItemDelegate>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -92,7 +91,10 @@ QLabel* MadeNote(const QString& text, const QPalette& palette) {
 }  // namespace
 
 StartPage::StartPage(const Texts& texts, Entries entries, std::function<void(const QString&)> openRecent)
-    : texts_(texts), recent_(new QListWidget), noRecent_(MadeNote(texts(T::NoRecent), palette())) {
+    : texts_(texts),
+      recent_(new QListWidget),
+      noRecent_(MadeNote(texts(T::NoRecent), palette())),
+      opening_(new QTimer(this)) {
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   recent_->setItemDelegate(new RecentDelegate(recent_));
@@ -100,13 +102,11 @@ StartPage::StartPage(const Texts& texts, Entries entries, std::function<void(con
   recent_->setAccessibleName(texts(T::Recent));
   recent_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   // The list is another one when a file is open, so it is opened behind the list's own event, once for a double click.
-  const auto openItem = [this, open = std::move(openRecent)](const QListWidgetItem* item) {
-    if (!std::exchange(isOpening_, true)) {
-      QTimer::singleShot(0, this, [this, open, path = item->data(PathRole).toString()] {
-        isOpening_ = false;
-        open(path);
-      });
-    }
+  opening_->setSingleShot(true);
+  connect(opening_, &QTimer::timeout, this, [this, open = std::move(openRecent)] { open(chosen_); });
+  const auto openItem = [this](const QListWidgetItem* item) {
+    chosen_ = item->data(PathRole).toString();
+    opening_->start();
   };
   connect(recent_, &QListWidget::itemActivated, this, openItem);
   connect(recent_, &QListWidget::itemClicked, this, openItem);

@@ -7,6 +7,7 @@
 #include <QCommandLinkButton>
 #include <QLabel>
 #include <QListWidget>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -32,7 +33,8 @@ class StartPage : public QWidget {
   const Texts& texts_;
   QListWidget* recent_;
   QLabel* noRecent_;
-  bool isOpening_ = false;
+  QTimer* opening_;
+  QString chosen_;  // what it opens
 };
 
 }  // namespace formwizard::apps::desktop
