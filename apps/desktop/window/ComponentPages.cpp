@@ -1,6 +1,7 @@
 #include "apps/desktop/window/ComponentPages.h"
 
 #include "adapters/qt/Text.h"
+#include "apps/desktop/window/FormCommands.h"
 #include "support/Failures.h"
 
 #include <algorithm>
@@ -47,14 +48,15 @@ void ComponentPages::ShowForm(vb6files::ProjectOnDisk& project, const std::strin
   const vb6files::FormFiles texts = project.TextsOf(name);
   code_.ShowCode(Text(project.ProjectCodePage().Decode(texts.Frm)));  // what there is of a damaged form
   vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
-  code_.ShowCode(Text(tree.Code));
+  code_.ShowCode(Text(tree.Code), ObjectsOf(tree.Form), texts_(T::NoCode));
   form_.SetForm(std::move(tree));
   page_.ShowPicture();
 }
 
 void ComponentPages::ShowModule(vb6files::ProjectOnDisk& project, const std::string& name) {
   OfferCode(texts_(T::NoForm, Text(name)));
-  code_.ShowCode(Text(CodeOfModule(project.ProjectCodePage(), project.TextsOf(name).Frm)));
+  code_.ShowCode(Text(CodeOfModule(project.ProjectCodePage(), project.TextsOf(name).Frm)),
+                 {"Class", "UserControl", "PropertyPage", "UserDocument"});
 }
 
 void ComponentPages::OfferCode(const QString& instead) {

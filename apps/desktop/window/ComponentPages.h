@@ -2,8 +2,8 @@
 #pragma once
 
 #include "adapters/vb6files/ProjectOnDisk.h"
-#include "apps/desktop/CodeView.h"
 #include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/code/CodePane.h"
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/window/FormPage.h"
 #include "apps/desktop/window/Panes.h"
@@ -14,7 +14,7 @@ namespace formwizard::apps::desktop {
 class ComponentPages {
  public:
   // All must outlive this object.
-  ComponentPages(const Texts& texts, FormPage& page, FormView& form, CodeView& code, Panes& panes)
+  ComponentPages(const Texts& texts, FormPage& page, FormView& form, CodePane& code, Panes& panes)
       : texts_(texts), page_(page), form_(form), code_(code), panes_(panes) {}
 
   // Null for no project, and for nothing chosen in one. A form that is damaged is shown as code, and said why.
@@ -28,7 +28,7 @@ class ComponentPages {
   const Texts& texts_;
   FormPage& page_;
   FormView& form_;
-  CodeView& code_;
+  CodePane& code_;
   Panes& panes_;
 };
 

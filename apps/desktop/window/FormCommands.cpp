@@ -3,9 +3,6 @@
 #include "adapters/qt/Text.h"
 #include "apps/desktop/formview/ZoomBox.h"
 
-#include <QRegularExpression>
-#include <QTextBlock>
-
 namespace formwizard::apps::desktop {
 namespace {
 
@@ -25,9 +22,24 @@ QString Twips(const FormNode& node, std::initializer_list<const char*> names) {
 }
 
 // What the names of the procedures of a control begin with; those of a form do not follow its name.
-QString HandlerStem(const FormNode& node) { return node.Class == "VB.Form" ? "Form" : Text(node.Name); }
+QString HandlerStem(const FormNode& node) {
+  const QString kind = ShortClass(node);
+  const bool isDesigned = QStringList{"Form", "MDIForm", "UserControl", "PropertyPage", "UserDocument"}.contains(kind);
+  return isDesigned && node.Class.starts_with("VB.") ? kind : Text(node.Name);
+}
+
+void AddObjects(const FormNode& node, QStringList& objects) {
+  objects << HandlerStem(node);
+  for (const FormNode& child : node.Children) AddObjects(child, objects);
+}
 
 }  // namespace
+
+QStringList ObjectsOf(const FormNode& form) {
+  QStringList objects;
+  AddObjects(form, objects);
+  return objects;
+}
 
 FormViewTexts TextsOfFormView(const Texts& texts) {
   return {.NotVisible = texts(T::ViewNotVisible),
@@ -73,7 +85,7 @@ PreviewTexts TextsOfPreview(const Texts& texts) {
           .Old = texts(T::PreviewOld)};
 }
 
-FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form, CodeView& code, StatusLine& status,
+FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form, CodePane& code, StatusLine& status,
                            std::function<void()> showCode)
     : texts_(texts), form_(form), code_(code), status_(status), showCode_(std::move(showCode)) {
   actions.On(Command::TabOrder, [this](bool shown) { form_.SetTabOrderShown(shown); });
@@ -133,24 +145,12 @@ void FormCommands::ShowPlace() {
 }
 
 void FormCommands::GoToHandler(const FormNode& node) {
-  if (!ShowSub(QRegularExpression::escape(HandlerStem(node)) + "_")) {
-    status_.Say(texts_(T::NoHandler, Text(node.Name)));
-  }
+  if (!code_.GoToHandlerOf(HandlerStem(node))) return status_.Say(texts_(T::NoHandler, Text(node.Name)));
+  showCode_();
 }
 
-void FormCommands::ShowProcedure(const std::string& name) { ShowSub(QRegularExpression::escape(Text(name)) + "\\b"); }
-
-// The first procedure whose name fits.
-bool FormCommands::ShowSub(const QString& pattern) {
-  const QRegularExpression handler("^[^'\n]*\\bSub " + pattern, QRegularExpression::CaseInsensitiveOption);
-  for (QTextBlock block = code_.document()->begin(); block.isValid(); block = block.next()) {
-    if (!handler.match(block.text()).hasMatch()) continue;
-    showCode_();
-    code_.setTextCursor(QTextCursor(block));
-    code_.centerCursor();
-    return true;
-  }
-  return false;
+void FormCommands::ShowProcedure(const std::string& name) {
+  if (code_.GoToProcedure(Text(name))) showCode_();
 }
 
 }  // namespace formwizard::apps::desktop

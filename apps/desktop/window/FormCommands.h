@@ -1,8 +1,8 @@
 // The form's picture joined to the window: commands, zoom, status bar, and the way to the code.
 #pragma once
 
-#include "apps/desktop/CodeView.h"
 #include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/code/CodePane.h"
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/preview/PreviewWindow.h"
 #include "apps/desktop/properties/PropertyRows.h"
@@ -18,10 +18,13 @@ FormViewTexts TextsOfFormView(const Texts& texts);
 PropertyTexts TextsOfProperties(const Texts& texts);
 PreviewTexts TextsOfPreview(const Texts& texts);
 
+// The names under which the form and its controls have procedures.
+QStringList ObjectsOf(const adapters::vb6files::FormNode& form);
+
 class FormCommands {
  public:
   // All must outlive this object. `showCode` brings the code to the front.
-  FormCommands(const Texts& texts, Actions& actions, FormView& form, CodeView& code, StatusLine& status,
+  FormCommands(const Texts& texts, Actions& actions, FormView& form, CodePane& code, StatusLine& status,
                std::function<void()> showCode);
 
   // As it is remembered: a scale, or nothing for one that fits.
@@ -38,11 +41,10 @@ class FormCommands {
  private:
   const adapters::vb6files::FormNode* Selected() const;
   void GoToHandler(const adapters::vb6files::FormNode& node);
-  bool ShowSub(const QString& pattern);
 
   const Texts& texts_;
   FormView& form_;
-  CodeView& code_;
+  CodePane& code_;
   StatusLine& status_;
   std::function<void()> showCode_;
 };

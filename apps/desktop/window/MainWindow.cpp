@@ -67,6 +67,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
   files_->OnTools = [this] { ShowTools(); };
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
   CarryOut();
+  CarryOutEdit();
   help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
   setAcceptDrops(true);
   ShowProject("");
@@ -77,13 +78,14 @@ MainWindow::MainWindow(EnvironmentOptions options)
 // What is shown hears nothing any more while the rest goes.
 MainWindow::~MainWindow() {
   tree_->OnChosen = [] {};
+  code_->OnPlace = [](const QString&) {};
 }
 
 void MainWindow::MakePanes() {
   tree_ = new ProjectTree(texts_, [this] { files_->AskForProject(); });
   form_ = new FormView(TextsOfFormView(texts_));
   formPage_ = new FormPage(texts_, form_);
-  code_ = new CodeView;
+  code_ = new CodePane(texts_);
   properties_ = new PropertiesPanel(*form_, TextsOfProperties(texts_));
   auto* dictionary =
       new EmptyState(texts_(T::NoDictionary), texts_(T::ButtonOpenDictionary), [this] { files_->AskForDictionary(); });
@@ -149,7 +151,7 @@ void MainWindow::CarryOut() {
   }
   on(Command::RemoveForm, [this] { RemoveForm(); });
   on(Command::Copy, [this] { CopyShown(); });
-  on(Command::SelectAll, [this] { code_->selectAll(); });
+  on(Command::SelectAll, [this] { code_->View().selectAll(); });
   on(Command::TrySample, [this] { files_->TrySample(); });
   on(Command::SavePicture, [this] { SavePicture(); });
   on(Command::ShowInFolder, [this] { ShowInFolder(); });
@@ -163,13 +165,30 @@ void MainWindow::CarryOut() {
 // What has the focus; the picture where nothing else can be copied.
 void MainWindow::CopyShown() {
   const QWidget* focus = QApplication::focusWidget();
-  if (code_->isVisible() && (focus == code_ || !panes_->isAncestorOf(focus))) {
-    code_->copy();
+  if (code_->isVisible() && (focus == &code_->View() || !panes_->isAncestorOf(focus))) {
+    code_->View().copy();
   } else if (properties_->isAncestorOf(focus)) {
     properties_->CopyValue();
   } else if (form_->Canvas().Form()) {
     form_->CopyPicture();
   }
+}
+
+void MainWindow::CarryOutEdit() {
+  const auto inCode = [this](Command command, std::function<void()> action) {
+    actions_->On(command, [this, action = std::move(action)] {
+      panes_->Show(Pane::Code);
+      action();
+    });
+  };
+  inCode(Command::Find, [this] { code_->Find(); });
+  inCode(Command::FindNext, [this] { code_->FindNext(false); });
+  inCode(Command::FindPrevious, [this] { code_->FindNext(true); });
+  inCode(Command::GoToLine, [this] { code_->AskForLine(); });
+  code_->OnPlace = [this](const QString& place) {
+    if (place.isEmpty()) return formCommands_->ShowPlace();
+    status_->SetPlace(place);
+  };
 }
 
 bool MainWindow::HasWhatTheWizardNeeds() {

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "adapters/satellite/Satellites.h"
-#include "apps/desktop/CodeView.h"
 #include "apps/desktop/Environment.h"
 #include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/code/CodePane.h"
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/properties/PropertiesPanel.h"
 #include "apps/desktop/window/Actions.h"
@@ -49,6 +49,7 @@ class MainWindow : public QMainWindow {
   Actions& Commands() { return *actions_; }
   FormPage& Page() { return *formPage_; }
   FormView& Form() { return *form_; }
+  CodePane& Code() { return *code_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -60,6 +61,7 @@ class MainWindow : public QMainWindow {
   void MakePanes();
   void MakeStartPage();
   void CarryOut();
+  void CarryOutEdit();
   void RestoreLayout();
   void KeepLayout();
   void ConnectAddIns(EnvironmentOptions options);
@@ -83,7 +85,7 @@ class MainWindow : public QMainWindow {
   ProjectTree* tree_;
   FormView* form_;
   FormPage* formPage_;
-  CodeView* code_;
+  CodePane* code_;
   PropertiesPanel* properties_;
   Panes* panes_;
   StartPage* start_;

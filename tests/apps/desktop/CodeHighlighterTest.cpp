@@ -1,4 +1,4 @@
-#include "apps/desktop/CodeHighlighter.h"
+#include "apps/desktop/code/CodeHighlighter.h"
 #include "tests/support/Test.h"
 
 #include <QTextBlock>

@@ -1,4 +1,4 @@
-#include "apps/desktop/CodeView.h"
+#include "apps/desktop/code/CodeView.h"
 #include "tests/support/Test.h"
 
 #include <QApplication>

@@ -1,7 +1,6 @@
-#include "apps/desktop/CodeHighlighter.h"
+#include "apps/desktop/code/CodeHighlighter.h"
 
 #include <QStringView>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <array>
@@ -140,6 +139,11 @@ CodeColors CodeColors::Dark() {
   return {QColor(0x70, 0xB0, 0xFF), QColor(0x80, 0xC8, 0x80), QColor(0xF0, 0xA8, 0x80), QColor(0xE0, 0xC8, 0x70)};
 }
 
+QList<QTextLayout::FormatRange> ColoursOf(const QTextBlock& paragraph, const CodeColors& colors) {
+  bool isComment = EndsInComment(paragraph.previous(), colors);
+  return ColorLines(paragraph.text(), colors, isComment);
+}
+
 void CodeHighlighter::SetColors(const CodeColors& colors) {
   colors_ = colors;
   ++round_;
@@ -147,8 +151,7 @@ void CodeHighlighter::SetColors(const CodeColors& colors) {
 
 void CodeHighlighter::Highlight(QTextDocument& document, QTextBlock paragraph) const {
   if (paragraph.userState() == round_) return;
-  bool isComment = EndsInComment(paragraph.previous(), colors_);
-  paragraph.layout()->setFormats(ColorLines(paragraph.text(), colors_, isComment));
+  paragraph.layout()->setFormats(ColoursOf(paragraph, colors_));
   paragraph.setUserState(round_);
   document.markContentsDirty(paragraph.position(), paragraph.length());  // to be laid out and drawn anew
 }

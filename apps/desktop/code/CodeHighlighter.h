@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 
 namespace formwizard::apps::desktop {
 
@@ -14,6 +15,9 @@ struct CodeColors {
   static CodeColors Light();
   static CodeColors Dark();
 };
+
+// What is coloured in a paragraph, from its start to its end.
+QList<QTextLayout::FormatRange> ColoursOf(const QTextBlock& paragraph, const CodeColors& colors);
 
 // Colours the paragraphs of a document that it is asked for, because what is coloured takes far more memory than its
 // text. A paragraph holds one line, or more with line separators between them.
