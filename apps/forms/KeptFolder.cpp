@@ -35,8 +35,12 @@ std::string KeptFolder::FileOf(std::string_view form, std::string_view ending) c
 }
 
 std::vector<std::string> KeptFolder::Forms() const {
+  const std::optional<std::vector<std::string>> names = files_.NamesIn(path_);
+  if (!names && files_.KindOf(path_) != system::FileKind::None) {
+    throw support::InputError(path_ + ": this is no folder; take it away, kept forms stand in a folder of this name");
+  }
   std::set<std::string> described, others;
-  for (const std::string& name : files_.NamesIn(path_).value_or(std::vector<std::string>())) {
+  for (const std::string& name : names.value_or(std::vector<std::string>())) {
     const bool isDescription = EndsWith(name, Json);
     if (name.starts_with('.') || (!isDescription && !EndsWith(name, Frm))) continue;
     std::string form = name.substr(0, name.rfind('.'));

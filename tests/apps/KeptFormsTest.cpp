@@ -220,4 +220,7 @@ TEST_CASE("What stands in the folder is checked: names, descriptions, code pages
   work.Edit(work.Form(), "End\r\nAttribute", "<<<<<<<\r\nAttribute");
   check("frmPerson.frm:");
   CHECK(work.Run("status", {"frmOther"}).Status == 3);
+  std::filesystem::remove_all(NativePath(work.Kept));
+  WriteFile(work.Kept.substr(0, work.Kept.size() - 1), "");
+  check("Project1.forms: this is no folder");
 }
