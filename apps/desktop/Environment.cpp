@@ -35,7 +35,7 @@ Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions 
                .ProgramFolder = common::ProgramFolder(),
                .Language = options_.Language},
               desktop_) {
-  desktop_.Watch(&preview_);
+  desktop_.Watch(&opening_);
   wizard_.IDTExtensibility_OnConnection(*this, addin::ConnectMode::Startup);
 }
 
@@ -54,6 +54,7 @@ void Environment::OpenDictionary(const std::string& path) {
   const std::string cache = options_.Cache.empty() ? adapters::qt::Utf8(QDir::tempPath()) : options_.Cache;
   server_.Dictionary = common::OpenDictionary(DictionaryToOpen(path, cache));
   dictionaryPath_ = path;
+  OnDictionary();
 }
 
 void Environment::UseToolbox(const std::string& path) {
@@ -114,6 +115,12 @@ std::unique_ptr<CommandBarEvents> Environment::ConnectEvents(const std::shared_p
 
 void Environment::OpenWizard() {
   RunCommand([this] { wizard_.MenuHandler_Click(); });
+}
+
+void Environment::OpenWizardFor(const std::string& system, const std::string& className) {
+  opening_.Choose(system, className);
+  OpenWizard();
+  opening_.Choose("", "");  // also where no wizard has opened
 }
 
 void Environment::RunCommand(const std::function<void()>& command) {

@@ -6,6 +6,7 @@
 #include "adapters/textmeasure/BuiltInTextMeasure.h"
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "addin/Wizard.h"
+#include "apps/desktop/dictionary/WizardOpening.h"
 #include "apps/desktop/preview/WizardPreview.h"
 #include "settings/ProfileStore.h"
 
@@ -49,6 +50,8 @@ class Environment : public generator::ide::Application {
 
   // As a click on the wizard's command does; returns when the wizard is closed.
   void OpenWizard();
+  // The same, with a class of a system chosen.
+  void OpenWizardFor(const std::string& system, const std::string& className);
   // The wizard's command on the Add-Ins menu; null when there is none.
   QAction* WizardCommand() const;
 
@@ -61,6 +64,11 @@ class Environment : public generator::ide::Application {
   std::function<bool()> MayRunAddIn = [] { return true; };
   // Called when an add-in has done what its command was clicked for.
   std::function<void()> OnAddInDone;
+
+  // Of the dictionary that is open.
+  wizard::factory::FactoryCreator& Factories() { return server_; }
+  // Called when another dictionary is open.
+  std::function<void()> OnDictionary = [] {};
 
   // Null when no project is open.
   adapters::vb6files::ProjectOnDisk* Project() const { return project_.get(); }
@@ -95,6 +103,7 @@ class Environment : public generator::ide::Application {
   std::string dictionaryPath_;
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
   WizardPreview preview_;
+  WizardOpening opening_{preview_};
   addin::Wizard wizard_;
 };
 

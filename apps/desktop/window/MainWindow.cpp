@@ -79,6 +79,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
 MainWindow::~MainWindow() {
   tree_->OnChosen = [] {};
   code_->OnPlace = [](const QString&) {};
+  dictionary_->Show(nullptr);
 }
 
 void MainWindow::MakePanes() {
@@ -87,11 +88,13 @@ void MainWindow::MakePanes() {
   formPage_ = new FormPage(texts_, form_);
   code_ = new CodePane(texts_);
   properties_ = new PropertiesPanel(*form_, TextsOfProperties(texts_));
-  auto* dictionary =
-      new EmptyState(texts_(T::NoDictionary), texts_(T::ButtonOpenDictionary), [this] { files_->AskForDictionary(); });
+  dictionary_ = new DictionaryPane(texts_, [this] { files_->AskForDictionary(); });
+  dictionary_->OnNewForm = [this](const DictionaryModel::ClassName& name) {
+    environment_->OpenWizardFor(Utf8(name.System), Utf8(name.Class));
+  };
   panes_ = new Panes(
       texts_,
-      {.Project = tree_, .Dictionary = dictionary, .Form = formPage_, .Code = code_, .Properties = properties_});
+      {.Project = tree_, .Dictionary = dictionary_, .Form = formPage_, .Code = code_, .Properties = properties_});
   component_ = std::make_unique<ComponentPages>(texts_, *formPage_, *form_, *code_, *panes_);
   tree_->OnChosen = [this] { ShowComponent(); };
   tree_->OnOpened = [this] { panes_->Show(tree_->Chosen()->IsForm ? Pane::Form : Pane::Code); };
@@ -132,6 +135,7 @@ void MainWindow::ConnectAddIns(EnvironmentOptions options) {
   const QVariant kept = memory_.Value(PreviewKey);
   previewed.setChecked(!kept.isValid() || kept.toBool());
   preview.SetWanted(previewed.isChecked());
+  environment_->OnDictionary = [this] { dictionary_->Show(&environment_->Factories()); };
   if (QAction* wizard = environment_->WizardCommand()) actions_->PlaceWizardCommand(*wizard);
 }
 

@@ -6,6 +6,7 @@
 #include "apps/desktop/Environment.h"
 #include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/code/CodePane.h"
+#include "apps/desktop/dictionary/DictionaryPane.h"
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/properties/PropertiesPanel.h"
 #include "apps/desktop/window/Actions.h"
@@ -50,6 +51,7 @@ class MainWindow : public QMainWindow {
   FormPage& Page() { return *formPage_; }
   FormView& Form() { return *form_; }
   CodePane& Code() { return *code_; }
+  DictionaryPane& Dictionary() { return *dictionary_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -86,6 +88,7 @@ class MainWindow : public QMainWindow {
   FormView* form_;
   FormPage* formPage_;
   CodePane* code_;
+  DictionaryPane* dictionary_;
   PropertiesPanel* properties_;
   Panes* panes_;
   StartPage* start_;
