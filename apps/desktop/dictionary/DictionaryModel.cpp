@@ -7,6 +7,8 @@
 
 #include <QElapsedTimer>
 
+#include <exception>
+
 namespace formwizard::apps::desktop {
 namespace {
 
@@ -30,8 +32,8 @@ QString TypeOf(ResultSet& rows) {
 DictionaryModel::DictionaryModel(const Texts& texts, QObject* parent)
     : QAbstractItemModel(parent),
       texts_(texts),
-      icons_{IconNamed("system"),   IconNamed("folder"), IconNamed("class"),
-             IconNamed("property"), IconNamed("class"),  IconNamed("query")},
+      icons_{IconNamed("system"), IconNamed("folder"), IconNamed("class"),  IconNamed("property"),
+             IconNamed("class"),  IconNamed("query"),  IconNamed("missing")},
       root_(&entries_.emplace_back()) {}
 
 void DictionaryModel::Show(FactoryCreator* dictionary) {
@@ -70,10 +72,16 @@ ObjectFactory& DictionaryModel::Connected(const Entry& entry) {
   return *factory_;
 }
 
+// What cannot be read says so below itself.
 void DictionaryModel::Read(Entry& entry) {
   entry.IsRead = true;
-  if (entry.Kind == EntryKind::System) ReadClasses(entry);
-  if (entry.Kind == EntryKind::Class) ReadMembers(entry);
+  try {
+    if (entry.Kind == EntryKind::System) ReadClasses(entry);
+    if (entry.Kind == EntryKind::Class) ReadMembers(entry);
+  } catch (const std::exception& failure) {
+    connected_.clear();
+    Add(entry, EntryKind::Failure, Text(failure.what()), {});
+  }
 }
 
 // Rows come ordered by name, and so by package.
@@ -217,7 +225,9 @@ QVariant DictionaryModel::data(const QModelIndex& index, int role) const {
   const Entry& entry = At(index);
   const bool isMember = entry.Kind >= EntryKind::Property;
   if (role == Qt::DisplayRole) return index.column() == NameColumn ? entry.Name : isMember ? entry.Type : QString();
-  if (role == Qt::AccessibleTextRole && index.column() == NameColumn && isMember) return entry.Name + ", " + entry.Type;
+  if (entry.Kind == EntryKind::Failure && role == Qt::ToolTipRole) return entry.Name;
+  if (role == Qt::AccessibleTextRole && index.column() == NameColumn && !entry.Type.isEmpty() && isMember)
+    return entry.Name + ", " + entry.Type;
   if (role == Qt::ToolTipRole && entry.Kind == EntryKind::Class) return entry.Type;
   if (role == Qt::DecorationRole && index.column() == NameColumn)
     return icons_.at(static_cast<std::size_t>(entry.Kind));

@@ -15,7 +15,7 @@
 
 namespace formwizard::apps::desktop {
 
-enum class EntryKind : std::uint8_t { System, Package, Class, Property, Object, Query };
+enum class EntryKind : std::uint8_t { System, Package, Class, Property, Object, Query, Failure };
 
 class DictionaryModel : public QAbstractItemModel {
  public:
@@ -67,7 +67,7 @@ class DictionaryModel : public QAbstractItemModel {
   bool NarrowTo(Entry& entry, const QString& text) const;
 
   const Texts& texts_;
-  std::array<QIcon, 6> icons_;
+  std::array<QIcon, 7> icons_;
   std::unique_ptr<wizard::factory::ObjectFactory> factory_;
   QString connected_;  // the factory, with what
   std::deque<Entry> entries_;

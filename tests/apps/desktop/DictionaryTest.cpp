@@ -3,6 +3,9 @@
 
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
+
+#include <functional>
 
 using namespace formwizard;
 using namespace formwizard::tests;
@@ -53,19 +56,25 @@ TEST_CASE("The dictionary is looked through and searched, and Enter or the butto
 
   const wizard::frmWizard& dialog = WizardDesign();
   const auto title = [] { return QApplication::activeModalWidget()->windowTitle().toStdString(); };
-  const auto isAtProperties = [&](const std::string& property) {
-    CHECK(QTest::qWaitFor([&] { return title() == "Ostrel Form Wizard - Step 4 of 6"; }));
+  // The wizard is looked at where it does nothing, because what it does handles events in between.
+  const std::function<void(std::string, int)> isAtProperties = [&](const std::string& property, int tries) {
+    const QWidget* shown = QApplication::activeModalWidget();
+    if (tries > 0 && (!shown || shown->windowTitle() != "Ostrel Form Wizard - Step 4 of 6")) {
+      QTimer::singleShot(5, [&, property, tries] { isAtProperties(property, tries - 1); });
+      return;
+    }
     CHECK_NOTHROW(FindItem(*Find<QTreeView>(dialog.tvwAttributes), property));
     MouseUser().Press(dialog.cmdCancel);
   };
+  constexpr int tries = 1000;
   tree->setCurrentIndex(FindItem(*tree, "Company", "Sample"));
   tree->setFocus();
-  DesktopFixture::WhenShown([&] { isAtProperties("*Name"); });
+  isAtProperties("*Name", tries);
   QTest::keyClick(tree, Qt::Key_Return);
   search->clear();
   tree->setCurrentIndex(FindItem(*tree, "Person", "Sample"));
   QApplication::processEvents();
-  DesktopFixture::WhenShown([&] { isAtProperties("*SSN"); });
+  isAtProperties("*SSN", tries);
   MouseUser::Click(*button, button->rect().center());
   desktop.UseWizard([&] {  // by its own command it begins as ever
     CHECK(title() == "Ostrel Form Wizard - Step 1 of 6");
