@@ -130,6 +130,7 @@ QAction* Actions::Made(QMainWindow& window, std::size_t index) {
   action->setIconVisibleInMenu(row.Tool == None || row.Icon[0] != 0);
   action->setCheckable(row.IsCheckable);
   action->setEnabled(false);
+  action->setVisible(row.Id == OpenRecent);
   if (row.Tool != None) action->setToolTip(ToolTipOf(*action));
   return actions_[row.Id] = action;
 }
@@ -137,15 +138,19 @@ QAction* Actions::Made(QMainWindow& window, std::size_t index) {
 void Actions::On(Command command, std::function<void()> action) {
   QAction& done = (*this)[command];
   QObject::connect(&done, &QAction::triggered, &done, [action = std::move(action)] { action(); });
-  isCarriedOut_[command] = true;
-  done.setEnabled(true);
+  CarriedOut(command);
 }
 
 void Actions::On(Command command, std::function<void(bool)> action) {
   QAction& done = (*this)[command];
   QObject::connect(&done, &QAction::toggled, &done, std::move(action));
+  CarriedOut(command);
+}
+
+void Actions::CarriedOut(Command command) {
   isCarriedOut_[command] = true;
-  done.setEnabled(true);
+  (*this)[command].setVisible(true);
+  (*this)[command].setEnabled(true);
 }
 
 void Actions::Enable(Command command, bool enabled) {

@@ -62,7 +62,7 @@ enum class MenuName : std::uint8_t { File, Edit, View, Project, AddIns, Help };
 
 class Actions {
  public:
-  // Puts them on the window's menu bar and on a tool bar. A command is disabled until somebody carries it out.
+  // Puts them on the window's menu bar and on a tool bar. A command is not shown until somebody carries it out.
   Actions(QMainWindow& window, const Texts& texts);
 
   QAction& operator[](Command command) { return *actions_.at(command); }
@@ -73,7 +73,6 @@ class Actions {
   // What a command does; of one that can be checked, whenever that changes.
   void On(Command command, std::function<void()> action);
   void On(Command command, std::function<void(bool checked)> action);
-  // A command that nobody carries out stays disabled.
   void Enable(Command command, bool enabled);
 
   // The add-in's own command gets its key and its place on the tool bar.
@@ -83,6 +82,7 @@ class Actions {
 
  private:
   QAction* Made(QMainWindow& window, std::size_t row);
+  void CarriedOut(Command command);
 
   const Texts& texts_;
   std::map<Command, QAction*> actions_;
