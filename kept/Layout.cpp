@@ -88,7 +88,7 @@ class Finder {
       for (const Box* above : open) {
         if (!above->Overlaps(box)) continue;
         const auto& [first, second] = std::minmax(above->Name, box.Name);
-        notes_.insert(first + " and " + second + " overlap");
+        notes_.insert(std::string(first).append(" and ").append(second).append(" overlap"));
       }
       open.push_back(&box);
     }

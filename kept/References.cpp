@@ -37,7 +37,7 @@ std::string MarkFor(const Sides& sides) {
 }  // namespace
 
 References::References(const Sides& sides)
-    : mark_(MarkFor(sides)), originalMine_(sides.Mine), base_(Named(sides.Base)), theirs_() {
+    : mark_(MarkFor(sides)), originalMine_(sides.Mine), base_(Named(sides.Base)) {
   mine_ = Named(sides.Mine);
   theirs_ = Named(sides.Theirs);
 }

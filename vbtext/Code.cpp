@@ -4,7 +4,7 @@
 #include "vbtext/LogicalLines.h"
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 #include <utility>
 
 namespace formwizard::vbtext {
@@ -113,7 +113,8 @@ class Reader {
 
   std::string BranchesNow() const {
     std::string all;
-    for (const Branch& branch : branches_ | std::views::take(MostLevels)) all += branch.Conditions + "\n";
+    for (const Branch& branch : std::span(branches_).first(std::min(branches_.size(), MostLevels)))
+      all += branch.Conditions + "\n";
     return all;
   }
 

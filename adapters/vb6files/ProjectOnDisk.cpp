@@ -548,7 +548,7 @@ const ProjectOnDisk::Entry& ProjectOnDisk::ComponentOf(std::string_view name) co
   return *entry;
 }
 
-std::string ProjectOnDisk::SpelledPath(std::string path) const {
+std::string ProjectOnDisk::SpelledPath(const std::string& path) const {
   return files_.KindOf(path) == system::FileKind::None ? spelling_.Of(path) : path;
 }
 

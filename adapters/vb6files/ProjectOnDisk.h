@@ -196,7 +196,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   void Finish(Entry& entry);
   void FinishAndCommit();
   const Entry& ComponentOf(std::string_view name) const;
-  std::string SpelledPath(std::string path) const;
+  std::string SpelledPath(const std::string& path) const;
   void Announce(const std::string& path, std::optional<std::string> old, std::optional<std::string> text);
   Saving& CurrentSaving();
 

@@ -186,15 +186,16 @@ class Run {
   }
 
   // What a description says of all the run, it says to be made as it was. The command line wins.
-  void CheckSurroundings(const FormDescription& form) const {
+  void CheckSurroundings(const FormDescription& form) {
     if (form.CodePage && form.CodePage->Value != options_.CodePage) {
       const std::string number = std::to_string(form.CodePage->Value);
       throw support::InputError(form.CodePage->Where.Text() + ": the form is described for code page " + number +
                                 ", and this run is in " + std::to_string(options_.CodePage) + "; give --code-page " +
                                 number + ", or take the member out");
     }
-    const std::string language = workshop_.Language();
-    if (form.Language && options_.Language.empty() && form.Language->Value != language) {
+    if (!form.Language) return;
+    const std::string& language = workshop_.Language();
+    if (options_.Language.empty() && form.Language->Value != language) {
       throw support::InputError(form.Language->Where.Text() + ": the form is described for language " +
                                 form.Language->Value + ", and this run is in " + language + "; give --language " +
                                 form.Language->Value + ", or take the member out");

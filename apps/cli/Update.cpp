@@ -96,7 +96,7 @@ class Run {
     Progress progress(std::cerr, "updating forms", ShowsProgress(options_.Tells.Quiet, options_.DryRun));
     for (const std::string& name : names) {
       common::CheckInterrupted();
-      Update(kept_.Forms.Look(name));
+      Update(kept_.Forms.Look(name, options_.Json));
       progress.Show(static_cast<double>(&name - names.data() + 1), static_cast<double>(names.size()));
     }
     resolutions_.CheckAllUsed();
@@ -148,7 +148,8 @@ class Run {
     isFormWritten_ |= !(update.Form == form.Sides.Mine);
     kept_.Forms.Put(form, update);
     if (!options_.Json && !options_.Diff && !options_.Tells.Quiet) {
-      report_.Add(form.Name + ": updated" + (form.State.IsEdited() ? ", with what was edited" : "") + "\n");
+      report_.Add(form.Name + ": updated" + (form.Sides.Base == form.Sides.Mine ? "" : ", with what was edited") +
+                  "\n");
     }
     for (const std::string& property : form.State.Class.Lost)
       Remark(form.Name + ": " + property + " goes, which the class has lost");

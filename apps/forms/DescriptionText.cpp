@@ -21,7 +21,7 @@ std::string Dumped(const Json& value) { return value.dump(-1, ' ', false, Json::
 // A line a member of an object or array, further in than what surrounds it.
 std::string Lines(const std::vector<std::string>& members, const std::string& indent) {
   std::string text;
-  for (const std::string& member : members) text += (text.empty() ? "\n" : ",\n") + indent + member;
+  for (const std::string& member : members) text.append(text.empty() ? "\n" : ",\n").append(indent).append(member);
   return text + " ";
 }
 
@@ -125,9 +125,12 @@ std::string SumOfSettings(const FormDescription& form) {
 std::string SumOf(const std::string& bytes) {
   std::string text;
   text.reserve(bytes.size());
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (bytes[i] != '\r' || i + 1 == bytes.size() || bytes[i + 1] != '\n') text += bytes[i];
+  std::size_t from = 0;
+  for (std::size_t at = bytes.find("\r\n"); at != std::string::npos; at = bytes.find("\r\n", at + 2)) {
+    text.append(bytes, from, at - from);
+    from = at + 1;
   }
+  text.append(bytes, from);
   std::array<char, 17> hex;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by the next line
   std::snprintf(hex.data(), hex.size(), "%016llx", static_cast<unsigned long long>(system::ContentSum(text)));
   return hex.data();

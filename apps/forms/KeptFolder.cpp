@@ -46,8 +46,12 @@ std::vector<std::string> KeptFolder::Forms() const {
     std::string form = name.substr(0, name.rfind('.'));
     const std::string problem = adapters::vb6files::ProblemOfObjectName(form);
     if (!problem.empty()) {
-      throw support::InputError(path_ + "/" + name + ": the file is called as no form can be, by a name " + problem +
-                                "; name it after its form, or take it out of the folder");
+      throw support::InputError(std::string(path_)
+                                    .append("/")
+                                    .append(name)
+                                    .append(": the file is called as no form can be, by a name ")
+                                    .append(problem)
+                                    .append("; name it after its form, or take it out of the folder"));
     }
     (isDescription ? described : others).insert(std::move(form));
   }

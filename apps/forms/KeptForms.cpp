@@ -6,6 +6,7 @@
 #include "support/Failures.h"
 #include "support/Names.h"
 #include "system/Paths.h"
+#include "vbtext/Document.h"
 
 #include <algorithm>
 #include <utility>
@@ -68,7 +69,7 @@ KeptForms::KeptForms(system::FileSystem& files, ProjectOnDisk& project, const st
 }
 
 std::vector<std::string> KeptForms::Meant(const std::vector<std::string>& names) const {
-  const std::vector<std::string> all = folder_.Forms();
+  std::vector<std::string> all = folder_.Forms();
   if (names.empty()) return all;
   const support::Names known(all, [](const std::string& each) { return std::string_view(each); });
   std::vector<std::string> meant;
@@ -87,7 +88,7 @@ const std::string* KeptForms::NameInProject(const std::string& form) const {
   return found == components_.end() ? nullptr : &found->second;
 }
 
-KeptForm KeptForms::Look(const std::string& name) {
+KeptForm KeptForms::Look(const std::string& name, bool lists) {
   KeptForm form;
   form.Name = name;
   form.Texts = folder_.Read(name);
@@ -105,38 +106,48 @@ KeptForm KeptForms::Look(const std::string& name) {
   if (form.State.IsMissing || form.State.IsForeign) return form;
   FormFiles mine = project_.TextsOf(*component);
   form.File = project_.FileOf(*component);
-  form.Sides.Base = {form.Texts.Frm.value(), form.Texts.Frx.value_or("")};
+  form.Sides.Base = {std::move(form.Texts.Frm).value(), std::move(form.Texts.Frx).value_or("")};
   form.Sides.Mine = {std::move(mine.Frm), std::move(mine.Frx)};
-  Examine(form, std::move(description));
+  Examine(form, description, lists);
   return form;
 }
 
-void KeptForms::Examine(KeptForm& form, FormDescription description) {
-  kept::State& state = form.State;
+void KeptForms::CompareWithProject(KeptForm& form, bool lists) const {
   try {
-    state.Edits = kept::DifferencesOf(form.Sides.Base, form.Sides.Mine);
+    if (lists) {
+      form.State.Edits = kept::DifferencesOf(form.Sides.Base, form.Sides.Mine);
+    } else if (!(form.Sides.Base == form.Sides.Mine)) {
+      static_cast<void>(vbtext::DocumentOf(form.Sides.Mine.Frm));
+    }
   } catch (const vbtext::Fault& fault) {
     throw support::InputError(form.File + ":" + std::to_string(fault.Line + 1) + ": expected " + fault.Expected +
                               "; mend the form, as far as marks of a conflict stand in it by taking them out");
   }
+}
+
+void KeptForms::Examine(KeptForm& form, const FormDescription& description, bool lists) {
+  kept::State& state = form.State;
+  CompareWithProject(form, lists);
   const std::vector<kept::Property>& offered = remake_.OfferedTo(description);
   const MadeForm& made = *description.Made;
   state.Class = kept::ChangesOf(made.Class, offered, FieldsIn(description, offered));
   state.AsksOtherwise = made.Fields != SumOfFields(description);
   state.HasOtherSettings = made.Settings != SumOfSettings(description);
   state.IsOfOtherVersion = made.Program != remake_.Program();
-  form.Sides.Theirs = form.Sides.Base;
   try {
+    const bool isOld = state.IsOutdated() || state.HasOtherSettings;
     Remade remade = remake_.Make(WithoutLostFields(description, offered),
                                  {folder_.FileOf(form.Name, ".frm"), form.Sides.Base, made.IsReused, objectLines_,
-                                  project_.ProjectCodePage().Number()});
+                                  project_.ProjectCodePage().Number()},
+                                 isOld);
     form.Sides.Theirs = std::move(remade.Form);
     form.Next = std::move(remade.Description);
     form.Messages = std::move(remade.Messages);
   } catch (const NotOffered& lost) {
+    form.Sides.Theirs = form.Sides.Base;
     state.Problem = lost.what();
   }
-  state.Output = kept::DifferencesOf(form.Sides.Base, form.Sides.Theirs);
+  if (lists || !state.IsOutdated()) state.Output = kept::DifferencesOf(form.Sides.Base, form.Sides.Theirs);
 }
 
 kept::Update KeptForms::UpdateOf(const KeptForm& form, const kept::Decision& decide) const {
@@ -155,7 +166,7 @@ void PutKeptTexts(ProjectOnDisk& project, const KeptFolder& folder, const std::s
 void KeptForms::Put(const KeptForm& form, const kept::Update& update) {
   const auto filesOf = [](const kept::FormTexts& texts) { return FormFiles{texts.Frm, texts.Frx}; };
   project_.PutTexts(*NameInProject(form.Name), filesOf(update.Form), filesOf(form.Sides.Mine));
-  PutKeptTexts(project_, folder_, form.Name, form.Next, form.Sides.Theirs);
+  PutKeptTexts(project_, folder_, form.Name, form.Next.value(), form.Sides.Theirs);
 }
 
 Taken KeptForms::Keep(const FormDescription& description, const std::string& form) {
@@ -170,9 +181,9 @@ Taken KeptForms::Keep(const FormDescription& description, const std::string& for
   const kept::FormTexts texts{std::move(mine.Frm), std::move(mine.Frx)};
   Remade remade = remake_.Make(
       description, {project_.FileOf(*component), texts, true, objectLines_, project_.ProjectCodePage().Number()});
-  remade.Description.Made->IsReused = !remake_.IsLikeNew(
+  remade.Description->Made->IsReused = !remake_.IsLikeNew(
       description, {project_.FileOf(*component), remade.Form, true, objectLines_, project_.ProjectCodePage().Number()});
-  PutKeptTexts(project_, folder_, *component, remade.Description, remade.Form);
+  PutKeptTexts(project_, folder_, *component, *remade.Description, remade.Form);
   Taken taken{*component, {}, std::move(remade.Messages)};
   taken.State.Edits = kept::DifferencesOf(remade.Form, texts);
   return taken;

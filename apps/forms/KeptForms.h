@@ -8,6 +8,7 @@
 #include "kept/Update.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,8 @@ struct KeptForm {
   kept::State State;
   kept::Sides Sides;  // Theirs is as Base where the form cannot be made any longer
   KeptTexts Texts;
-  FormDescription Next;               // of the form as it would be made now
-  std::vector<std::string> Messages;  // of what the environment would refuse
+  std::optional<FormDescription> Next;  // of the form as it would be made now
+  std::vector<std::string> Messages;    // of what the environment would refuse
 };
 
 // A form that was taken up.
@@ -42,8 +43,9 @@ class KeptForms {
   // Those that are meant by names in any case of their letters, or all. support::InputError for one that is not kept.
   std::vector<std::string> Meant(const std::vector<std::string>& names) const;
 
-  // support::InputError for what cannot be read.
-  KeptForm Look(const std::string& name);
+  // support::InputError for what cannot be read. Without `lists` the differences in its state are only what is needed
+  // to tell whether it is outdated.
+  KeptForm Look(const std::string& name, bool lists = true);
   // What becomes of it; see kept::UpdateOf.
   kept::Update UpdateOf(const KeptForm& form, const kept::Decision& decide) const;
   // Has the project write the form as updated and its kept texts when it is saved.
@@ -55,7 +57,8 @@ class KeptForms {
 
  private:
   const std::string* NameInProject(const std::string& form) const;
-  void Examine(KeptForm& form, FormDescription description);
+  void Examine(KeptForm& form, const FormDescription& description, bool lists);
+  void CompareWithProject(KeptForm& form, bool lists) const;
 
   system::FileSystem& files_;
   adapters::vb6files::ProjectOnDisk& project_;

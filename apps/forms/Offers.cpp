@@ -23,19 +23,21 @@ ObjectFactory* Offers::Connected(const std::string& system) {
 }
 
 const std::vector<kept::Property>& Offers::Of(const std::string& system, const std::string& className) {
-  const auto [known, isNew] = classes_.emplace(std::pair(system, className), std::vector<kept::Property>());
+  const auto emplaced = classes_.emplace(std::pair(system, className), std::vector<kept::Property>());
+  const bool isNew = emplaced.second;
+  std::vector<kept::Property>& known = emplaced.first->second;
   ObjectFactory* const factory = isNew ? Connected(system) : nullptr;
-  if (!factory) return known->second;
+  if (!factory) return known;
   try {
     ForEachProperty(*factory, className, false, [&](const TreeProperty& property, wizard::factory::ResultSet&) {
       if (!property.IsField()) return;
-      known->second.push_back({property.Path, std::string(property.Kind), property.Type, property.Caption,
-                               property.Width, property.IsRequired, property.IsReadOnly});
+      known.push_back({property.Path, std::string(property.Kind), property.Type, property.Caption, property.Width,
+                       property.IsRequired, property.IsReadOnly});
     });
   } catch (const runtime::RuntimeError&) {
-    known->second.clear();  // a server may refuse a class that it does not have
+    known.clear();  // a server may refuse a class that it does not have
   }
-  return known->second;
+  return known;
 }
 
 }  // namespace formwizard::apps::forms

@@ -64,18 +64,20 @@ class Remake::Stage {
     Shop.WorkIn(scene_);
   }
 
-  Remade Make(const FormDescription& description, const FormToRemake& form, const std::string& program) {
+  Remade Make(const FormDescription& description, const FormToRemake& form, const std::string& program,
+              bool describes) {
     kept::FormTexts made = form.Texts;
     Shop.Make(description, {}, [&](const std::string& name, const std::string& caption) {
       Open(form, name, generator::FormStem(caption), made);
     });
-    Remade result{{}, {}, desktop_.TakeMessages()};
+    Remade result{{}, std::nullopt, desktop_.TakeMessages()};
     if (!Shop.State().NewComponent) {
       throw NotOffered(description.Source + ": no form was made" +
                        (result.Messages.empty() ? "" : "; " + result.Messages.front()));
     }
     scene_.Project->FinishForms();
-    result.Description = KeptDescription(description, made, Shop, {program, form.CodePage, form.IsReused});
+    if (describes || made != form.Texts)
+      result.Description = KeptDescription(description, made, Shop, {program, form.CodePage, form.IsReused});
     result.Form = std::move(made);
     scene_.Project.reset();
     return result;
@@ -91,7 +93,7 @@ class Remake::Stage {
     if (number > 1) text += "Module=" + codePage.Encode(stem) + "; Module.bas\r\n";  // has the name without the number
     scene_.Project.emplace(files_, std::string(system::FolderPart(form.File)) + "Project.vbp",
                            vb6files::ProjectOptions{form.CodePage, "", text});
-    scene_.Project->OnChange([&made](vb6files::FileChange change) { Take(std::move(change), made); }, true);
+    scene_.Project->OnChange([&made](const vb6files::FileChange& change) { Take(change, made); }, true);
     if (!form.IsReused) {
       made = {};
       return scene_.Project->CountFrom(stem, number);
@@ -102,7 +104,7 @@ class Remake::Stage {
     }
   }
 
-  static void Take(vb6files::FileChange change, kept::FormTexts& made) {
+  static void Take(const vb6files::FileChange& change, kept::FormTexts& made) {
     (change.Path.ends_with('m') ? made.Frm : made.Frx) = change.New.value_or("");
   }
 
@@ -132,8 +134,8 @@ Remake::Stage& Remake::StageFor(const FormDescription& description) {
   return *stage;
 }
 
-Remade Remake::Make(const FormDescription& description, const FormToRemake& form) {
-  return StageFor(description).Make(description, form, program_);
+Remade Remake::Make(const FormDescription& description, const FormToRemake& form, bool describes) {
+  return StageFor(description).Make(description, form, program_, describes);
 }
 
 const std::vector<kept::Property>& Remake::OfferedTo(const FormDescription& description) {

@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,8 @@ namespace formwizard::apps::forms {
 
 // The form that is made once more.
 struct FormToRemake {
-  std::string File;         // its path on the disk
-  kept::FormTexts Texts;    // what stands there
+  std::string File;              // its path on the disk
+  const kept::FormTexts& Texts;  // what stands there
   bool IsReused = true;     // what the wizard does not set, and code in front of its own, stay; otherwise it is new
   std::string ObjectLines;  // of the project: the libraries of controls that it has
   int CodePage = 1252;
@@ -23,8 +24,8 @@ struct FormToRemake {
 
 struct Remade {
   kept::FormTexts Form;
-  FormDescription Description;        // as a kept one
-  std::vector<std::string> Messages;  // of what the environment refused
+  std::optional<FormDescription> Description;  // as a kept one; nothing where that was not wanted
+  std::vector<std::string> Messages;           // of what the environment refused
 };
 
 class Remake {
@@ -37,14 +38,15 @@ class Remake {
 
   // NotOffered when the description asks for what the dictionary has not, and when the form's code is not that of a
   // form of the class.
-  Remade Make(const FormDescription& description, const FormToRemake& form);
+  // With `describes`, or when the form is another one, it comes with its description.
+  Remade Make(const FormDescription& description, const FormToRemake& form, bool describes = true);
 
   // The same for a form that has come out like this of one that the project had before: whatever that had of its own
   // shows in what a new one would be otherwise.
   bool IsLikeNew(const FormDescription& description, const FormToRemake& form) {
     FormToRemake anew = form;
     anew.IsReused = false;
-    return Make(description, anew).Form == form.Texts;
+    return Make(description, anew, false).Form == form.Texts;
   }
 
   // What the class of the description offers now.

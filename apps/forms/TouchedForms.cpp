@@ -53,8 +53,10 @@ std::vector<std::string> QueriesThatChanged(const FormDescription& form, Factory
     if (!field.Combo) continue;
     for (const auto& [object, type] : types) {
       const std::string& query = field.Combo->Query.Value;
-      const bool isInside = field.Property.Value.starts_with(object + ".");
-      if (isInside && isChanged(form.System->Value, type, query)) queries.push_back(type + "." + query);
+      const std::string& path = field.Property.Value;
+      const bool isInside = path.starts_with(object) && path.substr(object.size()).starts_with('.');
+      if (isInside && isChanged(form.System->Value, type, query))
+        queries.push_back(std::string(type).append(".").append(query));
     }
   }
   return queries;

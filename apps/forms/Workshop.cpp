@@ -38,7 +38,12 @@ std::vector<std::string> Workshop::CheckProfile() const {
   return WarningsOn(profileFile_, isProfileNamed_);
 }
 
-std::string Workshop::Language() const {
+const std::string& Workshop::Language() {
+  if (language_.empty()) language_ = LanguageInEffect();
+  return language_;
+}
+
+std::string Workshop::LanguageInEffect() const {
   const std::string language = services_.Language.empty() ? satellites_->UserLanguage() : services_.Language;
   try {
     const std::string meant = common::LanguageMeant(language);

@@ -46,7 +46,7 @@ class Workshop {
   bool StoreProfile() { return profile_.Store(); }
   // By which the forms are made: three letters, English where there are no texts in the user's; the system that the
   // last form was made for.
-  std::string Language() const;
+  const std::string& Language();
   std::string System() const { return user_->System(); }
   // What a class of a system offers to forms, which is read once; nothing for a class or system that there is not.
   const std::vector<kept::Property>& OfferedBy(const std::string& system, const std::string& className) {
@@ -57,6 +57,9 @@ class Workshop {
   const ui::TextMeasure& Measure() const { return measure_; }
 
  private:
+  std::string LanguageInEffect() const;
+
+  std::string language_;  // empty until it is asked for
   bool isProfileNamed_;
   std::string system_, profileFile_;  // profileFile_: empty for none
   std::unique_ptr<settings::ProfileStore> profiles_;
