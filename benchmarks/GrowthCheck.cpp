@@ -1,6 +1,7 @@
 // Counts the instructions of runs of growing size, which do not depend on the load of the machine, and fails when one
 // more form, class, property or component costs more the more there are. Usage: growth-check PROGRAMS: the folder of
 // the built programs. Needs valgrind.
+#include "benchmarks/Texts.h"
 #include "benchmarks/Workload.h"
 
 #include <sys/wait.h>
@@ -69,6 +70,13 @@ Growth InWindow(const char* program, const char* what, const std::string& each, 
           most};
 }
 
+Growth OfTexts(const char* command, const std::string& each, const std::array<int, SizeCount>& sizes) {
+  return {
+      each, sizes,
+      [command](const Workload& work, int size, const std::string& name) { return TextRun(work, command, size, name); },
+      Tree};
+}
+
 const std::vector<Growth> Growths{
     {"a form", Batches, Forms([](int n) { return Job{.Forms = n}; })},
     {"a form by the reference program", Batches,
@@ -95,6 +103,9 @@ const std::vector<Growth> Growths{
      Tree},
     {"a class, compared", Long,
      [](const Workload& work, int size, const std::string&) { return work.Compare(size, 5); }, Tree},
+    OfTexts("merge", "a control and procedure, merged", {100, 400, 1600}),
+    OfTexts("compare", "a control and procedure, compared", {100, 400, 1600}),
+    OfTexts("lint", "a form, looked at", Batches),
     InWindow("dialog-benchmarks", "class step", "a class", Tree),
     InWindow("dialog-benchmarks", "property list", "a property", Tree),
     InWindow("dialog-benchmarks", "Select All", "a property", Tree),

@@ -2,6 +2,7 @@
 // same bytes to the same places and the reference program, and single steps in windows; prints tables for the README.
 // Usage: run-benchmarks PROGRAMS [FOLDER]: the folder of the built programs, and one on a memory file system
 // (/dev/shm).
+#include "benchmarks/Texts.h"
 #include "benchmarks/Workload.h"
 
 #include <sys/resource.h>
@@ -150,6 +151,14 @@ class Bench {
               Number("%.1f MiB", same.Mebibytes)});
   }
 
+  void MeasureTexts(const char* command, int size, const std::string& what) const {
+    const std::vector<std::string> run = TextRun(work_, command, size, command);
+    const Cost cost = Measured(
+        9, [] {}, [&] { Become(run); });
+    PrintRow({what, Number("%.1f ms", cost.Milliseconds), "", "", "", "", Number("%.1f MiB", cost.Mebibytes)});
+    fs::remove_all(work_.Home() / command);
+  }
+
   // A row of what a program measures itself, at a tenth of a size and at that size.
   void MeasureStep(const char* program, const std::string& what, int size, const char* unit) const {
     double small[2]{}, large[2]{};
@@ -248,6 +257,9 @@ void MeasureRuns(const Bench& bench) {
   }
   bench.MeasureImport(20000, 30);
   bench.MeasureImport(200000, 30);
+  bench.MeasureTexts("merge", 500, "merge of 10,000 lines, 50 places changed on each side");
+  bench.MeasureTexts("compare", 500, "compare of 10,000 lines");
+  bench.MeasureTexts("lint", 1000, "lint of a project of 1,000 forms of 460 lines");
 }
 
 void MeasureSteps(const Bench& bench) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace formwizard::lint {
 namespace {
@@ -80,15 +81,17 @@ void CheckBlocks(const Subject& subject, const Report& report) {
 }
 
 void CheckDuplicateProcedures(const Subject& subject, const Report& report) {
-  std::unordered_map<std::string, const Section*> seen;
+  std::unordered_map<std::string, std::vector<const Section*>> seen;  // by name: at most the parts of one property
   ForEachProcedure(subject, [&](const Section& procedure) {
     constexpr std::array<std::string_view, 3> accessors{"Get", "Let", "Set"};
-    const std::string kind = IsOneOf(procedure.Word, accessors) ? vbtext::Folded(procedure.Word) : "";
-    const auto [other, isNew] =
-        seen.try_emplace(procedure.Branch + vbtext::Folded(procedure.Name) + " " + kind, &procedure);
-    if (isNew) return;
+    std::vector<const Section*>& others = seen[procedure.Branch + vbtext::Folded(procedure.Name)];
+    const auto other = std::ranges::find_if(others, [&](const Section* section) {
+      return EqualIgnoringCase(section->Word, procedure.Word) || !IsOneOf(section->Word, accessors) ||
+             !IsOneOf(procedure.Word, accessors);
+    });
+    if (other == others.end()) return others.push_back(&procedure);
     report(procedure.Body.First, "a second procedure is called " + std::string(procedure.Name) + ", as that of line " +
-                                     std::to_string(other->second->Body.First + 1));
+                                     std::to_string((*other)->Body.First + 1));
   });
 }
 

@@ -146,7 +146,7 @@ class CodeMerger {
       output_.AddMine(mine);
       AddNewOnes(hunk.Theirs, addedByMine);
     } else {
-      MergeLines(base, mine, theirs, "declarations", output_);
+      MergeText(base, mine, theirs, "declarations");
     }
   }
 
@@ -164,9 +164,9 @@ class CodeMerger {
       if (hunk.Kind == HunkKind::Same) {
         for (std::size_t i = 0; i < hunk.Base.Count(); ++i) {
           const Section& section = *mine_.Declarations[hunk.Mine.First + i];
-          MergeLines(base_.Text(*base_.Declarations[hunk.Base.First + i]), mine_.Text(section),
-                     theirs_.Text(*theirs_.Declarations[hunk.Theirs.First + i]),
-                     section.Name.empty() ? "declarations" : "declaration " + NameOf(section), output_);
+          MergeText(base_.Text(*base_.Declarations[hunk.Base.First + i]), mine_.Text(section),
+                    theirs_.Text(*theirs_.Declarations[hunk.Theirs.First + i]),
+                    section.Name.empty() ? "declarations" : "declaration " + NameOf(section));
         }
       } else {
         // Names say nothing of what stands in a declaration that the other side took out.
@@ -287,6 +287,11 @@ class CodeMerger {
     const Section* Theirs;
   };
 
+  void MergeText(std::string_view base, std::string_view mine, std::string_view theirs, const std::string& name) {
+    if (base == theirs) return output_.AddMine(mine);
+    WriteHunks({base, keys_}, {mine, keys_}, {theirs, keys_}, name, output_);
+  }
+
   void MergeProcedure(const Thing& thing) {
     if (!thing.Mine && !thing.Theirs) return;  // both took it out
     const std::string_view base = thing.Base ? base_.Text(*thing.Base) : std::string_view();
@@ -294,7 +299,7 @@ class CodeMerger {
     const std::string_view theirs = thing.Theirs ? theirs_.Text(*thing.Theirs) : std::string_view();
     const std::string name = "procedure " + NameOf(thing.Mine ? *thing.Mine : *thing.Theirs);
     if (thing.Mine && thing.Theirs) {
-      if (thing.Base) return MergeLines(base, mine, theirs, name, output_);
+      if (thing.Base) return MergeText(base, mine, theirs, name);
       // Added on both sides.
       return IsSame(mine, theirs) ? output_.AddMine(mine) : output_.AddConflict(name, mine, base, theirs);
     }

@@ -77,10 +77,19 @@ std::vector<LineKey> LineKeys::Of(const std::vector<Line>& lines) {
   keys.reserve(lines.size());
   Tokenizer tokenizer;
   std::string spelling;
+  bool goesOn = false;  // a line that does, or that another one goes on in, depends on more than itself
   for (const Line& line : lines) {
+    const auto known = goesOn ? known_.end() : known_.find(line.Text);
+    if (known != known_.end()) {
+      keys.push_back(known->second);
+      continue;
+    }
     spelling.clear();
     AppendSpelling(tokenizer.Read(line.Text), spelling);
     keys.push_back(Number(spelling));
+    const bool standsAlone = !goesOn && !tokenizer.GoesOn();
+    if (standsAlone) known_.emplace(line.Text, keys.back());
+    goesOn = tokenizer.GoesOn();
   }
   return keys;
 }

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -19,7 +20,7 @@ constexpr LineKey EmptyLine = 0;
 // between tokens and at the ends of the line. Every byte of a string counts, and of a comment but for blanks behind it.
 void AppendSpelling(const std::vector<Token>& line, std::string& to);
 
-// Keys of the texts that are compared with one another: all are made by one object.
+// Keys of the texts that are compared with one another: all are made by one object, which the texts must outlive.
 class LineKeys {
  public:
   // A line of code each.
@@ -30,6 +31,7 @@ class LineKeys {
  private:
   LineKey Number(std::string spelling);
 
+  std::unordered_map<std::string_view, LineKey> known_;  // lines as they are written, most of which stand in all texts
   std::unordered_map<std::string, LineKey> numbers_;
 };
 

@@ -134,7 +134,7 @@ TEST_CASE("Procedures and their blocks end, and where it is not certain nothing 
            {"While a\nLoop", "4 unbalanced-block"},
            {"End Function", "3 unbalanced-block, 4 unbalanced-procedure"},
            {"End Sub\nSub t()\nEnd Sub\nProperty Get t()\nEnd Property\n#If a Then\nSub s()\nEnd Sub\n#End If\nSub S()",
-            "12 duplicate-procedure"},
+            "6 duplicate-procedure, 12 duplicate-procedure"},
            {"End Sub\n#If 0 Then\nSub t()\nFor\nEnd Sub\nSub t()\nEnd Sub\n#End If\nSub u()", ""},
            {"End Sub\nProperty Get t()\nEnd Property\nProperty Let t(x)\nEnd Property\nSub u()", ""},
            {"End Sub\nType T\nNext As Long\nEnd Type\nEnum E\nx\nSub t()", "7 unbalanced-procedure"},

@@ -108,12 +108,13 @@ class Saver {
   }
 
   void WriteCode(const std::string& line) {
-    if (Happens(random_, 20) && !inComment_) Write("");
+    if (Happens(random_, 20) && !goesOn_) Write("");
     const bool continues = inComment_;
     Tokenizer tokenizer;
     const std::vector<Token>& tokens = tokenizer.Read(line);
     const bool hasComment = continues || (!tokens.empty() && tokens.back().Kind == TokenKind::Comment);
-    inComment_ = hasComment && (tokenizer.GoesOn() || line.ends_with(" _"));
+    goesOn_ = tokenizer.GoesOn() || (hasComment && line.ends_with(" _"));
+    inComment_ = hasComment && goesOn_;
     Write(continues ? line : Respelled(line, random_));
   }
 
@@ -121,7 +122,7 @@ class Saver {
   Companion companion_;
   std::mt19937& random_;
   SavedForm saved_;
-  bool inComment_ = false;
+  bool inComment_ = false, goesOn_ = false;
 };
 
 }  // namespace
