@@ -1,3 +1,4 @@
+#include "lint/Lint.h"
 #include "merge/Merge.h"
 #include "tests/support/BuildTree.h"
 #include "tests/support/TemporaryFolder.h"
@@ -9,9 +10,12 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 using namespace formwizard;
@@ -37,6 +41,18 @@ std::vector<std::string> Forms() {
 merge::Merged Merge(const std::string& base, const std::string& mine, const std::string& theirs,
                     const merge::Options& options = {}) {
   return merge::Merge(base, mine, theirs, vbtext::FileKind::Form, options);
+}
+
+// The rules of the linter that a form breaks.
+std::set<std::string_view> RulesBrokenBy(const std::string& form) {
+  struct : lint::Surroundings {
+    std::optional<std::uintmax_t> SizeOf(std::string_view) const override { return std::nullopt; }
+  } alone;
+  std::set<std::string_view> rules;
+  for (const lint::Finding& finding : lint::FindingsIn(lint::Subject({"f.frm", form, alone}), true)) {
+    rules.insert(finding.Broken->Id);
+  }
+  return rules;
 }
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to) {
@@ -77,6 +93,9 @@ TEST_CASE("Every edit of both sides is in the result or in a conflict, and nothi
     std::set<std::string> wanted = Changes(base, mine);
     wanted.merge(Changes(base, theirs));
     REQUIRE(Changes(base, merged.Text) == wanted);
+    std::set<std::string_view> known = RulesBrokenBy(mine);
+    known.merge(RulesBrokenBy(theirs));
+    REQUIRE(std::ranges::includes(known, RulesBrokenBy(merged.Text)));
     REQUIRE((Merge(base, merged.Text, theirs).Text == merged.Text));
   }
   CHECK(clean > 2 * Thousand * 3 / 4);
