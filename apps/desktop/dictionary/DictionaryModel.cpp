@@ -21,7 +21,7 @@ QString Short(const QString& type) { return type.section('.', -1); }
 // "String, 50", "list" or "Address".
 QString TypeOf(ResultSet& rows) {
   const auto text = [&](const ColumnKey& column) { return Text(runtime::ToText(rows.GetData(column))); };
-  const QString collection = text(PropertyColumn("Collection"));
+  QString collection = text(PropertyColumn("Collection"));
   if (!collection.isEmpty()) return collection;
   const QString length = text(PropertyColumn("MaxLen")), type = Short(text(PropertyColumn("Type")));
   return length.isEmpty() || length == "0" ? type : type + ", " + length;
