@@ -48,9 +48,11 @@ NeedsDialog::NeedsDialog(QWidget& window, const Texts& texts, const Environment&
       texts_(texts),
       environment_(environment),
       files_(files),
-      needs_{{T::NeedsProject, HasProject, &NeedsDialog::Project, &Files::AskForProject},
-             {T::NeedsDictionary, HasDictionary, &NeedsDialog::Dictionary, &Files::AskForDictionary},
-             {T::NeedsToolbox, HasQueryControl, &NeedsDialog::Toolbox, &Files::AskForToolbox}},
+      needs_{{T::NeedsProject, HasProject, &NeedsDialog::Project, [](Files& of) { return of.AskForProject(); }, false},
+             {T::NeedsDictionary, HasDictionary, &NeedsDialog::Dictionary,
+              [](Files& of) { return of.AskForDictionary(); }, false},
+             {T::NeedsToolbox, HasQueryControl, &NeedsDialog::Toolbox, [](Files& of) { return of.AskForToolbox(); },
+              true}},
       continue_(new QPushButton(texts(T::NeedsContinue))) {
   setWindowTitle(texts(T::NeedsTitle));
   setMinimumWidth(DialogWidth);
@@ -96,7 +98,7 @@ void NeedsDialog::AddRow(Need& need, QGridLayout& grid, int row) {
   label->setFont(Weighted(font(), QFont::DemiBold));
   label->setBuddy(need.Button);  // its access key presses the button
   connect(need.Button, &QPushButton::clicked, this, [this, choose = need.Choose] {
-    (files_.*choose)();
+    choose(files_);
     ShowNeeds();
   });
   grid.addWidget(need.State, row, 0);
@@ -115,7 +117,7 @@ void NeedsDialog::ShowNeeds() {
     need.Shown->setText(value);
     need.Button->setAccessibleName(texts_(need.Label).remove('&'));
     need.Button->setAccessibleDescription(state + ": " + value);
-    need.Button->setEnabled(need.Choose != &Files::AskForToolbox || HasProject(environment_));
+    need.Button->setEnabled(!need.NeedsProject || HasProject(environment_));
     if (!isThere && !next && need.Button->isEnabled()) next = need.Button;
   }
   const bool isComplete = !IsAnythingMissing(environment_);

@@ -27,7 +27,8 @@ class NeedsDialog : public QDialog {
     T Label;
     bool (*IsThere)(const Environment&);
     QString (NeedsDialog::*Value)() const;
-    bool (Files::*Choose)();
+    bool (*Choose)(Files&);
+    bool NeedsProject;
     QLabel *State = nullptr, *Shown = nullptr;
     QPushButton* Button = nullptr;
   };

@@ -1,11 +1,13 @@
 // The dictionary beside the project: looked through, searched, and a form made of what was found.
 #include "tests/apps/desktop/Users.h"
 
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 
 #include <functional>
+#include <stdexcept>
 
 using namespace formwizard;
 using namespace formwizard::tests;
@@ -56,15 +58,27 @@ TEST_CASE("The dictionary is looked through and searched, and Enter or the butto
 
   const wizard::frmWizard& dialog = WizardDesign();
   const auto title = [] { return QApplication::activeModalWidget()->windowTitle().toStdString(); };
-  // The wizard is looked at where it does nothing, because what it does handles events in between.
-  const std::function<void(std::string, int)> isAtProperties = [&](const std::string& property, int tries) {
-    const QWidget* shown = QApplication::activeModalWidget();
-    if (tries > 0 && (!shown || shown->windowTitle() != "Ostrel Form Wizard - Step 4 of 6")) {
-      QTimer::singleShot(5, [&, property, tries] { isAtProperties(property, tries - 1); });
-      return;
+  // Looked at again and again, because the wizard handles events while it goes on to the class, and hears of no user
+  // then.
+  const auto isShown = [&](const std::string& property) {
+    try {
+      FindItem(*Find<QTreeView>(dialog.tvwAttributes), property);
+      return title() == "Ostrel Form Wizard - Step 4 of 6";
+    } catch (const std::runtime_error&) {
+      return false;
     }
-    CHECK_NOTHROW(FindItem(*Find<QTreeView>(dialog.tvwAttributes), property));
-    MouseUser().Press(dialog.cmdCancel);
+  };
+  const std::function<void(std::string, int)> isAtProperties = [&](const std::string& property, int tries) {
+    auto* shown = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    const bool isThere = shown && isShown(property);
+    if (isThere) MouseUser().Press(dialog.cmdCancel);
+    if (isThere && !QApplication::activeModalWidget()) return;
+    if (tries > 0) {
+      QTimer::singleShot(5, [&, property, tries] { isAtProperties(property, tries - 1); });
+    } else {
+      FAIL_CHECK(property);
+      if (shown) shown->done(0);
+    }
   };
   constexpr int tries = 1000;
   tree->setCurrentIndex(FindItem(*tree, "Company", "Sample"));
