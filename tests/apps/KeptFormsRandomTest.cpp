@@ -133,7 +133,8 @@ std::vector<std::string> OwnParts(const std::string& form) {
 
 std::set<std::string> ErrorsIn(const std::string& path) {
   std::set<std::string> errors;
-  for (const json& finding : json::parse(RunHere({"lint", "--json", path}).Out)["findings"]) {
+  const json listing = json::parse(RunHere({"lint", "--json", path}).Out);
+  for (const json& finding : listing["findings"]) {
     if (finding["severity"] == "error") errors.insert(finding["rule"].get<std::string>() + finding["message"].dump());
   }
   return errors;
