@@ -458,6 +458,7 @@ void ProjectOnDisk::PutTexts(std::string_view name, const FormFiles& texts, cons
 
 void ProjectOnDisk::FinishAndCommit() {
   FinishForms();
+  if (prepare_) prepare_();
   if (!project_.IsChanged() && put_.empty()) return;
   for (const std::string& path : put_) read_.Forget(path);  // each is compared with what it is to hold
   if (!dryRun_) CurrentSaving().Commit(project_.Text());

@@ -15,6 +15,7 @@
 #include "system/FileSystem.h"
 #include "system/FilesRead.h"
 
+#include <functional>
 #include <list>
 #include <memory>
 #include <memory_resource>
@@ -85,6 +86,10 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // The same for the files of a component that is on the disk, `old` being its texts as TextsOf gave them. An empty Frx
   // is none.
   void PutTexts(std::string_view name, const FormFiles& texts, const FormFiles& old);
+
+  // Called by Save when all forms are finished and nothing is on the disk yet: what it puts belongs to that save, which
+  // its support::SaveError ends like any other.
+  void OnSave(std::function<void()> prepare) { prepare_ = std::move(prepare); }
 
   // Finishes what is open and saves. A project in which nothing changed is not touched. support::SaveError with every
   // file as it was before; what was not finished before is still open then, so that saving can be tried again.
@@ -209,6 +214,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   ProjectFile project_;
   ControlLibraries libraries_;
   ChangeListener listener_;
+  std::function<void()> prepare_;
   bool dryRun_ = false;
   mutable Texts texts_;               // names and paths of components
   mutable std::list<Entry> entries_;  // items first, then new forms

@@ -46,14 +46,24 @@ void Environment::OpenProject(const std::string& path) {
       system::RealFileSystem(), common::Resolved(path),
       adapters::vb6files::ProjectOptions{options_.CodePage, options_.Toolbox});
   static_cast<void>(project->Summaries());  // a component that cannot be read is found now
-  wizard_.State().NewComponent.reset();     // belongs to the old project
+  ForgetProject();
   project_ = std::move(project);
+}
+
+void Environment::ForgetProject() {
+  wizard_.State().NewComponent.reset();
+  updates_.Clear();
+  keptForms_.reset();
+  project_.reset();
 }
 
 void Environment::OpenDictionary(const std::string& path) {
   const std::string cache = options_.Cache.empty() ? adapters::qt::Utf8(QDir::tempPath()) : options_.Cache;
-  server_.Dictionary = common::OpenDictionary(DictionaryToOpen(path, cache));
+  const std::string file = DictionaryToOpen(path, cache);
+  server_.Dictionary = common::OpenDictionary(file);
   dictionaryPath_ = path;
+  dictionaryFile_ = file;
+  keptForms_.reset();
   OnDictionary();
 }
 
@@ -66,12 +76,35 @@ void Environment::UseToolbox(const std::string& path) {
   options_.Toolbox = path;
 }
 
-void Environment::CloseProject() {
-  wizard_.State().NewComponent.reset();
-  project_.reset();
+void Environment::CloseProject() { ForgetProject(); }
+
+forms::KeptForms& Environment::KeptForms() {
+  if (!keptForms_) {
+    keptForms_ =
+        std::make_unique<forms::KeptForms>(system::RealFileSystem(), *project_, dictionaryFile_, FORMWIZARD_VERSION);
+  }
+  return *keptForms_;
+}
+
+void Environment::Save() {
+  project_->OnSave([this] {
+    if (!updates_.IsEmpty()) updates_.PutInto(KeptForms());
+  });
+  project_->Save();
+  updates_.Clear();
+  keptForms_.reset();
+}
+
+std::vector<adapters::vb6files::ComponentSummary> Environment::Summaries() const {
+  std::vector<adapters::vb6files::ComponentSummary> summaries = project_->Summaries();
+  for (adapters::vb6files::ComponentSummary& each : summaries) {
+    each.IsChanged = each.IsChanged || updates_.Find(each.Name) != nullptr;
+  }
+  return summaries;
 }
 
 std::string Environment::TakeBack(const std::string& component) {
+  if (updates_.TakeBack(component)) return component;
   wizard_.State().NewComponent.reset();
   return project_->TakeBack(component).value_or("");
 }

@@ -7,7 +7,9 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "addin/Wizard.h"
 #include "apps/desktop/dictionary/WizardOpening.h"
+#include "apps/desktop/kept/UnsavedUpdates.h"
 #include "apps/desktop/preview/WizardPreview.h"
+#include "apps/forms/KeptForms.h"
 #include "settings/ProfileStore.h"
 
 #include <QMenu>
@@ -16,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace formwizard::apps::desktop {
 
@@ -72,6 +75,17 @@ class Environment : public generator::ide::Application {
 
   // Null when no project is open.
   adapters::vb6files::ProjectOnDisk* Project() const { return project_.get(); }
+  // Updates of its kept forms, which the project itself hears of when it is saved.
+  UnsavedUpdates& Updates() { return updates_; }
+  // Of the open project as it stands on the disk, by the open dictionary; made anew when either is another one.
+  // support::InputError for what cannot be read.
+  forms::KeptForms& KeptForms();
+
+  // Of the project with these updates: whether saving would write something; saving, as ProjectOnDisk::Save; and its
+  // components as they stand once it is saved.
+  bool IsChanged() const { return project_ && (project_->IsChanged() || !updates_.IsEmpty()); }
+  void Save();
+  std::vector<adapters::vb6files::ComponentSummary> Summaries() const;
   // The component that the wizard made last in this project; empty before.
   std::string NewComponentName() const;
 
@@ -91,6 +105,7 @@ class Environment : public generator::ide::Application {
   };
 
   void RunCommand(const std::function<void()>& command);
+  void ForgetProject();
 
   QMenu& addInsMenu_;
   EnvironmentOptions options_;
@@ -100,8 +115,10 @@ class Environment : public generator::ide::Application {
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::satellite::Satellites satellites_;
   Server server_;
-  std::string dictionaryPath_;
+  std::string dictionaryPath_, dictionaryFile_;  // as it was chosen; what is read, which for JSON was made of it
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
+  UnsavedUpdates updates_;
+  std::unique_ptr<forms::KeptForms> keptForms_;
   WizardPreview preview_;
   WizardOpening opening_{preview_};
   addin::Wizard wizard_;

@@ -28,7 +28,8 @@ std::string CodeOfModule(const system::CodePage& codePage, const std::string& by
 
 }  // namespace
 
-void ComponentPages::Show(vb6files::ProjectOnDisk* project, const ProjectModel::Component* chosen) {
+void ComponentPages::Show(vb6files::ProjectOnDisk* project, const ProjectModel::Component* chosen,
+                          const UnsavedUpdates::Updated* updated) {
   form_.SetForm(std::nullopt);
   code_.ShowCode("");
   page_.Bar().Clear();
@@ -38,16 +39,20 @@ void ComponentPages::Show(vb6files::ProjectOnDisk* project, const ProjectModel::
     return;
   }
   try {
-    (this->*(chosen->IsForm ? &ComponentPages::ShowForm : &ComponentPages::ShowModule))(*project, chosen->Name);
+    if (!chosen->IsForm) return ShowModule(*project, chosen->Name);
+    ShowForm(chosen->Name,
+             updated ? vb6files::FormFiles{updated->Update.Form.Frm, updated->Update.Form.Frx}
+                     : project->TextsOf(chosen->Name),
+             project->ProjectCodePage());
   } catch (const support::InputError& error) {
     OfferCode(Text(error.what()));
   }
 }
 
-void ComponentPages::ShowForm(vb6files::ProjectOnDisk& project, const std::string& name) {
-  const vb6files::FormFiles texts = project.TextsOf(name);
-  code_.ShowCode(Text(project.ProjectCodePage().Decode(texts.Frm)));  // what there is of a damaged form
-  vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, project.ProjectCodePage());
+void ComponentPages::ShowForm(const std::string& name, const vb6files::FormFiles& texts,
+                              const system::CodePage& codePage) {
+  code_.ShowCode(Text(codePage.Decode(texts.Frm)));  // what there is of a damaged form
+  vb6files::FormTree tree = vb6files::ReadFormTree(name, texts.Frm, texts.Frx, codePage);
   code_.ShowCode(Text(tree.Code), ObjectsOf(tree.Form), texts_(T::NoCode));
   form_.SetForm(std::move(tree));
   page_.ShowPicture();

@@ -186,12 +186,12 @@ bool Files::Save() {
   const bool saved = Try(T::TitleSaveProject, texts_(T::NotSaved, name),
                          [&] {
                            try {
-                             environment_.Project()->Save();
+                             environment_.Save();
                            } catch (const support::ChangedMeanwhile& changed) {
                              OfferReload(name, changed.what());
                            }
                          }) &&
-                     !environment_.Project()->IsChanged();
+                     !environment_.IsChanged();
   if (saved) OnDone(texts_(T::Saved, name));
   OnProject("");
   return saved;
@@ -208,11 +208,10 @@ void Files::OfferReload(const QString& name, const std::string& why) {
 }
 
 bool Files::MayGiveUp() {
-  const adapters::vb6files::ProjectOnDisk* project = environment_.Project();
-  if (!project || !project->IsChanged()) return true;
+  if (!environment_.IsChanged()) return true;
   const std::size_t answer = Ask(window_, texts_,
                                  {.Title = T::TitleSaveProject,
-                                  .What = texts_(T::HasUnsavedChanges, NameOf(Text(project->Path()))),
+                                  .What = texts_(T::HasUnsavedChanges, NameOf(Text(environment_.Project()->Path()))),
                                   .Why = texts_(T::UnsavedAreLost),
                                   .Buttons = {T::ButtonSave, T::ButtonDiscard, T::Cancel}});
   return answer == 0 ? Save() : answer == 1;

@@ -228,7 +228,7 @@ void MainWindow::Open(const QString& file, const QString& dictionary, bool wizar
 
 void MainWindow::ShowProject(const std::string& chosen) {
   if (const auto* project = environment_->Project()) {
-    tree_->Show(*project, chosen);
+    tree_->Show(*project, environment_->Summaries(), chosen);
   } else {
     lastNew_.clear();
     tree_->Clear();
@@ -241,12 +241,12 @@ void MainWindow::ShowComponent() {
   actions_->Enable(Command::RemoveForm, chosen && chosen->IsChanged);
   actions_->Enable(Command::SavePicture, chosen && chosen->IsForm);
   actions_->Enable(Command::ShowInFolder, !tree_->ChosenFile().empty());
-  component_->Show(environment_->Project(), chosen);
+  component_->Show(environment_->Project(), chosen, chosen ? environment_->Updates().Find(chosen->Name) : nullptr);
 }
 
 void MainWindow::ShowState() {
   const vb6files::ProjectOnDisk* project = environment_->Project();
-  const bool isChanged = project && project->IsChanged();
+  const bool isChanged = environment_->IsChanged();
   actions_->Enable(Command::SaveProject, isChanged);
   actions_->Enable(Command::CloseProject, project != nullptr);
   setWindowModified(isChanged);

@@ -72,10 +72,12 @@ ProjectTree::ProjectTree(const Texts& texts, std::function<void()> openProject)
   });
 }
 
-void ProjectTree::Show(const adapters::vb6files::ProjectOnDisk& project, const std::string& chosen) {
+void ProjectTree::Show(const adapters::vb6files::ProjectOnDisk& project,
+                       std::vector<ProjectModel::Component> components, const std::string& chosen) {
   const QFileInfo file(Text(project.Path()));
   isShowing_ = true;
-  model_->Show(file.completeBaseName() + " (" + file.fileName() + ")", project.Summaries(), project.RelatedDocuments());
+  model_->Show(file.completeBaseName() + " (" + file.fileName() + ")", std::move(components),
+               project.RelatedDocuments());
   tree_->expandToDepth(1);
   const QModelIndex root = model_->index(0, ProjectModel::NameColumn);
   tree_->setFirstColumnSpanned(0, {}, true);  // only components have a state

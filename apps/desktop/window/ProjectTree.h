@@ -20,7 +20,8 @@ class ProjectTree : public QStackedWidget {
   ProjectTree(const Texts& texts, std::function<void()> openProject);
 
   // Shows the project; the component of that name is chosen, else the one that comes first. OnChosen hears of it.
-  void Show(const adapters::vb6files::ProjectOnDisk& project, const std::string& chosen);
+  void Show(const adapters::vb6files::ProjectOnDisk& project, std::vector<ProjectModel::Component> components,
+            const std::string& chosen);
   void Clear();
 
   // Null when none is chosen.

@@ -1,0 +1,50 @@
+#include "apps/desktop/kept/UnsavedUpdates.h"
+
+#include "vbtext/Tokens.h"
+
+#include <algorithm>
+
+namespace formwizard::apps::desktop {
+
+kept::State UnsavedUpdates::Updated::State() const {
+  kept::State state;
+  state.Edits = kept::DifferencesOf(Form.Sides.Theirs, Update.Form);
+  return state;
+}
+
+void UnsavedUpdates::Take(const std::vector<UpdateChoices>& decided, const QDateTime& now) {
+  ++commands_;
+  for (const UpdateChoices& each : decided) {
+    TakeBack(each.Form().Name);
+    updated_.push_back({{each.Form(), each.Result()}, commands_, now});
+  }
+}
+
+const UnsavedUpdates::Updated* UnsavedUpdates::Find(const std::string& form) const {
+  const auto found =
+      std::ranges::find_if(updated_, [&](const Entry& each) { return vbtext::IsSameName(each.Form.Form.Name, form); });
+  return found == updated_.end() ? nullptr : &found->Form;
+}
+
+std::vector<std::string> UnsavedUpdates::LastForms() const {
+  std::vector<std::string> names;
+  for (const Entry& each : updated_) {
+    if (each.Command == updated_.back().Command) names.push_back(each.Form.Form.Name);
+  }
+  return names;
+}
+
+bool UnsavedUpdates::TakeBack(const std::string& form) {
+  return std::erase_if(updated_, [&](const Entry& each) { return vbtext::IsSameName(each.Form.Form.Name, form); }) > 0;
+}
+
+void UnsavedUpdates::TakeBackLast() {
+  if (IsEmpty()) return;
+  std::erase_if(updated_, [last = updated_.back().Command](const Entry& each) { return each.Command == last; });
+}
+
+void UnsavedUpdates::PutInto(forms::KeptForms& forms) const {
+  for (const Entry& each : updated_) forms.Put(each.Form.Form, each.Form.Update);
+}
+
+}  // namespace formwizard::apps::desktop

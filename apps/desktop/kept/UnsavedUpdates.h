@@ -1,0 +1,53 @@
+// The updates of kept forms that the user has taken and not saved.
+#pragma once
+
+#include "apps/desktop/kept/UpdateChoices.h"
+
+#include <QDateTime>
+
+#include <string>
+#include <vector>
+
+namespace formwizard::apps::desktop {
+
+class UnsavedUpdates {
+ public:
+  struct Updated {
+    forms::KeptForm Form;
+    kept::Update Update;
+
+    // How it will stand once it is saved.
+    kept::State State() const;
+  };
+
+  // Takes those that one command has updated. One of a form that has an update already takes its place: both start from
+  // what stands on the disk.
+  void Take(const std::vector<UpdateChoices>& decided, const QDateTime& now = QDateTime::currentDateTime());
+
+  bool IsEmpty() const { return updated_.empty(); }
+  // By the name of the form; null for none.
+  const Updated* Find(const std::string& form) const;
+  // What the last command has updated, and when.
+  std::vector<std::string> LastForms() const;
+  QDateTime LastTime() const { return IsEmpty() ? QDateTime() : updated_.back().Time; }
+
+  // What the form was before is what it is again; false where it has none.
+  bool TakeBack(const std::string& form);
+  void TakeBackLast();
+  void Clear() { updated_.clear(); }
+
+  // Has the project write all of them when it is saved; see KeptForms::Put.
+  void PutInto(forms::KeptForms& forms) const;
+
+ private:
+  struct Entry {
+    Updated Form;
+    int Command;  // counted, so that one command's are told from the next one's
+    QDateTime Time;
+  };
+
+  std::vector<Entry> updated_;  // the last command's at the end
+  int commands_ = 0;
+};
+
+}  // namespace formwizard::apps::desktop
