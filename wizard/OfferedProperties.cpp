@@ -88,4 +88,10 @@ OfferedKind KindInside(Int16 objectKind, const PropertyRow& row) {
   return PlainKind(row);
 }
 
+Int16 settings::Settings::*RowsSettingOf(Int16 fieldKind) {
+  const auto found =
+      std::ranges::find(Collections, fieldKind, [](const CollectionKind& each) { return each.Kind.FieldKind; });
+  return found == Collections.end() ? nullptr : found->Kind.RowsSetting;
+}
+
 }  // namespace formwizard::wizard

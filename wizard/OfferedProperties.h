@@ -50,6 +50,9 @@ OfferedKind KindOf(const PropertyRow& row);
 // Of one inside an object of that kind.
 OfferedKind KindInside(factory::Int16 objectKind, const PropertyRow& row);
 
+// Gives the rows of such a field; null for one that has one row.
+factory::Int16 settings::Settings::*RowsSettingOf(factory::Int16 fieldKind);
+
 // What may be missing, which a server may say by Null, is empty.
 std::string TextOrEmpty(const PropertyRow& row, factory::PropertyColumn column);
 bool IsNumber(const PropertyRow& row, factory::PropertyColumn column, int number);

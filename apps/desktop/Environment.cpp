@@ -6,6 +6,7 @@
 #include "apps/common/Platform.h"
 #include "apps/desktop/DictionaryCache.h"
 #include "apps/desktop/MenuBars.h"
+#include "apps/forms/WizardUser.h"
 #include "generator/ide/ActiveX.h"
 #include "support/Failures.h"
 
@@ -151,9 +152,9 @@ void Environment::OpenWizard() {
 }
 
 void Environment::OpenWizardFor(const std::string& system, const std::string& className) {
-  opening_.Choose(system, className);
+  opening_.PlayNext({[=](wizard::frmWizard& dialog) { forms::GoToProperties(dialog, system, className); }, {}});
   OpenWizard();
-  opening_.Choose("", "");  // also where no wizard has opened
+  opening_.PlayNext({});  // also where no wizard has opened
 }
 
 void Environment::RunCommand(const std::function<void()>& command) {

@@ -1,10 +1,10 @@
 #include "apps/forms/KeptDescription.h"
 
+#include "apps/forms/Choices.h"
 #include "apps/forms/DescriptionText.h"
 #include "runtime/Conversions.h"
 
 #include <cstddef>
-#include <variant>
 
 namespace formwizard::apps::forms {
 namespace {
@@ -27,23 +27,6 @@ std::vector<FieldChoice> FieldsAsChosen(const FormDescription& asked, const mode
   return fields;
 }
 
-SettingTexts SettingsOf(const settings::Settings& settings) {
-  SettingTexts texts;
-  for (const settings::SettingKey& key : settings::SettingKeys()) {
-    texts[std::string(key.Key)] = std::visit(
-        [&](auto member) {
-          const auto value = settings.*member;
-          if constexpr (std::is_same_v<std::remove_cv_t<decltype(value)>, bool>) {
-            return std::string(value ? "1" : "0");
-          } else {
-            return std::to_string(value.Value());
-          }
-        },
-        key.Member);
-  }
-  return texts;
-}
-
 }  // namespace
 
 FormDescription KeptDescription(const FormDescription& asked, const kept::FormTexts& form, Workshop& workshop,
@@ -54,7 +37,7 @@ FormDescription KeptDescription(const FormDescription& asked, const kept::FormTe
   description.System = {workshop.System(), {}};
   description.Language = {workshop.Language(), {}};
   description.CodePage = {by.CodePage, {}};
-  description.Settings = SettingsOf(state.Settings);
+  description.Settings = TextsOf(state.Settings);
   description.Fields = FieldsAsChosen(asked, state.Form);
   MadeForm& made = description.Made.emplace();
   made.Program = by.Program;

@@ -49,6 +49,13 @@ std::vector<kept::ShownField> FieldsIn(const FormDescription& description, const
   return fields;
 }
 
+void Take(const FormDescription& choices, FormDescription& description) {
+  description.Class = choices.Class;
+  description.System = choices.System;
+  description.Settings = choices.Settings;
+  description.Fields = choices.Fields;
+}
+
 std::string_view StemOf(std::string_view path) {
   path.remove_prefix(system::FolderPart(std::string(path)).size());
   return path.substr(0, path.rfind('.'));
@@ -88,11 +95,12 @@ const std::string* KeptForms::NameInProject(const std::string& form) const {
   return found == components_.end() ? nullptr : &found->second;
 }
 
-KeptForm KeptForms::Look(const std::string& name, bool lists) {
+KeptForm KeptForms::Look(const std::string& name, bool lists, const FormDescription* choices) {
   KeptForm form;
   form.Name = name;
   form.Texts = folder_.Read(name);
   FormDescription description = folder_.DescriptionIn(form.Texts, name);
+  if (choices) Take(*choices, description);
   const int codePage = project_.ProjectCodePage().Number();
   if (description.CodePage && description.CodePage->Value != codePage) {
     throw support::InputError(description.CodePage->Where.Text() + ": the form was made in code page " +

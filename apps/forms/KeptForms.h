@@ -44,8 +44,8 @@ class KeptForms {
   std::vector<std::string> Meant(const std::vector<std::string>& names) const;
 
   // support::InputError for what cannot be read. Without `lists` the differences in its state are only what is needed
-  // to tell whether it is outdated.
-  KeptForm Look(const std::string& name, bool lists = true);
+  // to tell whether it is outdated. With `choices` as if its description had their class, system, settings and fields.
+  KeptForm Look(const std::string& name, bool lists = true, const FormDescription* choices = nullptr);
   // What becomes of it; see kept::UpdateOf.
   kept::Update UpdateOf(const KeptForm& form, const kept::Decision& decide) const;
   // Has the project write the form as updated and its kept texts when it is saved.

@@ -55,7 +55,8 @@ class Walk {
                     : "none",
         wizard::TextOrEmpty(row, "Type"),
         (object ? object->Caption + " " : "") + wizard::TextOrEmpty(row, "Caption"),
-        wizard::IsNumber(row, "MaxLen", 0) ? "" : wizard::TextOrEmpty(row, "MaxLen"),
+        runtime::NumericValue(row[wizard::factory::PropertyColumn("MaxLen")]) == 0 ? ""
+                                                                                   : wizard::TextOrEmpty(row, "MaxLen"),
         wizard::IsNumber(row, "Required", 1),
         wizard::IsNumber(row, "Editable", 0),
         object ? 1U : 0U,

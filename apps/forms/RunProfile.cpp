@@ -38,6 +38,7 @@ std::string RunProfile::GetProfileString(std::string_view section, std::string_v
 bool RunProfile::WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
                                     const std::string&) {
   const std::string name = runtime::LowerCase(key);
+  overrides_.erase(name);
   std::string& known = read_[name];
   if (known == value) return true;
   known = value;

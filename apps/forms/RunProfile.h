@@ -18,7 +18,7 @@ class RunProfile : public settings::ProfileStore {
  public:
   RunProfile(settings::ProfileStore& store, const std::string& file) : store_(store), file_(file) {}
 
-  // The settings that stand in front of the file's, until the next call.
+  // The settings that stand in front of the file's, each until it is written, all until the next call.
   void Override(const SettingTexts& settings);
 
   // Writes what was written into the file; false when that failed.

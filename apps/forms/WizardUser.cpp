@@ -17,32 +17,53 @@ using wizard::frmWizard;
 // Chooses the properties of one form and sets their attributes.
 class FieldsUser {
  public:
-  FieldsUser(frmWizard& dialog, const FormDescription& form) : dialog_(dialog), form_(form) {}
+  // With `leftOut`, which takes the names of it, what is not offered is left out; otherwise it is NotOffered.
+  FieldsUser(frmWizard& dialog, const FormDescription& form, std::vector<std::string>* leftOut = nullptr)
+      : dialog_(dialog), form_(form), leftOut_(leftOut) {}
 
   void ChooseFields() {
     if (form_.Fields.empty()) Fail(form_.Source, "fields: choose at least one property");
     for (const ui::Node* root : dialog_.tvwAttributes.Nodes.Roots()) roots_.Add(Name(*root));
     for (const FieldChoice& field : form_.Fields) {
-      const int before = dialog_.lstSelected.ListCount();
-      dialog_.tvwAttributes.ClickNode(PropertyNode(field.Property));
-      dialog_.cmdSelectOne.Click();
-      if (dialog_.lstSelected.ListCount() == before)
-        Fail(field.Property.Where.Text(), "the property " + field.Property.Value + " is chosen twice; name it once");
+      Attempt(field.Property.Value, [&] {
+        ChooseField(field.Property);
+        chosen_.push_back(&field);
+      });
     }
   }
 
   // The Attributes step is only visited when something is to be set there.
   void SetAttributes() {
-    if (std::ranges::none_of(form_.Fields, HasAttributes)) return;
+    if (std::ranges::any_of(form_.Fields, HasAttributes)) VisitAttributes();
+  }
+
+  void VisitAttributes() {
     dialog_.cmdNext.Click();
-    for (std::size_t i = 0; i < form_.Fields.size(); ++i) {
-      if (!HasAttributes(form_.Fields[i])) continue;
+    for (std::size_t i = 0; i < chosen_.size(); ++i) {
+      if (!HasAttributes(*chosen_[i])) continue;
       dialog_.lstFields.ClickItem(static_cast<int>(i));
-      SetAttributesOf(form_.Fields[i]);
+      SetAttributesOf(*chosen_[i]);
     }
   }
 
  private:
+  void Attempt(const std::string& what, auto&& step) {
+    if (!leftOut_) return step();
+    try {
+      step();
+    } catch (const NotOffered&) {
+      leftOut_->push_back(what);
+    }
+  }
+
+  void ChooseField(const GivenText& property) {
+    const int before = dialog_.lstSelected.ListCount();
+    dialog_.tvwAttributes.ClickNode(PropertyNode(property));
+    dialog_.cmdSelectOne.Click();
+    if (dialog_.lstSelected.ListCount() == before)
+      Fail(property.Where.Text(), "the property " + property.Value + " is chosen twice; name it once");
+  }
+
   static bool HasAttributes(const FieldChoice& field) {
     return field.Caption || field.ReadOnly || field.UpdateAfter || field.Rows || field.Combo;
   }
@@ -101,18 +122,22 @@ class FieldsUser {
   }
 
   void SetAttributesOf(const FieldChoice& field) {
+    const std::string& name = field.Property.Value;
+    if (field.Caption) dialog_.txtCaption[dialog_.FrontPanel()].Type(*field.Caption);
+    if (field.ReadOnly) Attempt(name + " (readOnly)", [&] { SetReadOnly(field); });
+    if (field.UpdateAfter)
+      Attempt(name + " (updateAfter " + field.UpdateAfter->Value + ")", [&] { SetUpdateAfter(field); });
+    if (field.Rows) Attempt(name + " (rows)", [&] { SetRows(field); });
+    if (field.Combo) Attempt(name + " (combo " + field.Combo->Query.Value + ")", [&] { SetCombo(field); });
+  }
+
+  void SetRows(const FieldChoice& field) {
     const std::size_t panel = dialog_.FrontPanel();
-    if (field.Caption) dialog_.txtCaption[panel].Type(*field.Caption);
-    if (field.ReadOnly) SetReadOnly(field);
-    if (field.UpdateAfter) SetUpdateAfter(field);
-    if (field.Rows) {
-      if (!dialog_.HasRows(panel)) {
-        Fail(field.Rows->Where.Text(), "property " + field.Property.Value +
-                                           " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
-      }
-      dialog_.txtRowHeight[panel].Type(std::to_string(field.Rows->Value));
+    if (!dialog_.HasRows(panel)) {
+      Fail(field.Rows->Where.Text(), "property " + field.Property.Value +
+                                         " takes one row; \"rows\" is for lists, arrays, pictures and long texts");
     }
-    if (field.Combo) SetCombo(field);
+    dialog_.txtRowHeight[panel].Type(std::to_string(field.Rows->Value));
   }
 
   void SetReadOnly(const FieldChoice& field) {
@@ -139,8 +164,13 @@ class FieldsUser {
                                    " is no reference and cannot be shown as a combo box; leave \"combo\" out");
     }
     if (dialog_.chkRefCombo.Value() == 0) dialog_.chkRefCombo.Click();
-    Choose(dialog_.lstQueryName, "query that returns the object id", query);
-    Choose(dialog_.lstQueryColumn, "column of query " + query.Value, column);
+    try {
+      Choose(dialog_.lstQueryName, "query that returns the object id", query);
+      Choose(dialog_.lstQueryColumn, "column of query " + query.Value, column);
+    } catch (const NotOffered&) {
+      dialog_.chkRefCombo.Click();  // nobody can leave a field whose combo box is half specified
+      throw;
+    }
   }
 
   void Choose(ui::ListBox& list, const std::string& what, const GivenText& name) {
@@ -153,10 +183,43 @@ class FieldsUser {
 
   frmWizard& dialog_;
   const FormDescription& form_;
-  Names roots_;  // of the tree of properties
+  std::vector<std::string>* leftOut_;       // null where nothing may be
+  std::vector<const FieldChoice*> chosen_;  // in the order of the dialog's lists
+  Names roots_;                             // of the tree of properties
 };
 
+bool ClickNode(ui::TreeView& tree, const auto& isMeant) {
+  for (ui::Node& node : tree.Nodes.All()) {
+    if (!isMeant(node)) continue;
+    tree.ClickNode(node);
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
+
+bool GoToProperties(frmWizard& dialog, const std::string& system, const std::string& className) {
+  dialog.cmdNext.Click();
+  if (!ClickNode(dialog.tvwConnection, [&](const ui::Node& node) { return node.Text.Get() == system; })) return false;
+  dialog.cmdNext.Click();
+  if (!dialog.IsConnected()) return false;
+  if (!ClickNode(dialog.tvwClasses, [&](const ui::Node& node) { return node.Tag == className; })) return false;
+  dialog.cmdNext.Click();
+  return true;
+}
+
+std::vector<std::string> GoToAttributes(frmWizard& dialog, const FormDescription& form) {
+  std::vector<std::string> leftOut;
+  const std::string system = form.System ? form.System->Value : "";
+  if (!GoToProperties(dialog, system, form.Class.Value)) return leftOut;
+  FieldsUser user(dialog, form, &leftOut);
+  user.ChooseFields();
+  if (dialog.lstSelected.ListCount() == 0) return leftOut;
+  user.VisitAttributes();
+  dialog.lstFields.ClickItem(0);
+  return leftOut;
+}
 
 WizardUser::WizardUser(wizard::WizardServices& services, generator::ide::Vbe& environment, std::string system)
     : services_(services), environment_(environment), system_(std::move(system)) {}

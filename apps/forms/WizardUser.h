@@ -19,6 +19,15 @@ class NotOffered : public support::InputError {
   using InputError::InputError;
 };
 
+// Walks through a dialog that has just opened to the properties of a class, for somebody who goes on from there; both
+// names as they stand in the dialog. False where it stands on the way, at the step that does not have what is meant.
+bool GoToProperties(wizard::frmWizard& dialog, const std::string& system, const std::string& className);
+
+// The same to the Attributes step, with the fields of the description and what is set for them, the first one chosen.
+// What the class does not offer any longer is left out and named: "Home.City", "Spouse.Name (combo ByName)". Where
+// nothing is left to be shown it stands at the properties.
+std::vector<std::string> GoToAttributes(wizard::frmWizard& dialog, const FormDescription& form);
+
 // Has one form after the other made, each as by a freshly loaded add-in, so that it comes out the same alone and in a
 // batch. What is the same for all of them, such as the list of classes, is read once.
 class WizardUser {

@@ -1,9 +1,11 @@
-// Opens the wizard with a class chosen, as a user would choose it.
+// Has the wizard open somewhere on its way, as a user would bring it there.
 #pragma once
 
 #include "adapters/qt/DialogWatcher.h"
+#include "wizard/frmWizard.h"
 
-#include <string>
+#include <functional>
+#include <utility>
 
 namespace formwizard::apps::desktop {
 
@@ -12,11 +14,12 @@ class WizardOpening : public adapters::qt::DialogWatcher {
   // Everything is passed on to `next`, which must outlive this object.
   explicit WizardOpening(adapters::qt::DialogWatcher& next) : next_(next) {}
 
-  // The next wizard that opens goes on to the properties of this class, or as far on the way as it can.
-  void Choose(std::string system, std::string className) {
-    system_ = std::move(system);
-    class_ = std::move(className);
-  }
+  struct Played {
+    std::function<void(wizard::frmWizard&)> Play;
+    std::function<void()> Then;  // once it hears of the user again; null for nothing
+  };
+  // The next wizard that opens is brought on its way. An empty one: no longer.
+  void PlayNext(Played played) { played_ = std::move(played); }
 
   void Opened(ui::Form& form, QWidget& window) override;
   void Acting() override { next_.Acting(); }
@@ -25,7 +28,7 @@ class WizardOpening : public adapters::qt::DialogWatcher {
 
  private:
   adapters::qt::DialogWatcher& next_;
-  std::string system_, class_;
+  Played played_;
 };
 
 }  // namespace formwizard::apps::desktop
