@@ -9,6 +9,7 @@ namespace formwizard::apps::desktop {
 namespace {
 
 constexpr std::size_t None = PlacedNode::None;
+constexpr std::pair Unreached{true, std::numeric_limits<int>::max()};
 
 // Two controls may have one index; then their order in the file decides.
 std::pair<double, std::size_t> TabKey(const std::vector<PlacedNode>& places, std::size_t index) {
@@ -22,12 +23,16 @@ bool Contains(const std::vector<PlacedNode>& places, std::size_t outer, std::siz
   return inner == outer;
 }
 
-// How far a place is off in a direction; what lies beside it counts double. Nothing on the other side.
-int Distance(const QRect& from, const QRect& to, const QPoint& direction) {
+// How far a place is off in a direction, whose other side is out of the way; what lies beside it counts double. What is
+// hardly in that direction comes behind all else, so that a menu is reached from everywhere below.
+std::pair<bool, int> Distance(const QRect& from, const QRect& to, const QPoint& direction) {
   const QPoint way = to.center() - from.center();
   const int along = QPoint::dotProduct(way, direction);
   const int aside = std::abs(QPoint::dotProduct(way, {direction.y(), direction.x()}));
-  return along <= 0 || aside > 3 * along ? std::numeric_limits<int>::max() : along + 2 * aside;
+  const bool isHardly = aside > 3 * along;
+  const bool isBeside = direction.x() == 0 ? to.top() <= from.bottom() && from.top() <= to.bottom()
+                                           : to.left() <= from.right() && from.left() <= to.right();
+  return along <= 0 || (isHardly && isBeside) ? Unreached : std::pair(isHardly, along + 2 * aside);
 }
 
 }  // namespace
@@ -40,12 +45,14 @@ std::size_t NodeAt(const std::vector<PlacedNode>& places, const QPoint& point) {
 }
 
 std::size_t Nearest(const std::vector<PlacedNode>& places, std::size_t from, const QPoint& direction) {
-  if (from == 0) return NextInTabOrder(places, from, false);
+  const std::size_t first = from == 0 ? NextInTabOrder(places, from, false) : None;
+  if (first != None) return first;
   std::size_t nearest = None;
-  int least = std::numeric_limits<int>::max();
+  std::pair<bool, int> least = Unreached;
   for (std::size_t i = 1; i < places.size(); ++i) {
     if (i == from || places[i].Seen.isEmpty() || Contains(places, i, from)) continue;
-    const int distance = Distance(places[from].Place, places[i].Seen, direction);
+    const std::pair distance =
+        from == 0 ? std::pair(false, 0) : Distance(places[from].Place, places[i].Seen, direction);
     if (distance < least) {
       least = distance;
       nearest = i;

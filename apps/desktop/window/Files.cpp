@@ -192,8 +192,8 @@ bool Files::Save() {
                            }
                          }) &&
                      !environment_.IsChanged();
-  if (saved) OnDone(texts_(T::Saved, name));
   OnProject("");
+  if (saved) OnDone(texts_(T::Saved, name));
   return saved;
 }
 

@@ -37,6 +37,11 @@ QToolButton* StatusLine::Made(QAction& action, const QString& icon, const QStrin
   return button;
 }
 
+void StatusLine::SetPlace(const QString& text) {
+  if (text != place_->text()) bar_.clearMessage();
+  place_->setText(text);
+}
+
 void StatusLine::Say(const QString& text) { bar_.showMessage(text, SuccessStays); }
 
 void StatusLine::SetDictionary(const QString& name) {

@@ -14,9 +14,9 @@ class StatusLine {
   StatusLine(QStatusBar& bar, const Texts& texts, QAction& chooseDictionary, QAction& chooseToolbox);
 
   // At the left, until there is something else to look at.
-  void SetPlace(const QString& text) { place_->setText(text); }
+  void SetPlace(const QString& text);
   QString Place() const { return place_->text(); }
-  // For five seconds.
+  // For five seconds, or until something else is looked at.
   void Say(const QString& text);
   // Names of files; empty for none.
   void SetDictionary(const QString& name);

@@ -44,7 +44,9 @@ TEST_CASE("On a form one selects by mouse, arrows and tab key, and asks for what
   CHECK(press(Qt::Key_Tab) == "fra");
   CHECK(press(Qt::Key_Tab) == "lblCity");
   CHECK(press(Qt::Key_Right) == "txtCity");
-  CHECK(press(Qt::Key_Right) == "txtCity");
+  CHECK(press(Qt::Key_Up) == "mnu");
+  CHECK(press(Qt::Key_Down) == "lblCity");
+  form.Canvas().Select(form.Find("txtCity"));
   CHECK(press(Qt::Key_Down) == "cmd");
   CHECK(press(Qt::Key_Tab) == "cmd");  // behind the last one the focus goes on
   form.View.setFocus();
@@ -59,6 +61,12 @@ TEST_CASE("On a form one selects by mouse, arrows and tab key, and asks for what
   // What was selected is so on the form as it comes out next.
   form.View.SetForm(PersonTree(ControlLines("VB.Label lblNew", {1, 60, 9, 9})));
   CHECK(form.Selected() == "cmd");
+  form.View.SetForm(adapters::vb6files::ReadFormTree(
+      "m.frm",
+      "VERSION 5.00\nBegin VB.MDIForm mdi\nBegin VB.Menu "
+      "mnu\nCaption=\"&File\"\nEnd\nEnd\nAttribute VB_Name = \"mdi\"\nAttribute VB_Exposed = False\n",
+      "", system::CodePage(1252)));
+  CHECK(press(Qt::Key_Right) == "mnu");
   form.View.SetForm(std::nullopt);
   QTest::keyClick(&form.Canvas(), Qt::Key_Right);
   QTest::mouseClick(&form.Canvas(), Qt::LeftButton);

@@ -1,6 +1,7 @@
 // The window around form and code: how it opens, what it asks for, what it remembers, and that everybody can use it.
 #include "apps/desktop/basics/Theme.h"
 #include "apps/desktop/window/NeedsDialog.h"
+#include "tests/apps/desktop/FreshDesktop.h"
 #include "tests/apps/desktop/Users.h"
 #include "tests/support/Languages.h"
 
@@ -18,44 +19,6 @@ using namespace formwizard::apps::desktop;
 using adapters::qt::Text;
 
 namespace {
-
-// The program as it starts: nothing is open. What it remembers lasts from one window to the next.
-struct FreshDesktop {
-  TemporaryFolder Folder;
-  std::unique_ptr<MainWindow> Window;
-
-  explicit FreshDesktop(const std::string& language = "ENU") { Start(language); }
-
-  void Start(const std::string& language = "ENU") {
-    Window = std::make_unique<MainWindow>(EnvironmentOptions{.Profile = Folder / "outility.ini",
-                                                             .Language = language,
-                                                             .Toolbox = "",
-                                                             .Memory = Folder / "desktop.ini",
-                                                             .Cache = Folder / "cache"});
-    Window->show();
-    Window->activateWindow();
-    WaitForFocus();
-  }
-  QString Copied(const std::string& sample) const {
-    const std::string target = Folder / std::filesystem::path(sample).filename().string();
-    std::filesystem::copy(SourceFolder() + "/samples/" + sample, target,
-                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
-    return Text(target);
-  }
-};
-
-// There is no window manager that makes a window active when the one above it is closed.
-void Strike(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-  if (QApplication::activeModalWidget()) {
-    WaitForFocus();
-  } else if (!QApplication::focusWidget()) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (window->isVisible()) window->activateWindow();
-    }
-    REQUIRE(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
-  }
-  QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-}
 
 // Somebody types a path into the next window, which asks for a file.
 void TypeFile(const QString& path) {
