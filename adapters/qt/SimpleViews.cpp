@@ -6,6 +6,7 @@
 #include "ui/MakeFirst.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -128,6 +129,8 @@ class UpDownWidget : public QWidget {
       button->setAutoRepeat(true);
       button->setFocusPolicy(Qt::NoFocus);
       button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+      const QString spoken = QCoreApplication::translate("QAbstractSpinBox", by > 0 ? "&Step up" : "Step &down");
+      button->setAccessibleName(QString(spoken).remove('&'));  // in the toolkit's words
       connect(button, &QToolButton::clicked, this, [this, by] { spin_(by); });
       layout->addWidget(button);
     }

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -30,8 +31,9 @@ DictionaryPane::DictionaryPane(const Texts& texts, std::function<void()> openDic
       newForm_(new QPushButton(IconNamed("form-new"), "")) {
   search_->setPlaceholderText(texts(T::DictionarySearch));
   search_->setAccessibleName(texts(T::DictionarySearch));
-  search_->addAction(IconNamed("query"), QLineEdit::LeadingPosition);
   search_->setClearButtonEnabled(true);
+  search_->findChild<QToolButton*>()->setAccessibleName(texts(T::FindClose));
+  search_->addAction(IconNamed("query"), QLineEdit::LeadingPosition)->setText(texts(T::DictionarySearch));
   tree_->setModel(model_);
   tree_->setAccessibleName(texts(T::TabDictionary));
   tree_->setHeaderHidden(true);

@@ -86,7 +86,7 @@ TEST_CASE("Menus open where they stand, and hidden ones where they are named") {
     if (button->text() == "mnuPopup") form.Choose("&Add");
   }
   CHECK(named == "mnuPopup txtHidden ");
-  CHECK(Nameless(form.View).empty());
+  CHECK(Nameless(form.View) == "");
   CHECK(form.Wanted == "mnuNew mnuAdd ");
 }
 

@@ -93,7 +93,7 @@ TEST_CASE("After each choice the preview shows the form that comes out, and chan
           "form.|The query control comes from toolbox.ini.");
     wizard.Take("*Name");
     CHECK(wizard.Captions() == "Age Name ");
-    CHECK(Nameless(*wizard.Preview().Window()).empty());
+    CHECK(Nameless(*wizard.Preview().Window()) == "");
     wizard.User.Press(WizardDesign().cmdNext);
     CHECK(wizard.Canvas().Places()[wizard.Canvas().Selected()].Node->Name == "conAge");
     wizard.Preview().Window()->View().SetScale(2);

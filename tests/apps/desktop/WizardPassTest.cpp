@@ -1,4 +1,5 @@
 // The wizard in real windows, used by keyboard alone and by mouse.
+#include "tests/apps/desktop/Nameless.h"
 #include "tests/apps/desktop/Users.h"
 #include "tests/support/Golden.h"
 
@@ -51,6 +52,7 @@ TEST_CASE("A form made by keyboard alone or by mouse is the one that the command
     desktop.UseWizard([user] {
       PassThroughWizard(*user, [user](int step) {
         if (dynamic_cast<MouseUser*>(user)) ClickInVain(step);
+        CHECK(Nameless(*QApplication::activeModalWidget()) == "");
         CHECK(QApplication::activeModalWidget()->windowTitle().toStdString() ==
               (step == 0 ? "Ostrel Form Wizard Settings"
                          : "Ostrel Form Wizard - Step " + std::to_string(step) + " of 6"));
