@@ -25,17 +25,11 @@ Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions 
       profiles_(common::PlatformProfile(profile_)),
       desktop_(&window),
       preview_([this] {
-        return ScratchFor(project_.get(), {options_.CodePage, options_.Toolbox});
+        PreviewProject project = ScratchFor(project_.get(), ProjectOptions());
+        project.Name = previewed_;
+        return project;
       }),
-      wizard_({.Desktop = desktop_,
-               .Measure = measure_,
-               .Profiles = *profiles_,
-               .Factories = server_,
-               .Libraries = satellites_,
-               .ProfileFile = profile_,
-               .ProgramFolder = common::ProgramFolder(),
-               .Language = options_.Language},
-              desktop_) {
+      wizard_(Ports(), desktop_) {
   desktop_.Watch(&opening_);
   wizard_.IDTExtensibility_OnConnection(*this, addin::ConnectMode::Startup);
 }
@@ -161,6 +155,27 @@ void Environment::RunCommand(const std::function<void()>& command) {
   if (!MayRunAddIn()) return;
   RunAddIn(command);
   if (OnAddInDone) OnAddInDone();
+}
+
+wizard::WizardPorts Environment::Ports() {
+  return {.Desktop = desktop_,
+          .Measure = measure_,
+          .Profiles = *profiles_,
+          .Factories = server_,
+          .Libraries = satellites_,
+          .ProfileFile = profile_,
+          .ProgramFolder = common::ProgramFolder(),
+          .Language = options_.Language};
+}
+
+void Environment::ShowWizard(wizard::frmWizard& dialog, const std::string& form, WizardOpening::Played played) {
+  const std::shared_ptr<void> afterwards(nullptr, [this](void*) {
+    opening_.PlayNext({});
+    previewed_.clear();
+  });
+  previewed_ = form;
+  opening_.PlayNext(std::move(played));
+  desktop_.ShowModal(dialog, nullptr);
 }
 
 std::unique_ptr<wizard::factory::ObjectFactory> Environment::Server::Create() {

@@ -48,6 +48,8 @@ class Environment : public generator::ide::Application {
   // Empty for none.
   const std::string& DictionaryPath() const { return dictionaryPath_; }
   const std::string& ToolboxPath() const { return options_.Toolbox; }
+  // With which projects are opened.
+  adapters::vb6files::ProjectOptions ProjectOptions() const { return {options_.CodePage, options_.Toolbox}; }
   // Whether a form that is made can have the query control.
   bool KnowsQueryControl() const;
 
@@ -55,6 +57,10 @@ class Environment : public generator::ide::Application {
   void OpenWizard();
   // The same, with a class of a system chosen.
   void OpenWizardFor(const std::string& system, const std::string& className);
+  // For dialogs of the wizard that are not the add-in's.
+  wizard::WizardPorts Ports();
+  // Shows one, brought on its way, beside a preview of the form of that name; returns when it is closed.
+  void ShowWizard(wizard::frmWizard& dialog, const std::string& form, WizardOpening::Played played);
   // The wizard's command on the Add-Ins menu; null when there is none.
   QAction* WizardCommand() const;
 
@@ -119,6 +125,7 @@ class Environment : public generator::ide::Application {
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
   UnsavedUpdates updates_;
   std::unique_ptr<forms::KeptForms> keptForms_;
+  std::string previewed_;  // the name of the form that is made; empty for a free one
   WizardPreview preview_;
   WizardOpening opening_{preview_};
   addin::Wizard wizard_;

@@ -94,7 +94,9 @@ PreviewedForm MakePreview(const frmWizard& dialog, const PreviewProject& project
   const wizard::AddInState state = dialog.Rehearse(scratch, listener);
   if (!state.NewComponent) throw std::runtime_error(listener.Messages.empty() ? "" : listener.Messages.front());
   generator::ide::VBComponent& made = *state.NewComponent;
-  if (project.Open) {
+  if (!project.Name.empty()) {
+    made.SetName(project.Name);
+  } else if (project.Open) {
     const std::string stem = generator::FormStem(state.Form.ClassCaption);
     made.SetName(generator::UniqueComponentName(stem, project.Open->ActiveVBProject()));
   }

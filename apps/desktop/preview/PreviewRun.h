@@ -16,6 +16,7 @@ struct PreviewProject {
   std::string Path = "Project1.vbp", Text = "Type=Exe\r\n";  // of the scratch project
   adapters::vb6files::ProjectOptions Options;
   adapters::vb6files::ProjectOnDisk* Open = nullptr;  // the one whose names are taken; null for none
+  std::string Name = "";                              // of the form; empty for one that is free
   std::string QueryControlFrom = "";  // the toolbox that it is taken from; empty where the project has it, or nobody
 };
 

@@ -66,6 +66,8 @@ MainWindow::MainWindow(EnvironmentOptions options)
   files_->OnLeave = [this] { KeepLayout(); };
   files_->OnTools = [this] { ShowTools(); };
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
+  change_ = std::make_unique<ChangeCommand>(*this, texts_, *actions_, *environment_, *files_);
+  change_->OnChanged = [this](const std::string& form) { ShowProject(form); };
   CarryOut();
   CarryOutEdit();
   help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
@@ -241,6 +243,7 @@ void MainWindow::ShowComponent() {
   actions_->Enable(Command::RemoveForm, chosen && chosen->IsChanged);
   actions_->Enable(Command::SavePicture, chosen && chosen->IsForm);
   actions_->Enable(Command::ShowInFolder, !tree_->ChosenFile().empty());
+  change_->SetComponent(chosen);
   component_->Show(environment_->Project(), chosen, chosen ? environment_->Updates().Find(chosen->Name) : nullptr);
 }
 

@@ -5,6 +5,7 @@
 #include "adapters/satellite/Satellites.h"
 #include "apps/desktop/Environment.h"
 #include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/change/ChangeCommand.h"
 #include "apps/desktop/code/CodePane.h"
 #include "apps/desktop/dictionary/DictionaryPane.h"
 #include "apps/desktop/formview/FormView.h"
@@ -99,6 +100,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<HelpCommands> help_;
   std::unique_ptr<Environment> environment_;
   std::unique_ptr<Files> files_;
+  std::unique_ptr<ChangeCommand> change_;
   std::string lastNew_;
 };
 

@@ -1,0 +1,229 @@
+// "Change Form...": a kept form by other choices, in real windows and by keyboard.
+#include "apps/desktop/basics/Messages.h"
+#include "tests/apps/desktop/Users.h"
+#include "tests/support/RunProgram.h"
+
+#include <QMessageBox>
+#include <QSpinBox>
+#include <QTextDocument>
+
+using namespace formwizard;
+using namespace formwizard::apps::desktop;
+using namespace formwizard::tests;
+using adapters::qt::Text;
+
+namespace {
+
+const std::string Program = "ostrel-form-wizard";
+
+// A project with a kept form, in which a line was written by hand.
+struct KeptDesktop : DesktopFixture {
+  KeyboardUser User;
+  std::string Form = Home + "/frmPerson.frm", Kept = Home + "/Project1.forms/frmPerson";
+  std::string SaveSub = "Private Sub actionSave()\r\n", Guard = "    If txtName.Text = \"\" Then Exit Sub\r\n";
+
+  KeptDesktop() : DesktopFixture("ENU") {
+    WriteFile(Folder / "form.json", R"({"class":"Sample.Person","settings":{"Columns":2},"fields":["Name",
+      {"property":"Notes","rows":4},{"property":"Spouse.Name","combo":{"query":"ByName","column":"Name"}}]})");
+    Run("generate", " --keep --toolbox '" + SourceFolder() + "/samples/toolbox.ini' form.json");
+    Run("generate", " --class Sample.Company --fields Name --toolbox '" + SourceFolder() + "/samples/toolbox.ini'");
+    Edit(Form, SaveSub, SaveSub + Guard);
+    Reopen();
+  }
+  Outcome Run(const std::string& command, const std::string& more = "", int status = 0) const {
+    const Outcome outcome = RunProgram(
+        BuiltProgram(Program), command + " --project project/Project1.vbp --dictionary d.sqlite" + more, Folder);
+    CHECK_MESSAGE(outcome.Status == status, outcome.Error);
+    return outcome;
+  }
+  static void Edit(const std::string& file, const std::string& from, const std::string& to) {
+    std::string text = ReadFile(file);
+    REQUIRE_MESSAGE(Has(text, from), from);
+    WriteFile(file, text.replace(text.find(from), from.size(), to));
+  }
+  void Reopen() const {
+    CHECK(Window->OpenProject(Text(Home + "/Project1.vbp")));
+    CHECK(Window->Tree().Choose("frmPerson"));
+  }
+  // The dictionary, with something else in it.
+  void OpenOther(const std::string& from, const std::string& to) const {
+    std::string json = ReadFile(SourceFolder() + "/samples/dictionary.json");
+    for (std::size_t at = json.find(from); at != std::string::npos; at = json.find(from, at + to.size())) {
+      json.replace(at, from.size(), to);
+    }
+    std::istringstream in(json);
+    apps::common::ImportDictionary(in, "dictionary.json", Folder / "other.sqlite", true);
+    CHECK(Window->OpenDictionary(Text(Folder / "other.sqlite")));
+  }
+  std::map<std::string, std::string> Files() const { return FilesIn(NativePath(Home)); }
+  bool IsEnabled() const { return Window->Commands()[Command::ChangeForm].isEnabled(); }
+
+  void Press() const {
+    Window->activateWindow();
+    WaitForFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::ControlModifier);
+    QApplication::processEvents();
+  }
+  // Looked at again and again, because a wizard that goes on its way by itself hears of no user.
+  static void When(const std::function<bool()>& isShown, const std::function<void()>& use, int tries = 2000) {
+    QTimer::singleShot(5, [=] {
+      auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (window && isShown()) {
+        WaitForFocus();
+        use();
+      } else if (tries > 0) {
+        When(isShown, use, tries - 1);
+      } else {
+        FAIL_CHECK("another window than expected");
+        if (window) window->done(0);
+      }
+    });
+  }
+  // Once the wizard stands at the Attributes step with so many fields.
+  static void AtAttributes(int fields, const std::function<void()>& use) {
+    When(
+        [fields] {
+          const auto* list = QApplication::activeModalWidget()->findChild<QListView*>("lstFields");
+          return list && list->isVisible() && list->model()->rowCount() == fields && list->currentIndex().row() == 0;
+        },
+        use);
+  }
+  // Answers the next message; what it says.
+  static void Answer(const QString& button, QString& said) {
+    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+    When([box] { return box() != nullptr; },
+         [box, button, &said] {
+           said += box()->text() + "|" + box()->informativeText() + "\n";
+           for (const QAbstractButton* each : box()->buttons()) {
+             if (each->text().remove('&') != button) continue;
+             const auto key = static_cast<Qt::Key>(QKeySequence::mnemonic(each->text())[0].key());
+             return QTest::keyClick(box(), key, Qt::AltModifier);
+           }
+           FAIL_CHECK(button.toStdString());
+         });
+  }
+  void Finish(const QString& answer, QString& said) {
+    if (!answer.isEmpty()) Answer(answer, said);
+    User.Press(WizardDesign().cmdFinish);
+  }
+  static void Cancel() { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); }
+};
+
+}  // namespace
+
+TEST_CASE("A kept form is changed by other choices with what was edited in it, and written when it is saved") {
+  KeptDesktop desktop;
+  const wizard::frmWizard& dialog = WizardDesign();
+  const auto before = desktop.Files();
+  CHECK(desktop.IsEnabled());
+  CHECK(desktop.Window->Tree().Choose("frmCompany"));
+  CHECK_FALSE(desktop.IsEnabled());
+  CHECK(desktop.Window->Tree().Choose("frmPerson"));
+
+  // As it stands, cancelled or finished, nothing changes.
+  QString said;
+  desktop.AtAttributes(3, [] { KeptDesktop::Cancel(); });
+  desktop.Press();
+  desktop.AtAttributes(3, [&] { desktop.Finish("", said); });
+  desktop.Press();
+  CHECK_FALSE(desktop.Window->isWindowModified());
+
+  desktop.AtAttributes(3, [&] {
+    desktop.User.ChooseRow(dialog.lstFields, 2);
+    CHECK(Find<QComboBox>(dialog.lstQueryName)->currentText() == "ByName");
+    desktop.User.ChooseRow(dialog.lstFields, 1);
+    CHECK(Find<QLineEdit>(dialog.txtRowHeight[4])->text() == "4");
+    desktop.User.TypeOver(dialog.txtCaption[4], "Remarks");
+    desktop.User.Press(dialog.cmdBack);
+    desktop.User.Take(dialog.tvwAttributes, "*SSN", "", dialog.cmdSelectOne);
+    desktop.User.Press(dialog.cmdNext);
+    // First looked at, then chosen once more.
+    desktop.Answer("Choose Again...", said);
+    desktop.AtAttributes(4, [&] { desktop.Finish("Change", said); });
+    desktop.User.Press(dialog.cmdFinish);
+  });
+  desktop.Press();
+  REQUIRE(QTest::qWaitFor([&] { return desktop.Window->isWindowModified(); }));
+  const QString asked =
+      "frmPerson changes by these choices.|New: txtSSN, lblSSN, Sub txtSSN_Change\nChanged: lblNotes, ";
+  CHECK_MESSAGE(said.count(asked) == 2, said.toStdString());
+  CHECK(desktop.Files() == before);
+  const auto hasField = [&] {
+    return QTest::qWaitFor(
+        [&] { return desktop.Window->Code().View().document()->toPlainText().contains("txtSSN_Change"); });
+  };
+  CHECK(hasField());
+
+  desktop.Save();
+  CHECK(Has(ReadFile(desktop.Form), desktop.SaveSub + desktop.Guard));
+  CHECK(Has(ReadFile(desktop.Form), "\"Remarks\""));
+  const std::string kept = ReadFile(desktop.Kept + ".json");
+  CHECK(Has(kept, R"(    { "property": "Name" },
+    { "property": "Notes", "caption": "Remarks", "rows": 4 },
+    { "property": "Spouse.Name", "combo": {"query":"ByName","column":"Name"} },
+    { "property": "SSN" } ])"));
+  CHECK(Has(kept, "\"Columns\": 2"));
+  CHECK(Has(desktop.Run("status").Out, "frmPerson: edited\n"));
+}
+
+TEST_CASE("What a form cannot be changed by is said, and leaves everything as it is") {
+  struct Case {
+    std::function<void(KeptDesktop&)> Before;
+    std::function<void(KeptDesktop&, QString& said)> Use;  // of the wizard; null where it does not open
+    QString Button, Said;
+  };
+  const auto other = [](const char* from, const char* to) {
+    return [=](KeptDesktop& desktop) { desktop.OpenOther(from, to); };
+  };
+  const wizard::frmWizard& dialog = WizardDesign();
+  const std::vector<Case> cases{
+      {other("Sample.Person\"", "Sample.Human\""),
+       {},
+       "Close",
+       "other.sqlite has no class Sample.Person.|frmPerson was made"},
+      {[](KeptDesktop& desktop) { KeptDesktop::Edit(desktop.Kept + ".frm", "Caption", "caption"); },
+       {},
+       "OK",
+       "is not the form that its description was written for.|Restore both"},
+      {[](KeptDesktop& desktop) { std::filesystem::remove(NativePath(desktop.Kept + ".json")); },
+       {},
+       "OK",
+       "frmPerson is not kept"},
+      {other("\"Notes\"", "\"Memo\""), [](KeptDesktop&, QString&) { KeptDesktop::Cancel(); }, "OK",
+       "Sample.Person no longer offers all that frmPerson was made with.|Left out: Notes\n"},
+      {[](KeptDesktop& desktop) {
+         KeptDesktop::Edit(desktop.Form, "Caption         =   \"Name\"", "Caption         =   \"Mine\"");
+       },
+       [&](KeptDesktop& desktop, QString& said) {
+         desktop.User.TypeOver(dialog.txtCaption[0], "Theirs");
+         desktop.Finish("Cancel", said);
+       },
+       "", "you edited what these choices change, too.|In conflict: lblName\nNothing was changed."},
+      {[](KeptDesktop&) {},
+       [&](KeptDesktop& desktop, QString& said) {
+         desktop.User.Press(dialog.cmdBack);
+         desktop.User.Press(dialog.cmdBack);
+         desktop.User.GoOnWith(dialog.tvwClasses, "Company");
+         desktop.User.Take(dialog.tvwAttributes, "*Name", "", dialog.cmdSelectOne);
+         desktop.User.Press(dialog.cmdNext);
+         desktop.Finish("Cancel", said);
+       },
+       "", "frmPerson was made for Sample.Person and stays a form of that class.|Choose that class again"},
+  };
+  for (const Case& each : cases) {
+    CAPTURE(each.Said.toStdString());
+    KeptDesktop desktop;
+    each.Before(desktop);
+    const auto before = desktop.Files();
+    QString said;
+    if (each.Use) {
+      desktop.AtAttributes(each.Button.isEmpty() ? 3 : 2, [&] { each.Use(desktop, said); });
+    }
+    if (!each.Button.isEmpty()) desktop.Answer(each.Button, said);
+    desktop.Press();
+    CHECK(QTest::qWaitFor([] { return !QApplication::activeModalWidget(); }));
+    CHECK_MESSAGE(said.contains(each.Said), said.toStdString());
+    CHECK_FALSE(desktop.Window->isWindowModified());
+    CHECK(desktop.Files() == before);
+  }
+}
