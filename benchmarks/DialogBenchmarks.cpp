@@ -131,7 +131,7 @@ void MoveDown(Wizard& wizard) {
 // A form of all properties is made beside the dialog and painted, once more after a choice.
 void ShowPreview(Wizard& wizard) {
   if (!wizard.preview) {
-    wizard.preview = std::make_unique<apps::desktop::PreviewWindow>(*wizard.window, apps::desktop::PreviewTexts());
+    wizard.preview = std::make_unique<apps::desktop::PreviewWindow>(*wizard.window, apps::desktop::Texts());
     wizard.preview->resize(640, 480);
     wizard.preview->show();
   }

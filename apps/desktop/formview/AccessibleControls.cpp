@@ -73,12 +73,12 @@ class AccessibleControl : public Containing<QAccessibleInterface>, public QAcces
   QAccessibleInterface* parent() const override { return canvas_.Accessible().Of(Place().Container); }
 
   QString text(QAccessible::Text kind) const override {
-    const FormViewTexts& texts = canvas_.Texts();
+    const Texts& texts = canvas_.Said();
     const QString className = ShownText(Node().Class.substr(Node().Class.find('.') + 1));
     const QString property = canvas_.PropertyOf(index_), caption = canvas_.CaptionOf(index_);
     const QString name = ShownText(Node().Name);
-    if (kind == QAccessible::Name) return caption.isEmpty() ? name : texts.Belongs.arg(name, caption);
-    if (kind == QAccessible::Description) return property.isEmpty() ? className : texts.Shows.arg(className, property);
+    if (kind == QAccessible::Name) return caption.isEmpty() ? name : texts(T::ViewBelongs, name, caption);
+    if (kind == QAccessible::Description) return property.isEmpty() ? className : texts(T::ViewShows, className, property);
     if (kind == QAccessible::Value) return ShownText(Node().Text("Text"));
     return {};
   }
@@ -113,7 +113,7 @@ class AccessibleControl : public Containing<QAccessibleInterface>, public QAcces
   QStringList actionNames() const override { return {setFocusAction(), pressAction()}; }
   QString localizedActionDescription(const QString& name) const override {
     if (name != pressAction()) return QAccessibleActionInterface::localizedActionDescription(name);
-    return state().hasPopup ? canvas_.Texts().OpenMenu : canvas_.Texts().GoToHandler;
+    return state().hasPopup ? canvas_.Said()(T::ViewOpenMenu) : canvas_.Said()(T::GoToHandler).remove('&');
   }
   void doAction(const QString& name) override {
     canvas_.Select(index_);
@@ -144,9 +144,9 @@ class AccessibleForm : public Containing<QAccessibleWidget> {
   }
   QString text(QAccessible::Text kind) const override {
     if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
-    if (!canvas_.Form()) return canvas_.Texts().Form;
+    if (!canvas_.Form()) return canvas_.Said()(T::TabForm);
     const QString name = ShownText(canvas_.Form()->Name), caption = ShownText(canvas_.Form()->Text("Caption"));
-    return caption.isEmpty() ? name : canvas_.Texts().Belongs.arg(caption, name);
+    return caption.isEmpty() ? name : canvas_.Said()(T::ViewBelongs, caption, name);
   }
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();

@@ -35,7 +35,7 @@ bool IsSame(const FormNode& a, const FormNode& b) { return a.Name == b.Name && a
 
 }  // namespace
 
-FormCanvas::FormCanvas(FormViewTexts texts) : texts_(std::move(texts)), accessible_(*this) {
+FormCanvas::FormCanvas(Texts texts) : texts_(std::move(texts)), accessible_(*this) {
   setFocusPolicy(Qt::StrongFocus);
 }
 

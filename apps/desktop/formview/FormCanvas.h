@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/vb6files/FormTree.h"
+#include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/formview/AccessibleControls.h"
 #include "apps/desktop/formview/ControlOrigins.h"
 #include "apps/desktop/formview/FormPicture.h"
@@ -17,19 +18,9 @@
 
 namespace formwizard::apps::desktop {
 
-// What the view says itself, "%1" being what is put in.
-struct FormViewTexts {
-  QString NotVisible = "Not visible:";
-  QString Form = "Form";
-  QString Shows = "%1, shows %2";      // class of a control, property
-  QString Belongs = "%1, %2";          // name of a control, its caption
-  QString OpenMenu = "Open the menu";  // what pressing it does
-  QString GoToHandler = "Go to the handler";
-};
-
 class FormCanvas : public QWidget {
  public:
-  explicit FormCanvas(FormViewTexts texts);
+  explicit FormCanvas(Texts texts);
 
   // Called when another control was selected, by whomever.
   std::function<void()> OnSelect;
@@ -42,7 +33,8 @@ class FormCanvas : public QWidget {
   int FormsShown() const { return formsShown_; }
   const adapters::vb6files::FormNode* Form() const { return form_ ? &form_->Form : nullptr; }
   const FormOrigin& Origin() const { return origin_; }
-  const FormViewTexts& Texts() const { return texts_; }
+  // What the view says itself.
+  const Texts& Said() const { return texts_; }
   AccessibleControls& Accessible() { return accessible_; }
 
   // The form, its controls and menus; empty without a form. Indexes below are into it.
@@ -80,7 +72,7 @@ class FormCanvas : public QWidget {
   void DrawSelection(QPainter& painter) const;
   QRect Around(std::size_t index) const;
 
-  FormViewTexts texts_;
+  Texts texts_;
   std::optional<adapters::vb6files::FormTree> form_;
   int formsShown_ = 0;
   FormOrigin origin_;

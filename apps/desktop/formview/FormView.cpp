@@ -22,7 +22,7 @@ constexpr std::array Steps{0.25, 0.33, 0.5, 0.67, 0.75, 0.9, 1.0, 1.1, 1.25, 1.5
 
 }  // namespace
 
-FormView::FormView(FormViewTexts texts)
+FormView::FormView(Texts texts)
     : area_(new QScrollArea), canvas_(new FormCanvas(std::move(texts))), strip_(new HiddenStrip(*canvas_)) {
   area_->setWidget(canvas_);
   area_->setFrameShape(QFrame::NoFrame);

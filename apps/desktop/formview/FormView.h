@@ -19,7 +19,7 @@ class FormView : public QWidget {
  public:
   static constexpr double Smallest = 0.25, Largest = 4;  // scale: 1 is a pixel a pixel at 96 dots per inch
 
-  explicit FormView(FormViewTexts texts = {});
+  explicit FormView(Texts texts = {});
 
   // Called when another control is selected or another form is shown.
   std::function<void()> OnSelect;

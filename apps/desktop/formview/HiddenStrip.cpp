@@ -23,13 +23,13 @@ bool IsNamed(const std::vector<PlacedNode>& places, std::size_t index) {
 
 HiddenStrip::HiddenStrip(FormCanvas& canvas) : canvas_(canvas) {
   setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  setAccessibleName(canvas.Texts().NotVisible);
+  setAccessibleName(canvas.Said()(T::ViewNotVisible));
   setIconSize(QSize(16, 16));
 }
 
 void HiddenStrip::Refill() {
   clear();
-  auto* title = new QLabel(canvas_.Texts().NotVisible);
+  auto* title = new QLabel(canvas_.Said()(T::ViewNotVisible));
   title->setContentsMargins(4, 0, 4, 0);
   addWidget(title);
   // Menus first, which lead somewhere.

@@ -49,17 +49,17 @@ QRect PlaceFor(const QRect& dialog, const QRect& screen, std::size_t count) {
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(QWidget& dialog, PreviewTexts texts)
+PreviewWindow::PreviewWindow(QWidget& dialog, Texts texts)
     : QWidget(&dialog, Qt::Tool),
       texts_(std::move(texts)),
       name_(Line()),
       size_(Line()),
-      empty_(Line(texts_.Empty)),
+      empty_(Line(texts_(T::PreviewEmpty))),
       view_(new FormView),
       notes_(new QWidget),
       lines_(new QVBoxLayout(notes_)) {
   setAttribute(Qt::WA_ShowWithoutActivating);
-  setWindowTitle(texts_.Preview);
+  setWindowTitle(texts_(T::PreviewTitle));
   QFont bold = name_->font();
   bold.setBold(true);
   name_->setFont(bold);
@@ -75,7 +75,7 @@ PreviewWindow::PreviewWindow(QWidget& dialog, PreviewTexts texts)
   top->addWidget(name_);
   top->addSpacing(8);
   top->addWidget(size_, 1);
-  top->addWidget(new ZoomBox(*view_, texts_.Zoom, texts_.Fit));
+  top->addWidget(new ZoomBox(*view_, texts_(T::ZoomName), texts_(T::ZoomFit)));
   lines_->setContentsMargins(12, 8, 12, 8);
   lines_->setSpacing(4);
   auto* column = new QVBoxLayout(this);
@@ -91,17 +91,17 @@ PreviewWindow::PreviewWindow(QWidget& dialog, PreviewTexts texts)
 void PreviewWindow::ShowForm(PreviewedForm form) {
   const QSize size = PictureSize(form.Tree.Form, 1);
   name_->setText(ShownText(form.Tree.Form.Name));
-  const QString pattern = form.Fields == 1 ? texts_.SizeOfOne : texts_.Size;
+  const QString pattern = texts_(form.Fields == 1 ? T::PreviewSizeOfOne : T::PreviewSize);
   size_->setText(QString(pattern)
                      .replace("%1", QString::number(form.Fields))
                      .replace("%2", QString::number(size.width()))
                      .replace("%3", QString::number(size.height())));
   ClearNotes();
   for (const std::string& failure : form.Failures) AddNote(ShownText(support::Shortened(failure)), true);
-  if (form.IsAheadOfFinish) AddNote(texts_.Ahead, true);
-  for (const std::string& missing : form.Missing) AddNote(texts_.Missing.arg(ShownText(missing)), true);
+  if (form.IsAheadOfFinish) AddNote(texts_(T::PreviewAhead), true);
+  for (const std::string& missing : form.Missing) AddNote(texts_(T::PreviewMissing, ShownText(missing)), true);
   if (!form.QueryControlFrom.empty()) {
-    AddNote(texts_.QueryControl.arg(QFileInfo(ShownText(form.QueryControlFrom)).fileName()), false);
+    AddNote(texts_(T::PreviewQueryControl, QFileInfo(ShownText(form.QueryControlFrom)).fileName()), false);
   }
   view_->SetForm(std::move(form.Tree));
   view_->Select(form.ChosenControl);
@@ -122,7 +122,7 @@ void PreviewWindow::ShowNothing() {
 
 void PreviewWindow::ShowOld(const std::string& why) {
   ClearNotes();
-  AddNote(texts_.Old.arg(ShownText(support::Shortened(why))), true);
+  AddNote(texts_(T::PreviewOld, ShownText(support::Shortened(why))), true);
   notes_->show();
   QAccessibleEvent alert(notes_, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);

@@ -1,6 +1,7 @@
 // The window beside the wizard that shows the form as it would come out.
 #pragma once
 
+#include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/preview/PreviewRun.h"
 
@@ -14,20 +15,10 @@
 
 namespace formwizard::apps::desktop {
 
-struct PreviewTexts {
-  QString Preview = "Preview", Zoom = "Zoom", Fit = "Fit";
-  QString Size = "%1 fields, %2 x %3 pixels", SizeOfOne = "1 field, %2 x %3 pixels";
-  QString Empty = "The form appears once a property is chosen.";
-  QString Missing = "%1 is required by the class and is not on the form.";
-  QString Ahead = "Finish makes the form as it was before these changes; press Next to take them.";
-  QString QueryControl = "The query control comes from %1.";
-  QString Old = "This is the form as it was before: %1";
-};
-
 class PreviewWindow : public QWidget {
  public:
   // A tool window of the dialog, which stays usable beside it and never takes its focus.
-  PreviewWindow(QWidget& dialog, PreviewTexts texts);
+  PreviewWindow(QWidget& dialog, Texts texts);
 
   // Called when the user has closed it.
   std::function<void()> OnClosed;
@@ -55,7 +46,7 @@ class PreviewWindow : public QWidget {
   void AddNote(const QString& text, bool isWarning);
   void ClearNotes();
 
-  PreviewTexts texts_;
+  Texts texts_;
   QLabel *name_, *size_, *empty_;
   FormView* view_;
   QWidget* notes_;

@@ -16,7 +16,7 @@ constexpr int LongestPause = 600;
 
 }  // namespace
 
-WizardPreview::WizardPreview(std::function<PreviewProject()> project, PreviewTexts texts)
+WizardPreview::WizardPreview(std::function<PreviewProject()> project, Texts texts)
     : source_(std::move(project)), texts_(std::move(texts)) {
   timer_.setSingleShot(true);
   QObject::connect(&timer_, &QTimer::timeout, [this] { Run(); });

@@ -17,13 +17,13 @@ namespace formwizard::apps::desktop {
 class WizardPreview : public adapters::qt::DialogWatcher {
  public:
   // `project` is asked when the wizard opens.
-  explicit WizardPreview(std::function<PreviewProject()> project, PreviewTexts texts = {});
+  explicit WizardPreview(std::function<PreviewProject()> project, Texts texts = {});
 
   // Called when the user has closed the window, which is then no longer wanted.
   std::function<void()> OnClosed;
 
   // Of windows that open later.
-  void SetTexts(PreviewTexts texts) { texts_ = std::move(texts); }
+  void SetTexts(Texts texts) { texts_ = std::move(texts); }
   void SetWanted(bool wanted);
   bool IsWanted() const { return isWanted_; }
   // Whether there are choices that it does not show yet.
@@ -43,7 +43,7 @@ class WizardPreview : public adapters::qt::DialogWatcher {
   void ShowWindow();
 
   std::function<PreviewProject()> source_;
-  PreviewTexts texts_;
+  Texts texts_;
   bool isWanted_ = true;
   wizard::frmWizard* dialog_ = nullptr;  // while it is open
   QPointer<QWidget> dialogWindow_;

@@ -20,19 +20,19 @@ constexpr int RowHeight = 22, NameWidth = 104, MeaningLines = 4;
 
 }  // namespace
 
-PropertiesPanel::PropertiesPanel(FormView& form, PropertyTexts texts)
+PropertiesPanel::PropertiesPanel(FormView& form, Texts texts)
     : form_(form),
       texts_(std::move(texts)),
       model_(new PropertiesModel(this)),
       objects_(new QComboBox),
       table_(new QTableView),
       meaning_(new QLabel) {
-  objects_->setAccessibleName(texts_.Objects);
+  objects_->setAccessibleName(texts_(T::PanelObjects));
   objects_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   connect(objects_, &QComboBox::activated, this,
           [this](int row) { form_.Canvas().Select(objects_->itemData(row).toULongLong()); });
 
-  table_->setAccessibleName(texts_.Properties);
+  table_->setAccessibleName(texts_(T::TabProperties));
   table_->setModel(model_);
   table_->horizontalHeader()->hide();
   table_->horizontalHeader()->setStretchLastSection(true);
@@ -55,7 +55,7 @@ PropertiesPanel::PropertiesPanel(FormView& form, PropertyTexts texts)
   connect(table_, &QTableView::activated, this, [this](const QModelIndex& index) { Open(index); });
   connect(table_, &QTableView::customContextMenuRequested, this, [this](const QPoint& point) {
     QMenu menu(this);
-    menu.addAction(texts_.Copy, this, [this] { CopyValue(); });
+    menu.addAction(texts_(T::Copy), this, [this] { CopyValue(); });
     menu.exec(table_->viewport()->mapToGlobal(point));
   });
 
@@ -123,7 +123,7 @@ void PropertiesPanel::ShowRows() {
 void PropertiesPanel::ShowMeaning() {
   const QModelIndex current = table_->currentIndex();
   if (!current.isValid() || model_->At(current.row()).IsTitle) {
-    meaning_->setText(model_->rowCount({}) == 0 ? texts_.SelectControl : QString());
+    meaning_->setText(model_->rowCount({}) == 0 ? texts_(T::SelectControl) : QString());
     return;
   }
   const PropertyRow& row = model_->At(current.row());

@@ -17,7 +17,7 @@ namespace formwizard::apps::desktop {
 class PropertiesPanel : public QWidget {
  public:
   // `form` must outlive the panel, or never be asked again.
-  explicit PropertiesPanel(FormView& form, PropertyTexts texts = {});
+  explicit PropertiesPanel(FormView& form, Texts texts = {});
 
   // Called when the user wants to see a procedure: "txtCity_Change".
   std::function<void(const std::string& procedure)> OnProcedureWanted;
@@ -37,7 +37,7 @@ class PropertiesPanel : public QWidget {
   void Open(const QModelIndex& index);
 
   FormView& form_;
-  PropertyTexts texts_;
+  Texts texts_;
   PropertiesModel* model_;
   QComboBox* objects_;
   QTableView* table_;

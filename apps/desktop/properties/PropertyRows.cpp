@@ -16,19 +16,19 @@ using adapters::vb6files::NodeProperty;
 
 struct Meaning {
   std::string_view Property;
-  QString PropertyTexts::*Text;
+  T Text;
 };
 constexpr std::array Meanings{
-    Meaning{"Left", &PropertyTexts::TwipsMeans},        Meaning{"Top", &PropertyTexts::TwipsMeans},
-    Meaning{"Width", &PropertyTexts::TwipsMeans},       Meaning{"Height", &PropertyTexts::TwipsMeans},
-    Meaning{"ClientWidth", &PropertyTexts::TwipsMeans}, Meaning{"ClientHeight", &PropertyTexts::TwipsMeans},
-    Meaning{"ClientLeft", &PropertyTexts::TwipsMeans},  Meaning{"ClientTop", &PropertyTexts::TwipsMeans},
-    Meaning{"TabIndex", &PropertyTexts::TabIndexMeans},
+    Meaning{"Left", T::PanelTwipsMeans},        Meaning{"Top", T::PanelTwipsMeans},
+    Meaning{"Width", T::PanelTwipsMeans},       Meaning{"Height", T::PanelTwipsMeans},
+    Meaning{"ClientWidth", T::PanelTwipsMeans}, Meaning{"ClientHeight", T::PanelTwipsMeans},
+    Meaning{"ClientLeft", T::PanelTwipsMeans},  Meaning{"ClientTop", T::PanelTwipsMeans},
+    Meaning{"TabIndex", T::PanelTabIndexMeans},
 };
 
-QString MeaningOf(std::string_view property, const PropertyTexts& texts) {
+QString MeaningOf(std::string_view property, const Texts& texts) {
   const auto found = std::ranges::find(Meanings, property, &Meaning::Property);
-  return found == Meanings.end() ? texts.InTheFileMeans : texts.*found->Text;
+  return texts(found == Meanings.end() ? T::PanelInTheFileMeans : found->Text);
 }
 
 QString TrueOrFalse(bool value) { return value ? "True" : "False"; }
@@ -71,22 +71,22 @@ class Rows {
   QString title_;  // of a group that has no row yet
 };
 
-void AddOrigin(Rows& rows, const FormCanvas& form, std::size_t index, const PropertyTexts& texts) {
+void AddOrigin(Rows& rows, const FormCanvas& form, std::size_t index, const Texts& texts) {
   const QString className = ShownText(form.Origin().Class), property = form.PropertyOf(index);
   if (className.isEmpty() || (index > 0 && property.isEmpty())) return;
-  rows.Begin(texts.GeneratedFrom);
-  rows.Add({texts.Class, className, texts.ClassMeans});
+  rows.Begin(texts(T::PanelGeneratedFrom));
+  rows.Add({texts(T::PanelClass), className, texts(T::PanelClassMeans)});
   if (index == 0) return;
   const FormNode& node = *form.Places()[index].Node;
   const bool isReadOnly = node.Class == "VB.Label" || node.Flag("Locked");
-  rows.Add({texts.Property, property, texts.PropertyMeans});
-  rows.Add({texts.Caption, form.LabelCaptionOf(index), texts.CaptionMeans});
-  rows.Add({texts.ReadOnly, TrueOrFalse(isReadOnly), texts.ReadOnlyMeans});
+  rows.Add({texts(T::PanelProperty), property, texts(T::PanelPropertyMeans)});
+  rows.Add({texts(T::PanelCaption), form.LabelCaptionOf(index), texts(T::PanelCaptionMeans)});
+  rows.Add({texts(T::PanelReadOnly), TrueOrFalse(isReadOnly), texts(T::PanelReadOnlyMeans)});
 }
 
-void AddFile(Rows& rows, const FormNode& node, const PropertyTexts& texts) {
-  rows.Begin(texts.InTheFile);
-  rows.Add({"(Name)", ShownText(node.Name), texts.InTheFileMeans});
+void AddFile(Rows& rows, const FormNode& node, const Texts& texts) {
+  rows.Begin(texts(T::PanelInTheFile));
+  rows.Add({"(Name)", ShownText(node.Name), texts(T::PanelInTheFileMeans)});
   std::vector<const NodeProperty*> properties;
   for (const NodeProperty& property : node.Properties) properties.push_back(&property);
   std::ranges::stable_sort(properties, {}, [](const NodeProperty* property) { return property->Name; });
@@ -95,19 +95,19 @@ void AddFile(Rows& rows, const FormNode& node, const PropertyTexts& texts) {
   }
 }
 
-void AddProcedures(Rows& rows, const FormCanvas& form, std::size_t index, const PropertyTexts& texts) {
-  rows.Begin(texts.Procedures);
+void AddProcedures(Rows& rows, const FormCanvas& form, std::size_t index, const Texts& texts) {
+  rows.Begin(texts(T::PanelProcedures));
   const std::string object = index == 0 ? "Form" : form.Places()[index].Node->Name;
   const auto [first, last] = form.Origin().Procedures.equal_range(object);
   for (auto procedure = first; procedure != last; ++procedure) {
     const QString event = ShownText(procedure->second);
-    rows.Add({event, ShownText(object) + "_" + event, texts.ProcedureMeans, false, true});
+    rows.Add({event, ShownText(object) + "_" + event, texts(T::PanelProcedureMeans), false, true});
   }
 }
 
 }  // namespace
 
-std::vector<PropertyRow> PropertiesOf(const FormCanvas& form, std::size_t index, const PropertyTexts& texts) {
+std::vector<PropertyRow> PropertiesOf(const FormCanvas& form, std::size_t index, const Texts& texts) {
   Rows rows;
   AddOrigin(rows, form, index, texts);
   AddFile(rows, *form.Places()[index].Node, texts);

@@ -41,50 +41,6 @@ QStringList ObjectsOf(const FormNode& form) {
   return objects;
 }
 
-FormViewTexts TextsOfFormView(const Texts& texts) {
-  return {.NotVisible = texts(T::ViewNotVisible),
-          .Form = texts(T::TabForm),
-          .Shows = texts(T::ViewShows),
-          .Belongs = texts(T::ViewBelongs),
-          .OpenMenu = texts(T::ViewOpenMenu),
-          .GoToHandler = texts(T::GoToHandler).remove('&')};
-}
-
-PropertyTexts TextsOfProperties(const Texts& texts) {
-  return {.Objects = texts(T::PanelObjects),
-          .Properties = texts(T::TabProperties),
-          .SelectControl = texts(T::SelectControl),
-          .Copy = texts(T::Copy),
-          .GeneratedFrom = texts(T::PanelGeneratedFrom),
-          .InTheFile = texts(T::PanelInTheFile),
-          .Procedures = texts(T::PanelProcedures),
-          .Class = texts(T::PanelClass),
-          .Property = texts(T::PanelProperty),
-          .Caption = texts(T::PanelCaption),
-          .ReadOnly = texts(T::PanelReadOnly),
-          .ClassMeans = texts(T::PanelClassMeans),
-          .PropertyMeans = texts(T::PanelPropertyMeans),
-          .CaptionMeans = texts(T::PanelCaptionMeans),
-          .ReadOnlyMeans = texts(T::PanelReadOnlyMeans),
-          .InTheFileMeans = texts(T::PanelInTheFileMeans),
-          .TwipsMeans = texts(T::PanelTwipsMeans),
-          .TabIndexMeans = texts(T::PanelTabIndexMeans),
-          .ProcedureMeans = texts(T::PanelProcedureMeans)};
-}
-
-PreviewTexts TextsOfPreview(const Texts& texts) {
-  return {.Preview = texts(T::PreviewTitle),
-          .Zoom = texts(T::ZoomName),
-          .Fit = texts(T::ZoomFit),
-          .Size = texts(T::PreviewSize),
-          .SizeOfOne = texts(T::PreviewSizeOfOne),
-          .Empty = texts(T::PreviewEmpty),
-          .Missing = texts(T::PreviewMissing),
-          .Ahead = texts(T::PreviewAhead),
-          .QueryControl = texts(T::PreviewQueryControl),
-          .Old = texts(T::PreviewOld)};
-}
-
 FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form, CodePane& code, StatusLine& status,
                            std::function<void()> showCode)
     : texts_(texts), form_(form), code_(code), status_(status), showCode_(std::move(showCode)) {

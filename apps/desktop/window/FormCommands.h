@@ -4,19 +4,12 @@
 #include "apps/desktop/basics/Texts.h"
 #include "apps/desktop/code/CodePane.h"
 #include "apps/desktop/formview/FormView.h"
-#include "apps/desktop/preview/PreviewWindow.h"
-#include "apps/desktop/properties/PropertyRows.h"
 #include "apps/desktop/window/Actions.h"
 #include "apps/desktop/window/StatusLine.h"
 
 #include <functional>
 
 namespace formwizard::apps::desktop {
-
-// What the picture says itself, in the user's language.
-FormViewTexts TextsOfFormView(const Texts& texts);
-PropertyTexts TextsOfProperties(const Texts& texts);
-PreviewTexts TextsOfPreview(const Texts& texts);
 
 // The names under which the form and its controls have procedures.
 QStringList ObjectsOf(const adapters::vb6files::FormNode& form);

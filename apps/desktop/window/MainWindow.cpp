@@ -86,10 +86,10 @@ MainWindow::~MainWindow() {
 
 void MainWindow::MakePanes() {
   tree_ = new ProjectTree(texts_, [this] { files_->AskForProject(); });
-  form_ = new FormView(TextsOfFormView(texts_));
+  form_ = new FormView(texts_);
   formPage_ = new FormPage(texts_, form_);
   code_ = new CodePane(texts_);
-  properties_ = new PropertiesPanel(*form_, TextsOfProperties(texts_));
+  properties_ = new PropertiesPanel(*form_, texts_);
   dictionary_ = new DictionaryPane(texts_, [this] { files_->AskForDictionary(); });
   dictionary_->OnNewForm = [this](const DictionaryModel::ClassName& name) {
     environment_->OpenWizardFor(Utf8(name.System), Utf8(name.Class));
@@ -128,7 +128,7 @@ void MainWindow::ConnectAddIns(EnvironmentOptions options) {
   environment_->OnAddInDone = [this] { AfterAddIn(); };
   WizardPreview& preview = environment_->Preview();
   QAction& previewed = (*actions_)[Command::WizardPreview];
-  preview.SetTexts(TextsOfPreview(texts_));
+  preview.SetTexts(texts_);
   preview.OnClosed = [&previewed] { previewed.setChecked(false); };
   actions_->On(Command::WizardPreview, [this, &preview](bool wanted) {
     preview.SetWanted(wanted);
