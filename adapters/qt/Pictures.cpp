@@ -3,6 +3,8 @@
 #include <QIconEngine>
 #include <QPixmap>
 
+#include <utility>
+
 namespace formwizard::adapters::qt {
 namespace {
 
@@ -10,13 +12,13 @@ using resources::Shape;
 
 QPointF PointOf(const resources::Point& point) { return {point.X, point.Y}; }
 
-class ShapeIcon : public QIconEngine {
+class DrawnEngine final : public QIconEngine {
  public:
-  explicit ShapeIcon(const resources::Picture& picture) : picture_(picture) {}
+  explicit DrawnEngine(IconDrawing draw) : draw_(std::move(draw)) {}
 
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    if (mode == QIcon::Disabled) painter->setOpacity(0.4);
-    Draw(*painter, picture_, rect);
+  void paint(QPainter* painter, const QRect& target, QIcon::Mode mode, QIcon::State) override {
+    if (mode == QIcon::Disabled) painter->setOpacity(DisabledOpacity * painter->opacity());
+    draw_(*painter, target, mode);
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     QPixmap pixmap(size);
@@ -25,10 +27,13 @@ class ShapeIcon : public QIconEngine {
     paint(&painter, QRect(QPoint(), size), mode, state);
     return pixmap;
   }
-  QIconEngine* clone() const override { return new ShapeIcon(picture_); }
+  QIconEngine* clone() const override { return new DrawnEngine(draw_); }
+  QString key() const override { return "ostrel-form-wizard"; }
 
  private:
-  const resources::Picture& picture_;
+  static constexpr double DisabledOpacity = 0.4;
+
+  IconDrawing draw_;
 };
 
 }  // namespace
@@ -52,6 +57,11 @@ void Draw(QPainter& painter, const resources::Picture& picture, const QRectF& ta
   painter.restore();
 }
 
-QIcon IconOf(const resources::Picture* picture) { return picture ? QIcon(new ShapeIcon(*picture)) : QIcon(); }
+QIcon DrawnIcon(IconDrawing draw) { return QIcon(new DrawnEngine(std::move(draw))); }
+
+QIcon IconOf(const resources::Picture* picture) {
+  if (!picture) return {};
+  return DrawnIcon([picture](QPainter& painter, const QRect& target, QIcon::Mode) { Draw(painter, *picture, target); });
+}
 
 }  // namespace formwizard::adapters::qt

@@ -78,7 +78,8 @@ class AccessibleControl : public Containing<QAccessibleInterface>, public QAcces
     const QString property = canvas_.PropertyOf(index_), caption = canvas_.CaptionOf(index_);
     const QString name = ShownText(Node().Name);
     if (kind == QAccessible::Name) return caption.isEmpty() ? name : texts(T::ViewBelongs, name, caption);
-    if (kind == QAccessible::Description) return property.isEmpty() ? className : texts(T::ViewShows, className, property);
+    if (kind == QAccessible::Description)
+      return property.isEmpty() ? className : texts(T::ViewShows, className, property);
     if (kind == QAccessible::Value) return ShownText(Node().Text("Text"));
     return {};
   }

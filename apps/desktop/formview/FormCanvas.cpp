@@ -35,9 +35,7 @@ bool IsSame(const FormNode& a, const FormNode& b) { return a.Name == b.Name && a
 
 }  // namespace
 
-FormCanvas::FormCanvas(Texts texts) : texts_(std::move(texts)), accessible_(*this) {
-  setFocusPolicy(Qt::StrongFocus);
-}
+FormCanvas::FormCanvas(Texts texts) : texts_(std::move(texts)), accessible_(*this) { setFocusPolicy(Qt::StrongFocus); }
 
 void FormCanvas::SetForm(std::optional<FormTree> form) {
   accessible_.Forget();
