@@ -40,7 +40,14 @@ constexpr std::array Attributes{
 ClassChanges ChangesOf(const std::vector<Property>& was, const std::vector<Property>& is,
                        const std::vector<ShownField>& shown) {
   ClassChanges changes;
-  const ByPath before = PathsOf(was), now = PathsOf(is);
+  const ByPath now = PathsOf(is);
+  if (was == is) {  // as it mostly is
+    for (const ShownField& field : shown) {
+      if (!now.contains(field.Property)) changes.Lost.push_back(field.Property);
+    }
+    return changes;
+  }
+  const ByPath before = PathsOf(was);
   ByPath known = before;
   for (const ShownField& field : shown) {
     const Property* const old = Find(before, field.Property);

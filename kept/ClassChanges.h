@@ -14,6 +14,8 @@ struct Property {
   std::string Type, Caption;
   std::string Width;  // in characters; empty when there is no limit
   bool IsRequired = false, IsReadOnly = false;
+
+  bool operator==(const Property&) const = default;
 };
 
 // A field of the form.

@@ -6,128 +6,161 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace formwizard::apps::forms {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-std::string Dumped(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
-
-// A line a member of an object or array, further in than what surrounds it.
-std::string Lines(const std::vector<std::string>& members, const std::string& indent) {
-  std::string text;
-  for (const std::string& member : members) text.append(text.empty() ? "\n" : ",\n").append(indent).append(member);
-  return text + " ";
+// Most texts need no escapes.
+void AppendQuoted(std::string& to, std::string_view text) {
+  const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; };
+  if (std::ranges::all_of(text, isPlain)) {
+    to.append(1, '"').append(text).append(1, '"');
+  } else {
+    to += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  }
 }
 
-// The members of an object in one line.
+// The members of an object: each begins as `Next` says.
 class Members {
  public:
-  void Add(std::string_view name, const Json& value) {
-    text_ += (text_.empty() ? " " : ", ") + Dumped(name) + ": " + Dumped(value);
+  Members(std::string& to, std::string_view first, std::string_view next) : to_(to), begin_(first), next_(next) {}
+
+  void Begin(std::string_view name) {
+    to_ += std::exchange(begin_, next_);
+    AppendQuoted(to_, name);
+    to_ += ": ";
   }
-  std::string Text() const { return "{" + text_ + " }"; }
+  void Add(std::string_view name, std::string_view text) {
+    Begin(name);
+    AppendQuoted(to_, text);
+  }
+  // As it is written.
+  void AddPlain(std::string_view name, std::string_view value) {
+    Begin(name);
+    to_ += value;
+  }
 
  private:
-  std::string text_;
+  std::string& to_;
+  std::string_view begin_, next_;
 };
 
-std::string TextOf(const FieldChoice& field) {
-  Members members;
-  members.Add("property", field.Property.Value);
-  if (field.Caption) members.Add("caption", *field.Caption);
-  if (field.ReadOnly) members.Add("readOnly", field.ReadOnly->Value);
-  if (field.UpdateAfter) members.Add("updateAfter", field.UpdateAfter->Value);
-  if (field.Rows) members.Add("rows", field.Rows->Value);
-  if (field.Combo) {
-    members.Add("combo", {{"query", field.Combo->Query.Value}, {"column", field.Combo->Column.Value}});
+Members InOneLine(std::string& to) { return {to, " ", ", "}; }
+
+// A line each, further in than what surrounds them.
+void AppendLines(std::string& to, std::string_view indent, const auto& range, auto append) {
+  std::string_view end = "\n";
+  for (const auto& each : range) {
+    to.append(std::exchange(end, ",\n")).append(indent);
+    append(to, each);
   }
-  return members.Text();
+  to += ' ';
 }
 
-std::vector<std::string> FieldsOf(const FormDescription& form) {
-  std::vector<std::string> fields;
-  fields.reserve(form.Fields.size());
-  for (const FieldChoice& field : form.Fields) fields.push_back(TextOf(field));
-  return fields;
+std::string_view Word(bool value) { return value ? "true" : "false"; }
+
+void AppendField(std::string& to, const FieldChoice& field) {
+  to += '{';
+  Members members = InOneLine(to);
+  members.Add("property", field.Property.Value);
+  if (field.Caption) members.Add("caption", *field.Caption);
+  if (field.ReadOnly) members.AddPlain("readOnly", Word(field.ReadOnly->Value));
+  if (field.UpdateAfter) members.Add("updateAfter", field.UpdateAfter->Value);
+  if (field.Rows) members.AddPlain("rows", std::to_string(field.Rows->Value));
+  if (field.Combo) {
+    members.AddPlain("combo", R"({"query":)");
+    AppendQuoted(to, field.Combo->Query.Value);
+    to += R"(,"column":)";
+    AppendQuoted(to, field.Combo->Column.Value);
+    to += '}';
+  }
+  to += " }";
 }
 
 // A number or a Boolean, as one writes it by hand.
-std::vector<std::string> SettingsOf(const FormDescription& form) {
-  std::vector<std::string> settings;
-  for (const auto& [name, value] : form.Settings) {
-    const settings::SettingKey* const key = settings::KeyNamed(name);
-    const bool isBoolean = key && std::holds_alternative<bool settings::Settings::*>(key->Member);
-    const std::string text = isBoolean ? (settings::BooleanOf(value) ? "true" : "false") : value;
-    settings.push_back(Dumped(name) + ": " + text);
-  }
-  return settings;
+void AppendSetting(std::string& to, const SettingTexts::value_type& setting) {
+  const auto& [name, value] = setting;
+  const settings::SettingKey* const key = settings::KeyNamed(name);
+  const bool isBoolean = key && std::holds_alternative<bool settings::Settings::*>(key->Member);
+  Members(to, "", "").AddPlain(name, isBoolean ? Word(settings::BooleanOf(value)) : value);
 }
 
-std::string TextOf(const kept::Property& property) {
-  Members members;
+void AppendProperty(std::string& to, const kept::Property& property) {
+  AppendQuoted(to, property.Path);
+  to += ": {";
+  Members members = InOneLine(to);
   members.Add("kind", property.Kind);
   members.Add("type", property.Type);
-  if (property.IsRequired) members.Add("required", true);
-  if (property.IsReadOnly) members.Add("readOnly", true);
+  if (property.IsRequired) members.AddPlain("required", Word(true));
+  if (property.IsReadOnly) members.AddPlain("readOnly", Word(true));
   if (!property.Width.empty()) members.Add("width", property.Width);
   members.Add("caption", property.Caption);
-  return Dumped(property.Path) + ": " + members.Text();
+  to += " }";
 }
 
-std::string TextOf(const MadeForm& made) {
-  std::vector<std::string> members;
-  const auto add = [&](std::string_view name, const Json& value) {
-    members.push_back(Dumped(name) + ": " + Dumped(value));
-  };
-  add("program", made.Program);
-  add("form", made.Form);
-  if (!made.Pictures.empty()) add("pictures", made.Pictures);
-  add("fields", made.Fields);
-  add("settings", made.Settings);
-  if (made.IsReused) add("reused", true);
-  std::vector<std::string> properties;
-  for (const kept::Property& property : made.Class) properties.push_back(TextOf(property));
-  members.push_back("\"class\": {" + Lines(properties, "      ") + "}");
-  return "{" + Lines(members, "    ") + "}";
+void AppendMade(std::string& to, const MadeForm& made) {
+  to += '{';
+  Members members(to, "\n    ", ",\n    ");
+  members.Add("program", made.Program);
+  members.Add("form", made.Form);
+  if (!made.Pictures.empty()) members.Add("pictures", made.Pictures);
+  members.Add("fields", made.Fields);
+  members.Add("settings", made.Settings);
+  if (made.IsReused) members.AddPlain("reused", Word(true));
+  members.AddPlain("class", "{");
+  AppendLines(to, "      ", made.Class, AppendProperty);
+  to += "} }";
 }
 
 }  // namespace
 
 std::string TextOf(const FormDescription& form) {
-  std::string text = "{ \"class\": " + Dumped(form.Class.Value);
-  const auto add = [&](std::string_view name, const std::string& value) {
-    text += ",\n  " + Dumped(name) + ": " + value;
-  };
-  if (form.System) add("system", Dumped(form.System->Value));
-  if (form.Language) add("language", Dumped(form.Language->Value));
-  if (form.CodePage) add("codePage", std::to_string(form.CodePage->Value));
-  if (!form.Settings.empty()) add("settings", "{" + Lines(SettingsOf(form), "    ") + "}");
-  add("fields", "[" + Lines(FieldsOf(form), "    ") + "]");
-  if (form.Made) add("made", TextOf(*form.Made));
+  std::string text = "{ ";
+  Members members(text, "", ",\n  ");
+  members.Add("class", form.Class.Value);
+  if (form.System) members.Add("system", form.System->Value);
+  if (form.Language) members.Add("language", form.Language->Value);
+  if (form.CodePage) members.AddPlain("codePage", std::to_string(form.CodePage->Value));
+  if (!form.Settings.empty()) {
+    members.AddPlain("settings", "{");
+    AppendLines(text, "    ", form.Settings, AppendSetting);
+    text += '}';
+  }
+  members.AddPlain("fields", "[");
+  AppendLines(text, "    ", form.Fields, AppendField);
+  text += ']';
+  if (form.Made) {
+    members.Begin("made");
+    AppendMade(text, *form.Made);
+  }
   return text + " }\n";
 }
 
 std::string SumOfFields(const FormDescription& form) {
-  return SumOf(form.Class.Value + "\n" + (form.System ? form.System->Value : "") + Lines(FieldsOf(form), ""));
+  std::string text = form.Class.Value + "\n" + (form.System ? form.System->Value : "");
+  AppendLines(text, "", form.Fields, AppendField);
+  return SumOf(text);
 }
 
 std::string SumOfSettings(const FormDescription& form) {
-  return SumOf((form.Language ? form.Language->Value : "") + "\n" +
-               std::to_string(form.CodePage ? form.CodePage->Value : 0) + Lines(SettingsOf(form), ""));
+  std::string text =
+      (form.Language ? form.Language->Value : "") + "\n" + std::to_string(form.CodePage ? form.CodePage->Value : 0);
+  AppendLines(text, "", form.Settings, AppendSetting);
+  return SumOf(text);
 }
 
 std::string SumOf(const std::string& bytes) {
   std::string text;
   text.reserve(bytes.size());
   std::size_t from = 0;
-  for (std::size_t at = bytes.find("\r\n"); at != std::string::npos; at = bytes.find("\r\n", at + 2)) {
-    text.append(bytes, from, at - from);
+  for (std::size_t at = bytes.find('\r'); at != std::string::npos; at = bytes.find('\r', at + 1)) {
+    if (at + 1 == bytes.size() || bytes[at + 1] != '\n') continue;
+    text.append(bytes.data() + from, at - from);
     from = at + 1;
   }
   text.append(bytes, from);

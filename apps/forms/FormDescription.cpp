@@ -2,6 +2,7 @@
 
 #include "adapters/dictionary/JsonInput.h"
 #include "apps/common/TextInput.h"
+#include "apps/forms/PlainJson.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
@@ -26,6 +27,7 @@ namespace {
 using Json = nlohmann::json;
 using adapters::dictionary::JsonInput;
 using adapters::dictionary::JsonIterator;
+using adapters::dictionary::Place;
 using support::InputError;
 
 constexpr int DeepestDescription = 16;
@@ -37,11 +39,13 @@ struct Token {
   enum class Kind : std::uint8_t { Null, Boolean, Integer, Float, Text, Object, Array };
 
   Kind Is;
-  std::string_view Text;     // of a text; of anything else as it is written
-  std::int64_t Integer = 0;  // also what a Boolean is
-  Origin Where = {};         // of what may stand there
+  std::string_view Text;                                     // of a text; of anything else as it is written
+  std::int64_t Integer = 0;                                  // also what a Boolean is
+  Place Where = {};                                          // of what may stand there
+  const std::shared_ptr<const std::string>* Name = nullptr;  // of the input
 
-  GivenText Given() const { return {std::string(Text), Where}; }
+  Origin From() const { return {*Name, Where.Line, Where.Column}; }
+  GivenText Given() const { return {std::string(Text), From()}; }
 };
 
 // What may stand in a member.
@@ -65,7 +69,7 @@ constexpr std::array RootMembers{
            [](FormDescription& form, const Token& value) { form.Language = value.Given(); }},
     Member{"codePage", Takes::CodePage, false,
            [](FormDescription& form, const Token& value) {
-             form.CodePage = {static_cast<int>(value.Integer), value.Where};
+             form.CodePage = {static_cast<int>(value.Integer), value.From()};
            }},
     Member{"made", Takes::Made, false, [](FormDescription& form, const Token&) { form.Made.emplace(); }},
     Member{"$schema", Takes::Line, false, [](FormDescription&, const Token&) {}},  // for editors
@@ -77,13 +81,13 @@ constexpr std::array FieldMembers{
            [](FormDescription& form, const Token& value) { form.Fields.back().Caption = value.Text; }},
     Member{"readOnly", Takes::Boolean, false,
            [](FormDescription& form, const Token& value) {
-             form.Fields.back().ReadOnly = {value.Integer != 0, value.Where};
+             form.Fields.back().ReadOnly = {value.Integer != 0, value.From()};
            }},
     Member{"updateAfter", Takes::Text, false,
            [](FormDescription& form, const Token& value) { form.Fields.back().UpdateAfter = value.Given(); }},
     Member{"rows", Takes::Rows, false,
            [](FormDescription& form, const Token& value) {
-             form.Fields.back().Rows = {static_cast<int>(value.Integer), value.Where};
+             form.Fields.back().Rows = {static_cast<int>(value.Integer), value.From()};
            }},
     Member{"combo", Takes::Combo, false,
            [](FormDescription& form, const Token&) { form.Fields.back().Combo = ComboChoice{}; }},
@@ -125,6 +129,11 @@ constexpr std::array PropertyMembers{
            [](FormDescription& form, const Token& value) { LastOf(form).Caption = value.Text; }},
 };
 
+bool IsSetting(std::string_view key, const std::string& value) {
+  const settings::SettingKey* const found = settings::KeyNamed(key);
+  return found && settings::IsAllowed(*found, value);
+}
+
 bool IsCodePage(std::int64_t number) {
   return number == system::Utf8CodePage ||
          std::ranges::find(system::CodePageNumbers(), number) != system::CodePageNumbers().end();
@@ -137,7 +146,7 @@ std::string ExpectedInsteadOf(const Token& value, Takes takes) {
     case Takes::Line:
       if (value.Is != Token::Kind::Text) return "a text";
       // As one types it: a line break would begin a line of code of its own.
-      if (value.Text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+      if (std::ranges::any_of(value.Text, [](char c) { return c == '\r' || c == '\n' || c == '\0'; })) {
         return "a text without line breaks";
       }
       return takes == Takes::Text && value.Text.empty() ? "a text that is not empty" : "";
@@ -192,11 +201,13 @@ class ShownValue {
 
 // Makes form descriptions as their text is read. What is wrong with a value waits until all of the text was found to be
 // JSON that is not nested too deeply.
+template <typename Input>  // tells places
 class Reader : public nlohmann::json_sax<Json> {
  public:
   // `name` is that of the input, in messages, which must outlive the reader.
-  Reader(JsonInput& input, std::string name)
-      : input_(input), name_(std::make_shared<const std::string>(std::move(name))) {}
+  Reader(Input& input, std::string name) : input_(input), name_(std::make_shared<const std::string>(std::move(name))) {}
+
+  bool HasFailed() const { return !problem_.empty(); }
 
   bool null() override { return Take({Token::Kind::Null, "null"}); }
   bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
@@ -263,8 +274,6 @@ class Reader : public nlohmann::json_sax<Json> {
     unsigned Seen;                              // a bit a member
   };
 
-  bool HasFailed() const { return !problem_.empty(); }
-
   // The next value begins behind what was read.
   bool Go() {
     input_.EndValue();
@@ -272,7 +281,10 @@ class Reader : public nlohmann::json_sax<Json> {
   }
 
   bool Take(Token value) {
-    if (!HasFailed()) value.Where = At(input_.BeginOfValue());
+    if (!HasFailed()) {
+      value.Where = input_.BeginOfValue();
+      value.Name = &name_;
+    }
     if (HasFailed()) {
       if (shown_.IsOpen()) shown_.Add(value);
     } else if (frames_.empty() && value.Is == Token::Kind::Array) {
@@ -293,7 +305,7 @@ class Reader : public nlohmann::json_sax<Json> {
 
   void TakeForm(const Token& value) {
     if (value.Is != Token::Kind::Object) return Fail(frames_.empty() ? "an object or an array" : "an object", value);
-    forms_.emplace_back().Source = frames_.empty() ? *name_ : value.Where.Text();
+    forms_.emplace_back().Source = frames_.empty() ? *name_ : value.From().Text();
     Begin(Part::Form, RootMembers);
   }
 
@@ -319,8 +331,9 @@ class Reader : public nlohmann::json_sax<Json> {
     }
     std::string& text = forms_.back().Settings[key];
     text = value.Is == Token::Kind::Boolean ? runtime::Text(value.Integer != 0) : std::string(value.Text);
+    if (IsSetting(key, text)) return;
     try {
-      CheckSetting(value.Where.Text() + PathTo(frames_.size()), key, text);
+      CheckSetting(value.From().Text() + PathTo(frames_.size()), key, text);
     } catch (const InputError& error) {
       problem_ = error.what();
     }
@@ -374,7 +387,7 @@ class Reader : public nlohmann::json_sax<Json> {
   static bool HasAnyKeys(const Frame& frame) { return frame.Is == Part::Settings || frame.Is == Part::Class; }
   static bool IsArray(const Frame& frame) { return frame.Is == Part::Forms || frame.Is == Part::Fields; }
 
-  Origin At(adapters::dictionary::Place place) const { return {name_, place.Line, place.Column}; }
+  Origin At(Place place) const { return {name_, place.Line, place.Column}; }
   // ": fields[0].rows" or ": [1].fields[0].rows", down to the member or element that so many frames are at.
   std::string PathTo(std::size_t frameCount) const {
     std::string path;
@@ -386,12 +399,12 @@ class Reader : public nlohmann::json_sax<Json> {
     return path;
   }
   void Fail(const std::string& expected, const Token& value) {
-    problem_ = value.Where.Text() + PathTo(frames_.size()) + ": expected " + expected + ", found ";
+    problem_ = value.From().Text() + PathTo(frames_.size()) + ": expected " + expected + ", found ";
     shown_.Add(value);
   }
 
   std::vector<FormDescription> forms_;
-  JsonInput& input_;
+  Input& input_;
   std::shared_ptr<const std::string> name_;
   std::vector<Frame> frames_;
   int depth_ = 0;
@@ -412,6 +425,9 @@ std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
 }
 
 std::vector<FormDescription> FormDescriptionsIn(const std::string& text, const std::string& name) {
+  PlainJson plain(text);
+  Reader quick(plain, name);
+  if (plain.Tell(quick) && !quick.HasFailed()) return quick.Take(true);
   std::istringstream in(text);
   JsonInput input(in, name);
   Reader reader(input, name);
@@ -420,12 +436,12 @@ std::vector<FormDescription> FormDescriptionsIn(const std::string& text, const s
 }
 
 void CheckSetting(const std::string& where, const std::string& key, const std::string& value) {
+  if (IsSetting(key, value)) return;
   const settings::SettingKey* found = settings::KeyNamed(key);
   if (!found) {
     const support::Names names(settings::SettingKeys(), std::mem_fn(&settings::SettingKey::Key));
     throw InputError(where + ": there is no setting \"" + key + "\"; " + names.Answer(key));
   }
-  if (settings::IsAllowed(*found, value)) return;
   throw InputError(where + ": " + std::string(found->Key) + " must be " + settings::AllowedFor(*found) + ", found \"" +
                    value + "\"");
 }

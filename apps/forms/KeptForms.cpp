@@ -21,30 +21,43 @@ support::Names NamesOf(const std::vector<kept::Property>& properties) {
   return {properties, [](const kept::Property& property) { return std::string_view(property.Path); }};
 }
 
-// The description without the fields that the class had and has lost. One that has nothing left stays as it is, and
-// cannot be made.
-FormDescription WithoutLostFields(const FormDescription& description, const std::vector<kept::Property>& offered) {
-  const support::Names now = NamesOf(offered), before = NamesOf(description.Made->Class);
-  const auto isLost = [&](const std::string& property) { return before.Find(property) && !now.Find(property); };
-  FormDescription rest = description;
-  std::erase_if(rest.Fields, [&](const FieldChoice& field) { return isLost(field.Property.Value); });
-  for (FieldChoice& field : rest.Fields) {
-    if (field.UpdateAfter && isLost(field.UpdateAfter->Value)) field.UpdateAfter.reset();
+// The names of the class as it was when a form was made and as it is now, which are mostly the same.
+class ClassNames {
+ public:
+  ClassNames(const std::vector<kept::Property>& was, const std::vector<kept::Property>& is)
+      : was_(was), is_(is), now_(NamesOf(is)) {
+    if (was != is) before_ = NamesOf(was);
   }
-  return rest.Fields.empty() ? description : rest;
+
+  bool IsLost(const std::string& property) const { return before_ && before_->Find(property) && !now_.Find(property); }
+  // As the class spells it.
+  std::string NameFor(const std::string& property) const {
+    if (const auto found = now_.Find(property)) return is_[*found].Path;
+    const auto found = before_ ? before_->Find(property) : std::nullopt;
+    return found ? was_[*found].Path : property;
+  }
+
+ private:
+  const std::vector<kept::Property>&was_, &is_;
+  support::Names now_;
+  std::optional<support::Names> before_;  // nothing when it is the same
+};
+
+// Without the fields that the class had and has lost. One that has nothing left stays as it is, and cannot be made.
+void TakeOutLostFields(FormDescription& description, const ClassNames& names) {
+  const auto isLost = [&](const FieldChoice& field) { return names.IsLost(field.Property.Value); };
+  if (std::ranges::all_of(description.Fields, isLost)) return;
+  std::erase_if(description.Fields, isLost);
+  for (FieldChoice& field : description.Fields) {
+    if (field.UpdateAfter && names.IsLost(field.UpdateAfter->Value)) field.UpdateAfter.reset();
+  }
 }
 
-// By the names that the class has for them.
-std::vector<kept::ShownField> FieldsIn(const FormDescription& description, const std::vector<kept::Property>& offered) {
-  const support::Names now = NamesOf(offered), before = NamesOf(description.Made->Class);
+std::vector<kept::ShownField> FieldsIn(const FormDescription& description, const ClassNames& names) {
   std::vector<kept::ShownField> fields;
+  fields.reserve(description.Fields.size());
   for (const FieldChoice& field : description.Fields) {
-    const std::string& name = field.Property.Value;
-    const auto young = now.Find(name), old = before.Find(name);
-    fields.push_back({young ? offered[*young].Path
-                      : old ? description.Made->Class[*old].Path
-                            : name,
-                      field.Caption.has_value()});
+    fields.push_back({names.NameFor(field.Property.Value), field.Caption.has_value()});
   }
   return fields;
 }
@@ -116,7 +129,7 @@ KeptForm KeptForms::Look(const std::string& name, bool lists, const FormDescript
   form.File = project_.FileOf(*component);
   form.Sides.Base = {std::move(form.Texts.Frm).value(), std::move(form.Texts.Frx).value_or("")};
   form.Sides.Mine = {std::move(mine.Frm), std::move(mine.Frx)};
-  Examine(form, description, lists);
+  Examine(form, std::move(description), lists);
   return form;
 }
 
@@ -133,18 +146,20 @@ void KeptForms::CompareWithProject(KeptForm& form, bool lists) const {
   }
 }
 
-void KeptForms::Examine(KeptForm& form, const FormDescription& description, bool lists) {
+void KeptForms::Examine(KeptForm& form, FormDescription description, bool lists) {
   kept::State& state = form.State;
   CompareWithProject(form, lists);
   const std::vector<kept::Property>& offered = remake_.OfferedTo(description);
-  const MadeForm& made = *description.Made;
-  state.Class = kept::ChangesOf(made.Class, offered, FieldsIn(description, offered));
+  const MadeForm made = *std::exchange(description.Made, std::nullopt);
+  const ClassNames names(made.Class, offered);
+  state.Class = kept::ChangesOf(made.Class, offered, FieldsIn(description, names));
   state.AsksOtherwise = made.Fields != SumOfFields(description);
   state.HasOtherSettings = made.Settings != SumOfSettings(description);
   state.IsOfOtherVersion = made.Program != remake_.Program();
+  TakeOutLostFields(description, names);
   try {
     const bool isOld = state.IsOutdated() || state.HasOtherSettings;
-    Remade remade = remake_.Make(WithoutLostFields(description, offered),
+    Remade remade = remake_.Make(description,
                                  {folder_.FileOf(form.Name, ".frm"), form.Sides.Base, made.IsReused, objectLines_,
                                   project_.ProjectCodePage().Number()},
                                  isOld);

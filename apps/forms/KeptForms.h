@@ -57,7 +57,7 @@ class KeptForms {
 
  private:
   const std::string* NameInProject(const std::string& form) const;
-  void Examine(KeptForm& form, const FormDescription& description, bool lists);
+  void Examine(KeptForm& form, FormDescription description, bool lists);
   void CompareWithProject(KeptForm& form, bool lists) const;
 
   system::FileSystem& files_;

@@ -66,7 +66,7 @@ class Remake::Stage {
 
   Remade Make(const FormDescription& description, const FormToRemake& form, const std::string& program,
               bool describes) {
-    kept::FormTexts made = form.Texts;
+    kept::FormTexts made;
     Shop.Make(description, {}, [&](const std::string& name, const std::string& caption) {
       Open(form, name, generator::FormStem(caption), made);
     });
@@ -94,10 +94,8 @@ class Remake::Stage {
     scene_.Project.emplace(files_, std::string(system::FolderPart(form.File)) + "Project.vbp",
                            vb6files::ProjectOptions{form.CodePage, "", text});
     scene_.Project->OnChange([&made](const vb6files::FileChange& change) { Take(change, made); }, true);
-    if (!form.IsReused) {
-      made = {};
-      return scene_.Project->CountFrom(stem, number);
-    }
+    if (!form.IsReused) return scene_.Project->CountFrom(stem, number);
+    made = form.Texts;  // of which only what comes out otherwise is told
     if (!scene_.Project->CompareForm(name, number, generator::FirstLineOfCode(className))) {
       throw NotOffered(form.File + ": the code has no line \"" + generator::FirstLineOfCode(className) +
                        "\", which forms of class " + className + " have; name the class that it was made for");
@@ -105,7 +103,8 @@ class Remake::Stage {
   }
 
   static void Take(const vb6files::FileChange& change, kept::FormTexts& made) {
-    (change.Path.ends_with('m') ? made.Frm : made.Frx) = change.New.value_or("");
+    std::string& text = change.Path.ends_with('m') ? made.Frm : made.Frx;
+    text.assign(change.New ? std::string_view(*change.New) : std::string_view());
   }
 
   system::FileSystem& files_;
