@@ -1,6 +1,7 @@
 #include "apps/desktop/window/FormCommands.h"
 
 #include "adapters/qt/Text.h"
+#include "apps/desktop/basics/Seen.h"
 #include "apps/desktop/formview/ZoomBox.h"
 
 namespace formwizard::apps::desktop {
@@ -52,6 +53,11 @@ FormCommands::FormCommands(const Texts& texts, Actions& actions, FormView& form,
   actions.On(Command::ZoomOut, [this] { form_.ZoomOut(); });
   actions.On(Command::ActualSize, [this] { form_.SetScale(ActualSize); });
   actions.On(Command::FitForm, [this] { form_.FitWhole(); });
+  WhenSeen(form_, [&actions](bool isSeen) {
+    for (const Command command : {Command::ZoomIn, Command::ZoomOut, Command::ActualSize, Command::FitForm}) {
+      actions.Enable(command, isSeen);
+    }
+  });
   actions.On(Command::GoToHandler, [this] {
     if (const FormNode* node = Selected()) GoToHandler(*node);
   });

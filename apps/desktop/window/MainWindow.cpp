@@ -9,10 +9,7 @@
 #include "support/Messages.h"
 #include "support/Strings.h"
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QShortcut>
@@ -68,8 +65,11 @@ MainWindow::MainWindow(EnvironmentOptions options)
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
   change_ = std::make_unique<ChangeCommand>(*this, texts_, *actions_, *environment_, *files_);
   change_->OnChanged = [this](const std::string& form) { ShowProject(form); };
+  edit_ = std::make_unique<EditCommands>(*actions_, *panes_, *code_, *form_, *properties_);
+  componentCommands_ =
+      std::make_unique<ComponentCommands>(*this, texts_, *actions_, *environment_, *files_, *tree_, *form_);
+  componentCommands_->OnTakenBack = [this](const std::string& component) { ShowProject(component); };
   CarryOut();
-  CarryOutEdit();
   help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
   setAcceptDrops(true);
   ShowProject("");
@@ -77,8 +77,9 @@ MainWindow::MainWindow(EnvironmentOptions options)
   RestoreLayout();
 }
 
-// What is shown hears nothing any more while the rest goes.
+// What is shown hears nothing any more while the rest goes, and is not seen to go.
 MainWindow::~MainWindow() {
+  hide();
   tree_->OnChosen = [] {};
   code_->OnPlace = [](const QString&) {};
   dictionary_->Show(nullptr);
@@ -97,6 +98,10 @@ void MainWindow::MakePanes() {
   panes_ = new Panes(
       texts_,
       {.Project = tree_, .Dictionary = dictionary_, .Form = formPage_, .Code = code_, .Properties = properties_});
+  code_->OnPlace = [this](const QString& place) {
+    if (place.isEmpty()) return formCommands_->ShowPlace();
+    status_->SetPlace(place);
+  };
   component_ = std::make_unique<ComponentPages>(texts_, *formPage_, *form_, *code_, *panes_);
   tree_->OnChosen = [this] { ShowComponent(); };
   tree_->OnOpened = [this] { panes_->Show(tree_->Chosen()->IsForm ? Pane::Form : Pane::Code); };
@@ -155,46 +160,7 @@ void MainWindow::CarryOut() {
         std::pair{Command::ShowProperties, Pane::Properties}}) {
     on(command, [this, shown = pane] { panes_->Show(shown); });
   }
-  on(Command::RemoveForm, [this] { RemoveForm(); });
-  on(Command::Copy, [this] { CopyShown(); });
-  on(Command::SelectAll, [this] { code_->View().selectAll(); });
   on(Command::TrySample, [this] { files_->TrySample(); });
-  on(Command::SavePicture, [this] { SavePicture(); });
-  on(Command::ShowInFolder, [this] { ShowInFolder(); });
-  tree_->View().addAction(&(*actions_)[Command::RemoveForm]);
-  for (const Command command :
-       {Command::ChangeForm, Command::UpdateForm, Command::SavePicture, Command::ShowInFolder, Command::RemoveForm}) {
-    tree_->ContextActions << &(*actions_)[command];
-  }
-}
-
-// What has the focus; the picture where nothing else can be copied.
-void MainWindow::CopyShown() {
-  const QWidget* focus = QApplication::focusWidget();
-  if (code_->isVisible() && (focus == &code_->View() || !panes_->isAncestorOf(focus))) {
-    code_->View().copy();
-  } else if (properties_->isAncestorOf(focus)) {
-    properties_->CopyValue();
-  } else if (form_->Canvas().Form()) {
-    form_->CopyPicture();
-  }
-}
-
-void MainWindow::CarryOutEdit() {
-  const auto inCode = [this](Command command, std::function<void()> action) {
-    actions_->On(command, [this, action = std::move(action)] {
-      panes_->Show(Pane::Code);
-      action();
-    });
-  };
-  inCode(Command::Find, [this] { code_->Find(); });
-  inCode(Command::FindNext, [this] { code_->FindNext(false); });
-  inCode(Command::FindPrevious, [this] { code_->FindNext(true); });
-  inCode(Command::GoToLine, [this] { code_->AskForLine(); });
-  code_->OnPlace = [this](const QString& place) {
-    if (place.isEmpty()) return formCommands_->ShowPlace();
-    status_->SetPlace(place);
-  };
 }
 
 bool MainWindow::HasWhatTheWizardNeeds() {
@@ -240,9 +206,7 @@ void MainWindow::ShowProject(const std::string& chosen) {
 
 void MainWindow::ShowComponent() {
   const ProjectModel::Component* chosen = tree_->Chosen();
-  actions_->Enable(Command::RemoveForm, chosen && chosen->IsChanged);
-  actions_->Enable(Command::SavePicture, chosen && chosen->IsForm);
-  actions_->Enable(Command::ShowInFolder, !tree_->ChosenFile().empty());
+  componentCommands_->ShowState();
   change_->SetComponent(chosen);
   component_->Show(environment_->Project(), chosen, chosen ? environment_->Updates().Find(chosen->Name) : nullptr);
 }
@@ -280,39 +244,6 @@ void MainWindow::ShowRecent() {
     menu.addAction(text.replace('&', "&&"), this, [this, path = file.Path] { files_->OpenRecent(path); });
   }
   actions_->Enable(Command::OpenRecent, !files.empty());
-}
-
-void MainWindow::SavePicture() {
-  const std::string name = tree_->Chosen()->Name;
-  const QString folder = QFileInfo(Text(environment_->Project()->Path())).absolutePath();
-  const QString path = QFileDialog::getSaveFileName(this, texts_(T::TitleSavePicture),
-                                                    folder + "/" + Text(name) + ".png", texts_(T::FilterPictures));
-  if (path.isEmpty()) return;
-  const bool saved =
-      files_->Try(T::TitleSavePicture, texts_(T::PictureNotSaved), [&] { form_->SavePicture(Utf8(path)); });
-  if (saved) status_->Say(texts_(T::PictureSaved, QFileInfo(path).fileName()));
-}
-
-void MainWindow::ShowInFolder() {
-  const QString folder = QFileInfo(Text(tree_->ChosenFile())).absolutePath();
-  if (QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) return;
-  Tell(*this, texts_, T::TitleShowInFolder, texts_(T::SomethingFailed), texts_(T::CannotShowFolder, folder));
-}
-
-void MainWindow::RemoveForm() {
-  const ProjectModel::Component chosen = *tree_->Chosen();
-  const QString name = Text(chosen.Name);
-  const bool isNew = chosen.File.empty();
-  const QString what = isNew ? texts_(T::NeverSaved, name)
-                             : texts_(T::WillBeAgain, name, QFileInfo(Text(chosen.File)).completeBaseName());
-  const std::size_t answer = Ask(*this, texts_,
-                                 {.Title = T::TitleRemoveForm,
-                                  .What = what,
-                                  .Buttons = {isNew ? T::ButtonRemove : T::ButtonTakeBack, T::Cancel},
-                                  .Default = 1});
-  if (answer != 0) return;
-  files_->Try(T::TitleRemoveForm, texts_(T::SomethingFailed),
-              [&] { ShowProject(environment_->TakeBack(chosen.Name)); });
 }
 
 // Shows the form that the wizard has made, complete or not.

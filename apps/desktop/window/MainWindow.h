@@ -11,7 +11,9 @@
 #include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/properties/PropertiesPanel.h"
 #include "apps/desktop/window/Actions.h"
+#include "apps/desktop/window/ComponentCommands.h"
 #include "apps/desktop/window/ComponentPages.h"
+#include "apps/desktop/window/EditCommands.h"
 #include "apps/desktop/window/Files.h"
 #include "apps/desktop/window/FormCommands.h"
 #include "apps/desktop/window/FormPage.h"
@@ -64,7 +66,6 @@ class MainWindow : public QMainWindow {
   void MakePanes();
   void MakeStartPage();
   void CarryOut();
-  void CarryOutEdit();
   void RestoreLayout();
   void KeepLayout();
   void ConnectAddIns(EnvironmentOptions options);
@@ -74,10 +75,6 @@ class MainWindow : public QMainWindow {
   void ShowState();
   void ShowTools();
   void ShowRecent();
-  void RemoveForm();
-  void SavePicture();
-  void CopyShown();
-  void ShowInFolder();
   bool HasWhatTheWizardNeeds();
   void AfterAddIn();
 
@@ -101,6 +98,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Environment> environment_;
   std::unique_ptr<Files> files_;
   std::unique_ptr<ChangeCommand> change_;
+  std::unique_ptr<EditCommands> edit_;
+  std::unique_ptr<ComponentCommands> componentCommands_;
   std::string lastNew_;
 };
 

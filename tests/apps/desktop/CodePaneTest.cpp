@@ -155,6 +155,9 @@ TEST_CASE("The commands for the code work from wherever the focus is") {
   };
   press(Qt::Key_F3);  // asks what for
   CHECK(QApplication::focusWidget() == pane.findChild<QLineEdit*>());
+  // What acts on the code alone, or on the picture alone, can be done where that is seen.
+  const auto can = [&](Command command) { return desktop.Window->Commands()[command].isEnabled(); };
+  CHECK((can(Command::SelectAll) && !can(Command::ZoomIn) && !can(Command::FitForm)));
   QTest::keyClicks(QApplication::focusWidget(), "End Sub");
   const int first = pane.View().CurrentLine();
   press(Qt::Key_F3);
@@ -163,6 +166,11 @@ TEST_CASE("The commands for the code work from wherever the focus is") {
   CHECK(pane.View().CurrentLine() == first);
   press(Qt::Key_F7, Qt::ShiftModifier);
   CHECK_FALSE(pane.isVisible());
+  CHECK((!can(Command::SelectAll) && can(Command::ZoomIn) && can(Command::FitForm)));
+  desktop.Window->Tree().Choose("modLending");
+  CHECK_FALSE(can(Command::ActualSize));
+  desktop.Window->Tree().Choose("frmPerson");
+  CHECK(can(Command::ActualSize));
   FormCanvas& canvas = desktop.Window->Form().Canvas();
   for (std::size_t i = 0; i < canvas.Places().size(); ++i) {
     if (canvas.Places()[i].Node->Name == "cmdOK") canvas.Select(i);

@@ -1,0 +1,29 @@
+// The commands of the Edit menu.
+#pragma once
+
+#include "apps/desktop/code/CodePane.h"
+#include "apps/desktop/formview/FormView.h"
+#include "apps/desktop/properties/PropertiesPanel.h"
+#include "apps/desktop/window/Actions.h"
+#include "apps/desktop/window/Panes.h"
+
+#include <functional>
+
+namespace formwizard::apps::desktop {
+
+class EditCommands {
+ public:
+  // All must outlive this object.
+  EditCommands(Actions& actions, Panes& panes, CodePane& code, FormView& form, PropertiesPanel& properties);
+
+ private:
+  void InCode(Actions& actions, Command command, std::function<void()> action);
+  void Copy();
+
+  Panes& panes_;
+  CodePane& code_;
+  FormView& form_;
+  PropertiesPanel& properties_;
+};
+
+}  // namespace formwizard::apps::desktop
