@@ -44,15 +44,18 @@ class Choices {
     const kept::Property& offered = Known(offered_, record.DisplayName, nothing);
     FieldChoice field;
     field.Property.Value = record.DisplayName;
-    if (before.Caption || record.Caption != offered.Caption) field.Caption = record.Caption;
+    if (record.Caption != offered.Caption || before.Caption == record.Caption) field.Caption = record.Caption;
     const bool isReadOnly = record.FieldKind == kind::ReadOnlyLabel;
     const bool canBeReadOnly = isReadOnly || record.FieldKind == kind::TextBox;
-    if (canBeReadOnly && (before.ReadOnly || isReadOnly != offered.IsReadOnly)) field.ReadOnly = {isReadOnly, {}};
+    const bool wasReadOnly = before.ReadOnly && before.ReadOnly->Value == isReadOnly;
+    if (canBeReadOnly && (wasReadOnly || isReadOnly != offered.IsReadOnly)) field.ReadOnly = {isReadOnly, {}};
     if (isReadOnly && IsSelected(record.UpdateAfter)) {
       field.UpdateAfter = {model_.Fields[record.UpdateAfter].DisplayName, {}};
     }
     if (const auto rows = wizard::RowsSettingOf(record.FieldKind)) {
-      if (before.Rows || record.RowCount != settings_.*rows) field.Rows = {record.RowCount.Value(), {}};
+      const int count = record.RowCount.Value();
+      const bool wasSaid = before.Rows && before.Rows->Value == count;
+      if (wasSaid || record.RowCount != settings_.*rows) field.Rows = {count, {}};
     }
     if (record.FieldKind == kind::ReferenceCombo) {
       field.Combo = ComboChoice{{record.QueryName, {}}, {record.QueryColumn, {}}};

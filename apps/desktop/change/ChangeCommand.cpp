@@ -121,9 +121,10 @@ ChangeCommand::Answer ChangeCommand::Take(const forms::FormDescription& before, 
   const UpdateChoices update(forms, forms.Look(form_, true, &choices));
   const std::string& problem = update.Form().State.Problem;
   if (!problem.empty()) return AskAgain(texts_(T::FormNotChanged, Name()), Text(problem));
-  const bool hadUpdate = environment_.Updates().Find(form_) != nullptr;
-  if (!update.Form().Next && !hadUpdate) {
-    files_.OnDone(texts_(T::NothingChanges, Name()));
+  if (!update.Form().Next) {  // as it stands on the disk
+    const bool isTakenBack = environment_.Updates().TakeBack(form_);
+    if (isTakenBack) OnChanged(form_);
+    files_.OnDone(texts_(isTakenBack ? T::FormChanged : T::NothingChanges, Name()));
     return Answer::Cancel;
   }
   const Answer answer = AskAbout(update);
