@@ -70,9 +70,15 @@ void frmWizard::TakeSelection() {
     PopulateFields();
     if (lstFields.ListCount() > 0) lstFields.SetListIndex(0);
   }
-  Model().SelectedFields = runtime::OneBased<Int16>(Int16(lstFields.ListCount()));
-  for (int i = 0; i < lstFields.ListCount(); ++i) {
-    Model().SelectedFields[Int16(i + 1)] = Int16(lstFields.ItemData(i));
+  Select(Model(), lstFields);
+}
+
+void frmWizard::Select(model::FormModel& form, const ui::ListBox& list) {
+  form.SelectedFields = runtime::OneBased<Int16>(Int16(list.ListCount()));
+  for (int i = 0; i < list.ListCount(); ++i) {
+    const Int16 record(list.ItemData(i));
+    form.SelectedFields[Int16(i + 1)] = record;
+    NameControls(form.Fields[record]);
   }
 }
 
@@ -80,12 +86,7 @@ AddInState frmWizard::Rehearse(generator::ide::Vbe& environment, ui::Desktop& de
   AddInState state = services_.State;
   state.NewComponent = nullptr;
   settings::LoadSettings(state.Settings, services_.Profiles, services_.ProfileFile);
-  state.Form.SelectedFields = runtime::OneBased<Int16>(Int16(lstSelected.ListCount()));
-  for (int i = 0; i < lstSelected.ListCount(); ++i) {
-    const Int16 record(lstSelected.ItemData(i));
-    state.Form.SelectedFields[Int16(i + 1)] = record;
-    state.Form.Fields[record].IntName = ConvertKeyNameToIntName(state.Form.Fields[record].DisplayName);
-  }
+  Select(state.Form, lstSelected);
   const support::ErrorReport report(desktop, services_.Strings);
   support::LeaveOnError(report, "cmdFinish_Click", [&] { Generate(state, environment, report, [](int) {}); });
   return state;

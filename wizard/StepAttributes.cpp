@@ -89,7 +89,7 @@ void frmWizard::PopulateFields() {
     const int index = lstSelected.ItemData(i);
     lstFields.AddItem(lstSelected.List(i), index);
     lstUpdateAfter.AddItem(lstSelected.List(i), index);
-    Record(index).IntName = ConvertKeyNameToIntName(Record(index).DisplayName);
+    NameControls(Record(index));
   }
   SetBusy(false);
 }

@@ -218,6 +218,9 @@ class frmWizard : public ui::Form {
   void EnterFinish();
   void FreezeButtons();
   void TakeSelection();
+  // Takes the entries of a list as the fields of the form, with the names of their controls.
+  static void Select(model::FormModel& form, const ui::ListBox& list);
+  static void NameControls(model::FieldRecord& field) { field.IntName = ConvertKeyNameToIntName(field.DisplayName); }
   void Generate(AddInState& state, generator::ide::Vbe& environment, const support::ErrorReport& report,
                 const std::function<void(int text)>& say) const;
 
