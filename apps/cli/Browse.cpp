@@ -223,7 +223,7 @@ enum class Takes { Dictionary, System, Class };
 void AddListing(CLI::App& command, Task& task, Takes takes, int (*list)(const BrowseOptions&),
                 const std::shared_ptr<BrowseOptions>& options) {
   AddSource(command, *options);
-  command.add_flag("--json", options->Json, "show the result as JSON");
+  AddJson(command, options->Json);
   if (takes != Takes::Dictionary) {
     command.add_option("--system", options->System, "the system (default: the first one)")->type_name("NAME");
   }

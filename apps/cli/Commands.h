@@ -40,6 +40,12 @@ std::string NoStream(const std::string& path);
 // --code-page, a number that is known.
 void AddCodePage(CLI::App& command, int& codePage, const char* about);
 
+// What commands that write or list have in common.
+CLI::Option* AddDryRun(CLI::App& command, bool& dryRun);
+CLI::Option* AddDiff(CLI::App& command, bool& diff);
+CLI::Option* AddJson(CLI::App& command, bool& json, const std::string& what = "result");
+CLI::Option* AddQuiet(CLI::App& command, bool& quiet);
+
 // How much a command tells.
 struct Verbosity {
   bool Quiet = false;  // errors, and what was asked for

@@ -45,8 +45,24 @@ void AddCodePage(CLI::App& command, int& codePage, const char* about) {
       });
 }
 
+CLI::Option* AddDryRun(CLI::App& command, bool& dryRun) {
+  return command.add_flag("-n,--dry-run", dryRun, "write nothing, say what would be written");
+}
+
+CLI::Option* AddDiff(CLI::App& command, bool& diff) {
+  return command.add_flag("--diff", diff, "show the changes of every file as a unified diff");
+}
+
+CLI::Option* AddJson(CLI::App& command, bool& json, const std::string& what) {
+  return command.add_flag("--json", json, "show the " + what + " as JSON");
+}
+
+CLI::Option* AddQuiet(CLI::App& command, bool& quiet) {
+  return command.add_flag("-q,--quiet", quiet, "say nothing but errors");
+}
+
 void AddVerbosity(CLI::App& command, Verbosity& verbosity, const char* aboutVerbose) {
-  CLI::Option& quiet = *command.add_flag("-q,--quiet", verbosity.Quiet, "say nothing but errors");
+  CLI::Option& quiet = *AddQuiet(command, verbosity.Quiet);
   command.add_flag("-v,--verbose", verbosity.Verbose, aboutVerbose)->excludes(&quiet);
 }
 

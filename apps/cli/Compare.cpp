@@ -131,7 +131,7 @@ void AddCompare(CLI::App& command, Task& task) {
   AddFile(command, "a", options->A, "a form, control, class, module or project")->required();
   AddFile(command, "b", options->B, "the one to compare with")->required();
   AddCodePage(command, options->CodePage, "the Windows code page in which names are shown");
-  command.add_flag("--json", options->Json, "show the result as JSON");
+  AddJson(command, options->Json);
   command.callback([&task, options] { task = {[options] { return CompareFiles(*options); }, options->A}; });
 }
 

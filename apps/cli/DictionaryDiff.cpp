@@ -196,7 +196,7 @@ void AddDictionaryDiff(CLI::App& command, Task& task) {
   AddStream(command, "new", options->New, "class dictionary or JSON as it is")->required();
   AddFile(command, "--project", options->Project,
           "a VB6 project file (.vbp): also say which of its kept forms it touches");
-  command.add_flag("--json", options->Json, "show the changes as JSON");
+  AddJson(command, options->Json, "changes");
   command.add_flag("-q,--quiet", options->Quiet, "say nothing but errors: the exit status tells");
   command.callback([&task, options] {
     task = {[options] { return ShowDifference(*options); }, options->Old, false, true};

@@ -13,7 +13,7 @@ void AddDoctor(CLI::App& command, Task& task) {
   const auto options = std::make_shared<doctor::DoctorOptions>();
   command.add_flag("--fix", options->Fix, "mend what you may change");
   command.add_flag("--strict", options->Strict, "exit with status 1 unless everything is good");
-  command.add_flag("--json", options->Json, "show the result as JSON");
+  AddJson(command, options->Json);
   // By which this program asks itself, or one of 32 bits; not for users.
   command.add_option("--answer", options->Answer)->allow_extra_args(false)->group("");
   command.callback([&task, options] {

@@ -353,8 +353,8 @@ void Declare(CLI::App& command, GenerateOptions& options) {
       ->allow_extra_args(false)
       ->type_name("KEY=VALUE");
   AddSurroundings(command, options);
-  command.add_flag("-n,--dry-run", options.DryRun, "write nothing, say what would be written");
-  command.add_flag("--diff", options.Diff, "show the changes of every file as a unified diff");
+  AddDryRun(command, options.DryRun);
+  AddDiff(command, options.Diff);
   command.add_flag("--check", options.Check,
                    "write nothing, exit with status 1 when the project differs from what would be made");
   command.add_flag("--keep", options.Keep, "keep descriptions and forms in PROJECT.forms, to update them later")
@@ -362,7 +362,7 @@ void Declare(CLI::App& command, GenerateOptions& options) {
   AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
-  command.add_flag("--json", options.Json, "show the summary as JSON");
+  AddJson(command, options.Json, "summary");
   AddVerbosity(command, options.Tells, "show the fields of each form, too");
   AddStream(command, "--descriptions-from", options.DescriptionsFrom,
             "a list of form descriptions, one path a line, \"-\" for standard input");

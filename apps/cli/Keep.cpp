@@ -57,9 +57,9 @@ int TakeUp(const KeepOptions& options) {
 void AddKeep(CLI::App& command, Task& task) {
   const auto options = std::make_shared<KeepOptions>();
   AddKeptInputs(command, *options);
-  command.add_flag("-n,--dry-run", options->DryRun, "write nothing, say what would be written");
-  command.add_flag("--diff", options->Diff, "show the changes of every file as a unified diff");
-  command.add_flag("-q,--quiet", options->Tells.Quiet, "say nothing but errors");
+  AddDryRun(command, options->DryRun);
+  AddDiff(command, options->Diff);
+  AddQuiet(command, options->Tells.Quiet);
   AddStream(command, "description", options->Description,
             "the description that the form was made from, \"-\" for standard input")
       ->required()

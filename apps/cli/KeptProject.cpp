@@ -4,11 +4,17 @@
 #include "apps/common/Paths.h"
 #include "system/FileSystem.h"
 
+#include <CLI/CLI.hpp>
+
 namespace formwizard::apps::cli {
 
 void AddKeptInputs(CLI::App& command, ProjectOptions& options) {
   AddInputs(command, options);
   AddCodePage(command, options.CodePage, "the Windows code page of the project's files");
+}
+
+void AddKeptForms(CLI::App& command, std::vector<std::string>& forms) {
+  command.add_option("forms", forms, "kept forms by their names (default: all)")->type_name("FORM");
 }
 
 KeptProject::KeptProject(const ProjectOptions& options)

@@ -12,6 +12,8 @@ namespace formwizard::apps::cli {
 
 // --project, --dictionary and --code-page.
 void AddKeptInputs(CLI::App& command, ProjectOptions& options);
+// Which forms; empty for all.
+void AddKeptForms(CLI::App& command, std::vector<std::string>& forms);
 
 struct KeptProject {
   explicit KeptProject(const ProjectOptions& options);

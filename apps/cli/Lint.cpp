@@ -148,7 +148,7 @@ void AddLint(CLI::App& command, Task& task) {
   command
       .add_option("--code-page", options->CodePage, "the Windows code page of the names (default: 1252 to show them)")
       ->type_name("N");
-  command.add_flag("--json", options->Json, "show the result as JSON");
+  AddJson(command, options->Json);
   command.add_option("files", options->Files, "forms, controls, classes, modules and projects")
       ->type_name("FILE")
       ->check(CheckedPath)

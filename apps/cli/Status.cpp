@@ -80,8 +80,8 @@ int ShowStatus(const StatusOptions& options) {
 void AddStatus(CLI::App& command, Task& task) {
   const auto options = std::make_shared<StatusOptions>();
   AddKeptInputs(command, *options);
-  command.add_flag("--json", options->Json, "show the result as JSON");
-  command.add_option("forms", options->Forms, "kept forms by their names (default: all)")->type_name("FORM");
+  AddJson(command, options->Json);
+  AddKeptForms(command, options->Forms);
   command.callback([&task, options] {
     task = {[options] { return ShowStatus(*options); }, options->Project, false, true};
   });

@@ -54,10 +54,10 @@ int TakeBack(const UndoOptions& options) {
 void AddUndo(CLI::App& command, Task& task) {
   const auto options = std::make_shared<UndoOptions>();
   AddFile(command, "--project", options->Project, "the VB6 project file (.vbp)")->required();
-  command.add_flag("-n,--dry-run", options->DryRun, "write nothing, say what would be written");
-  CLI::Option& diff = *command.add_flag("--diff", options->Diff, "show the changes of every file as a unified diff");
-  command.add_flag("--json", options->Json, "show the files as JSON")->excludes(&diff);
-  command.add_flag("-q,--quiet", options->Quiet, "say nothing but errors");
+  AddDryRun(command, options->DryRun);
+  CLI::Option& diff = *AddDiff(command, options->Diff);
+  AddJson(command, options->Json, "files")->excludes(&diff);
+  AddQuiet(command, options->Quiet);
   command.callback([&task, options] {
     task = {[options] { return TakeBack(*options); }, options->Project, !options->DryRun, true};
   });

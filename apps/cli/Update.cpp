@@ -277,8 +277,8 @@ int UpdateForms(const UpdateOptions& options) {
 void AddUpdate(CLI::App& command, Task& task) {
   const auto options = std::make_shared<UpdateOptions>();
   AddKeptInputs(command, *options);
-  command.add_flag("-n,--dry-run", options->DryRun, "write nothing, say what would be written");
-  command.add_flag("--diff", options->Diff, "show the changes of every file as a unified diff");
+  AddDryRun(command, options->DryRun);
+  AddDiff(command, options->Diff);
   const std::map<std::string, Choice> choices{
       {"marks", Choice::Marks}, {"mine", Choice::Mine}, {"theirs", Choice::Theirs}};
   CLI::Option& conflicts =
@@ -289,9 +289,9 @@ void AddUpdate(CLI::App& command, Task& task) {
       ->allow_extra_args(false)
       ->type_name("FORM.PROCEDURE=CHOICE");
   command.add_flag("--skip-conflicts", options->SkipConflicts, "leave forms with conflicts as they are");
-  command.add_flag("--json", options->Json, "show the result as JSON");
-  command.add_flag("-q,--quiet", options->Tells.Quiet, "say nothing but errors");
-  command.add_option("forms", options->Forms, "kept forms by their names (default: all)")->type_name("FORM");
+  AddJson(command, options->Json);
+  AddQuiet(command, options->Tells.Quiet);
+  AddKeptForms(command, options->Forms);
   command.callback([&task, options, &conflicts] {
     options->DecidesAll = conflicts.count() > 0;
     task = {[options] { return UpdateForms(*options); }, options->Project, !options->DryRun, true};

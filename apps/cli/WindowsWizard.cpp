@@ -146,7 +146,7 @@ class Run {
 }  // namespace
 
 void AddDialogOptions(CLI::App& command, WizardOptions& options) {
-  command.add_flag("-n,--dry-run", options.DryRun, "write nothing, say what would be written");
+  AddDryRun(command, options.DryRun);
   AddAllowIncomplete(command, options);
   AddFile(command, "--journal", options.Journal, "write every change to the project as a line of JSON");
   command.add_flag("--force", options.Force, "let the journal replace a file that is no journal");
