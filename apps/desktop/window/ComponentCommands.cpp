@@ -68,8 +68,7 @@ void ComponentCommands::Remove() {
                                   .Buttons = {isNew ? T::ButtonRemove : T::ButtonTakeBack, T::Cancel},
                                   .Default = 1});
   if (answer != 0) return;
-  files_.Try(T::TitleRemoveForm, texts_(T::SomethingFailed),
-             [&] { OnTakenBack(environment_.TakeBack(chosen.Name)); });
+  files_.Try(T::TitleRemoveForm, texts_(T::SomethingFailed), [&] { OnTakenBack(environment_.TakeBack(chosen.Name)); });
 }
 
 }  // namespace formwizard::apps::desktop

@@ -4,6 +4,7 @@
 #include "apps/common/Endings.h"
 #include "apps/common/Paths.h"
 #include "apps/desktop/basics/Messages.h"
+#include "apps/desktop/window/Drops.h"
 #include "apps/desktop/window/NeedsDialog.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
@@ -11,10 +12,8 @@
 
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QShortcut>
 #include <QTimer>
-#include <QUrl>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -26,16 +25,6 @@ namespace vb6files = adapters::vb6files;
 constexpr QSize Opens(1200, 740), Smallest(800, 600);
 constexpr int NarrowBelow = 960;
 constexpr char GeometryKey[] = "window/geometry", PanesKey[] = "window/panes", PreviewKey[] = "window/preview";
-
-// The files among what is dropped that can be opened.
-QStringList FilesIn(const QMimeData& dropped) {
-  QStringList files;
-  for (const QUrl& url : dropped.urls()) {
-    const QString file = url.toLocalFile(), suffix = QFileInfo(file).suffix().toLower();
-    if (QStringList{"vbp", "sqlite", "db", "json", "ini"}.contains(suffix)) files << file;
-  }
-  return files;
-}
 
 }  // namespace
 
@@ -71,7 +60,9 @@ MainWindow::MainWindow(EnvironmentOptions options)
   componentCommands_->OnTakenBack = [this](const std::string& component) { ShowProject(component); };
   CarryOut();
   help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
-  setAcceptDrops(true);
+  TakeDrops(*this, [this](const QStringList& files) {  // a dictionary that comes with a project is opened behind it
+    for (const QString& file : files) files_->Open(file);
+  });
   ShowProject("");
   ShowTools();
   RestoreLayout();
@@ -272,23 +263,6 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(files_->MayGiveUp());
   if (event->isAccepted()) KeepLayout();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (!FilesIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
-
-// A dictionary that comes with a project is opened behind it.
-void MainWindow::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  const QStringList files = FilesIn(*event->mimeData());
-  auto* later = new QTimer(this);  // who dropped them need not wait for what is asked
-  later->setSingleShot(true);
-  connect(later, &QTimer::timeout, this, [this, files, later] {
-    later->deleteLater();
-    for (const QString& file : files) files_->Open(file);
-  });
-  later->start();
 }
 
 }  // namespace formwizard::apps::desktop
