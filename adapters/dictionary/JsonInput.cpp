@@ -61,6 +61,15 @@ Place JsonInput::BeginOfValue() {
   return place_;
 }
 
+std::string JsonInput::BeginningOfValue() {
+  SkipSeparators();
+  constexpr std::ptrdiff_t most = 64;
+  const auto isWord = [](char c) {
+    return (c >= '0' && c <= '9') || ((c | 0x20) >= 'a' && (c | 0x20) <= 'z') || c == '.';
+  };
+  return {mark_, std::find_if_not(at_, mark_ + std::min(end_ - mark_, std::max(at_ - mark_, most)), isWord)};
+}
+
 Place JsonInput::Here() {
   const bool isBehind = isAtEnd_ || at_ == buffer_.data();
   CountTo(isBehind ? at_ : at_ - 1);

@@ -27,6 +27,8 @@ class JsonInput {
   void EndValue() { mark_ = at_; }
   // Where the value began that ends here.
   Place BeginOfValue();
+  // That value, or what there is of it, with the rest of its word; for messages.
+  std::string BeginningOfValue();
   // Of the last character, or behind all of them when they are at an end.
   Place Here();
 

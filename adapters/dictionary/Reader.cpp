@@ -2,6 +2,7 @@
 
 #include "adapters/dictionary/JsonFormat.h"
 #include "adapters/dictionary/JsonInput.h"
+#include "adapters/dictionary/JsonProblem.h"
 #include "adapters/dictionary/ValueRules.h"
 #include "support/Failures.h"
 #include "support/Names.h"
@@ -134,12 +135,7 @@ class Reader : public nlohmann::json_sax<nlohmann::json> {
   }
   bool parse_error(std::size_t, const std::string& token, const nlohmann::detail::exception& error) override {
     if (error.id == NumberOutOfRange) Unexpected(token.substr(0, 40));
-    // "[...] parse error at line 3, column 4: syntax error while ..."
-    const std::string text = error.what();
-    const std::size_t colon = text.find(": ", text.find("line "));
-    constexpr std::size_t most = 200;
-    const std::string problem = colon == std::string::npos ? text : text.substr(colon + 2);
-    throw support::InputError(At(input_.Here()) + "this is not valid JSON: " + problem.substr(0, most));
+    FailNoJson(input_, source_, error, "a dictionary is an object with \"systems\"");
   }
 
  private:

@@ -1,6 +1,7 @@
 #include "apps/forms/FormDescription.h"
 
 #include "adapters/dictionary/JsonInput.h"
+#include "adapters/dictionary/JsonProblem.h"
 #include "apps/common/TextInput.h"
 #include "apps/forms/PlainJson.h"
 #include "runtime/Conversions.h"
@@ -247,7 +248,7 @@ class Reader : public nlohmann::json_sax<Json> {
     if (dynamic_cast<const Json::out_of_range*>(&error)) {
       throw InputError(At(input_.BeginOfValue()).Text() + ": this number is out of range; write a smaller one");
     }
-    throw InputError(At(input_.Here()).Text() + ": this is not valid JSON; " + Meant);
+    adapters::dictionary::FailNoJson(input_, *name_, error, Meant);
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.

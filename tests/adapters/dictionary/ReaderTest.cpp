@@ -73,9 +73,18 @@ TEST_CASE("Bad input is named by its line, its column and its path, with what wa
     std::string Json, Message;
   };
   for (const Case& c : {
-           Case{"{\n \"systems\": [\n  nonsense", "3:4: this is not valid JSON"},
-           Case{"{\"systems\":[{", "1:14: this is not valid JSON"},
-           Case{"{\"systems\":[]} x", "1:16: this is not valid JSON"},
+           Case{"{\n \"systems\": [\n  nonsense", "3:3: this is not valid JSON: expected a value, found nonsense;"},
+           Case{"{\"systems\":[{",
+                "1:14: this is not valid JSON: expected a member's name in double quotes, found the end;"},
+           Case{"{\"systems\"\n[]}", "2:1: this is not valid JSON: expected a colon, found [;"},
+           Case{"{\"systems\":[] \"$schema\":1}",
+                "1:15: this is not valid JSON: expected a comma or }, found \"$schema\";"},
+           Case{"{\"$schema\":\"a\n\"}",
+                "1:12: this is not valid JSON: this text has no quote at the end of its line;"},
+           Case{"{\"$schema\":\"C:\\x\"}", "1:16: this is not valid JSON: behind a \\ stands one of"},
+           Case{"{\n=======\n",
+                "2:1: this is not valid JSON: a mark that a merge has left; choose one of the two sides,"},
+           Case{"{\"systems\":[]} x", "1:16: this is not valid JSON: expected nothing more, found x;"},
            Case{"", "1:1: this is not valid JSON"},
            Case{"[]", "1:1: expected an object with \"systems\", found an array"},
            Case{" \"\"", "1:2: expected an object with \"systems\", found \"\""},
