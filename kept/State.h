@@ -17,6 +17,7 @@ std::vector<vbtext::Difference> DifferencesOf(const FormTexts& a, const FormText
 struct State {
   bool IsMissing = false;                 // the project has no such form; nothing else is known then
   bool IsForeign = false;                 // the base is not the one that was made; nothing else is known then
+  std::string Reason;                     // of either, with the remedy
   std::vector<vbtext::Difference> Edits;  // from what was generated to what stands in the project
   ClassChanges Class;
   std::string Problem;         // why the form cannot be made any longer; empty when it can

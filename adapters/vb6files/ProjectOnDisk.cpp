@@ -28,6 +28,12 @@ std::string ReadProject(system::FileSystem& files, const std::string& path) {
   return std::move(*text);
 }
 
+// For a component's file that is not there.
+class FileGone : public support::InputError {
+ public:
+  using InputError::InputError;
+};
+
 // Windows takes these for devices, whatever extension follows.
 bool IsDeviceName(std::string_view stem) {
   constexpr std::array fixed{std::string_view("CON"), std::string_view("PRN"), std::string_view("AUX"),
@@ -94,7 +100,8 @@ ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path,
       spelling_(files),
       read_(files),
       toolbox_(files, options.ToolboxFile),
-      project_(path, original_) {
+      project_(path, original_),
+      bearsUnreadable_(options.BearsUnreadable) {
   for (const std::string_view value : project_.Objects()) libraries_.Add(toolbox_.Parse(value));
   const std::vector<ProjectFile::Item> items = project_.TakeItems();
   listedPaths_.reserve(items.size());
@@ -163,21 +170,38 @@ std::string ProjectOnDisk::NameInFile(const Entry& entry) const {
     throw support::InputError(PlaceOf(entry) + error.what());
   }
   if (!head) {
-    throw support::InputError(PlaceOf(entry) + "the file " + path +
-                              " is not there; restore it or take its line out of the project");
+    throw FileGone(PlaceOf(entry) + "the file " + path +
+                   " is not there; restore it or take its line out of the project");
   }
   const std::string_view name = ReadComponentName(*head);
   // A form whose name does not stand in its first bytes goes by its file.
   return std::string(name.empty() ? StemOf(entry.Path) : name);
 }
 
+std::string ProjectOnDisk::NameOf(const Entry& entry) const {
+  const auto byFile = [&](bool isGone, const support::InputError& error) {
+    if (!bearsUnreadable_) throw;
+    unread_.insert_or_assign(&entry, Unread{isGone, error.what()});
+    return std::string(StemOf(entry.Path));
+  };
+  try {
+    return NameInFile(entry);
+  } catch (const FileGone& gone) {
+    return byFile(true, gone);
+  } catch (const support::InputError& error) {
+    return byFile(false, error);
+  }
+}
+
+// Of two that have one name the one that could be read is meant.
 void ProjectOnDisk::ReadNames() const {
   if (namesRead_) return;
   byName_.reserve(entries_.size());
   for (Entry& entry : entries_) {
-    if (entry.Name.empty()) entry.Name = texts_.Kept(NameInFile(entry));
-    byName_.insert(&entry);
+    if (entry.Name.empty()) entry.Name = texts_.Kept(NameOf(entry));
+    if (!unread_.contains(&entry)) byName_.insert(&entry);
   }
+  for (Entry& entry : entries_) byName_.insert(&entry);
   namesRead_ = true;
 }
 
@@ -533,6 +557,10 @@ std::vector<ComponentSummary> ProjectOnDisk::Summaries() const {
     const bool isChanged = entry.Document && (entry.Path.empty() || entry.Document->IsChanged());
     summaries.push_back({codePage_.Decode(entry.Name), entry.Path.empty() ? "" : FilePath(entry.Path), entry.IsForm,
                          entry.Group, isChanged});
+    const auto unread = unread_.find(&entry);
+    if (unread == unread_.end()) continue;
+    summaries.back().IsGone = unread->second.IsGone;
+    summaries.back().Problem = unread->second.Problem;
   }
   return summaries;
 }

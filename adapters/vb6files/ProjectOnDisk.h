@@ -32,6 +32,7 @@ struct ProjectOptions {
   int CodePageNumber = 1252;
   std::string ToolboxFile = "";                    // empty: none
   std::optional<std::string> Text = std::nullopt;  // of a project that no file holds, which cannot be saved
+  bool BearsUnreadable = false;  // a component whose file is gone or cannot be read goes by the name of its file
 };
 
 // One component of the project, for showing. Texts are UTF-8.
@@ -40,7 +41,9 @@ struct ComponentSummary {
   std::string File;  // its path; empty for a form that was never saved
   bool IsForm;
   ComponentGroup Group;
-  bool IsChanged;  // since it was read or saved; a new form always is
+  bool IsChanged;            // since it was read or saved; a new form always is
+  bool IsGone = false;       // its file is not there
+  std::string Problem = {};  // why its name could not be read, with the remedy; Name is then that of its file
 };
 
 // The name that a form has in its file, in bytes; empty for a text that is no form.
@@ -173,6 +176,12 @@ class ProjectOnDisk : public generator::ide::Vbe,
     FormFiles Files;
   };
 
+  // A component whose name could not be read.
+  struct Unread {
+    bool IsGone;
+    std::string Problem;
+  };
+
   bool TakeForComparison(Entry& entry, generator::ide::Int32 number, std::string_view codeBegins);
   void FinishCompared(Entry& entry);
 
@@ -185,6 +194,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   void ReadNames() const;
   std::string PlaceOf(const Entry& entry) const;
   std::string NameInFile(const Entry& entry) const;
+  std::string NameOf(const Entry& entry) const;
   template <typename Reader>
   std::optional<std::string> Found(std::string& path, Reader&& read) const;
   std::string FrxOf(const std::string& frmPath, std::string_view frm, bool isShown) const;
@@ -222,6 +232,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Of component files as read, and of new ones that are not called by the names of their forms.
   std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> listedPaths_{&texts_};
   mutable bool namesRead_ = false;
+  bool bearsUnreadable_;
+  mutable std::unordered_map<const Entry*, Unread> unread_;
   mutable std::unordered_map<std::string, int> firstFree_;  // by stem
   int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"
   std::vector<Entry*> open_;                                // with a document that may have changed

@@ -20,23 +20,31 @@ using support::SaveError;
 
 std::uint64_t SumOf(const std::optional<std::string>& bytes) { return bytes ? system::ContentSum(*bytes) : 0; }
 
+// Why a file cannot be taken back that is not as the save left it, and what to do. `before` is where its old content
+// stands; empty for none.
+std::string ProblemOf(const FileChange& change, const SaveRecord::File& file, const std::string& before) {
+  const std::string what = !change.Old ? "this file, which the save that is to be undone had written, is gone"
+                           : file.Sum == 0
+                               ? "this file, which the save that is to be undone had removed, is there again"
+                               : "this file has changed since the save that is to be undone";
+  const std::string remedy = before.empty() ? "there was none before that save" : "before that save it was " + before;
+  return change.Path + ": " + what + "; nothing was changed. To go back by hand: " + remedy;
+}
+
 // A file as it is now and as it was before the save.
 FileChange ChangeBack(const SavePlace& place, const FileSet& kept, const SaveRecord& record, std::size_t number) {
   const SaveRecord::File& file = record.Files[number];
+  const std::string before = file.Old == 0 ? "" : kept.OldContentOf(number);
   FileChange change{place.PathOf(file), place.Files.Read(place.PathOf(file)), std::nullopt};
   if (SumOf(change.Old) != file.Sum) {
-    throw SaveError(
-        change.Path +
-        ": this file has changed since the save that is to be undone; nothing was changed. Move it away, or "
-        "bring back by hand what you miss from " +
-        place.KeptFolder);
+    throw SaveError(ProblemOf(change, file, before));
   }
   if (!FileSet::IsWithinReach(file))
     throw SaveError(change.Path + ": this is no file of the project; nothing was changed");
-  if (file.Old != 0) change.New = place.Files.Read(kept.OldContentOf(number));
+  if (!before.empty()) change.New = place.Files.Read(before);
   if (SumOf(change.New) != file.Old) {
     throw SaveError(place.KeptFolder + ": what " + change.Path +
-                    " was before is not there any more; nothing was changed");
+                    " was before is not there any more; nothing was changed. Bring the file back from version control");
   }
   return change;
 }
@@ -64,7 +72,7 @@ void Undo(system::FileSystem& files, const std::string& projectFile, bool dryRun
     throw InputError(
         projectFile +
         ": there is nothing to undo; only a run that wrote kept forms, and was the last one that saved, can be "
-        "taken back");
+        "taken back; older states are a matter of version control");
   }
   const FileSet kept(place, place.KeptFolder, *record);
   const system::FilesRead read(files);

@@ -88,6 +88,7 @@ std::string LinesOf(const std::string& form, const kept::State& state, const sys
     lines.Add(std::string(edit.What) + (edit.Name.empty() ? "" : " " + Readable(edit.Name, codePage)) + " " +
               std::string(vbtext::Word(edit.Kind)));
   }
+  if (!state.Reason.empty()) lines.Add(state.Reason);
   for (const std::string& reason : ReasonsIn(state.Class)) lines.Add(reason);
   if (state.AsksOtherwise) lines.Add("the description asks for other fields than the form was made with");
   if (!state.Problem.empty()) lines.Add("it cannot be made any longer: " + state.Problem);
@@ -101,6 +102,7 @@ nlohmann::ordered_json JsonOf(const std::string& form, const kept::State& state,
   AddTo(json, state.Class);
   json["asksOtherwise"] = state.AsksOtherwise;
   json["output"] = ListOf(state.Output, difference);
+  if (!state.Reason.empty()) json["reason"] = state.Reason;
   if (!state.Problem.empty()) json["problem"] = state.Problem;
   return json;
 }

@@ -18,7 +18,8 @@ void AddKeptForms(CLI::App& command, std::vector<std::string>& forms) {
 }
 
 KeptProject::KeptProject(const ProjectOptions& options)
-    : Project(system::RealFileSystem(), common::Resolved(options.Project), {options.CodePage}),
+    : Project(system::RealFileSystem(), common::Resolved(options.Project),
+              {.CodePageNumber = options.CodePage, .BearsUnreadable = true}),
       Forms(system::RealFileSystem(), Project, options.Dictionary, FORMWIZARD_VERSION) {}
 
 }  // namespace formwizard::apps::cli

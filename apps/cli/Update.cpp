@@ -26,6 +26,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 using merge::Choice;
 
+constexpr const char *Updated = "updated", *LeftAlone = "left as it is";  // what becomes of a form
+
 struct UpdateOptions : ProjectOptions {
   std::vector<std::string> Forms, Resolve;
   Choice Conflicts = Choice::Marks;
@@ -96,25 +98,18 @@ class Run {
     Progress progress(std::cerr, "updating forms", ShowsProgress(options_.Tells.Quiet, options_.DryRun));
     for (const std::string& name : names) {
       common::CheckInterrupted();
-      Update(kept_.Forms.Look(name, options_.Json));
+      if (const auto form = Look(name)) Update(*form);
       progress.Show(static_cast<double>(&name - names.data() + 1), static_cast<double>(names.size()));
     }
-    resolutions_.CheckAllUsed();
+    if (unreadable_.empty()) resolutions_.CheckAllUsed();  // what is meant may stand in those
   }
 
   int Finish() {
     const bool needsDecision = conflicts_ > blocked_ && !options_.DecidesAll;
-    if (!options_.SkipConflicts && (needsDecision || blocked_ > 0)) {
-      if (!options_.Json) {
-        std::cerr << "ostrel-form-wizard: " << conflicts_ << (conflicts_ == 1 ? " conflict" : " conflicts")
-                  << "; nothing was written. "
-                  << (needsDecision ? "Decide with --conflicts mine, theirs or marks, one by one with --resolve "
-                                      "FORM.PROCEDURE=mine or =theirs, or leave"
-                                    : "Leave")
-                  << " such forms alone with --skip-conflicts\n";
-      }
+    if (!options_.SkipConflicts && (needsDecision || blocked_ > 0 || !unreadable_.empty())) {
+      if (!options_.Json) std::cerr << "ostrel-form-wizard: " << WhyNothing(needsDecision) << '\n';
       PrintJson(false);
-      return common::Differs;
+      return Status();
     }
     common::CheckInterrupted();  // what follows is not given up
     kept_.Project.Save();
@@ -122,18 +117,49 @@ class Run {
   }
 
  private:
+  int Status() const {
+    if (!unreadable_.empty()) return common::InvalidInput;
+    return conflicts_ > 0 ? common::Differs : common::Done;
+  }
+
+  std::string WhyNothing(bool needsDecision) const {
+    const auto counted = [](std::size_t count, const std::string& thing) {
+      return count == 0 ? "" : std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+    };
+    const std::string conflicts = counted(static_cast<std::size_t>(conflicts_), "conflict");
+    std::string unreadable = counted(unreadable_.size(), "form");
+    if (!unreadable.empty()) unreadable += " that cannot be read";
+    const std::string both = conflicts.empty() || unreadable.empty() ? "" : " and ";
+    return conflicts + both + unreadable + "; nothing was written. " +
+           (needsDecision ? "Decide with --conflicts mine, theirs or marks, one by one with --resolve "
+                            "FORM.PROCEDURE=mine or =theirs, or leave"
+                          : "Leave") +
+           " such forms alone with --skip-conflicts";
+  }
+
   static bool IsWanted(const forms::KeptForm& form, bool isNamed) {
     const kept::State& state = form.State;
     return state.IsOutdated() || state.HasOtherSettings || (isNamed && !state.Output.empty());
   }
 
+  // Others are looked at nevertheless when one cannot be read.
+  std::optional<forms::KeptForm> Look(const std::string& name) {
+    try {
+      return kept_.Forms.Look(name, options_.Json);
+    } catch (const support::InputError& error) {
+      std::cerr << "ostrel-form-wizard: " << support::Shown(error.what()) << '\n';
+      unreadable_.push_back(error.what());
+      return std::nullopt;
+    }
+  }
+
   void Update(const forms::KeptForm& form) {
-    if (form.State.IsMissing) return Add(form, "missing", {});  // what the user deleted stays deleted
+    if (form.State.IsMissing) {  // what the user deleted stays deleted
+      if (!options_.Forms.empty()) Remark(form.Name + " is missing: " + form.State.Reason);
+      return Add(form, "missing", {});
+    }
     if (form.State.IsForeign) {
-      return Block(form,
-                   kept_.Forms.Folder().FileOf(form.Name, ".frm") +
-                       ": conflict: this is not the form that its description was written for; restore both files "
-                       "from one commit, or take the form up again with \"ostrel-form-wizard keep\"");
+      return Block(form, form.State.Reason);
     }
     if (!form.State.Problem.empty()) {
       return Block(form, form.File + ": conflict: the form cannot be made any longer: " + form.State.Problem +
@@ -143,7 +169,7 @@ class Run {
     const kept::Update update = kept_.Forms.UpdateOf(
         form, [&](const kept::UpdateConflict& conflict) { return resolutions_.For(form.Name, conflict); });
     for (const kept::UpdateConflict& conflict : update.Conflicts) Tell(form, conflict);
-    Add(form, update.Conflicts.empty() || options_.DecidesAll ? "updated" : "in conflict", update);
+    Add(form, update.Conflicts.empty() || options_.DecidesAll ? Updated : "in conflict", update);
     if (!update.Conflicts.empty() && !options_.DecidesAll) return;
     isFormWritten_ |= !(update.Form == form.Sides.Mine);
     kept_.Forms.Put(form, update);
@@ -218,7 +244,7 @@ class Run {
   void Add(const forms::KeptForm& form, const char* result, const kept::Update& update) {
     if (!options_.Json) return;
     Json json = JsonOf(form.Name, form.State, codePage_);
-    json["result"] = *result == '\0' ? "left as it is" : result;
+    json["result"] = *result == '\0' ? LeftAlone : result;
     json["conflicts"] = ConflictsOf(update.Conflicts);
     json["decided"] = ConflictsOf(update.Decided);
     forms_.push_back(std::move(json));
@@ -236,8 +262,14 @@ class Run {
 
   void PrintJson(bool isWritten) {
     if (!options_.Json) return;
-    const Json result{
-        {"forms", forms_}, {"files", isWritten ? files_ : Json::array()}, {"notes", notes_}, {"conflicts", conflicts_}};
+    for (Json& form : forms_) {
+      if (!isWritten && form["result"] == Updated) form["result"] = LeftAlone;
+    }
+    const Json result{{"forms", forms_},
+                      {"files", isWritten ? files_ : Json::array()},
+                      {"notes", notes_},
+                      {"conflicts", conflicts_},
+                      {"unreadable", unreadable_}};
     std::cout << result.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
   }
 
@@ -250,7 +282,7 @@ class Run {
           "where Visual Basic has this project open it does not notice: open it there anew before it saves, or it "
           "writes its old forms back");
     }
-    return conflicts_ > 0 ? common::Differs : common::Done;
+    return Status();
   }
 
   const UpdateOptions& options_;
@@ -258,7 +290,7 @@ class Run {
   KeptProject kept_;
   const system::CodePage& codePage_;
   Spool report_;  // that is not printed yet
-  Json forms_ = Json::array(), files_ = Json::array(), notes_ = Json::array();
+  Json forms_ = Json::array(), files_ = Json::array(), notes_ = Json::array(), unreadable_ = Json::array();
   int conflicts_ = 0, blocked_ = 0;  // blocked_: of them those that no choice decides
   bool isFormWritten_ = false;
 };

@@ -84,7 +84,12 @@ KeptForms::KeptForms(system::FileSystem& files, ProjectOnDisk& project, const st
       remake_(files, dictionary, program),
       objectLines_(project.ObjectLines()) {
   for (const adapters::vb6files::ComponentSummary& component : project.Summaries()) {
-    if (component.IsForm) components_.emplace(runtime::LowerCase(component.Name), component.Name);
+    if (!component.IsForm) continue;
+    if (!component.Problem.empty()) {
+      unread_.push_back(component);
+    } else {
+      components_.emplace(runtime::LowerCase(component.Name), component.Name);
+    }
   }
 }
 
@@ -108,6 +113,17 @@ const std::string* KeptForms::NameInProject(const std::string& form) const {
   return found == components_.end() ? nullptr : &found->second;
 }
 
+// A file that cannot be read may hold any form, one that is gone the form that it is named after.
+void KeptForms::LookForFile(KeptForm& form) const {
+  form.State.IsMissing = true;
+  form.State.Reason = project_.Path() + ": the project has no such form any more; add it again, or take the files of " +
+                      form.Name + " out of " + folder_.Path();
+  for (const adapters::vb6files::ComponentSummary& each : unread_) {
+    if (!each.IsGone) throw support::InputError(each.Problem);
+    if (runtime::EqualIgnoringCase(each.Name, form.Name)) form.State.Reason = each.Problem;
+  }
+}
+
 KeptForm KeptForms::Look(const std::string& name, bool lists, const FormDescription* choices) {
   KeptForm form;
   form.Name = name;
@@ -122,8 +138,15 @@ KeptForm KeptForms::Look(const std::string& name, bool lists, const FormDescript
                               std::to_string(description.CodePage->Value));
   }
   const std::string* const component = NameInProject(name);
-  form.State.IsMissing = component == nullptr;
+  if (!component) LookForFile(form);
   form.State.IsForeign = component && !IsAsMade(form.Texts, *description.Made);
+  if (form.State.IsForeign) {
+    form.State.Reason =
+        folder_.FileOf(name, form.Texts.Frm ? ".json" : ".frm") +
+        (form.Texts.Frm ? ": this was not written for the form beside it"
+                        : ": the form as it was generated is not there any more") +
+        "; restore both files from one commit, or take the form up again by \"ostrel-form-wizard keep\"";
+  }
   if (form.State.IsMissing || form.State.IsForeign) return form;
   FormFiles mine = project_.TextsOf(*component);
   form.File = project_.FileOf(*component);
@@ -195,6 +218,9 @@ void KeptForms::Put(const KeptForm& form, const kept::Update& update) {
 Taken KeptForms::Keep(const FormDescription& description, const std::string& form) {
   const std::string* const component = NameInProject(form);
   if (!component) {
+    for (const adapters::vb6files::ComponentSummary& each : unread_) {
+      if (runtime::EqualIgnoringCase(each.Name, form)) throw support::InputError(each.Problem);
+    }
     std::vector<std::string> all;
     for (const auto& [key, name] : components_) all.push_back(name);
     const support::Names known(all, [](const std::string& each) { return std::string_view(each); });

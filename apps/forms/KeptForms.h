@@ -57,6 +57,7 @@ class KeptForms {
 
  private:
   const std::string* NameInProject(const std::string& form) const;
+  void LookForFile(KeptForm& form) const;
   void Examine(KeptForm& form, FormDescription description, bool lists);
   void CompareWithProject(KeptForm& form, bool lists) const;
 
@@ -65,7 +66,8 @@ class KeptForms {
   KeptFolder folder_;
   Remake remake_;
   std::string objectLines_;
-  std::map<std::string, std::string> components_;  // forms of the project by their names in small letters
+  std::map<std::string, std::string> components_;             // forms of the project by their names in small letters
+  std::vector<adapters::vb6files::ComponentSummary> unread_;  // that cannot be read
 };
 
 // Has the project write the kept texts of a form that was made when it is saved.
