@@ -39,9 +39,18 @@ void FileSet::Move(std::size_t number) const {
     if (place_.Files.MoveNew(aside, path)) return;
     throw SaveError(path + ": another program has just made this file; move it away, then try again");
   } else if (file.Sum == 0) {
-    if (!place_.Files.MoveNew(path, aside) || place_.SumOf(aside) != file.Old) FailChanged(path);
+    if (!MoveAway(path, aside) || place_.SumOf(aside) != file.Old) FailChanged(path);
   } else if (file.Sum != file.Old) {
     MoveOver(aside, path, file);
+  }
+}
+
+// Messages name the file that the user knows.
+bool FileSet::MoveAway(const std::string& path, const std::string& aside) const {
+  try {
+    return place_.Files.MoveNew(path, aside);
+  } catch (const SaveError& error) {
+    throw SaveError(system::AboutTarget(error.what(), aside, path));
   }
 }
 
@@ -64,7 +73,9 @@ void FileSet::FlushFolders() const {
   std::set<std::string> folders;
   for (const SaveRecord::File& file : record_.Files) folders.insert(system::FolderOf(place_.PathOf(file)));
   for (const std::string& folder : folders) {
-    if (place_.Files.KindOf(folder) != system::FileKind::None) place_.Files.FlushFolder(folder);
+    // Where something else stands in its place nothing was moved.
+    const bool isThere = place_.Files.KindOf(place_.Files.BehindLinks(folder)) == system::FileKind::Folder;
+    if (isThere) place_.Files.FlushFolder(folder);
   }
 }
 

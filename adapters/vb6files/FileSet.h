@@ -33,6 +33,7 @@ class FileSet {
 
  private:
   void Move(std::size_t number) const;
+  bool MoveAway(const std::string& path, const std::string& aside) const;
   void MoveOver(const std::string& aside, const std::string& path, const SaveRecord::File& file) const;
   void BringBack(std::size_t number, const std::string& path) const;
   void FlushFolders() const;

@@ -78,6 +78,8 @@ void RecoverSaves(system::FileSystem& files, const std::string& projectFile, Sav
                       ": a save was cut off, and what it has replaced cannot be brought back from here; "
                       "restore the project's files, then remove this folder");
     } catch (const SaveError& error) {
+      // What is committed needs nothing taken back; that it cannot be kept for undo is nothing to whoever only reads.
+      if (which == Saves::Sets && RecordOf(place, folder + CommittedName)) continue;
       throw support::InputError(error.what());
     }
   }
@@ -94,7 +96,15 @@ void Keep(const SavePlace& place, const std::string& folder) {
   place.Files.FlushFolder(place.Folder);
 }
 
+void CheckKeptFolder(const SavePlace& place) {
+  const system::FileKind kind = place.Files.KindOf(place.KeptFolder);
+  if (kind == system::FileKind::None || kind == system::FileKind::Folder) return;
+  throw SaveError(place.KeptFolder +
+                  ": this is no folder; move it away, what a save has replaced is kept in a folder of this name");
+}
+
 void DropKept(const SavePlace& place) {
+  CheckKeptFolder(place);
   if (place.Files.KindOf(place.KeptFolder) == system::FileKind::None) return;
   place.Files.Remove(place.KeptFolder + CommittedName);
   place.Files.FlushFolder(place.KeptFolder);  // before the record of the save that ends it goes

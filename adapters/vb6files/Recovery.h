@@ -33,6 +33,8 @@ bool RollBack(const SavePlace& place, const SaveRecord& record);
 // its place.
 void Keep(const SavePlace& place, const std::string& folder);
 void DropKept(const SavePlace& place);
+// support::SaveError when something else stands in the place of the folder that holds it.
+void CheckKeptFolder(const SavePlace& place);
 
 // Only what was made here, the record first: what has none needs nothing more than to be removed. False when there is
 // something else.

@@ -46,6 +46,7 @@ void Saving::Open() {
   if (!stagingFolder_.empty()) return;
   if (!lock_) lock_ = files_.LockFolder(place_.Folder);  // kept when what follows failed the last time
   if (!lock_) throw SaveError(projectFile_ + ": another program is saving into this folder; try again when it is done");
+  CheckKeptFolder(place_);
   RecoverAll(place_);
   const std::string folder = place_.PathOf(system::AsideName(place_.Name));
   try {
@@ -59,7 +60,7 @@ void Saving::Open() {
 void Saving::Stage(const std::string& path, std::string_view bytes) {
   Try([&] {
     Open();
-    system::WriteNewFile(files_, Aside(targets_.size()), bytes);
+    Prepare(Aside(targets_.size()), bytes, path);
     targets_.push_back({{place_.Recorded(path), system::ContentSum(bytes)}});
   });
 }
@@ -80,8 +81,18 @@ void Saving::Add(const std::string& path, const std::optional<std::string_view>&
   if (!FileSet::IsWithinReach(file)) {
     throw SaveError(path + ": this file stands outside the project's folder; move it there, then try again");
   }
-  if (bytes) system::WriteNewFile(files_, Aside(targets_.size()), *bytes, old ? path : "");
+  if (bytes) Prepare(Aside(targets_.size()), *bytes, path, old ? path : "");
   targets_.push_back({file});
+}
+
+// Messages name the file that the user knows.
+void Saving::Prepare(const std::string& aside, std::string_view bytes, const std::string& path,
+                     const std::string& like) {
+  try {
+    system::WriteNewFile(files_, aside, bytes, like);
+  } catch (const SaveError& error) {
+    throw SaveError(system::AboutTarget(error.what(), aside, path));
+  }
 }
 
 std::string Saving::Aside(std::size_t number) const { return stagingFolder_ + PreparedName(number); }
@@ -130,14 +141,14 @@ void Saving::CheckTargets() {
 }
 
 // Before the first file is moved, the record of what will be is on the disk.
-void Saving::Prepare(std::string_view text) {
+void Saving::PrepareProject(std::string_view text) {
   std::string record = SaveRecord::Begin(system::ContentSum(original_), system::ContentSum(text));
   for (const Target& target : targets_) {
     if (!target.IsThere) SaveRecord::Append(record, target.File);
   }
   SaveRecord::End(record);
-  system::WriteNewFile(files_, stagingFolder_ + NewProjectName, text, projectFile_);
-  system::WriteNewFile(files_, stagingFolder_ + RecordName, record);
+  Prepare(stagingFolder_ + NewProjectName, text, projectFile_, projectFile_);
+  Prepare(stagingFolder_ + RecordName, record, projectFile_);
   files_.FlushFolder(stagingFolder_);
   files_.FlushFolder(place_.Folder);
 }
@@ -172,7 +183,7 @@ void Saving::RollBackMoved() {
 
 void Saving::CommitProject(std::string_view text) {
   try {
-    Prepare(text);
+    PrepareProject(text);
     MoveIntoPlace();
     std::string changed;
     const auto isAsRead = [&](const std::string& project) { return IsAsRead(project, changed); };
@@ -196,8 +207,8 @@ SaveRecord Saving::PrepareSet(std::string_view text) {
     if (files_.KindOf(folder) == system::FileKind::None) missing.insert(folder);
   }
   for (const std::string& folder : missing) record.Files.push_back({place_.Recorded(folder)});
-  system::WriteNewFile(files_, stagingFolder_ + IgnoreName, "*\n");
-  system::WriteNewFile(files_, stagingFolder_ + RecordName, SaveRecord::OfSet(record.Files));
+  Prepare(stagingFolder_ + IgnoreName, "*\n", projectFile_);
+  Prepare(stagingFolder_ + RecordName, SaveRecord::OfSet(record.Files), projectFile_);
   files_.FlushFolder(stagingFolder_);
   files_.FlushFolder(place_.Folder);
   return record;

@@ -61,7 +61,8 @@ class Saving {
            const std::optional<std::string_view>& old);
   void CheckTargets();
   void CheckTarget(Target& target, std::size_t number, const std::vector<std::string>& sameNames);
-  void Prepare(std::string_view text);
+  void Prepare(const std::string& aside, std::string_view bytes, const std::string& path, const std::string& like = "");
+  void PrepareProject(std::string_view text);
   void MoveIntoPlace();
   void CommitProject(std::string_view text);
   bool IsAsRead(const std::string& project, std::string& changed) const;

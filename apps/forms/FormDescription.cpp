@@ -20,6 +20,7 @@
 #include <limits>
 #include <span>
 #include <sstream>
+#include <type_traits>
 #include <utility>
 
 namespace formwizard::apps::forms {
@@ -248,7 +249,10 @@ class Reader : public nlohmann::json_sax<Json> {
     if (dynamic_cast<const Json::out_of_range*>(&error)) {
       throw InputError(At(input_.BeginOfValue()).Text() + ": this number is out of range; write a smaller one");
     }
-    adapters::dictionary::FailNoJson(input_, *name_, error, Meant);
+    if constexpr (std::is_same_v<Input, JsonInput>) {
+      adapters::dictionary::FailNoJson(input_, *name_, error, Meant);
+    }
+    return false;  // a plain one leaves that to the parser
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.

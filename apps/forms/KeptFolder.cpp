@@ -8,6 +8,7 @@
 #include "system/Paths.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace formwizard::apps::forms {
@@ -34,12 +35,18 @@ std::string KeptFolder::FileOf(std::string_view form, std::string_view ending) c
   return std::string(path_).append("/").append(form).append(ending);
 }
 
+void KeptFolder::CheckIsFolder() const {
+  const system::FileKind kind = files_.KindOf(path_);
+  if (kind == system::FileKind::None || kind == system::FileKind::Folder) return;
+  if (kind == system::FileKind::Link && files_.KindOf(files_.BehindLinks(path_)) == system::FileKind::Folder) return;
+  throw support::InputError(path_ + ": this is no folder; take it away, kept forms stand in a folder of this name");
+}
+
 std::vector<std::string> KeptFolder::Forms() const {
+  CheckIsFolder();
   const std::optional<std::vector<std::string>> names = files_.NamesIn(path_);
-  if (!names && files_.KindOf(path_) != system::FileKind::None) {
-    throw support::InputError(path_ + ": this is no folder; take it away, kept forms stand in a folder of this name");
-  }
   std::set<std::string> described, others;
+  std::map<std::string, std::string> spelled;  // by their names in small letters
   for (const std::string& name : names.value_or(std::vector<std::string>())) {
     const bool isDescription = EndsWith(name, Json);
     if (name.starts_with('.') || (!isDescription && !EndsWith(name, Frm))) continue;
@@ -52,6 +59,11 @@ std::vector<std::string> KeptFolder::Forms() const {
                                     .append(": the file is called as no form can be, by a name ")
                                     .append(problem)
                                     .append("; name it after its form, or take it out of the folder"));
+    }
+    const std::string& known = spelled.emplace(runtime::LowerCase(form), form).first->second;
+    if (known != form) {
+      throw support::InputError(path_ + ": " + known + " and " + form +
+                                " are one form; give both of its files one spelling, or take two of them out");
     }
     (isDescription ? described : others).insert(std::move(form));
   }

@@ -25,8 +25,10 @@ class KeptFolder {
   const std::string& Path() const { return path_; }
   std::string FileOf(std::string_view form, std::string_view ending) const;
 
+  // support::InputError when something else stands in its place.
+  void CheckIsFolder() const;
   // The forms that are kept, in the order of their names. support::InputError for a file whose name no form can have,
-  // and for a form whose description is missing.
+  // for two whose names differ in the case of letters alone, and for a form whose description is missing.
   std::vector<std::string> Forms() const;
   KeptTexts Read(const std::string& form) const;
   // support::InputError, with the place, for what is no description of a kept form.

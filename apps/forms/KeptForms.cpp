@@ -164,8 +164,10 @@ void KeptForms::CompareWithProject(KeptForm& form, bool lists) const {
       static_cast<void>(vbtext::DocumentOf(form.Sides.Mine.Frm));
     }
   } catch (const vbtext::Fault& fault) {
-    throw support::InputError(form.File + ":" + std::to_string(fault.Line + 1) + ": expected " + fault.Expected +
-                              "; mend the form, as far as marks of a conflict stand in it by taking them out");
+    throw support::InputError(
+        form.File + ":" + std::to_string(fault.Line + 1) + ": expected " + fault.Expected +
+        "; mend the form, such as by taking out the marks that a merge has left; \"ostrel-form-wizard lint\" "
+        "says more");
   }
 }
 
@@ -202,6 +204,7 @@ kept::Update KeptForms::UpdateOf(const KeptForm& form, const kept::Decision& dec
 
 void PutKeptTexts(ProjectOnDisk& project, const KeptFolder& folder, const std::string& form,
                   const FormDescription& description, const kept::FormTexts& made) {
+  folder.CheckIsFolder();
   const KeptTexts old = folder.Read(form);
   const auto given = [](const std::string& bytes) { return bytes.empty() ? std::nullopt : std::optional(bytes); };
   project.Put(folder.FileOf(form, ".json"), TextOf(description), old.Json);

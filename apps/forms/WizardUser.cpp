@@ -248,7 +248,10 @@ void WizardUser::MakeIn(const FormDescription& form, const ClassListener& atFini
   dialog_->Unload();
 }
 
-std::string WizardUser::System() const { return dialog_->tvwConnection.SelectedItem.Get()->Text; }
+std::string WizardUser::System() const {
+  const ui::Node* const chosen = dialog_->tvwConnection.SelectedItem.Get();
+  return chosen ? chosen->Text.Get() : "";
+}
 
 // As far as the class step.
 void WizardUser::OpenDialog(const FormDescription& form) {
@@ -257,6 +260,7 @@ void WizardUser::OpenDialog(const FormDescription& form) {
   dialog_ = std::make_unique<frmWizard>(services_, environment_);
   dialog_->Load();
   dialog_->cmdNext.Click();
+  if (!proposed_) proposed_ = System();
   ChooseSystem(form);
   for (ui::Node& node : dialog_->tvwClasses.Nodes.All()) {
     if (node.Tag.empty()) continue;
@@ -265,11 +269,14 @@ void WizardUser::OpenDialog(const FormDescription& form) {
   }
 }
 
+// Where nothing is said, the one that was proposed first: what a form is made for does not depend on those before it.
 void WizardUser::ChooseSystem(const FormDescription& form) {
   ui::TreeView& tree = dialog_->tvwConnection;
-  const std::string& wanted = system_.empty() ? opened_ : system_;
-  if (!wanted.empty()) {
-    const std::string where = system_.empty() ? form.System->Where.Text() : "--system " + system_;
+  const std::string& wanted = !system_.empty() ? system_ : !opened_.empty() ? opened_ : *proposed_;
+  if (wanted != System()) {
+    const std::string where = !system_.empty() ? "--system " + system_
+                              : form.System    ? form.System->Where.Text()
+                                               : form.Source;
     const Names names(tree.Nodes.All(), [](const ui::Node& node) { return std::string_view(node.Text); });
     const auto found = names.Find(wanted);
     if (!found) Fail(where, "there is no system \"" + wanted + "\"; " + names.Answer(wanted));

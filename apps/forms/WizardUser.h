@@ -54,7 +54,8 @@ class WizardUser {
 
   wizard::WizardServices& services_;
   generator::ide::Vbe& environment_;
-  std::string system_, opened_;  // opened_: the system of the description that the dialog was opened for
+  std::optional<std::string> proposed_;  // the system that the dialog proposed first
+  std::string system_, opened_;          // opened_: the system of the description that the dialog was opened for
   std::unique_ptr<wizard::frmWizard> dialog_;
   support::Names classNames_;       // full ones
   std::vector<ui::Node*> classes_;  // those that the dialog shows, in the same order

@@ -150,6 +150,11 @@ TEST_CASE("What stands in the folder is checked: names, descriptions, code pages
   WriteFile(work.Kept + "frm Other.json", description);
   check("frm Other.json: the file is called as no form can be");
   std::filesystem::remove(NativePath(work.Kept + "frm Other.json"));
+#ifdef __linux__
+  WriteFile(work.Kept + "FRMPERSON.json", description);
+  check("are one form; give both of its files one spelling");
+  std::filesystem::remove(NativePath(work.Kept + "FRMPERSON.json"));
+#endif
   WriteFile(work.Kept + "frmOther.frm", "");
   check("frmOther.json: the description of a kept form is not there");
   std::filesystem::remove(NativePath(work.Kept + "frmOther.frm"));

@@ -81,3 +81,37 @@ TEST_CASE("An undo that cannot be says of each file what has become of it and wh
   Remove(app + "Project1.undo/0");
   check("Project1.undo: what " + form + " was before is not there any more");
 }
+
+TEST_CASE("What stands in the place of a folder is named before anything is written, and stops nobody who only looks") {
+  Keeper work;
+  work.Property("Name")["Caption"] = "Full name";
+  work.Import();
+  const auto refuses = [&](const Outcome& refused, int status, const std::string& file) {
+    CHECK(refused.Status == status);
+    CHECK_MESSAGE(Has(refused.Error, file + ": this is no folder; "), refused.Error);
+  };
+  Remove(work.Folder / "App/Project1.undo");
+  WriteFile(work.Folder / "App/Project1.undo", "");
+  const auto before = work.Files();
+  refuses(work.Run("update"), 4, "Project1.undo");
+  CHECK(work.Files() == before);
+  CHECK(work.Status()["state"] == json{"outdated"});
+  Remove(work.Folder / "App/Project1.undo");
+  Remove(work.Kept);
+  WriteFile(work.Kept.substr(0, work.Kept.size() - 1), "");
+  refuses(work.Generate({"--keep", work.Folder / "form.json"}), 3, "Project1.forms");
+  CHECK_FALSE(std::filesystem::exists(NativePath(work.Folder / "App/frmPerson2.frm")));
+}
+
+TEST_CASE("A form without a system is made for that of the run, whatever those before it were made for") {
+  Keeper work;
+  json& systems = work.Classes["systems"];
+  systems[1]["classes"] = systems[0]["classes"];
+  work.Import();
+  WriteFile(work.Folder / "form.json", R"([{"class":"Sample.Person","system":"Archive","fields":["Name"]},
+                                           {"class":"Sample.Person","fields":["Name"]}])");
+  CHECK(work.Generate({"--keep", work.Folder / "form.json"}).Status == 0);
+  for (const auto& [form, system] : {std::pair{"frmPerson2", "Archive"}, {"frmPerson3", "Samples"}}) {
+    CHECK(json::parse(ReadFile(work.Kept + form + ".json"))["system"] == system);
+  }
+}

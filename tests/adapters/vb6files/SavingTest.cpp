@@ -364,6 +364,12 @@ TEST_CASE("This machine's files are replaced and brought back, and none of them 
 #endif
   WriteFile(temporary / "kept.json", "mine");
   refuses(undo);
+  // Nothing of a set that cannot be is left in the way of the next one.
+  refuses([&] {
+    ProjectOnDisk other(files, path, {});
+    other.Put(temporary / "kept.json/new.json", "new", std::nullopt);
+    other.Save();
+  });
   WriteFile(temporary / "kept.json", "new");
   undo();
   CHECK(project() == before);
