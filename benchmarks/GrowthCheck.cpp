@@ -110,6 +110,8 @@ const std::vector<Growth> Growths{
     InWindow("dialog-benchmarks", "property list", "a property", Tree),
     InWindow("dialog-benchmarks", "Select All", "a property", Tree),
     InWindow("dialog-benchmarks", "Deselect All", "a property", Tree),
+    InWindow("dictionary-benchmarks", "dictionary", "a class", Tree),
+    InWindow("dictionary-benchmarks", "search", "a class", Tree),
     InWindow("main-window-benchmarks", "components", "a component", Kept),
 };
 

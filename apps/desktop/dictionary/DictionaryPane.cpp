@@ -4,18 +4,31 @@
 #include "apps/desktop/basics/Icons.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QShortcut>
+#include <QStyledItemDelegate>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace formwizard::apps::desktop {
 namespace {
 
 enum Page : int { Browser, Nothing };
-constexpr int IconSide = 16, TypeWidth = 84;
+constexpr int IconSide = 16, TypeWidth = 84, RowHeight = 22;
+
+// All rows have one height, so that none is measured.
+class RowDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+    return {TypeWidth, std::max(RowHeight, option.fontMetrics.height() + 4)};
+  }
+};
 
 }  // namespace
 
@@ -37,6 +50,7 @@ DictionaryPane::DictionaryPane(const Texts& texts, std::function<void()> openDic
   tree_->setModel(model_);
   tree_->setAccessibleName(texts(T::TabDictionary));
   tree_->setHeaderHidden(true);
+  tree_->setItemDelegate(new RowDelegate(tree_));
   tree_->setUniformRowHeights(true);
   tree_->setFrameShape(QFrame::NoFrame);
   tree_->setIconSize({IconSide, IconSide});
@@ -62,21 +76,26 @@ DictionaryPane::DictionaryPane(const Texts& texts, std::function<void()> openDic
   addWidget(browser);
   addWidget(nothing_);
   setFocusProxy(tree_);
-  connect(search_, &QLineEdit::textChanged, this, [this] { Narrow(); });
-  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { ShowButton(); });
-  connect(model_, &QAbstractItemModel::modelReset, this, [this] { ShowButton(); });
-  connect(newForm_, &QPushButton::clicked, this, [this] { NewForm(); });
-  auto* enter = new QShortcut(QKeySequence(Qt::Key_Return), tree_);
-  enter->setContext(Qt::WidgetShortcut);
-  connect(enter, &QShortcut::activated, this, [this] { NewForm(); });
-  connect(&reading_, &QTimer::timeout, this, [this] { SearchOn(); });
+  search_->installEventFilter(this);
+  connect(search_, &QLineEdit::textChanged, model_, &DictionaryModel::Narrow);
+  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { ShowChosen(); });
+  connect(model_, &QAbstractItemModel::modelReset, this, [this] { ShowChosen(); });
+  connect(model_, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex& above) {
+    if (!search_->text().isEmpty() && model_->KindOf(above) <= EntryKind::Package) tree_->expand(above);
+  });
+  model_->OnSearched = [this] { ShowFound(); };
+  connect(newForm_, &QPushButton::clicked, this, [this] { Enter(); });
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* enter = new QShortcut(QKeySequence(key), tree_);
+    enter->setContext(Qt::WidgetShortcut);
+    connect(enter, &QShortcut::activated, this, [this] { Enter(); });
+  }
   Show(nullptr);
 }
 
 void DictionaryPane::Show(wizard::factory::FactoryCreator* dictionary) {
   dictionary_ = dictionary;
   isLoaded_ = false;
-  reading_.stop();
   model_->Show(nullptr);
   search_->clear();
   setCurrentIndex(dictionary ? Browser : Nothing);
@@ -103,44 +122,67 @@ void DictionaryPane::Find() {
   search_->selectAll();
 }
 
-// Names of classes are found at once; the members of all classes are read between what the user does.
-void DictionaryPane::Narrow() {
-  model_->Narrow(search_->text());
+void DictionaryPane::FindNext(bool backwards) {
+  const QModelIndex next =
+      model_->NextFit(tree_->currentIndex().siblingAtColumn(DictionaryModel::NameColumn), backwards);
+  if (!next.isValid()) return Find();
+  tree_->setCurrentIndex(next);
+  tree_->setFocus(Qt::ShortcutFocusReason);
+}
+
+// The first time behind every change of the text, when the model is another one.
+void DictionaryPane::ShowFound() {
+  const bool isFound = model_->rowCount({}) > 0;
   if (search_->text().isEmpty()) {
-    reading_.stop();
     tree_->expandToDepth(0);
-    stack_->setCurrentIndex(0);
-    return;
+  } else if (!isFound) {
+    noEntry_->Say(model_->IsSearching()                ? texts_(T::DictionarySearching)
+                  : !model_->SearchFailure().isEmpty() ? model_->SearchFailure()
+                                                       : texts_(T::DictionaryNothing, search_->text()));
+  } else if (!tree_->isExpanded(model_->index(0, 0, {}))) {
+    tree_->expandToDepth(1);  // systems and packages
   }
-  reading_.start(0);
-  SearchOn();
+  stack_->setCurrentWidget(isFound || search_->text().isEmpty() ? static_cast<QWidget*>(tree_) : noEntry_);
 }
 
-void DictionaryPane::SearchOn() {
-  if (model_->ReadMore()) return;
-  reading_.stop();
-  model_->Narrow(search_->text());
-  constexpr int packages = 1, mostOpened = 200;
-  tree_->expandToDepth(packages - 1);
-  for (int system = 0; system < model_->rowCount({}); ++system) {
-    const QModelIndex above = model_->index(system, 0, {});
-    for (int row = 0; row < std::min(model_->rowCount(above), mostOpened); ++row) {
-      tree_->expand(model_->index(row, 0, above));
-    }
-  }
-  noEntry_->Say(texts_(T::DictionaryNothing, search_->text()));
-  stack_->setCurrentIndex(model_->rowCount({}) == 0 ? 1 : 0);
-}
-
-void DictionaryPane::ShowButton() {
-  const QString name = model_->ClassOf(tree_->currentIndex()).Class;
+void DictionaryPane::ShowChosen() {
+  const QModelIndex current = tree_->currentIndex();
+  const QString name = model_->ClassOf(current).Class;
   newForm_->setVisible(!name.isEmpty());
-  newForm_->setText(texts_(T::DictionaryNewForm, name.section('.', -1)));
+  newForm_->setText(texts_(T::DictionaryNewForm, QString(name.section('.', -1)).replace('&', "&&")));
+  if (current.isValid() && model_->KindOf(current) == EntryKind::More) {
+    QTimer::singleShot(0, model_, [this, row = QPersistentModelIndex(current)] { ShowMore(row); });
+  }
+  OnChosen();
 }
 
-void DictionaryPane::NewForm() {
-  const DictionaryModel::ClassName name = model_->ClassOf(tree_->currentIndex());
+// Who has come to the end of what is shown goes on with the next.
+void DictionaryPane::ShowMore(const QPersistentModelIndex& rest) {
+  const QModelIndex above = rest.parent();
+  const int row = rest.row();
+  if (!rest.isValid() || rest != tree_->currentIndex()) return;
+  model_->ShowMore(rest);
+  tree_->setCurrentIndex(model_->index(row, DictionaryModel::NameColumn, above));
+}
+
+void DictionaryPane::Enter() {
+  const DictionaryModel::ClassName name = Chosen();
   if (!name.Class.isEmpty()) OnNewForm(name);
+}
+
+// From the search box the arrows lead to what was found, and Esc back to all.
+bool DictionaryPane::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QStackedWidget::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Escape && !search_->text().isEmpty()) {
+    search_->clear();
+  } else if (key == Qt::Key_Escape || key == Qt::Key_Down) {
+    if (!tree_->currentIndex().isValid()) tree_->setCurrentIndex(model_->index(0, 0, {}));
+    tree_->setFocus(Qt::OtherFocusReason);
+  } else {
+    return QStackedWidget::eventFilter(watched, event);
+  }
+  return true;
 }
 
 void DictionaryPane::showEvent(QShowEvent* event) {

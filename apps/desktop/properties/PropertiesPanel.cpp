@@ -29,8 +29,9 @@ PropertiesPanel::PropertiesPanel(FormView& form, Texts texts)
       meaning_(new QLabel) {
   objects_->setAccessibleName(texts_(T::PanelObjects));
   objects_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  connect(objects_, &QComboBox::activated, this,
-          [this](int row) { form_.Canvas().Select(objects_->itemData(row).toULongLong()); });
+  connect(objects_, &QComboBox::activated, this, [this](int row) {
+    if (!isOther_) form_.Canvas().Select(objects_->itemData(row).toULongLong());
+  });
 
   table_->setAccessibleName(texts_(T::TabProperties));
   table_->setModel(model_);
@@ -77,10 +78,19 @@ PropertiesPanel::PropertiesPanel(FormView& form, Texts texts)
 
 void PropertiesPanel::ShowSelection() {
   const FormCanvas& canvas = form_.Canvas();
-  if (shownTimes_ != canvas.FormsShown()) ShowObjects();
+  if (isOther_ || shownTimes_ != canvas.FormsShown()) ShowObjects();
+  isOther_ = false;
   shownTimes_ = canvas.FormsShown();
   objects_->setCurrentIndex(objects_->findData(static_cast<qulonglong>(canvas.Selected())));
-  ShowRows();
+  ShowRows(canvas.Places().empty() ? std::vector<PropertyRow>() : PropertiesOf(canvas, canvas.Selected(), texts_));
+}
+
+void PropertiesPanel::ShowOther(const QString& name, const QIcon& icon, std::vector<PropertyRow> rows) {
+  isOther_ = true;
+  objects_->clear();
+  objects_->addItem(icon, name);
+  objects_->setEnabled(true);
+  ShowRows(std::move(rows));
 }
 
 // By name, as one looks for them.
@@ -100,11 +110,10 @@ void PropertiesPanel::ShowObjects() {
   objects_->setEnabled(!names.empty());
 }
 
-void PropertiesPanel::ShowRows() {
-  const FormCanvas& canvas = form_.Canvas();
+void PropertiesPanel::ShowRows(std::vector<PropertyRow> rows) {
   isShowing_ = true;
   const QString title = wantedTitle_, name = wantedName_;
-  model_->Show(canvas.Places().empty() ? std::vector<PropertyRow>() : PropertiesOf(canvas, canvas.Selected(), texts_));
+  model_->Show(std::move(rows));
   table_->clearSpans();
   for (int row = 0; row < model_->rowCount({}); ++row) {
     if (model_->At(row).IsTitle) table_->setSpan(row, 0, 1, 2);
@@ -139,7 +148,8 @@ void PropertiesPanel::CopyValue() {
 
 void PropertiesPanel::Open(const QModelIndex& index) {
   const PropertyRow& row = model_->At(index.row());
-  if (row.IsProcedure && OnProcedureWanted) OnProcedureWanted(row.Value.toStdString());
+  if (row.Leads == LeadsTo::Procedure && OnProcedureWanted) OnProcedureWanted(row.Value.toStdString());
+  if (row.Leads == LeadsTo::Form && OnFormWanted) OnFormWanted(row.Name.toStdString());
 }
 
 // The table would copy what the cell shows, be it the name.

@@ -21,9 +21,14 @@ class PropertiesPanel : public QWidget {
 
   // Called when the user wants to see a procedure: "txtCity_Change".
   std::function<void(const std::string& procedure)> OnProcedureWanted;
+  // The same for a form, by its name.
+  std::function<void(const std::string& form)> OnFormWanted;
 
   // To be called when another control is selected or another form shown. The selected property and the scroll stay.
   void ShowSelection();
+  // Something that is on no form, by its name, until a control is shown again.
+  void ShowOther(const QString& name, const QIcon& icon, std::vector<PropertyRow> rows);
+  bool IsOtherShown() const { return isOther_; }
   // The chosen value, to the clipboard.
   void CopyValue();
 
@@ -32,7 +37,7 @@ class PropertiesPanel : public QWidget {
 
  private:
   void ShowObjects();
-  void ShowRows();
+  void ShowRows(std::vector<PropertyRow> rows);
   void ShowMeaning();
   void Open(const QModelIndex& index);
 
@@ -43,7 +48,7 @@ class PropertiesPanel : public QWidget {
   QTableView* table_;
   QLabel* meaning_;
   int shownTimes_ = -1;  // as the canvas counts them
-  bool isShowing_ = false;
+  bool isShowing_ = false, isOther_ = false;
   // What the user has scrolled to and which row was chosen, also where a control has less.
   int wantedScroll_ = 0;
   QString wantedTitle_, wantedName_;

@@ -101,7 +101,7 @@ void AddProcedures(Rows& rows, const FormCanvas& form, std::size_t index, const 
   const auto [first, last] = form.Origin().Procedures.equal_range(object);
   for (auto procedure = first; procedure != last; ++procedure) {
     const QString event = ShownText(procedure->second);
-    rows.Add({event, ShownText(object) + "_" + event, texts(T::PanelProcedureMeans), false, true});
+    rows.Add({event, ShownText(object) + "_" + event, texts(T::PanelProcedureMeans), false, LeadsTo::Procedure});
   }
 }
 

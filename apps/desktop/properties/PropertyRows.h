@@ -7,15 +7,19 @@
 #include <QString>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace formwizard::apps::desktop {
+
+// What Enter on a row shows.
+enum class LeadsTo : std::uint8_t { Nothing, Procedure, Form };
 
 struct PropertyRow {
   QString Name, Value;
   QString Meaning;       // a sentence
   bool IsTitle = false;  // of a group: it has a name alone
-  bool IsProcedure = false;
+  LeadsTo Leads = LeadsTo::Nothing;
 };
 
 // Of the place with this index: each group with its title first, groups that would be empty left out.

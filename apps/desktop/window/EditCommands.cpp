@@ -8,13 +8,17 @@
 
 namespace formwizard::apps::desktop {
 
-EditCommands::EditCommands(Actions& actions, Panes& panes, CodePane& code, FormView& form, PropertiesPanel& properties)
-    : panes_(panes), code_(code), form_(form), properties_(properties) {
+EditCommands::EditCommands(Actions& actions, Panes& panes, CodePane& code, FormView& form, PropertiesPanel& properties,
+                           DictionaryPane& dictionary)
+    : panes_(panes), code_(code), form_(form), properties_(properties), dictionary_(dictionary) {
   actions.On(Command::Copy, [this] { Copy(); });
   actions.On(Command::SelectAll, [this] { code_.View().selectAll(); });
-  InCode(actions, Command::Find, [this] { code_.Find(); });
-  InCode(actions, Command::FindNext, [this] { code_.FindNext(false); });
-  InCode(actions, Command::FindPrevious, [this] { code_.FindNext(true); });
+  InEither(
+      actions, Command::Find, [this] { dictionary_.Find(); }, [this] { code_.Find(); });
+  InEither(
+      actions, Command::FindNext, [this] { dictionary_.FindNext(false); }, [this] { code_.FindNext(false); });
+  InEither(
+      actions, Command::FindPrevious, [this] { dictionary_.FindNext(true); }, [this] { code_.FindNext(true); });
   InCode(actions, Command::GoToLine, [this] { code_.AskForLine(); });
   WhenSeen(code_.View(), [&actions](bool isSeen) { actions.Enable(Command::SelectAll, isSeen); });
 }
@@ -24,6 +28,21 @@ void EditCommands::InCode(Actions& actions, Command command, std::function<void(
     panes_.Show(Pane::Code);
     action();
   });
+}
+
+void EditCommands::InEither(Actions& actions, Command command, std::function<void()> inDictionary,
+                            std::function<void()> inCode) {
+  actions.On(command, [this, inDictionary = std::move(inDictionary), inCode = std::move(inCode)] {
+    if (IsDictionaryInFront()) return inDictionary();
+    panes_.Show(Pane::Code);
+    inCode();
+  });
+}
+
+// Where the user is, or all that there is to look through.
+bool EditCommands::IsDictionaryInFront() const {
+  if (!dictionary_.isVisible()) return false;
+  return dictionary_.isAncestorOf(QApplication::focusWidget()) || code_.View().document()->isEmpty();
 }
 
 // What has the focus; the picture where nothing else can be copied.

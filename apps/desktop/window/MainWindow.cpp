@@ -43,6 +43,10 @@ MainWindow::MainWindow(EnvironmentOptions options)
   setMinimumSize(Smallest);
   resize(Opens);
   ConnectAddIns(std::move(options));
+  entryProperties_ = std::make_unique<EntryProperties>(texts_, *dictionary_, *properties_, *environment_, *panes_);
+  properties_->OnFormWanted = [this](const std::string& form) {
+    if (tree_->Choose(form)) panes_->Show(Pane::Form);
+  };
   files_ = std::make_unique<Files>(*this, texts_, *environment_, memory_);
   files_->OnProject = [this](const std::string& component) {
     const std::string shown = tree_->Chosen() ? tree_->Chosen()->Name : "";  // the tree forgets it
@@ -54,7 +58,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
   change_ = std::make_unique<ChangeCommand>(*this, texts_, *actions_, *environment_, *files_);
   change_->OnChanged = [this](const std::string& form) { ShowProject(form); };
-  edit_ = std::make_unique<EditCommands>(*actions_, *panes_, *code_, *form_, *properties_);
+  edit_ = std::make_unique<EditCommands>(*actions_, *panes_, *code_, *form_, *properties_, *dictionary_);
   componentCommands_ =
       std::make_unique<ComponentCommands>(*this, texts_, *actions_, *environment_, *files_, *tree_, *form_);
   componentCommands_->OnTakenBack = [this](const std::string& component) { ShowProject(component); };
@@ -72,6 +76,8 @@ MainWindow::MainWindow(EnvironmentOptions options)
 MainWindow::~MainWindow() {
   hide();
   tree_->OnChosen = [] {};
+  entryProperties_.reset();
+  dictionary_->OnChosen = [] {};
   code_->OnPlace = [](const QString&) {};
   dictionary_->Show(nullptr);
 }
@@ -192,6 +198,7 @@ void MainWindow::ShowProject(const std::string& chosen) {
     lastNew_.clear();
     tree_->Clear();
   }
+  entryProperties_->ReadProject();
   ShowState();
 }
 

@@ -14,6 +14,7 @@
 #include "apps/desktop/window/ComponentCommands.h"
 #include "apps/desktop/window/ComponentPages.h"
 #include "apps/desktop/window/EditCommands.h"
+#include "apps/desktop/window/EntryProperties.h"
 #include "apps/desktop/window/Files.h"
 #include "apps/desktop/window/FormCommands.h"
 #include "apps/desktop/window/FormPage.h"
@@ -94,6 +95,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<FormCommands> formCommands_;
   std::unique_ptr<HelpCommands> help_;
   std::unique_ptr<Environment> environment_;
+  std::unique_ptr<EntryProperties> entryProperties_;
   std::unique_ptr<Files> files_;
   std::unique_ptr<ChangeCommand> change_;
   std::unique_ptr<EditCommands> edit_;

@@ -4,9 +4,11 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTimer>
 
 #include <functional>
+#include <sstream>
 #include <stdexcept>
 
 using namespace formwizard;
@@ -80,6 +82,27 @@ TEST_CASE("The dictionary is looked through and searched, and Enter or the butto
       if (shown) shown->done(0);
     }
   };
+  // The keys of a search go through what was found, and Esc leads back to all.
+  tree->setFocus();
+  QTest::keyClick(tree, Qt::Key_F, Qt::ControlModifier);
+  CHECK(search->hasFocus());
+  QTest::keyClicks(search, "name");  // over what stands there
+  CHECK(QTest::qWaitFor([&] { return tree->isVisible() && tree->isExpanded(FindItem(*tree, "Sample")); }));
+  QTest::keyClick(search, Qt::Key_Down);
+  QStringList fits;
+  for (const auto& [key, modifiers] : {std::pair{Qt::Key_F3, Qt::NoModifier}, std::pair{Qt::Key_F3, Qt::NoModifier},
+                                       std::pair{Qt::Key_F3, Qt::ShiftModifier}}) {
+    QTest::keyClick(tree, key, modifiers);
+    fits << tree->currentIndex().data().toString();
+  }
+  CHECK(fits.filter("name", Qt::CaseInsensitive).size() == 3);
+  CHECK((fits[0] == fits[2] && fits[0] != fits[1]));
+  search->setFocus();
+  QTest::keyClick(search, Qt::Key_Escape);
+  CHECK(search->text().isEmpty());
+  QTest::keyClick(search, Qt::Key_Escape);
+  CHECK(tree->hasFocus());
+
   constexpr int tries = 1000;
   tree->setCurrentIndex(FindItem(*tree, "Company", "Sample"));
   tree->setFocus();
@@ -94,4 +117,107 @@ TEST_CASE("The dictionary is looked through and searched, and Enter or the butto
     CHECK(title() == "Ostrel Form Wizard - Step 1 of 6");
     MouseUser().Press(dialog.cmdCancel);
   });
+}
+
+namespace {
+
+// Classes "Big.C10000" and so on, each with a property "Of" and its number, in a file beside others.
+std::string MadeDictionary(const std::string& file, int classes) {
+  std::ostringstream json;
+  json << R"({"systems":[{"name":"Large","connect":"large","classes":[)";
+  for (int i = 10000; i < 10000 + classes; ++i) {
+    json << (i > 10000 ? "," : "") << R"({"Name":"Big.C)" << i << R"(","properties":[{"Name":"Of)" << i << R"("}]})";
+  }
+  json << "]}]}";
+  std::istringstream in(json.str());
+  apps::common::ImportDictionary(in, "made", file);
+  return file;
+}
+
+}  // namespace
+
+TEST_CASE("Of many classes the first are shown and the others when they are wanted; a search finds any of them") {
+  const TemporaryFolder folder;
+  const auto dictionary = apps::common::OpenDictionary(MadeDictionary(folder / "large.sqlite", 2500));
+  const Texts texts;
+  DictionaryPane pane(texts, [] {});
+  pane.Show(dictionary.get());
+  pane.show();
+  auto* tree = pane.findChild<QTreeView*>();
+  auto* search = pane.findChild<QLineEdit*>();
+  const auto& model = dynamic_cast<const DictionaryModel&>(*tree->model());
+  const auto isDone = [&] { return QTest::qWaitFor([&] { return !model.IsBusy(); }); };
+  REQUIRE(isDone());
+  const QModelIndex package = FindItem(*tree, "Big");
+  const auto last = [&] { return model.index(model.rowCount(package) - 1, 0, package).data().toString(); };
+  for (const QString rest : {"1,500 more", "500 more", "C12499"}) {
+    CHECK(last() == rest);
+    tree->setCurrentIndex(model.index(model.rowCount(package) - 1, 0, package));
+    QApplication::processEvents();
+  }
+  CHECK(tree->currentIndex().data() == "C12499");
+
+  struct Case {
+    QString Text;
+    int Classes;
+    QString Last;
+  };
+  for (const Case& c : {Case{"c1", 1000, "C10999"}, Case{"c11", 1000, "C11999"}, Case{"c119", 100, "C11999"},
+                        Case{"c1199", 10, "C11999"}, Case{"of1249", 10, "C12499"}, Case{"of12490", 1, "C12490"},
+                        Case{"of12", 500, "C12499"}, Case{"none", 0, ""}, Case{"", 2500, "C12499"}}) {
+    CAPTURE(c.Text.toStdString());
+    search->setText(c.Text);
+    REQUIRE(isDone());
+    const QModelIndex found = model.index(0, 0, model.index(0, 0, {}));
+    CHECK(model.rowCount(found) == c.Classes);
+    CHECK(model.index(model.rowCount(found) - 1, 0, found).data().toString() == c.Last);
+    CHECK((model.rowCount({}) == 2) == (c.Classes == 1000));  // it says that there are more
+  }
+}
+
+TEST_CASE("What is chosen in the dictionary stands among the properties, with the forms made from it") {
+  DesktopFixture desktop("ENU");
+  desktop.UseWizard([] {
+    MouseUser user;
+    user.Press(WizardDesign().cmdNext);
+    user.GoOnWith(WizardDesign().tvwConnection, "Samples");
+    user.GoOnWith(WizardDesign().tvwClasses, "Person");
+    user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
+    user.Press(WizardDesign().cmdFinish);
+  });
+  desktop.Window->activateWindow();
+  WaitForFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
+  auto* tree = desktop.Window->Dictionary().findChild<QTreeView*>();
+  auto* table = desktop.Window->findChild<QTableView*>();
+  const auto shown = [&] {
+    QStringList rows;
+    for (int row = 0; row < table->model()->rowCount(); ++row) {
+      const QModelIndex index = table->model()->index(row, 0);
+      rows << index.data().toString() + "=" + index.siblingAtColumn(1).data().toString();
+    }
+    return rows.join('\n').toStdString();
+  };
+  const auto choose = [&](const std::string& name, const std::string& above, const std::string& text) {
+    tree->setCurrentIndex(FindItem(*tree, name, above));
+    tree->expand(tree->currentIndex());
+    CHECK(QTest::qWaitFor([&] { return shown().find(text) != std::string::npos; }));
+    return shown();
+  };
+  CHECK(choose("Person", "Sample", "Forms made from it=\nfrmPerson=")
+            .starts_with("In the dictionary=\nName=Sample.Person"));
+  CHECK(choose("Age", "Person", "Type=%Library.Integer").ends_with("Forms made from it=\nfrmPerson="));
+  CHECK(choose("SSN", "Person", "Required=True").find("frmPerson") == std::string::npos);
+  choose("ByName", "Person", "ContainId=1\nColumns=ID, Name");
+  choose("Samples", "", "Connect=");
+  choose("Company", "Sample", "Name=Sample.Company");
+
+  // Enter on a form shows it, and with it its own properties.
+  choose("Person", "Sample", "frmPerson=");
+  desktop.Window->Tree().Choose("Form1");
+  table->setFocus();
+  table->setCurrentIndex(table->model()->index(table->model()->rowCount() - 1, 0));
+  QTest::keyClick(table, Qt::Key_Return);
+  CHECK(desktop.Window->Tree().Chosen()->Name == "frmPerson");
+  CHECK(shown().starts_with("Generated from=\nClass=Sample.Person"));
 }
