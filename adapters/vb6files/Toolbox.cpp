@@ -110,6 +110,12 @@ void Toolbox::ReadEntry(std::string_view raw, int number) {
   entries_.push_back({std::string(progId), std::move(reference)});
 }
 
+std::vector<std::string> Toolbox::ProgIds() const {
+  std::vector<std::string> ids;
+  for (const Entry& entry : entries_) ids.push_back(entry.ProgId);
+  return ids;
+}
+
 ObjectReference Toolbox::Find(std::string_view progId) const {
   for (const Entry& entry : entries_) {
     if (runtime::EqualIgnoringCase(entry.ProgId, progId)) return entry.Reference;

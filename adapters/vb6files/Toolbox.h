@@ -21,6 +21,9 @@ class Toolbox {
   // known.
   ObjectReference Find(std::string_view progId) const;
 
+  // Of the controls that it knows.
+  std::vector<std::string> ProgIds() const;
+
   // An "Object=" value, with the library that it is known to be.
   ObjectReference Parse(std::string_view value) const;
   // The library of a ProgID or class; empty for an unknown one.

@@ -104,6 +104,14 @@ std::string Environment::TakeBack(const std::string& component) {
   return project_->TakeBack(component).value_or("");
 }
 
+std::vector<std::string> Environment::ToolboxControls() const {
+  try {
+    return adapters::vb6files::Toolbox(system::RealFileSystem(), options_.Toolbox).ProgIds();
+  } catch (const support::InputError&) {
+    return {};
+  }
+}
+
 bool Environment::KnowsQueryControl() const {
   try {
     project_->CheckToolboxKnows(generator::ide::Query.ProgId);

@@ -50,6 +50,8 @@ class Environment : public generator::ide::Application {
   const std::string& ToolboxPath() const { return options_.Toolbox; }
   // With which projects are opened.
   adapters::vb6files::ProjectOptions ProjectOptions() const { return {options_.CodePage, options_.Toolbox}; }
+  // The ProgIDs that the toolbox knows; none when it cannot be read any more.
+  std::vector<std::string> ToolboxControls() const;
   // Whether a form that is made can have the query control.
   bool KnowsQueryControl() const;
 

@@ -7,14 +7,16 @@
 #include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
+#include <QLocale>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <exception>
 
 namespace formwizard::apps::desktop {
 namespace {
 
-constexpr int ValueWidth = 250, DialogWidth = 540, StateIcon = 16;
+constexpr int ValueWidth = 250, DialogWidth = 540, StateIcon = 16, SliceMilliseconds = 15;
 
 bool HasProject(const Environment& environment) { return environment.Project() != nullptr; }
 bool HasDictionary(const Environment& environment) { return !environment.DictionaryPath().empty(); }
@@ -23,6 +25,8 @@ bool HasQueryControl(const Environment& environment) {
 }
 
 QString NameOf(const std::string& path) { return QFileInfo(adapters::qt::Text(path)).fileName(); }
+
+QString Counted(auto count) { return QLocale().toString(static_cast<qulonglong>(count)); }
 
 QFont Weighted(QFont font, QFont::Weight weight, double scale = 1) {
   font.setWeight(weight);
@@ -43,7 +47,7 @@ bool NeedsDialog::IsAnythingMissing(const Environment& environment) {
   return !HasDictionary(environment) || !HasQueryControl(environment);
 }
 
-NeedsDialog::NeedsDialog(QWidget& window, const Texts& texts, const Environment& environment, Files& files)
+NeedsDialog::NeedsDialog(QWidget& window, const Texts& texts, Environment& environment, Files& files)
     : QDialog(&window),
       texts_(texts),
       environment_(environment),
@@ -54,6 +58,8 @@ NeedsDialog::NeedsDialog(QWidget& window, const Texts& texts, const Environment&
              {T::NeedsToolbox, HasQueryControl, &NeedsDialog::Toolbox, [](Files& of) { return of.AskForToolbox(); },
               true}},
       continue_(new QPushButton(texts(T::NeedsContinue))) {
+  slices_.setSingleShot(true);
+  connect(&slices_, &QTimer::timeout, this, [this] { CountOn(); });
   setWindowTitle(texts(T::NeedsTitle));
   setMinimumWidth(DialogWidth);
   auto* heading = new QLabel(texts(T::NeedsHeading));
@@ -85,6 +91,7 @@ NeedsDialog::NeedsDialog(QWidget& window, const Texts& texts, const Environment&
   column->addWidget(MadeLine());
   column->addLayout(buttons);
   ShowNeeds();
+  FocusNext();
 }
 
 void NeedsDialog::AddRow(Need& need, QGridLayout& grid, int row) {
@@ -100,6 +107,7 @@ void NeedsDialog::AddRow(Need& need, QGridLayout& grid, int row) {
   connect(need.Button, &QPushButton::clicked, this, [this, choose = need.Choose] {
     choose(files_);
     ShowNeeds();
+    FocusNext();
   });
   grid.addWidget(need.State, row, 0);
   grid.addWidget(label, row, 1);
@@ -107,10 +115,36 @@ void NeedsDialog::AddRow(Need& need, QGridLayout& grid, int row) {
   grid.addWidget(need.Button, row, 3);
 }
 
+bool NeedsDialog::IsThere(const Need& need) const {
+  return need.IsThere(environment_) && (need.Label != T::NeedsDictionary || unreadable_.isEmpty());
+}
+
+void NeedsDialog::BeginCount() {
+  if (environment_.DictionaryPath() == counted_) return;
+  counted_ = environment_.DictionaryPath();
+  unreadable_.clear();
+  count_.reset();
+  try {
+    count_ = std::make_unique<DictionaryCount>(environment_.Factories());
+    slices_.start(0);
+  } catch (const std::exception& failure) {
+    unreadable_ = adapters::qt::Text(failure.what());
+  }
+}
+
+void NeedsDialog::CountOn() {
+  try {
+    if (count_->GoOn(QDeadlineTimer(SliceMilliseconds))) return slices_.start(0);
+  } catch (const std::exception& failure) {
+    unreadable_ = adapters::qt::Text(failure.what());
+  }
+  ShowNeeds();
+}
+
 void NeedsDialog::ShowNeeds() {
-  QWidget* next = nullptr;
+  BeginCount();
   for (Need& need : needs_) {
-    const bool isThere = need.IsThere(environment_);
+    const bool isThere = IsThere(need);
     const QString value = (this->*need.Value)(), state = texts_(isThere ? T::Done : T::Missing);
     need.State->setPixmap(IconNamed(isThere ? "done" : "needed").pixmap(StateIcon, StateIcon));
     need.State->setAccessibleName(state);
@@ -118,26 +152,46 @@ void NeedsDialog::ShowNeeds() {
     need.Button->setAccessibleName(texts_(need.Label).remove('&'));
     need.Button->setAccessibleDescription(state + ": " + value);
     need.Button->setEnabled(!need.NeedsProject || HasProject(environment_));
-    if (!isThere && !next && need.Button->isEnabled()) next = need.Button;
   }
-  const bool isComplete = !IsAnythingMissing(environment_);
+  const bool isComplete = std::ranges::all_of(needs_, [this](const Need& need) { return IsThere(need); });
   continue_->setEnabled(isComplete);
   continue_->setDefault(isComplete);
-  (isComplete || !next ? continue_ : next)->setFocus();
+}
+
+// On to what is still missing.
+void NeedsDialog::FocusNext() {
+  const auto next =
+      std::ranges::find_if(needs_, [this](const Need& need) { return !IsThere(need) && need.Button->isEnabled(); });
+  (next == needs_.end() ? continue_ : next->Button)->setFocus();
 }
 
 QString NeedsDialog::Project() const {
-  return HasProject(environment_) ? NameOf(environment_.Project()->Path()) : texts_(T::NeedsNoProject);
+  if (!HasProject(environment_)) return texts_(T::NeedsNoProject);
+  const auto components = environment_.Project()->Summaries();
+  const auto forms = std::ranges::count_if(components, [](const auto& component) { return component.IsForm; });
+  const QString name = NameOf(environment_.Project()->Path());
+  return forms == 1 ? texts_(T::OneForm, name) : texts_(T::Forms, name, Counted(forms));
 }
 
 QString NeedsDialog::Dictionary() const {
-  return HasDictionary(environment_) ? NameOf(environment_.DictionaryPath()) : texts_(T::NeedsNoDictionary);
+  if (!HasDictionary(environment_)) return texts_(T::NeedsNoDictionary);
+  if (!unreadable_.isEmpty()) return unreadable_;
+  const QString name = NameOf(environment_.DictionaryPath());
+  if (slices_.isActive()) return name;
+  const QString classes =
+      count_->Classes() == 1 ? texts_(T::OneClass, name) : texts_(T::Classes, name, Counted(count_->Classes()));
+  return count_->Systems() == 1 ? classes : texts_(T::InSystems, classes, Counted(count_->Systems()));
 }
 
 QString NeedsDialog::Toolbox() const {
   if (!HasProject(environment_)) return texts_(T::NeedsAfterProject);
   if (!HasQueryControl(environment_)) return texts_(T::NeedsNoToolbox);
-  return environment_.ToolboxPath().empty() ? texts_(T::NeedsInProject) : NameOf(environment_.ToolboxPath());
+  if (environment_.ToolboxPath().empty()) return texts_(T::NeedsInProject);
+  QStringList controls{NameOf(environment_.ToolboxPath())};
+  for (const std::string& progId : environment_.ToolboxControls()) {  // "LIBRARY.Control.1"
+    controls << adapters::qt::Text(progId).section('.', 1, 1);
+  }
+  return controls.join(", ");
 }
 
 }  // namespace formwizard::apps::desktop

@@ -1,16 +1,20 @@
-// What the wizard needs before it opens: a project, a dictionary, and the query control for the form.
+// What the wizard needs before it opens: a project, a dictionary, and the query control for the form; and what was
+// found in each.
 #pragma once
 
 #include "apps/desktop/Environment.h"
 #include "apps/desktop/basics/Texts.h"
+#include "apps/desktop/dictionary/DictionaryCount.h"
 #include "apps/desktop/window/Files.h"
 
 #include <QDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 
-#include <functional>
+#include <memory>
+#include <string>
 #include <vector>
 
 namespace formwizard::apps::desktop {
@@ -18,7 +22,7 @@ namespace formwizard::apps::desktop {
 class NeedsDialog : public QDialog {
  public:
   // All must outlive this object. It is accepted when nothing is missing any more.
-  NeedsDialog(QWidget& window, const Texts& texts, const Environment& environment, Files& files);
+  NeedsDialog(QWidget& window, const Texts& texts, Environment& environment, Files& files);
 
   static bool IsAnythingMissing(const Environment& environment);
 
@@ -33,17 +37,25 @@ class NeedsDialog : public QDialog {
     QPushButton* Button = nullptr;
   };
 
+  bool IsThere(const Need& need) const;
+  void BeginCount();
+  void CountOn();
   void AddRow(Need& need, QGridLayout& grid, int row);
   void ShowNeeds();
+  void FocusNext();
   QString Project() const;
   QString Dictionary() const;
   QString Toolbox() const;
 
   const Texts& texts_;
-  const Environment& environment_;
+  Environment& environment_;
   Files& files_;
   std::vector<Need> needs_;
   QPushButton* continue_;
+  std::string counted_;  // the dictionary, by its path
+  std::unique_ptr<DictionaryCount> count_;
+  QString unreadable_;  // why the dictionary is
+  QTimer slices_;
 };
 
 }  // namespace formwizard::apps::desktop

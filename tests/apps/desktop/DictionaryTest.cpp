@@ -136,7 +136,7 @@ std::string MadeDictionary(const std::string& file, int classes) {
 
 }  // namespace
 
-TEST_CASE("Of many classes the first are shown and the others when they are wanted; a search finds any of them") {
+TEST_CASE("Of many classes the first are shown and the others when they are wanted, and a search finds any of them") {
   const TemporaryFolder folder;
   const auto dictionary = apps::common::OpenDictionary(MadeDictionary(folder / "large.sqlite", 2500));
   const Texts texts;

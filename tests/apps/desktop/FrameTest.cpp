@@ -88,6 +88,12 @@ TEST_CASE("The wizard's command asks by keyboard for what is missing, and rememb
     }
     WaitForFocus();
     CHECK(go->hasFocus());
+    const auto labels = needs->findChildren<QLabel*>();
+    for (const QString found :
+         {"Lending.vbp, 6 forms", "dictionary.json, 6 classes in 2 systems", "toolbox.ini, OstrelQueryCtrl"}) {
+      CAPTURE(found.toStdString());
+      CHECK(QTest::qWaitFor([&] { return std::ranges::count(labels, found, &QLabel::text) == 1; }));
+    }
     DesktopFixture::WhenShown(leaveWizard);
     Strike(Qt::Key_O, Qt::AltModifier);
     CHECK(QTest::qWaitFor([needs] { return !needs->isVisible(); }));  // a button is shown pressed for a while
