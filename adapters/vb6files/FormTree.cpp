@@ -68,38 +68,59 @@ std::optional<std::string> ReadList(RecordReader& record) {
   return lines;
 }
 
+// Controls that are none of the environment's own have other records, which are left to be read.
+std::optional<std::string> ReadPicture(RecordReader& record) {
+  RecordReader ahead = record;
+  const std::optional<std::size_t> size = ahead.Number(4);
+  if (ahead.Bytes(4) != std::string_view("lt\0\0", 4)) return std::nullopt;
+  const std::optional<std::size_t> length = ahead.Number(4);
+  const auto bytes = ahead.Bytes(length);
+  if (!size || !bytes || *size != *length + 8) return std::nullopt;
+  record = ahead;
+  return std::string(*bytes);
+}
+
 struct RecordShape {
   std::string_view Property;
   std::optional<std::string> (*Read)(RecordReader& record);
 };
 constexpr std::array Shapes{RecordShape{"Text", ReadMultiLineText}, RecordShape{"List", ReadList},
                             RecordShape{"ItemData", ReadList}};
+constexpr std::array<std::string_view, 2> Pictures{"Picture", "Icon"};
 
 // The companion file. The records are read once and in their order, which is that of the references.
 class Companion {
  public:
   explicit Companion(std::string_view frx) : frx_(frx) {}
 
-  // `value` as it stands behind the "=". Nothing when it does not refer to a text that is there.
+  // `value` as it stands behind the "=". Nothing when it does not refer to a text or a picture that is there.
   std::optional<std::string> TextFor(std::string_view property, std::string_view value) {
+    if (value.starts_with('$')) return Record(value, ReadString);
+    const auto shape = std::ranges::find_if(
+        Shapes, [&](const RecordShape& s) { return runtime::EqualIgnoringCase(s.Property, property); });
+    return shape == Shapes.end() ? std::nullopt : Record(value, shape->Read);
+  }
+  std::optional<std::string> PictureFor(std::string_view property, std::string_view value) {
+    const bool isPicture = std::ranges::any_of(
+        Pictures, [&](std::string_view name) { return runtime::EqualIgnoringCase(name, property); });
+    return isPicture ? Record(value, ReadPicture) : std::nullopt;
+  }
+
+ private:
+  std::optional<std::string> Record(std::string_view value, std::optional<std::string> (*read)(RecordReader& record)) {
     constexpr std::string_view mark = ".frx\":";
-    const bool isString = value.starts_with('$');
     const std::size_t at = value.find(mark);
     if (at == std::string_view::npos) return std::nullopt;
     std::size_t offset = 0;
     const std::string_view digits = value.substr(at + mark.size());
     const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), offset, 16).ptr;
     if (digits.empty() || end != digits.data() + digits.size() || offset < read_ || offset > frx_.size()) return {};
-    const auto shape = std::ranges::find_if(
-        Shapes, [&](const RecordShape& s) { return runtime::EqualIgnoringCase(s.Property, property); });
-    if (!isString && shape == Shapes.end()) return std::nullopt;
     RecordReader record(frx_.substr(offset));
-    std::optional<std::string> text = isString ? ReadString(record) : shape->Read(record);
+    std::optional<std::string> content = read(record);
     read_ = frx_.size() - record.Rest().size();
-    return text;
+    return content;
   }
 
- private:
   std::string_view frx_;
   std::size_t read_ = 0;
 };
@@ -145,6 +166,9 @@ class TreeReader {
     if (lines_.StartsWith("BeginProperty")) return ReadGroup(node, group, depth + 1);
     if (Trimmed(lines_.Line()).empty()) return;
     const PropertyLine line = lines_.Property();
+    if (auto picture = companion_.PictureFor(line.Name, line.Value)) {
+      node.Pictures.push_back({codePage_.Decode(group + std::string(line.Name)), *std::move(picture)});
+    }
     node.Properties.push_back(
         {codePage_.Decode(group + std::string(line.Name)), codePage_.Decode(ValueOf(line.Name, line.Value))});
   }

@@ -16,12 +16,18 @@ struct NodeProperty {
   std::string Name, Value;
 };
 
+// A picture that the companion file holds, as the bytes of the file that it was made from.
+struct NodePicture {
+  std::string Property, Bytes;
+};
+
 struct FormNode {
   std::string Class;  // "VB.Label"
   std::string Name;
   // In file order. A text that the companion file holds stands here itself, the items of a list one a line (CRLF); what
   // is no text there, such as a picture, keeps its reference: "frmX.frx":0000.
   std::vector<NodeProperty> Properties;
+  std::vector<NodePicture> Pictures;
   std::vector<FormNode> Children;  // in file order: in each layer the front of the z-order first, menus last
 
   // Names in any letter case. Null when the file does not have the property.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -52,6 +53,10 @@ void DrawArrow(QPainter& painter, const QRect& place, Direction direction, const
 }
 
 }  // namespace
+
+int PixelsOfHimetric(double himetric) {
+  return static_cast<int>(std::lround(std::clamp(himetric, 0.0, 100000.0) * 96 / 2540));
+}
 
 QColor ColorOf(std::uint32_t value) {
   if ((value & 0x80000000) == 0) {

@@ -12,6 +12,9 @@
 
 namespace formwizard::apps::desktop {
 
+// ActiveX controls measure themselves in hundredths of a millimetre.
+int PixelsOfHimetric(double himetric);
+
 // Colours as forms write them: with the highest bit, the number of a system colour, else blue, green, red.
 namespace color {
 constexpr std::uint32_t Window = 0x80000005, WindowText = 0x80000008, MenuText = 0x80000007, TitleText = 0x80000009,

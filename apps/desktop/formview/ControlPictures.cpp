@@ -1,6 +1,7 @@
 #include "apps/desktop/formview/ControlPictures.h"
 
 #include "apps/desktop/formview/ClassicLook.h"
+#include "apps/desktop/formview/CommonControls.h"
 #include "apps/desktop/formview/ShapePictures.h"
 #include "apps/desktop/formview/TabPictures.h"
 #include "apps/desktop/formview/TextLayout.h"
@@ -108,6 +109,11 @@ void DrawListBox(QPainter& painter, const FormNode& control, const QRect& place)
            control, color::WindowText);
 }
 
+// Of a graphical button that can be checked.
+bool IsPressed(const FormNode& control) {
+  return !runtime::EqualIgnoringCase(control.Class, "VB.CommandButton") && control.Flag("Value");
+}
+
 void DrawCommandButton(QPainter& painter, const FormNode& control, const QRect& place) {
   QRect button = place;
   if (control.Flag("Default")) {
@@ -115,7 +121,8 @@ void DrawCommandButton(QPainter& painter, const FormNode& control, const QRect& 
     button = Inside(place, 1);
   }
   painter.fillRect(button, control.Flag("Style") ? ColorOf(control, "BackColor", color::Face) : ColorOf(color::Face));
-  DrawEdge(painter, button, Edge::Raised);
+  DrawEdge(painter, button, IsPressed(control) ? Edge::Sunken : Edge::Raised);
+  if (IsGraphicalButton(control) && !control.Pictures.empty()) return;  // the caption stands below the picture
   DrawText(painter, Inside(button, 3), Qt::AlignCenter | Qt::TextWordWrap | WithAccessKey, control.Text("Caption"),
            control, color::ButtonText);
 }
@@ -178,6 +185,7 @@ void DrawMarkCaption(QPainter& painter, const FormNode& control, const QRect& pl
 }
 
 void DrawCheckBox(QPainter& painter, const FormNode& control, const QRect& place) {
+  if (IsGraphicalButton(control)) return DrawCommandButton(painter, control, place);
   painter.fillRect(place, ColorOf(control, "BackColor", color::Face));
   QRect box;
   DrawMarkCaption(painter, control, SplitCaption(control, place, box));
@@ -191,6 +199,7 @@ void DrawCheckBox(QPainter& painter, const FormNode& control, const QRect& place
 }
 
 void DrawOptionButton(QPainter& painter, const FormNode& control, const QRect& place) {
+  if (IsGraphicalButton(control)) return DrawCommandButton(painter, control, place);
   painter.fillRect(place, ColorOf(control, "BackColor", color::Face));
   QRect circle;
   DrawMarkCaption(painter, control, SplitCaption(control, place, circle));
@@ -246,6 +255,28 @@ constexpr std::array Looks{
     Look{"MSComctlLib.TabStrip", DrawTabStrip, Layer::Focusable},
     Look{"ComctlLib.TabStrip", DrawTabStrip, Layer::Focusable},
     Look{generator::ide::ListView.Class, DrawListView, Layer::Focusable},
+    Look{"ComctlLib.ListView", DrawListView, Layer::Focusable},
+    Look{"MSComctlLib.TreeView", DrawListBox, Layer::Focusable},
+    Look{"ComctlLib.TreeView", DrawListBox, Layer::Focusable},
+    Look{"RichTextLib.RichTextBox", DrawTextBox, Layer::Focusable},
+    Look{"MSMask.MaskEdBox", DrawTextBox, Layer::Focusable},
+    Look{"MSComctlLib.ImageCombo", DrawComboBox, Layer::Focusable},
+    Look{"MSComCtl2.DTPicker", DrawComboBox, Layer::Focusable},
+    Look{"MSDataListLib.DataCombo", DrawComboBox, Layer::Focusable},
+    Look{"MSDataListLib.DataList", DrawListBox, Layer::Focusable},
+    Look{"MSComctlLib.Toolbar", DrawToolbar, Layer::Windowed},
+    Look{"ComctlLib.Toolbar", DrawToolbar, Layer::Windowed},
+    Look{"MSComctlLib.StatusBar", DrawStatusBar, Layer::Windowed},
+    Look{"ComctlLib.StatusBar", DrawStatusBar, Layer::Windowed},
+    Look{"MSComctlLib.ProgressBar", DrawProgressBar, Layer::Windowed},
+    Look{"ComctlLib.ProgressBar", DrawProgressBar, Layer::Windowed},
+    Look{"MSComctlLib.Slider", DrawSlider, Layer::Focusable},
+    Look{"ComctlLib.Slider", DrawSlider, Layer::Focusable},
+    Look{"MSComCtl2.UpDown", DrawUpDown, Layer::Windowed},
+    Look{"ComCtl2.UpDown", DrawUpDown, Layer::Windowed},
+    Look{"MSFlexGridLib.MSFlexGrid", DrawGrid, Layer::Focusable},
+    Look{"MSHierarchicalFlexGridLib.MSHFlexGrid", DrawGrid, Layer::Focusable},
+    Look{"MSDataGridLib.DataGrid", DrawGrid, Layer::Focusable},
 };
 constexpr Look AnyOther{"", DrawNamedBox, Layer::Focusable};
 
@@ -272,6 +303,13 @@ bool TakesFocus(const FormNode& control) {
 }
 
 bool IsLightweight(const FormNode& control) { return IsLine(control) || LookOf(control).OnLayer == Layer::Lightweight; }
+
+bool IsGraphicalButton(const FormNode& control) {
+  constexpr std::array<std::string_view, 3> classes{"VB.CommandButton", "VB.CheckBox", "VB.OptionButton"};
+  return control.Flag("Style") && std::ranges::any_of(classes, [&](std::string_view name) {
+           return runtime::EqualIgnoringCase(name, control.Class);
+         });
+}
 
 bool IsBorderlessLabel(const FormNode& control) {
   return runtime::EqualIgnoringCase(control.Class, "VB.Label") && !control.Flag("BorderStyle");

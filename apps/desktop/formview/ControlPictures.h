@@ -20,6 +20,9 @@ bool TakesFocus(const adapters::vb6files::FormNode& control);
 // Drawn on its container, behind every control that is a window.
 bool IsLightweight(const adapters::vb6files::FormNode& control);
 
+// A button that shows its picture, also where it can be checked.
+bool IsGraphicalButton(const adapters::vb6files::FormNode& control);
+
 // Of which only the text is seen.
 bool IsBorderlessLabel(const adapters::vb6files::FormNode& control);
 

@@ -35,13 +35,17 @@ bool IsSame(const FormNode& a, const FormNode& b) { return a.Name == b.Name && a
 
 }  // namespace
 
-FormCanvas::FormCanvas(Texts texts) : texts_(std::move(texts)), accessible_(*this) { setFocusPolicy(Qt::StrongFocus); }
+FormCanvas::FormCanvas(Texts texts) : texts_(std::move(texts)), accessible_(*this) {
+  setFocusPolicy(Qt::StrongFocus);
+  options_.Pictures = &pictures_;
+}
 
 void FormCanvas::SetForm(std::optional<FormTree> form) {
   accessible_.Forget();
   // Controls stay where they are in memory when the form around them moves.
   const std::optional<FormTree> before = std::exchange(form_, std::move(form));
   const FormNode* was = before && selected_ > 0 ? places_[selected_].Node : nullptr;
+  pictures_ = form_ ? StoredPictures(form_->Form) : StoredPictures();
   places_ = form_ ? PlacesOf(form_->Form) : std::vector<PlacedNode>();
   labels_ = LabelsOf(places_);
   origin_ = form_ ? OriginOf(form_->Code) : FormOrigin();

@@ -7,6 +7,7 @@
 #include "apps/desktop/formview/ControlOrigins.h"
 #include "apps/desktop/formview/FormPicture.h"
 #include "apps/desktop/formview/FormPlaces.h"
+#include "apps/desktop/formview/StoredPictures.h"
 
 #include <QString>
 #include <QWidget>
@@ -79,6 +80,7 @@ class FormCanvas : public QWidget {
   std::vector<PlacedNode> places_;
   std::vector<std::size_t> labels_;  // by index into the places
   std::size_t selected_ = 0;
+  StoredPictures pictures_;
   PictureOptions options_;
   bool framesOnly_ = false;
   AccessibleControls accessible_;

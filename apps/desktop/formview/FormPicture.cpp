@@ -4,12 +4,14 @@
 #include "apps/desktop/formview/ControlPictures.h"
 #include "apps/desktop/formview/FormPlaces.h"
 #include "apps/desktop/formview/ShapePictures.h"
+#include "apps/desktop/formview/StoredPictures.h"
 #include "apps/desktop/formview/TextLayout.h"
 
 #include <QLinearGradient>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <vector>
 
 namespace formwizard::apps::desktop {
@@ -60,7 +62,7 @@ void DrawWindowIcon(QPainter& painter, const QRect& place) {
   DrawFrame(painter, sheet, ColorOf(color::WindowText));
 }
 
-void DrawTitleBar(QPainter& painter, const FormNode& form, const QRect& place) {
+void DrawTitleBar(QPainter& painter, const FormNode& form, const QRect& place, const StoredPictures& pictures) {
   if (place.isEmpty()) return;
   const QRect bar = place.adjusted(0, 0, 0, -1);
   QLinearGradient shade(bar.topLeft(), bar.topRight());
@@ -71,7 +73,12 @@ void DrawTitleBar(QPainter& painter, const FormNode& form, const QRect& place) {
   if (form.Flag("ControlBox", true)) {
     text.setRight(DrawTitleButtons(painter, form, place) - 2);
     if (IsFullWindow(form)) {
-      DrawWindowIcon(painter, QRect(bar.left() + 2, bar.top() + 1, IconSize, IconSize));
+      const QRect icon(bar.left() + 2, bar.top() + 1, IconSize, IconSize);
+      if (const QImage* stored = pictures.Find(form, "Icon")) {
+        painter.drawImage(icon, stored->scaled(icon.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+      } else {
+        DrawWindowIcon(painter, icon);
+      }
       text.setLeft(bar.left() + 2 + IconSize + 2);
     }
   }
@@ -91,7 +98,8 @@ void DrawMenuBar(QPainter& painter, const FormNode& form, const QRect& bar) {
 // Draws the controls and remembers where the tab key stops.
 class ControlPainter {
  public:
-  ControlPainter(QPainter& painter, const PictureOptions& options) : painter_(painter), options_(options) {}
+  ControlPainter(QPainter& painter, const PictureOptions& options, const StoredPictures& pictures)
+      : painter_(painter), options_(options), pictures_(pictures) {}
 
   void DrawOn(const FormNode& container, const QRect& client) {
     painter_.save();
@@ -130,6 +138,7 @@ class ControlPainter {
     painter_.save();
     painter_.setClipRect(place, Qt::IntersectClip);
     DrawControl(painter_, control, place);
+    DrawStoredPicture(painter_, control, InsideOf(control, place), pictures_);
     if (options_.OutlineLabels && IsBorderlessLabel(control)) {
       painter_.setPen(QPen(ColorOf(color::Shadow), 1, Qt::DotLine));
       painter_.setBrush(Qt::NoBrush);
@@ -142,6 +151,7 @@ class ControlPainter {
 
   QPainter& painter_;
   const PictureOptions& options_;
+  const StoredPictures& pictures_;
   std::vector<Stop> stops_;
 };
 
@@ -163,10 +173,14 @@ void DrawForm(QPainter& painter, const FormNode& form, const PictureOptions& opt
   painter.scale(scale, scale);
   painter.fillRect(window.Outer, ColorOf(color::Face));
   if (BorderOfWindow(form) > 0) DrawEdge(painter, window.Outer, Edge::Raised);
-  DrawTitleBar(painter, form, window.Caption);
+  const std::optional<StoredPictures> read =
+      options.Pictures ? std::nullopt : std::optional<StoredPictures>(std::in_place, form);
+  const StoredPictures& pictures = options.Pictures ? *options.Pictures : *read;
+  DrawTitleBar(painter, form, window.Caption, pictures);
   DrawMenuBar(painter, form, window.MenuBar);
   painter.fillRect(window.Client, ColorOf(form, "BackColor", color::Face));
-  ControlPainter controls(painter, options);
+  DrawStoredPicture(painter, form, window.Client, pictures);
+  ControlPainter controls(painter, options, pictures);
   controls.DrawOn(form, window.Client);
   if (options.ShowTabOrder) controls.DrawTabOrder();
   painter.restore();

@@ -11,11 +11,14 @@ namespace formwizard::apps::desktop {
 
 constexpr int LargestSide = 16384;  // pixels
 
+class StoredPictures;
+
 struct PictureOptions {
   double Scale = 1;  // device pixels a pixel at 96 dots per inch
   bool ShowTabOrder = false;
-  bool ShowInvisible = false;  // also what is invisible at run time, such as dialogs
-  bool OutlineLabels = false;  // those that have no border
+  bool ShowInvisible = false;                // also what is invisible at run time, such as dialogs
+  bool OutlineLabels = false;                // those that have no border
+  const StoredPictures* Pictures = nullptr;  // of the form; null: they are read anew
 };
 
 // With the window's frame, title bar and menu bar. A form too large for memory is as if drawn at a smaller scale.

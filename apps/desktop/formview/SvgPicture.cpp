@@ -1,5 +1,6 @@
 #include "apps/desktop/formview/SvgPicture.h"
 
+#include <QBuffer>
 #include <QFont>
 #include <QLinearGradient>
 #include <QPaintEngine>
@@ -154,8 +155,19 @@ class SvgPicture::Engine : public QPaintEngine {
     xml_.writeEndElement();
   }
 
-  void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {
-    throw std::logic_error("an SVG picture has areas, lines and texts only");
+  // The whole image, whatever the part that is asked for.
+  void drawImage(const QRectF& place, const QImage& image, const QRectF&, Qt::ImageConversionFlags) override {
+    if (!OpenGroup()) return;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "PNG");
+    xml_.writeEmptyElement("image");
+    Write(PlaceOf(place));
+    Write(
+        {{"preserveAspectRatio", "none"}, {"href", "data:image/png;base64," + QString::fromLatin1(bytes.toBase64())}});
+  }
+  void drawPixmap(const QRectF& place, const QPixmap& pixmap, const QRectF& part) override {
+    drawImage(place, pixmap.toImage(), part, Qt::AutoColor);
   }
 
  private:

@@ -4,7 +4,6 @@
 #include "apps/desktop/formview/TextLayout.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -16,9 +15,6 @@ using adapters::vb6files::FormNode;
 constexpr int MostTabs = 200;
 constexpr int Standout = 2;  // pixels by which the tab in front is larger on each side
 constexpr int CaptionMargin = 6;
-
-// ActiveX controls measure themselves in hundredths of a millimetre.
-int Pixels(double himetric) { return static_cast<int>(std::lround(std::clamp(himetric, 0.0, 100000.0) * 96 / 2540)); }
 
 struct Tab {
   std::string Caption;
@@ -42,10 +38,11 @@ void DrawTab(QPainter& painter, const FormNode& control, const Tab& tab, bool at
   painter.fillRect(body, ColorOf(color::Face));
   DrawEdge(painter, body, Edge::Raised);
   // In the font of the control and the colour of buttons.
-  FormNode text{control.Class, control.Name, control.Properties, {}};
+  FormNode text{control.Class, control.Name, control.Properties, {}, {}};
   std::erase_if(text.Properties, [](const auto& property) { return property.Name == "ForeColor"; });
-  DrawText(painter, tab.Place, Qt::AlignCenter | Qt::TextSingleLine | WithAccessKey, tab.Caption, text,
-           color::ButtonText);
+  const int wrap = text.Flag("WordWrap", true) && tab.Place.height() >= 2 * HeightOfLine(text) ? Qt::TextWordWrap
+                                                                                               : Qt::TextSingleLine;
+  DrawText(painter, tab.Place, Qt::AlignCenter | wrap | WithAccessKey, tab.Caption, text, color::ButtonText);
   painter.restore();
 }
 
@@ -94,7 +91,7 @@ std::vector<Tab> PagedTabs(const FormNode& control, const QRect& place, int heig
 void DrawPagedTabs(QPainter& painter, const FormNode& control, const QRect& place) {
   constexpr double bottom = 1, usualHeight = 529;
   const bool atBottom = control.Number("TabOrientation") == bottom;
-  const int height = std::max(Pixels(control.Number("TabHeight", usualHeight)), Standout + 1);
+  const int height = std::max(PixelsOfHimetric(control.Number("TabHeight", usualHeight)), Standout + 1);
   painter.fillRect(place, ColorOf(control, "BackColor", color::Face));
   const std::vector<Tab> tabs = PagedTabs(control, place, height, atBottom);
   QRect page = place;
@@ -111,14 +108,14 @@ void DrawTabStrip(QPainter& painter, const FormNode& control, const QRect& place
   const bool atBottom = control.Number("Placement") == bottom;
   const bool isFixed = control.Number("TabWidthStyle") == fixed;
   int height = HeightOfLine(control) + 7;
-  if (isFixed && control.Find("TabFixedHeight")) height = Pixels(control.Number("TabFixedHeight"));
+  if (isFixed && control.Find("TabFixedHeight")) height = PixelsOfHimetric(control.Number("TabFixedHeight"));
   std::vector<Tab> tabs;
   const int count = static_cast<int>(std::clamp(control.Number("Tabs.NumTabs", 1), 1.0, double{MostTabs}));
   int left = place.left() + Standout;
   for (int i = 1; i <= count; ++i) {
     Tab tab{control.Text("Tabs.Tab" + std::to_string(i) + ".Caption"), {}, i == 1};
     int width = std::max(WidthOf(control, tab.Caption), least);
-    if (isFixed && control.Find("TabFixedWidth")) width = Pixels(control.Number("TabFixedWidth"));
+    if (isFixed && control.Find("TabFixedWidth")) width = PixelsOfHimetric(control.Number("TabFixedWidth"));
     tab.Place = QRect(left, atBottom ? place.bottom() + 1 - height : place.top() + Standout, width, height);
     left += width;
     tabs.push_back(std::move(tab));

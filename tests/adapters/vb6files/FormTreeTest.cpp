@@ -94,6 +94,7 @@ TEST_CASE("Texts of the companion file stand in the tree, what is none keeps its
            frx.Bytes().substr(0, frx.Bytes().size() - 1));
   CHECK(form.Text("Text") == "one\r\ntwo");
   CHECK(form.Text("Icon") == icon);
+  CHECK(form.Pictures.at(0).Bytes == "ICO");
   CHECK(form.Text("Caption") == "with a\ttab");
   CHECK(form.Children[0].Text("Text") == std::string(300, 'x'));
   CHECK(form.Children[1].Text("List") == "first\r\nz");

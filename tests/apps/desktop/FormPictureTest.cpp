@@ -2,9 +2,11 @@
 
 #include "apps/common/Endings.h"
 #include "apps/desktop/formview/PictureFile.h"
+#include "apps/desktop/formview/SvgPicture.h"
 #include "support/Failures.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <QBuffer>
 #include <QImageReader>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
@@ -20,11 +22,11 @@ const std::string Foot = "End\nAttribute VB_Name = \"F\"\nAttribute VB_Exposed =
 constexpr QRgb White = 0xFFFFFFFF, Face = 0xFFD4D0C8, Navy = 0xFF000080;
 
 // A form of 200 x 100 pixels without a border.
-FormNode Form(const std::string& lines) {
+FormNode Form(const std::string& lines, const std::string& frx = "") {
   return ReadFormTree(
              "x.frm",
              "VERSION 5.00\nBegin VB.Form F\nBorderStyle = 0\nClientWidth = 3000\nClientHeight = 1500\n" + lines + Foot,
-             "", system::CodePage(1252))
+             frx, system::CodePage(1252))
       .Form;
 }
 
@@ -180,6 +182,72 @@ TEST_CASE("A text has the lines and the width that the environment gives it, wha
     CHECK(lines.size() == c.lines);
   }
   CHECK(picture(90, "0") == picture(150, "0"));  // nothing is cut off
+}
+
+TEST_CASE("A picture of the companion file stands on its control, at the corner, stretched or above the caption") {
+  QImage stored(10, 6, QImage::Format_RGB32);
+  stored.fill(YellowPixel);
+  QBuffer bytes;
+  CHECK(stored.save(&bytes, "BMP"));
+  const auto record = [](const std::string& file, std::size_t more) {
+    std::string frx;
+    for (const std::size_t number : {file.size() + more, std::size_t{0x746C}, file.size()}) {
+      for (int shift = 0; shift < 32; shift += 8) frx += static_cast<char>(number >> shift);
+    }
+    return frx + file;
+  };
+  const std::string bmp = bytes.data().toStdString(), good = record(bmp, 8), at = "Picture = \"x.frx\":0000\n";
+  struct Case {
+    std::string Lines, Frx;
+    QRect Seen;
+  };
+  for (const Case& c :
+       {Case{at, good, {0, 0, 10, 6}}, Case{Control("VB.PictureBox", {20, 30, 50, 40}, at), good, {22, 32, 10, 6}},
+        Case{Control("VB.PictureBox", {20, 30, 9, 40}, at), good, {22, 32, 5, 6}},
+        Case{Control("VB.Image", {20, 30, 50, 40}, at), good, {20, 30, 10, 6}},
+        Case{Control("VB.Image", {20, 30, 50, 40}, at + "Stretch=-1\n"), good, {20, 30, 50, 40}},
+        Case{Control("VB.CommandButton", {20, 30, 50, 40}, at), good, {}},
+        Case{Control("VB.CommandButton", {20, 30, 50, 40}, at + "Style=1\n"), good, {40, 47, 10, 6}},
+        Case{Control("VB.CheckBox", {20, 30, 50, 40}, at + "Style=1\nCaption=\"x\"\n"), good, {40, 40, 10, 6}},
+        Case{at, record(bmp, 9), {}}, Case{at, good.substr(0, 60), {}}, Case{at, record("no picture", 8), {}}}) {
+    CAPTURE(c.Lines);
+    CHECK(AreaOf(PictureOf(Form(c.Lines, c.Frx), 1, false), YellowPixel) == c.Seen);
+  }
+  const FormNode form = Form(at, good);
+  SvgPicture svg(PictureSize(form, 1), "");
+  QPainter painter(&svg);
+  DrawForm(painter, form, {});
+  painter.end();
+  CHECK(svg.Document().contains("<image x=\"0\" y=\"0\" width=\"10\" height=\"6\""));
+}
+
+TEST_CASE("Common controls and grids have the parts that the file tells of") {
+  constexpr QRgb shadow = 0xFF808080;
+  const auto part = [](const std::string& group, const std::string& lines) {
+    return "BeginProperty " + group + "\n" + lines + "EndProperty\n";
+  };
+  // Two columns and a row are fixed.
+  CHECK(AreaOf(Picture(Control("MSFlexGridLib.MSFlexGrid", {0, 10, 200, 80}, "Rows=3\nCols=3\nFixedCols=2\n" + Yellow)),
+               YellowPixel) == QRect(130, 28, 63, 31));
+  // A panel that takes what the other leaves of 198 pixels; 1270 hundredths of a millimetre are 48 of them.
+  const std::string panels =
+      part("Panels", "NumPanels=2\n" + part("Panel1", "AutoSize=1\n") + part("Panel2", "Object.Width=1270\n"));
+  const QImage status = Picture(Control("MSComctlLib.StatusBar", {0, 50, 200, 20}, panels));
+  CHECK(AreaOf(status.copy(2, 60, 198, 1), shadow) == QRect(148, 0, 1, 1));
+  // A button, a separator of 8 pixels and a pressed button behind it.
+  const std::string buttons = part(
+      "Buttons", "NumButtons=3\n" + part("Button1", "") + part("Button2", "Style=3\n") + part("Button3", "Value=1\n"));
+  const QImage bar = Picture(Control("MSComctlLib.Toolbar", {0, 0, 200, 30}, buttons));
+  CHECK(AreaOf(bar.copy(0, 12, 200, 1), White) == QRect(0, 0, 54, 1));
+  CHECK(AreaOf(bar.copy(0, 12, 200, 1), shadow) == QRect(22, 0, 10, 1));
+  const auto tabs = [&](const std::string& more) {
+    return AreaOf(Picture(Control(
+                      "TabDlg.SSTab", {0, 0, 120, 90},
+                      "TabHeight=1587\nTabCaption(0)=\"Some Words\"\n" + more + part("Font", "Weight=700\nSize=12\n"))),
+                  0xFF000000)
+        .height();
+  };
+  CHECK(tabs("") > tabs("WordWrap=0\n") + 10);
 }
 
 TEST_CASE("What is not seen at run time is not drawn") {
