@@ -226,8 +226,11 @@ void DrawListView(QPainter& painter, const FormNode& control, const QRect& place
 void DrawNamedBox(QPainter& painter, const FormNode& control, const QRect& place) {
   painter.fillRect(place, ColorOf(control, "BackColor", color::Face));
   DrawFrame(painter, place, ColorOf(color::Shadow));
-  const std::string& text = IsInvisibleAtRunTime(control) ? control.Name : control.Class;
-  DrawText(painter, Inside(place, 2), Qt::AlignCenter | Qt::TextWrapAnywhere, text, control, color::ButtonText);
+  const std::string caption = control.Text("Caption");
+  const bool hasCaption = !IsInvisibleAtRunTime(control) && !caption.empty();
+  const std::string& text = hasCaption ? caption : IsInvisibleAtRunTime(control) ? control.Name : control.Class;
+  const int flags = hasCaption ? Qt::TextWordWrap | WithAccessKey : Qt::TextWrapAnywhere;
+  DrawText(painter, Inside(place, 2), Qt::AlignCenter | flags, text, control, color::ButtonText);
 }
 
 enum class Layer { Lightweight, Windowed, Focusable };  // the last is windowed too

@@ -8,9 +8,15 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QProcess>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
 
 #include <cstdio>
 
@@ -55,16 +61,74 @@ struct Pictures {
     window->show();
     return window;
   }
+  std::unique_ptr<MainWindow> OpenedSample(const std::string& language = "ENU", const QSize& size = {1200, 740}) const {
+    auto window = Opened(language, size);
+    window->OpenProject(Files.Project);
+    window->OpenDictionary(Files.Dictionary);
+    return window;
+  }
   bool Take(QWidget& window, const QString& name) const {
     QApplication::processEvents();
     if (auto* bar = window.findChild<QStatusBar*>()) bar->clearMessage();
     return window.grab().save(Target.filePath(name + ".png"));
   }
+  // The project with a form that has every kind of control that the wizard makes, kept with its choices.
+  QString MakeKinds() const {
+    const QString folder = Work.filePath("kinds"), dictionary = QFileInfo(Files.Dictionary).absoluteFilePath();
+    const QString source = QString::fromStdString(formwizard::tests::SourceFolder());
+    QDir().mkpath(folder);
+    for (const char* file : {"Project1.vbp", "Form1.frm"}) {
+      QFile::copy(source + "/samples/new-project/" + file, folder + "/" + file);
+    }
+    const QString project = folder + "/Project1.vbp";
+    const QStringList arguments{"generate",  "--keep",       "--project",
+                                project,     "--dictionary", dictionary,
+                                "--toolbox", Files.Toolbox,  source + "/samples/forms/person.json"};
+    const QString program = QString::fromStdString(formwizard::tests::BuiltProgram("ostrel-form-wizard"));
+    return QProcess::execute(program, arguments) == 0 ? project : "";
+  }
+  bool TakeKinds(const QString& name) const {
+    const auto window = Opened("ENU", {1200, 800});
+    if (!window->OpenProject(MakeKinds()) || !window->OpenDictionary(Files.Dictionary)) return false;
+    window->Tree().Choose("frmPerson");
+    return Take(*window, name);
+  }
+  // A class in the dictionary, found by a property.
+  bool TakeBrowser(const QString& name) const {
+    const auto window = OpenedSample();
+    window->Commands()[Command::ShowDictionary].trigger();
+    QApplication::processEvents();
+    auto* tree = window->Dictionary().findChild<QTreeView*>();
+    const QAbstractItemModel& model = *tree->model();
+    const auto found =
+        model.match(model.index(0, 0), Qt::DisplayRole, "Person", 1, Qt::MatchExactly | Qt::MatchRecursive);
+    if (found.isEmpty()) return false;
+    tree->setCurrentIndex(found[0]);
+    tree->expand(found[0]);
+    return Take(*window, name);
+  }
+  bool TakeCode(const QString& name) const {
+    const auto window = OpenedSample();
+    window->Tree().Choose("frmPerson");
+    window->Commands()[Command::Find].trigger();
+    QTest::keyClicks(window->Code().findChild<QLineEdit*>(), "m_object");
+    return Take(*window, name);
+  }
+  bool TakeNeeds(const QString& name) const {
+    const auto window = Opened("ENU", {1200, 740});
+    window->OpenProject(Files.Project);
+    bool isTaken = false;
+    QTimer::singleShot(200, window.get(), [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      isTaken = Take(*dialog, name);
+      dialog->close();
+    });
+    window->Commands().Menu(MenuName::AddIns).actions().back()->trigger();
+    return isTaken;
+  }
   // The main window with a form and one of its controls.
   bool TakeMain(const QString& name, const std::string& language = "ENU", const QSize& size = {1200, 740}) const {
-    const auto window = Opened(language, size);
-    window->OpenProject(Files.Project);
-    window->OpenDictionary(Files.Dictionary);
+    const auto window = OpenedSample(language, size);
     window->Tree().Choose("frmPerson");
     FormCanvas& canvas = window->Form().Canvas();
     for (std::size_t i = 0; i < canvas.Places().size(); ++i) {
@@ -87,7 +151,8 @@ int main(int argc, char** argv) {
   const Pictures pictures(QString::fromLocal8Bit(argv[1]));
   const QPalette light = QApplication::style()->standardPalette();
   QApplication::setPalette(light);
-  bool isTaken = pictures.TakeMain("main") && pictures.TakeMain("main-german", "DEU") &&
+  bool isTaken = pictures.TakeKinds("kinds") && pictures.TakeNeeds("needed") && pictures.TakeBrowser("dictionary") &&
+                 pictures.TakeCode("code") && pictures.TakeMain("main") && pictures.TakeMain("main-german", "DEU") &&
                  pictures.TakeMain("main-800x600", "ENU", {800, 600});
   QApplication::setPalette(DarkPalette());
   isTaken = isTaken && pictures.TakeMain("main-dark");
