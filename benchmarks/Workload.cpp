@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -11,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <sstream>
+#include <thread>
 
 namespace benchmarks {
 namespace {
@@ -134,7 +136,8 @@ std::vector<std::string> Workload::Import(int classes, int properties, int width
   for (int c = 0; c < classes; ++c) {
     out << (c ? ",\n" : "\n") << R"({"Name":"Bench.Thing)" << c << R"(","properties":[)";
     for (int p = 0; p < properties; ++p)
-      out << (p ? "," : "") << R"({"Name":"Field)" << p << R"(","MaxLen":)" << width << "}";
+      out << (p ? "," : "") << R"({"Name":"Field)" << p << R"(","MaxLen":)" << width
+          << (p == 0 && width != UsualWidth ? R"(,"Caption":"Title"})" : "}");
     out << "]}";
   }
   out << "]}]}";
@@ -179,6 +182,7 @@ fs::path Workload::NewProject(const Job& job, const std::string& name) const {
   }
   std::string project = ReadFile(folder / "Project1.vbp");
   WriteFile(folder / "Project1.vbp", project.insert(project.find("Startup="), items));
+  std::this_thread::sleep_for(std::chrono::seconds(3));  // files as young as these would be read once more
   return folder;
 }
 

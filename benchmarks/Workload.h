@@ -37,7 +37,8 @@ class Workload {
   Workload(const Workload&) = delete;
   Workload& operator=(const Workload&) = delete;
 
-  // Makes a dictionary unless it is there; the arguments that make it anew, and those that export it to a file.
+  // Makes a dictionary unless it is there, with a caption for the first property of each class where they have another
+  // width; the arguments that make it anew, and those that export it to a file.
   std::string Dictionary(int classes, int properties, int width = UsualWidth) const;
   std::vector<std::string> Import(int classes, int properties, int width = UsualWidth) const;
   std::vector<std::string> Export(int classes, int properties, const fs::path& to) const;
@@ -49,7 +50,7 @@ class Workload {
   std::vector<std::string> Generate(const Job& job, const fs::path& project) const;
   std::vector<std::string> Reference(const Job& job, const fs::path& project) const;
   // `command` on forms that are made and kept in a new project: "status" where nothing has changed, "update" where
-  // every form was edited and every property has another width.
+  // every form was edited, every property has another width and the first another caption, so that each is merged.
   std::vector<std::string> Kept(const std::string& command, const Job& job, const fs::path& project) const;
   // Whether both make the same files. Needed before a reference is run, as it makes the template.
   void CheckReference() const;

@@ -51,15 +51,19 @@ Size InsideOf(const HeaderNode& node, bool isForm) {
   return {width ? width : NumberOf(node, "ClientWidth"), height ? height : NumberOf(node, "ClientHeight")};
 }
 
+// Without a tree where the text is no form.
+vbtext::Document FormIn(const std::string& text) {
+  try {
+    return vbtext::DocumentWithoutSections(text);
+  } catch (const vbtext::Fault&) {
+    return {};
+  }
+}
+
 class Finder {
  public:
-  std::set<std::string> Run(const std::string& form) {
-    try {
-      const vbtext::Document document = vbtext::DocumentOf(form);
-      if (document.Root) Look(*document.Root, true);
-    } catch (const vbtext::Fault&) {
-      notes_.clear();
-    }
+  std::set<std::string> Run(const vbtext::Document& form) {
+    if (form.Root) Look(*form.Root, true);
     return std::move(notes_);
   }
 
@@ -99,10 +103,14 @@ class Finder {
 
 }  // namespace
 
-std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after) {
-  const std::set<std::string> old = Finder().Run(before);
+std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after, const std::string& made) {
+  const vbtext::Document is = FormIn(after);
+  const std::string_view header = TextOf(is.Lines, {0, is.CodeLines.First});
+  if (before.starts_with(header) || made.starts_with(header)) return {};
+  const vbtext::Document was = FormIn(before);
+  const std::set<std::string> old = Finder().Run(was);
   std::vector<std::string> notes;
-  for (const std::string& note : Finder().Run(after)) {
+  for (const std::string& note : Finder().Run(is)) {
     if (!old.contains(note)) notes.push_back(note);
   }
   return notes;

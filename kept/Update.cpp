@@ -37,6 +37,7 @@ Update UpdateOf(const Sides& sides, std::string_view stem, const Decision& decid
   if (sides.Base == sides.Mine) return {references.Resolved(references.Theirs(), stem), {}, {}, {}};
   merge::Options options;
   options.TakesSmallMoves = true;
+  options.TakesPartsWhole = true;
   options.Theirs = "generated";
   Update update;
   merge::Merged merged;
@@ -60,7 +61,7 @@ Update UpdateOf(const Sides& sides, std::string_view stem, const Decision& decid
   update.Form = references.Resolved(merged.Text, stem);
   for (const std::string& note : merged.Notes) update.Notes.push_back(references.Shown(note));
   if (update.Conflicts.empty()) {
-    std::ranges::move(LayoutNotes(sides.Mine.Frm, update.Form.Frm), std::back_inserter(update.Notes));
+    std::ranges::move(LayoutNotes(sides.Mine.Frm, update.Form.Frm, sides.Theirs.Frm), std::back_inserter(update.Notes));
   }
   return update;
 }

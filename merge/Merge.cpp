@@ -33,14 +33,18 @@ std::vector<vbtext::LineKey> ExactKeys(const std::vector<Line>& lines, vbtext::L
   return exact;
 }
 
+std::size_t CountOfDoubles(const std::optional<vbtext::HeaderNode>& root) {
+  if (!root) return 0;
+  std::unordered_set<std::string> names;
+  std::size_t doubles = 0;
+  for (const vbtext::Control& control : vbtext::ControlsOf(*root)) doubles += !names.insert(control.Key).second;
+  return doubles;
+}
+
 // How many names of controls or procedures stand twice.
 std::size_t CountOfDoubles(const Document& document) {
   std::unordered_set<std::string> names;
-  std::size_t doubles = 0;
-  if (document.Root) {
-    for (const vbtext::Control& control : vbtext::ControlsOf(*document.Root))
-      doubles += !names.insert(control.Key).second;
-  }
+  std::size_t doubles = CountOfDoubles(document.Root);
   for (const vbtext::Section& section : document.Code.Sections) {
     if (section.Kind != vbtext::SectionKind::Procedure) continue;
     const std::string key = section.Branch + vbtext::Folded(section.Word) + " " + vbtext::Folded(section.Name) + "()";
@@ -62,6 +66,25 @@ bool HasTheChangesOfBoth(const Documents& documents, const Document& merged) {
   std::set<std::string> wanted = Changes(documents.Base, documents.Mine);
   wanted.merge(Changes(documents.Base, documents.Theirs));
   return Changes(documents.Base, merged) == wanted;
+}
+
+// What stands before the code, or the code.
+struct Part {
+  std::string_view Base, Mine, Theirs;
+
+  bool IsOfMine() const { return Base == Theirs || Mine == Theirs; }
+  bool IsOfOneSide(const Options& options) const { return IsOfMine() || (options.TakesPartsWhole && Base == Mine); }
+  void AddTo(Output& output) const { IsOfMine() ? output.AddMine(Mine) : output.AddTheirs(Theirs); }
+};
+
+Part HeaderOf(const Documents& documents) {
+  const auto text = [](const Document& of) { return TextOf(of.Lines, {0, of.CodeLines.First}); };
+  return {text(documents.Base), text(documents.Mine), text(documents.Theirs)};
+}
+
+Part CodeOf(const Documents& documents) {
+  const auto text = [](const Document& of) { return TextOf(of.Lines, of.CodeLines); };
+  return {text(documents.Base), text(documents.Mine), text(documents.Theirs)};
 }
 
 class Merger {
@@ -87,6 +110,7 @@ class Merger {
   }
 
   Merged OfDocument() const {
+    if (std::optional<Merged> merged = OfOneSideEach()) return *std::move(merged);
     const Document base = vbtext::DocumentOf(base_), mine = vbtext::DocumentOf(mine_),
                    theirs = vbtext::DocumentOf(theirs_);
     const std::size_t doubles = std::max(CountOfDoubles(mine), CountOfDoubles(theirs));
@@ -95,18 +119,53 @@ class Merger {
     return ByContent({base, mine, theirs}, doubles);
   }
 
+  // Where neither what stands before the code nor the code was changed by both, each is as one side has it. Nothing,
+  // where a name of a control that stands twice might come to one that stands twice in the code.
+  std::optional<Merged> OfOneSideEach() const {
+    const Document base = vbtext::DocumentWithoutSections(base_);
+    std::optional<Document> ofMine, ofTheirs;
+    const Document& mine = BeginsLike(base, mine_) ? base : ofMine.emplace(vbtext::DocumentWithoutSections(mine_));
+    const Document& theirs =
+        BeginsLike(base, theirs_) ? base : ofTheirs.emplace(vbtext::DocumentWithoutSections(theirs_));
+    const Part header = HeaderOf({base, mine, theirs});
+    const Part code{base_.substr(header.Base.size()), mine_.substr(header.Mine.size()),
+                    theirs_.substr(header.Theirs.size())};
+    if (!header.IsOfOneSide(options_) || !code.IsOfOneSide(options_)) return std::nullopt;
+    if (CountOfDoubles((header.IsOfMine() ? mine : theirs).Root) > 0) return std::nullopt;
+    Output output(mine_, options_);
+    header.AddTo(output);
+    code.AddTo(output);
+    return output.Take();
+  }
+
+  // Whether the same lines stand before the code, as can be seen without taking the text apart.
+  static bool BeginsLike(const Document& document, std::string_view text) {
+    const std::string_view header = TextOf(document.Lines, {0, document.CodeLines.First});
+    return header.ends_with('\n') && text.starts_with(header) &&
+           !vbtext::BeginsWith(text.substr(header.size()), "Attribute");
+  }
+
   // As one piece where the pieces do not fit together.
   Merged ByContent(const Documents& documents, std::size_t doubles) const {
     Output output(mine_, options_);
-    MergeHeaders(documents, output);
-    MergeCode(documents, output);
+    const Part header = HeaderOf(documents), code = CodeOf(documents);
+    if (header.IsOfOneSide(options_)) {
+      header.AddTo(output);
+    } else {
+      MergeHeaders(documents, output);
+    }
+    if (code.IsOfOneSide(options_)) {
+      code.AddTo(output);
+    } else {
+      MergeCode(documents, output);
+    }
     Merged merged = output.Take();
     if (!merged.Conflicts.empty() || options_.Conflicts != Choice::Marks) return merged;
     if (!IsSound(merged.Text, doubles)) return ByLine();
     const bool areOrdered =
         IsOrdered(documents.Base.Code) && IsOrdered(documents.Mine.Code) && IsOrdered(documents.Theirs.Code);
     if (!areOrdered && !HasTheChangesOfBoth(documents, vbtext::DocumentOf(merged.Text))) return WholeConflict();
-    if (!documents.Mine.Root) return merged;
+    if (!documents.Mine.Root || header.IsOfOneSide(options_)) return merged;
     std::optional<std::string> ordered = WithTabOrder(merged.Text, documents, options_.For(TabOrder));
     if (!ordered) return WithHeaderInConflict(documents);
     merged.Text = std::move(*ordered);
@@ -122,9 +181,9 @@ class Merger {
   }
 
   Merged WithHeaderInConflict(const Documents& documents) const {
-    const auto header = [](const Document& document) { return TextOf(document.Lines, {0, document.CodeLines.First}); };
+    const Part header = HeaderOf(documents);
     Output output(mine_, options_);
-    output.AddConflict(TabOrder, header(documents.Mine), header(documents.Base), header(documents.Theirs));
+    output.AddConflict(TabOrder, header.Mine, header.Base, header.Theirs);
     MergeCode(documents, output);
     return output.Take();
   }

@@ -19,6 +19,9 @@ struct Options {
   // A place that theirs moves by less than the environment's rounding is theirs where mine has not moved it. Otherwise
   // many such steps, each merged alone, end where no one step would.
   bool TakesSmallMoves = false;
+  // What stands before the code, or the code, is taken as theirs has it where mine is as the base, also in its
+  // spelling: for theirs that a program has written.
+  bool TakesPartsWhole = false;
   std::size_t MarkerSize = 7;
   std::string Mine = "mine", Base = "base", Theirs = "theirs";  // labels behind the marks
 

@@ -4,6 +4,7 @@
 #include "vbtext/LogicalLines.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 #include <utility>
 
@@ -67,6 +68,23 @@ Heading DeclarationIn(Statement statement) {
   return heading;
 }
 
+// Whether a line of a procedure says at first sight that it neither begins nor ends anything and stands alone. Most do,
+// and need not be taken apart.
+bool IsPlain(std::string_view line) {
+  constexpr std::array<std::string_view, 9> telling{"End",    "Sub",     "Public",   "Friend",  "Static",
+                                                    "Global", "Private", "Function", "Property"};
+  while (!line.empty() && IsBlank(line.front())) line.remove_prefix(1);
+  while (!line.empty() && IsBlank(line.back())) line.remove_suffix(1);
+  if (line.empty()) return true;
+  if (IsDigit(line.front()) || line.front() == '#' || line.back() == '_') return false;
+  if (line.find(':') != std::string_view::npos) return false;
+  const auto behind = std::ranges::find_if_not(line, IsNameByte);
+  const std::string_view word = line.substr(0, static_cast<std::size_t>(behind - line.begin()));
+  return std::ranges::none_of(telling, [&](std::string_view each) {
+    return each.size() == word.size() && runtime::EqualIgnoringCase(each, word);
+  });
+}
+
 class Reader {
  public:
   Reader(const std::vector<Line>& lines, std::size_t from) : lines_(lines, {from, lines.size()}), unread_{from, from} {}
@@ -82,6 +100,7 @@ class Reader {
         ReadInBlock(line);
       else
         ReadOutside(line);
+      if (inProcedure_) last_ = lines_.SkipWhile(IsPlain);
     }
     if (inProcedure_) Miss(open_.Body.First, "the end of the procedure that begins here");
     if (inBlock_) Miss(open_.Body.First, "the end of the block that begins here");

@@ -33,7 +33,6 @@ class Reader {
     while (at_ < Count() && BeginsWith(Text(), "Attribute") && WordOf(Text(), 1).starts_with("VB_")) ++at_;
     document_.Attributes.Behind = at_;
     document_.CodeLines = {at_, Count()};
-    document_.Code = ModuleOf(document_.Lines, at_);
     return std::move(document_);
   }
 
@@ -76,6 +75,12 @@ FileKind KindOfText(const std::vector<Line>& lines) {
   return runtime::EqualIgnoringCase(first->Text.substr(0, 5), "Type=") ? FileKind::Project : FileKind::Unknown;
 }
 
-Document DocumentOf(std::string_view text) { return Reader(text).Read(); }
+Document DocumentWithoutSections(std::string_view text) { return Reader(text).Read(); }
+
+Document DocumentOf(std::string_view text) {
+  Document document = Reader(text).Read();
+  document.Code = ModuleOf(document.Lines, document.CodeLines.First);
+  return document;
+}
 
 }  // namespace formwizard::vbtext

@@ -3,10 +3,15 @@
 #include <algorithm>
 
 namespace formwizard::vbtext {
+namespace {
+
+constexpr std::size_t UsualLength = 32;  // of a line, in bytes
+
+}  // namespace
 
 std::vector<Line> LinesOf(std::string_view text) {
   std::vector<Line> lines;
-  lines.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1);
+  lines.reserve(text.size() / UsualLength + 1);
   while (!text.empty()) {
     const std::size_t newline = text.find('\n');
     const std::size_t whole = newline == std::string_view::npos ? text.size() : newline + 1;

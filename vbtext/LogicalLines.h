@@ -23,6 +23,11 @@ class LogicalLines {
 
   // False at the end. The tokens refer to the text of the lines.
   bool Next(LogicalLine& line);
+  // Goes on behind the next lines that are of this kind, none of which may go on in another; where the rest begins.
+  std::size_t SkipWhile(bool (*isOfKind)(std::string_view line)) {
+    while (range_.First < range_.Behind && isOfKind(lines_[range_.First].Text)) ++range_.First;
+    return range_.First;
+  }
 
  private:
   const std::vector<Line>& lines_;

@@ -6,14 +6,13 @@
 #include "adapters/vb6files/FileChange.h"
 #include "adapters/vb6files/FormDocument.h"
 #include "adapters/vb6files/ProjectFile.h"
+#include "adapters/vb6files/ProjectFiles.h"
 #include "adapters/vb6files/Saving.h"
-#include "adapters/vb6files/Spelling.h"
 #include "adapters/vb6files/Texts.h"
 #include "adapters/vb6files/Toolbox.h"
 #include "generator/ide/Ide.h"
 #include "system/CodePage.h"
 #include "system/FileSystem.h"
-#include "system/FilesRead.h"
 
 #include <functional>
 #include <list>
@@ -45,9 +44,6 @@ struct ComponentSummary {
   bool IsGone = false;       // its file is not there
   std::string Problem = {};  // why its name could not be read, with the remedy; Name is then that of its file
 };
-
-// The name that a form has in its file, in bytes; empty for a text that is no form.
-std::string NameInForm(std::string_view frm);
 
 class ProjectOnDisk : public generator::ide::Vbe,
                       private generator::ide::VBProject,
@@ -195,11 +191,6 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::string PlaceOf(const Entry& entry) const;
   std::string NameInFile(const Entry& entry) const;
   std::string NameOf(const Entry& entry) const;
-  template <typename Reader>
-  std::optional<std::string> Found(std::string& path, Reader&& read) const;
-  std::string FrxOf(const std::string& frmPath, std::string_view frm, bool isShown) const;
-  std::string NewFile(const std::string& projectPath) const;
-  std::string FilePath(std::string_view projectPath) const;
   Entry* FindEntry(std::string_view bytes) const;
   FormDocument& DocumentOf(Entry& entry);
   std::shared_ptr<generator::ide::VBControls> ControlsOf(Entry& entry);
@@ -211,15 +202,13 @@ class ProjectOnDisk : public generator::ide::Vbe,
   void Finish(Entry& entry);
   void FinishAndCommit();
   const Entry& ComponentOf(std::string_view name) const;
-  std::string SpelledPath(const std::string& path) const;
   void Announce(const std::string& path, std::optional<std::string> old, std::optional<std::string> text);
   Saving& CurrentSaving();
 
   system::FileSystem& files_;
-  std::string path_, folder_, original_;
+  std::string path_, original_;
   system::CodePage codePage_;
-  mutable Spelling spelling_;
-  mutable system::FilesRead read_;  // what a save rests on
+  ProjectFiles projectFiles_;
   Toolbox toolbox_;
   ProjectFile project_;
   ControlLibraries libraries_;

@@ -116,14 +116,14 @@ void Saving::CheckTarget(Target& target, std::size_t number, const std::vector<s
 }
 
 // Lists each folder of new files once. A file of another system may be the same file under a name in other letter
-// cases.
+// cases. What changes places is compared when it has done so.
 void Saving::CheckTargets() {
   std::map<std::string, std::vector<std::size_t>> byFolder;
   for (std::size_t number = 0; number < targets_.size(); ++number) {
     const SaveRecord::File& file = targets_[number].File;
     if (file.Old == 0) {
       byFolder[system::FolderOf(place_.PathOf(file))].push_back(number);
-    } else if (place_.SumOf(place_.PathOf(file)) != file.Old) {
+    } else if (file.Sum == file.Old && place_.SumOf(place_.PathOf(file)) != file.Old) {
       FailChanged(place_.PathOf(file));
     }
   }
@@ -199,12 +199,12 @@ SaveRecord Saving::PrepareSet(std::string_view text) {
   if (text != original_) Add(projectFile_, text, original_);
   SaveRecord record;
   record.IsSet = true;
-  std::set<std::string> missing;
+  std::set<std::string> folders, missing;
   for (const Target& target : targets_) {
     record.Files.push_back(target.File);
     if (target.IsThere) record.Files.back().Old = target.File.Sum;
-    const std::string folder = system::FolderOf(place_.PathOf(target.File));
-    if (files_.KindOf(folder) == system::FileKind::None) missing.insert(folder);
+    const auto [folder, isNew] = folders.insert(system::FolderOf(place_.PathOf(target.File)));
+    if (isNew && files_.KindOf(*folder) == system::FileKind::None) missing.insert(*folder);
   }
   for (const std::string& folder : missing) record.Files.push_back({place_.Recorded(folder)});
   Prepare(stagingFolder_ + IgnoreName, "*\n", projectFile_);

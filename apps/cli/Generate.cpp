@@ -215,7 +215,7 @@ class Run {
       description.Made->IsReused =
           !again.IsLikeNew(description, {changes_.front().Path, made, true, project_.ObjectLines(), options_.CodePage});
     }
-    forms::PutKeptTexts(project_, kept_, name, description, made);
+    forms::PutKeptTexts(project_, kept_, name, description, made, kept_.Read(name));
   }
 
   // In what changed since the last report.

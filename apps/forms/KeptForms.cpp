@@ -69,6 +69,11 @@ void Take(const FormDescription& choices, FormDescription& description) {
   description.Fields = choices.Fields;
 }
 
+// No file is empty.
+std::optional<std::string> UnlessEmpty(const std::string& bytes) {
+  return bytes.empty() ? std::nullopt : std::optional(bytes);
+}
+
 std::string_view StemOf(std::string_view path) {
   path.remove_prefix(system::FolderPart(std::string(path)).size());
   return path.substr(0, path.rfind('.'));
@@ -161,7 +166,7 @@ void KeptForms::CompareWithProject(KeptForm& form, bool lists) const {
     if (lists) {
       form.State.Edits = kept::DifferencesOf(form.Sides.Base, form.Sides.Mine);
     } else if (!(form.Sides.Base == form.Sides.Mine)) {
-      static_cast<void>(vbtext::DocumentOf(form.Sides.Mine.Frm));
+      static_cast<void>(vbtext::DocumentWithoutSections(form.Sides.Mine.Frm));
     }
   } catch (const vbtext::Fault& fault) {
     throw support::InputError(
@@ -203,19 +208,19 @@ kept::Update KeptForms::UpdateOf(const KeptForm& form, const kept::Decision& dec
 }
 
 void PutKeptTexts(ProjectOnDisk& project, const KeptFolder& folder, const std::string& form,
-                  const FormDescription& description, const kept::FormTexts& made) {
+                  const FormDescription& description, const kept::FormTexts& made, const KeptTexts& old) {
   folder.CheckIsFolder();
-  const KeptTexts old = folder.Read(form);
-  const auto given = [](const std::string& bytes) { return bytes.empty() ? std::nullopt : std::optional(bytes); };
   project.Put(folder.FileOf(form, ".json"), TextOf(description), old.Json);
   project.Put(folder.FileOf(form, ".frm"), made.Frm, old.Frm);
-  project.Put(folder.FileOf(form, ".frx"), given(made.Frx), old.Frx);
+  project.Put(folder.FileOf(form, ".frx"), UnlessEmpty(made.Frx), old.Frx);
 }
 
 void KeptForms::Put(const KeptForm& form, const kept::Update& update) {
   const auto filesOf = [](const kept::FormTexts& texts) { return FormFiles{texts.Frm, texts.Frx}; };
   project_.PutTexts(*NameInProject(form.Name), filesOf(update.Form), filesOf(form.Sides.Mine));
-  PutKeptTexts(project_, folder_, form.Name, form.Next.value(), form.Sides.Theirs);
+  const kept::FormTexts& base = form.Sides.Base;
+  PutKeptTexts(project_, folder_, form.Name, form.Next.value(), form.Sides.Theirs,
+               {form.Texts.Json, base.Frm, UnlessEmpty(base.Frx)});
 }
 
 Taken KeptForms::Keep(const FormDescription& description, const std::string& form) {
@@ -235,7 +240,7 @@ Taken KeptForms::Keep(const FormDescription& description, const std::string& for
       description, {project_.FileOf(*component), texts, true, objectLines_, project_.ProjectCodePage().Number()});
   remade.Description->Made->IsReused = !remake_.IsLikeNew(
       description, {project_.FileOf(*component), remade.Form, true, objectLines_, project_.ProjectCodePage().Number()});
-  PutKeptTexts(project_, folder_, *component, *remade.Description, remade.Form);
+  PutKeptTexts(project_, folder_, *component, *remade.Description, remade.Form, folder_.Read(*component));
   Taken taken{*component, {}, std::move(remade.Messages)};
   taken.State.Edits = kept::DifferencesOf(remade.Form, texts);
   return taken;

@@ -70,8 +70,8 @@ class KeptForms {
   std::vector<adapters::vb6files::ComponentSummary> unread_;  // that cannot be read
 };
 
-// Has the project write the kept texts of a form that was made when it is saved.
+// Has the project write the kept texts of a form that was made, in place of the old ones, when it is saved.
 void PutKeptTexts(adapters::vb6files::ProjectOnDisk& project, const KeptFolder& folder, const std::string& form,
-                  const FormDescription& description, const kept::FormTexts& made);
+                  const FormDescription& description, const kept::FormTexts& made, const KeptTexts& old);
 
 }  // namespace formwizard::apps::forms

@@ -88,7 +88,12 @@ TEST_CASE("Every edit of both sides is in the result or in a conflict, and nothi
     CAPTURE(i);
     const merge::Merged merged = Merge(base, mine, theirs);
     REQUIRE(MarksIn(merged.Text) == MarksIn(mine + theirs));
+    merge::Options whole;
+    whole.TakesPartsWhole = true;
+    const merge::Merged inParts = Merge(base, mine, theirs, whole);
+    REQUIRE(inParts.Conflicts.size() == merged.Conflicts.size());
     if (!merged.Conflicts.empty()) continue;
+    REQUIRE(Changes(merged.Text, inParts.Text).empty());
     ++clean;
     std::set<std::string> wanted = Changes(base, mine);
     wanted.merge(Changes(base, theirs));
