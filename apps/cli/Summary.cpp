@@ -82,6 +82,10 @@ std::string LineOf(const adapters::vb6files::FileChange& change, bool isWritten)
 
 std::string DiffOf(const adapters::vb6files::FileChange& change) {
   const std::string name = support::Escaped(change.Path);
+  if (runtime::LowerCase(name).ends_with(".frx")) {
+    const auto named = [&](const auto& content) { return content ? name : std::string("/dev/null"); };
+    return "Binary files " + named(change.Old) + " and " + named(change.New) + " differ\n";
+  }
   return UnifiedDiff(change.Old ? name : "/dev/null", change.Old.value_or(""), change.New ? name : "/dev/null",
                      change.New.value_or(""));
 }

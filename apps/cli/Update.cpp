@@ -174,7 +174,9 @@ class Run {
     isFormWritten_ |= !(update.Form == form.Sides.Mine);
     kept_.Forms.Put(form, update);
     if (!options_.Json && !options_.Diff && !options_.Tells.Quiet) {
-      report_.Add(form.Name + ": updated" + (form.Sides.Base == form.Sides.Mine ? "" : ", with what was edited") +
+      report_.Add(form.Name + (options_.DryRun ? ": would be updated" : ": updated") +
+                  (form.Sides.Base == form.Sides.Mine ? "" : ", with what was edited") +
+                  (update.Conflicts.empty() ? "" : " and with conflicts between marks, which are to be taken out") +
                   "\n");
     }
     for (const std::string& property : form.State.Class.Lost)

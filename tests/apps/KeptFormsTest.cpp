@@ -3,8 +3,31 @@
 #include "support/Failures.h"
 #include "tests/apps/Keeper.h"
 
+#include <set>
+
 using namespace formwizard::tests;
 using nlohmann::json;
+
+namespace {
+
+// A form with a text in its .frx, to which an icon was added by hand and whose text was edited.
+struct WithPicture : Keeper {
+  std::string Frx = Folder / "App/frmPerson.frx", Icon = std::string("\x0c\0\0\0lt\0\0\x04\0\0\0ICON", 16);
+
+  WithPicture() : Keeper(R"({"class":"Sample.Person","fields":["Name","Notes"]})") {
+    Edit(Form(), "\"frmPerson.frx\":0000", "\"frmPerson.frx\":0010");
+    Edit(Form(), "   LinkTopic ", "   Icon            =   \"frmPerson.frx\":0000\r\n   LinkTopic ");
+    WriteFile(Frx, Icon + "\5other");
+    for (json& of : Classes["systems"][0]["classes"]) {
+      if (of["Name"] == "Sample.Person")
+        of["properties"].push_back({{"Name", "Remarks"}, {"Collection", "characterstream"}});
+    }
+    Import();
+    Edit(Kept + "frmPerson.json", "\"Notes\" }", "\"Notes\" }, { \"property\": \"Remarks\" }");
+  }
+};
+
+}  // namespace
 
 TEST_CASE("A form that is kept gives itself again, and every state is told with what it rests on") {
   Keeper work;
@@ -135,6 +158,77 @@ TEST_CASE("An update takes what the class has changed, keeps what was edited, an
   CHECK(Has(ReadFile(work.Form()), "\"Who\""));
   CHECK_FALSE(Has(ReadFile(work.Form()), "SSN"));
   CHECK(work.Status()["outdated"] == false);
+}
+
+TEST_CASE(
+    "A .frx that both sides changed is written anew with its references; what newly overlaps or sticks out is told") {
+  WithPicture work;
+  const std::string form = work.Form();
+  work.Edit(
+      form, "      Begin VB.CommandButton cmd__Exit",
+      "      Begin VB.CommandButton cmdMine \r\n         Height = 300\r\n         Left = 700\r\n         Top = 2600\r\n"
+      "         Width = 900\r\n      End\r\n      Begin VB.CommandButton cmd__Exit");
+  work.Edit(form, "      Height          =   2895", "      Height          =   2500");  // less than cmd__Exit needs
+  const Outcome updated = work.Run("update");
+  CHECK(updated.Status == 0);
+  for (const char* note : {"cmdMine and txtRemarks overlap\n", "txtRemarks sticks out of fra_Main\n"}) {
+    CHECK_MESSAGE(Has(updated.Error, note), updated.Error);
+  }
+  CHECK_FALSE(Has(updated.Error, "cmd__Exit sticks out"));
+  CHECK(ReadFile(work.Frx) == work.Icon +
+                                  "\x0A"
+                                  "txtRemarks"
+                                  "\5other");
+  CHECK(ReadFile(work.Kept + "frmPerson.frx") ==
+        "\x0A"
+        "txtRemarks"
+        "\x08"
+        "txtNotes");
+  std::set<std::string> edits;
+  const json status = work.Status();
+  for (const json& edit : status["edits"]) edits.insert(edit["name"]);
+  CHECK(edits == std::set<std::string>{"cmdMine", "fra_Main.Height", "frmPerson.Icon", "txtNotes.Text"});
+}
+
+TEST_CASE("A conflict is decided for all or for one, and a dry run shows the same as what is written") {
+  WithPicture work;
+  work.Property("Notes")["Name"] = "Noted";
+  work.Import();
+  const auto before = work.Files();
+  struct Case {
+    std::vector<std::string> Decision;
+    int Status;
+    bool IsMine, HasMarks;
+  };
+  for (const Case& c :
+       {Case{{"--conflicts", "mine"}, 0, true, false}, Case{{"--conflicts", "theirs"}, 0, false, false},
+        Case{{"--conflicts", "marks"}, 1, true, true}, Case{{"--resolve", "frmPerson.txtNotes=mine"}, 0, true, false},
+        Case{{"--resolve", "frmperson.TXTNOTES=theirs"}, 0, false, false}}) {
+    CAPTURE(c.Decision.back());
+    const auto run = [&](const std::vector<std::string>& more) {
+      std::vector<std::string> arguments = c.Decision;
+      arguments.insert(arguments.end(), more.begin(), more.end());
+      const Outcome outcome = work.Run("update", arguments);
+      CHECK(outcome.Status == c.Status);
+      return outcome.Out;
+    };
+    const std::string shown = run({"-n", "--diff"});
+    CHECK(Has(shown, "\n+<<<<<<< ") == c.HasMarks);
+    CHECK(Has(shown, "Binary files " + work.Frx + " and " + work.Frx + " differ\n"));
+    CHECK(Has(run({"-n"}), "frmPerson: would be updated"));
+    CHECK(work.Files() == before);
+    CHECK(run({"--diff"}) == shown);
+    CHECK(Has(ReadFile(work.Form()), "VB.TextBox txtNotes ") == c.IsMine);
+    CHECK(ReadFile(work.Frx) == work.Icon +
+                                    "\x0A"
+                                    "txtRemarks" +
+                                    (c.IsMine ? "\5other" : ""));
+    const Outcome told = work.Run("status");
+    CHECK(told.Status == (c.HasMarks ? 3 : 0));
+    CHECK(Has(told.Error, "taking out the marks that a merge has left") == c.HasMarks);
+    std::filesystem::remove_all(NativePath(work.Folder / "App"));
+    for (const auto& [name, bytes] : before) WriteFile(work.Folder / ("App/" + name), bytes);
+  }
 }
 
 TEST_CASE("What stands in the folder is checked: names, descriptions, code pages and what is missing") {
