@@ -62,8 +62,8 @@ std::vector<std::string> KeptFolder::Forms() const {
     }
     const std::string& known = spelled.emplace(runtime::LowerCase(form), form).first->second;
     if (known != form) {
-      throw support::InputError(path_ + ": " + known + " and " + form +
-                                " are one form; give both of its files one spelling, or take two of them out");
+      throw support::InputError(std::string(path_).append(": ").append(known).append(" and ").append(form).append(
+          " are one form; give both of its files one spelling, or take two out"));
     }
     (isDescription ? described : others).insert(std::move(form));
   }

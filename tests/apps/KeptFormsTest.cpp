@@ -161,7 +161,8 @@ TEST_CASE("An update takes what the class has changed, keeps what was edited, an
 }
 
 TEST_CASE(
-    "A .frx that both sides changed is written anew with its references; what newly overlaps or sticks out is told") {
+    "A .frx that both sides changed is written anew with its references, and what newly overlaps or sticks out is "
+    "told") {
   WithPicture work;
   const std::string form = work.Form();
   work.Edit(
