@@ -19,11 +19,56 @@ struct Meaning {
   T Text;
 };
 constexpr std::array Meanings{
-    Meaning{"Left", T::PanelTwipsMeans},        Meaning{"Top", T::PanelTwipsMeans},
-    Meaning{"Width", T::PanelTwipsMeans},       Meaning{"Height", T::PanelTwipsMeans},
-    Meaning{"ClientWidth", T::PanelTwipsMeans}, Meaning{"ClientHeight", T::PanelTwipsMeans},
-    Meaning{"ClientLeft", T::PanelTwipsMeans},  Meaning{"ClientTop", T::PanelTwipsMeans},
+    Meaning{"ClientHeight", T::PanelTwipsMeans},
+    Meaning{"ClientLeft", T::PanelTwipsMeans},
+    Meaning{"ClientTop", T::PanelTwipsMeans},
+    Meaning{"ClientWidth", T::PanelTwipsMeans},
+    Meaning{"Height", T::PanelTwipsMeans},
+    Meaning{"Left", T::PanelTwipsMeans},
     Meaning{"TabIndex", T::PanelTabIndexMeans},
+    Meaning{"Top", T::PanelTwipsMeans},
+    Meaning{"Width", T::PanelTwipsMeans},
+    Meaning{"(Name)", T::MeansName},
+    Meaning{"Alignment", T::MeansAlignment},
+    Meaning{"Appearance", T::MeansAppearance},
+    Meaning{"AutoSize", T::MeansAutoSize},
+    Meaning{"BackColor", T::MeansBackColor},
+    Meaning{"BackStyle", T::MeansBackStyle},
+    Meaning{"BorderStyle", T::MeansBorderStyle},
+    Meaning{"Cancel", T::MeansCancel},
+    Meaning{"Caption", T::MeansCaption},
+    Meaning{"Default", T::MeansDefault},
+    Meaning{"Enabled", T::MeansEnabled},
+    Meaning{"ForeColor", T::MeansForeColor},
+    Meaning{"Icon", T::MeansIcon},
+    Meaning{"Index", T::MeansIndex},
+    Meaning{"KeyPreview", T::MeansKeyPreview},
+    Meaning{"LinkTopic", T::MeansLinkTopic},
+    Meaning{"List", T::MeansList},
+    Meaning{"Locked", T::MeansLocked},
+    Meaning{"MaxButton", T::MeansMaxButton},
+    Meaning{"MaxLength", T::MeansMaxLength},
+    Meaning{"MDIChild", T::MeansMdiChild},
+    Meaning{"MinButton", T::MeansMinButton},
+    Meaning{"MousePointer", T::MeansMousePointer},
+    Meaning{"MultiLine", T::MeansMultiLine},
+    Meaning{"Picture", T::MeansPicture},
+    Meaning{"ScaleHeight", T::MeansScale},
+    Meaning{"ScaleMode", T::MeansScaleMode},
+    Meaning{"ScaleWidth", T::MeansScale},
+    Meaning{"ScrollBars", T::MeansScrollBars},
+    Meaning{"Shortcut", T::MeansShortcut},
+    Meaning{"ShowInTaskbar", T::MeansShowInTaskbar},
+    Meaning{"Sorted", T::MeansSorted},
+    Meaning{"StartUpPosition", T::MeansStartUpPosition},
+    Meaning{"Style", T::MeansStyle},
+    Meaning{"TabStop", T::MeansTabStop},
+    Meaning{"Tag", T::MeansTag},
+    Meaning{"Text", T::MeansText},
+    Meaning{"ToolTipText", T::MeansToolTipText},
+    Meaning{"Visible", T::MeansVisible},
+    Meaning{"WindowState", T::MeansWindowState},
+    Meaning{"WordWrap", T::MeansWordWrap},
 };
 
 QString MeaningOf(std::string_view property, const Texts& texts) {
@@ -86,7 +131,7 @@ void AddOrigin(Rows& rows, const FormCanvas& form, std::size_t index, const Text
 
 void AddFile(Rows& rows, const FormNode& node, const Texts& texts) {
   rows.Begin(texts(T::PanelInTheFile));
-  rows.Add({"(Name)", ShownText(node.Name), texts(T::PanelInTheFileMeans)});
+  rows.Add({"(Name)", ShownText(node.Name), MeaningOf("(Name)", texts)});
   std::vector<const NodeProperty*> properties;
   for (const NodeProperty& property : node.Properties) properties.push_back(&property);
   std::ranges::stable_sort(properties, {}, [](const NodeProperty* property) { return property->Name; });

@@ -90,6 +90,10 @@ TEST_CASE("The chosen property and the scroll stay when another control is selec
   panel.Choose("Change");
   QTest::keyClick(&panel.Table, Qt::Key_Return);
   CHECK(panel.Opened == "txtCity_Change");
+  const auto means = [&] { return panel.Panel.findChild<QLabel*>()->text().section("<br>", 1); };
+  CHECK(means() == "The procedure that runs on this event.");
+  panel.Choose("Text");
+  CHECK(means() == "The text that it holds at first.");
   QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&panel.Table);
   CHECK(table->role() == QAccessible::Table);
   CHECK(table->text(QAccessible::Name) == "Properties");
