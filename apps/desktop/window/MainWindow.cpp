@@ -1,17 +1,11 @@
 #include "apps/desktop/window/MainWindow.h"
 
 #include "adapters/qt/Text.h"
-#include "apps/common/Endings.h"
 #include "apps/common/Paths.h"
-#include "apps/desktop/basics/Messages.h"
 #include "apps/desktop/window/Drops.h"
 #include "apps/desktop/window/NeedsDialog.h"
-#include "support/Failures.h"
-#include "support/Messages.h"
-#include "support/Strings.h"
 
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QShortcut>
 #include <QTimer>
 
@@ -20,11 +14,10 @@ namespace {
 
 using adapters::qt::Text;
 using adapters::qt::Utf8;
-namespace vb6files = adapters::vb6files;
 
 constexpr QSize Opens(1200, 740), Smallest(800, 600);
 constexpr int NarrowBelow = 960;
-constexpr char GeometryKey[] = "window/geometry", PanesKey[] = "window/panes", PreviewKey[] = "window/preview";
+constexpr char PreviewKey[] = "window/preview";
 
 }  // namespace
 
@@ -165,22 +158,6 @@ bool MainWindow::HasWhatTheWizardNeeds() {
          NeedsDialog(*this, texts_, *environment_, *files_).exec() == QDialog::Accepted;
 }
 
-void MainWindow::RestoreLayout() {
-  restoreGeometry(memory_.Value(GeometryKey).toByteArray());
-  panes_->restoreState(memory_.Value(PanesKey).toByteArray());
-}
-
-void MainWindow::KeepLayout() {
-  memory_.Keep(GeometryKey, saveGeometry());
-  if (!panes_->IsNarrow()) memory_.Keep(PanesKey, panes_->saveState());
-  if (!environment_->Project()) return;
-  const QString project = Text(environment_->Project()->Path());
-  ProjectMemory memory = memory_.Of(project);
-  memory.Zoom = formCommands_->Zoom();
-  memory.Component = tree_->Chosen() ? Text(tree_->Chosen()->Name) : "";
-  memory_.Keep(project, memory);
-}
-
 void MainWindow::Open(const QString& file, const QString& dictionary, bool wizard) {
   const bool opened = file.isEmpty() || files_->Open(file);
   if (!dictionary.isEmpty() && !OpenDictionary(dictionary)) return;
@@ -189,75 +166,6 @@ void MainWindow::Open(const QString& file, const QString& dictionary, bool wizar
   start->setSingleShot(true);
   connect(start, &QTimer::timeout, this, [this] { environment_->OpenWizard(); });
   start->start();
-}
-
-void MainWindow::ShowProject(const std::string& chosen) {
-  if (const auto* project = environment_->Project()) {
-    tree_->Show(*project, environment_->Summaries(), chosen);
-  } else {
-    lastNew_.clear();
-    tree_->Clear();
-  }
-  entryProperties_->ReadProject();
-  ShowState();
-}
-
-void MainWindow::ShowComponent() {
-  const ProjectModel::Component* chosen = tree_->Chosen();
-  componentCommands_->ShowState();
-  change_->SetComponent(chosen);
-  component_->Show(environment_->Project(), chosen, chosen ? environment_->Updates().Find(chosen->Name) : nullptr);
-}
-
-void MainWindow::ShowState() {
-  const vb6files::ProjectOnDisk* project = environment_->Project();
-  const bool isChanged = environment_->IsChanged();
-  actions_->Enable(Command::SaveProject, isChanged);
-  actions_->Enable(Command::CloseProject, project != nullptr);
-  setWindowModified(isChanged);
-  const QString name = project ? QFileInfo(Text(project->Path())).fileName() + "[*] - " : "[*]";
-  setWindowTitle(name + support::ProductName);
-  formCommands_->ShowPlace();
-  if (!project) status_->SetPlace(texts_(T::StatusNoProject));
-  const bool isEmpty = !project && environment_->DictionaryPath().empty();
-  pages_->setCurrentWidget(isEmpty ? static_cast<QWidget*>(start_) : panes_);
-  actions_->Bar().setVisible(!isEmpty);
-}
-
-void MainWindow::ShowTools() {
-  const auto name = [](const std::string& path) { return QFileInfo(Text(path)).fileName(); };
-  status_->SetDictionary(name(environment_->DictionaryPath()));
-  status_->SetToolbox(name(environment_->ToolboxPath()));
-  ShowRecent();
-  ShowState();
-}
-
-void MainWindow::ShowRecent() {
-  const std::vector<RecentFile> files = memory_.Recent();
-  start_->Show(files);
-  QMenu& menu = actions_->RecentMenu();
-  menu.clear();
-  for (const RecentFile& file : files) {
-    QString text = file.Path;
-    menu.addAction(text.replace('&', "&&"), this, [this, path = file.Path] { files_->OpenRecent(path); });
-  }
-  actions_->Enable(Command::OpenRecent, !files.empty());
-}
-
-// Shows the form that the wizard has made, complete or not.
-void MainWindow::AfterAddIn() {
-  if (!environment_->Project()) return;
-  const std::string made = environment_->NewComponentName();
-  if (made.empty() || made == lastNew_) {
-    ShowState();
-    return;
-  }
-  lastNew_ = made;
-  ShowProject(made);
-  if (const auto kept = environment_->Project()->CodeKeptIn(made)) {
-    formPage_->Bar().Say("info", Text(support::Shortened(vb6files::NoteOn(made, *kept))).toHtmlEscaped(),
-                         texts_(T::ButtonShowCode), [this] { panes_->Show(Pane::Code); });
-  }
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
