@@ -68,14 +68,16 @@ std::optional<std::string> ReadList(RecordReader& record) {
   return lines;
 }
 
-// Controls that are none of the environment's own have other records, which are left to be read.
+// Other libraries put the class of the picture in front. Whatever else they write is left to be read.
 std::optional<std::string> ReadPicture(RecordReader& record) {
   RecordReader ahead = record;
+  constexpr std::string_view pictureClass("\x04\x52\xE3\x0B\x91\x8F\xCE\x11\x9D\xE3\0\xAA\0\x4B\xB8\x51", 16);
   const std::optional<std::size_t> size = ahead.Number(4);
+  const std::size_t before = ahead.Rest().starts_with(pictureClass) ? ahead.Bytes(pictureClass.size())->size() : 0;
   if (ahead.Bytes(4) != std::string_view("lt\0\0", 4)) return std::nullopt;
   const std::optional<std::size_t> length = ahead.Number(4);
   const auto bytes = ahead.Bytes(length);
-  if (!size || !bytes || *size != *length + 8) return std::nullopt;
+  if (!size || !bytes || *size != before + *length + 8) return std::nullopt;
   record = ahead;
   return std::string(*bytes);
 }

@@ -34,28 +34,33 @@ void DrawThinEdge(QPainter& painter, const QRect& place, bool isRaised) {
 
 }  // namespace
 
-void DrawToolbar(QPainter& painter, const FormNode& control, const QRect& place) {
+std::vector<ToolbarButton> ToolbarButtonsOf(const FormNode& control, const QRect& place) {
   constexpr double separator = 3, placeholder = 4;
   constexpr double usualWidth = 609, usualHeight = 582, separatorWidth = 212;
-  painter.fillRect(place, ColorOf(color::Face));
-  if (control.Flag("BorderStyle")) DrawThinEdge(painter, place, true);
-  const bool isFlat = control.Flag("Style");
   const int width = PixelsOfHimetric(control.Number("ButtonWidth", usualWidth));
   const int height = PixelsOfHimetric(control.Number("ButtonHeight", usualHeight));
-  QPoint corner = place.topLeft() + QPoint(0, isFlat ? 0 : 2);
+  QPoint corner = place.topLeft() + QPoint(0, control.Flag("Style") ? 0 : 2);
+  std::vector<ToolbarButton> buttons;
   for (int i = 1, count = CountOf(control, "Buttons.NumButtons", 0); i <= count; ++i) {
-    const auto number = [&](const char* property) { return control.Number(Part("Buttons.Button", i, property)); };
     if (!control.Flag(Part("Buttons.Button", i, "Object.Visible"), true)) continue;
-    const double style = number("Style");
+    const double style = control.Number(Part("Buttons.Button", i, "Style"));
     int taken = style == separator ? PixelsOfHimetric(separatorWidth) : width;
-    if (style == placeholder) taken = PixelsOfHimetric(control.Number(Part("Buttons.Button", i, "Object.Width"), 0));
+    if (style == placeholder) taken = PixelsOfHimetric(control.Number(Part("Buttons.Button", i, "Object.Width")));
     const bool isButton = style != separator && style != placeholder;
     if (isButton && corner.x() + taken > place.right() + 1) corner = {place.left(), corner.y() + height};
-    const QRect button(corner, QSize(taken, height));
-    if (isButton) DrawThinEdge(painter, button, number("Value") == 0);
-    DrawText(painter, button.adjusted(2, 0, -2, -2), Qt::AlignHCenter | Qt::AlignBottom | Qt::TextSingleLine,
-             control.Text(Part("Buttons.Button", i, "Caption")), control, color::ButtonText);
+    if (isButton) buttons.push_back({i, QRect(corner, QSize(taken, height))});
     corner.rx() += taken;
+  }
+  return buttons;
+}
+
+void DrawToolbar(QPainter& painter, const FormNode& control, const QRect& place) {
+  painter.fillRect(place, ColorOf(color::Face));
+  if (control.Flag("BorderStyle")) DrawThinEdge(painter, place, true);
+  for (const ToolbarButton& button : ToolbarButtonsOf(control, place)) {
+    DrawThinEdge(painter, button.Place, control.Number(Part("Buttons.Button", button.Number, "Value")) == 0);
+    DrawText(painter, button.Place.adjusted(2, 0, -2, -2), Qt::AlignHCenter | Qt::AlignBottom | Qt::TextSingleLine,
+             control.Text(Part("Buttons.Button", button.Number, "Caption")), control, color::ButtonText);
   }
 }
 

@@ -6,7 +6,17 @@
 #include <QPainter>
 #include <QRect>
 
+#include <vector>
+
 namespace formwizard::apps::desktop {
+
+// A button of a toolbar, counted from 1.
+struct ToolbarButton {
+  int Number;
+  QRect Place;
+};
+// Those that are seen, without separators and placeholders.
+std::vector<ToolbarButton> ToolbarButtonsOf(const adapters::vb6files::FormNode& control, const QRect& place);
 
 void DrawToolbar(QPainter& painter, const adapters::vb6files::FormNode& control, const QRect& place);
 void DrawStatusBar(QPainter& painter, const adapters::vb6files::FormNode& control, const QRect& place);

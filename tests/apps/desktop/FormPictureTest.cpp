@@ -213,6 +213,22 @@ TEST_CASE("A picture of the companion file stands on its control, at the corner,
     CAPTURE(c.Lines);
     CHECK(AreaOf(PictureOf(Form(c.Lines, c.Frx), 1, false), YellowPixel) == c.Seen);
   }
+  // A toolbar has those of a list, by number or key; the list's records name the class of a picture first.
+  const std::string pictureClass("\x04\x52\xE3\x0B\x91\x8F\xCE\x11\x9D\xE3\0\xAA\0\x4B\xB8\x51", 16);
+  std::string listed = record(bmp, 24);
+  listed.insert(4, pictureClass);
+  const std::string list =
+      "Begin MSComctlLib.ImageList il\nBeginProperty Images\nNumListImages=1\nBeginProperty ListImage1\n" + at +
+      "Key=\"k\"\nEndProperty\nEndProperty\n";
+  for (const char* button : {"ImageIndex=1\n", "ImageKey=\"k\"\n", "ImageKey=\"other\"\n"}) {
+    const std::string bar = "ImageList=\"il\"\nBeginProperty Buttons\nNumButtons=1\nBeginProperty Button1\n" +
+                            std::string(button) + "EndProperty\nEndProperty\n";
+    for (const char* mask : {"", "MaskColor=65535\n"}) {
+      const std::string lines = list + mask + "End\n" + Control("MSComctlLib.Toolbar", {0, 0, 200, 30}, bar);
+      const bool isSeen = !Has(button, "other") && *mask == 0;
+      CHECK(AreaOf(PictureOf(Form(lines, listed), 1, false), YellowPixel) == (isSeen ? QRect(7, 10, 10, 6) : QRect()));
+    }
+  }
   const FormNode form = Form(at, good);
   SvgPicture svg(PictureSize(form, 1), "");
   QPainter painter(&svg);

@@ -149,6 +149,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const Pictures pictures(QString::fromLocal8Bit(argv[1]));
+  qputenv("HOME", pictures.Work.path().toLocal8Bit());  // as paths are shown
   const QPalette light = QApplication::style()->standardPalette();
   QApplication::setPalette(light);
   bool isTaken = pictures.TakeKinds("kinds") && pictures.TakeNeeds("needed") && pictures.TakeBrowser("dictionary") &&
