@@ -3,7 +3,6 @@
 #include "adapters/dictionary/JsonInput.h"
 #include "adapters/dictionary/JsonProblem.h"
 #include "apps/common/TextInput.h"
-#include "apps/forms/PlainJson.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
@@ -20,7 +19,6 @@
 #include <limits>
 #include <span>
 #include <sstream>
-#include <type_traits>
 #include <utility>
 
 namespace formwizard::apps::forms {
@@ -203,13 +201,11 @@ class ShownValue {
 
 // Makes form descriptions as their text is read. What is wrong with a value waits until all of the text was found to be
 // JSON that is not nested too deeply.
-template <typename Input>  // tells places
 class Reader : public nlohmann::json_sax<Json> {
  public:
   // `name` is that of the input, in messages, which must outlive the reader.
-  Reader(Input& input, std::string name) : input_(input), name_(std::make_shared<const std::string>(std::move(name))) {}
-
-  bool HasFailed() const { return !problem_.empty(); }
+  Reader(JsonInput& input, std::string name)
+      : input_(input), name_(std::make_shared<const std::string>(std::move(name))) {}
 
   bool null() override { return Take({Token::Kind::Null, "null"}); }
   bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
@@ -249,10 +245,7 @@ class Reader : public nlohmann::json_sax<Json> {
     if (dynamic_cast<const Json::out_of_range*>(&error)) {
       throw InputError(At(input_.BeginOfValue()).Text() + ": this number is out of range; write a smaller one");
     }
-    if constexpr (std::is_same_v<Input, JsonInput>) {
-      adapters::dictionary::FailNoJson(input_, *name_, error, Meant);
-    }
-    return false;  // a plain one leaves that to the parser
+    adapters::dictionary::FailNoJson(input_, *name_, error, Meant);
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.
@@ -278,6 +271,8 @@ class Reader : public nlohmann::json_sax<Json> {
     std::size_t Count;                          // elements of an array before the current one
     unsigned Seen;                              // a bit a member
   };
+
+  bool HasFailed() const { return !problem_.empty(); }
 
   // The next value begins behind what was read.
   bool Go() {
@@ -409,7 +404,7 @@ class Reader : public nlohmann::json_sax<Json> {
   }
 
   std::vector<FormDescription> forms_;
-  Input& input_;
+  JsonInput& input_;
   std::shared_ptr<const std::string> name_;
   std::vector<Frame> frames_;
   int depth_ = 0;
@@ -430,9 +425,6 @@ std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
 }
 
 std::vector<FormDescription> FormDescriptionsIn(const std::string& text, const std::string& name) {
-  PlainJson plain(text);
-  Reader quick(plain, name);
-  if (plain.Tell(quick) && !quick.HasFailed()) return quick.Take(true);
   std::istringstream in(text);
   JsonInput input(in, name);
   Reader reader(input, name);

@@ -1,6 +1,4 @@
 // Kept forms from the command line: what stands in the folder, what is said of them, and what an update writes.
-#include "apps/forms/DescriptionText.h"
-#include "support/Failures.h"
 #include "tests/apps/Keeper.h"
 
 #include <set>
@@ -267,45 +265,4 @@ TEST_CASE("What stands in the folder is checked: names, descriptions, code pages
   std::filesystem::remove_all(NativePath(work.Kept));
   WriteFile(work.Kept.substr(0, work.Kept.size() - 1), "");
   check("Project1.forms: this is no folder");
-}
-
-TEST_CASE("A description means the same, or is refused in the same words, whether or not it holds an escape") {
-  using namespace formwizard::apps::forms;
-  const std::string usual = R"([ { "class": "A.B", "system": "S",
-  "codePage": 1252, "settings": { "Columns": 2, "Bold": true, "Menu": "0" },
-  "fields": [ "X", { "property":"Y", "caption": "", "rows" : 12, "updateAfter": "X", "readOnly": false,
-    "combo": {"query":"Q","column":"C"} } ],
-  "made": { "program": "1", "form": "2", "fields": "3", "settings": "4", "class": { "X": { "kind": "k", "type": "t",
-    "caption": "c", "required": true } } },
-  "$schema": "A"
-} ])";
-  const auto told = [](const std::string& text) {
-    try {
-      std::string all;
-      for (const FormDescription& form : FormDescriptionsIn(text, "f")) {
-        all += form.Source + form.Class.Where.Text() + form.System->Where.Text() + TextOf(form);
-        for (const FieldChoice& field : form.Fields) {
-          all += field.Property.Where.Text() + (field.Rows ? field.Rows->Where.Text() : "");
-        }
-      }
-      return all;
-    } catch (const formwizard::support::InputError& error) {
-      return std::string(error.what());
-    }
-  };
-  const std::size_t last = usual.find("\"A\"");
-  const auto check = [&](std::size_t at, std::size_t count, const std::string& by) {
-    const std::string text = std::string(usual).replace(at, count, by);
-    const std::size_t letter = last + 1 + by.size() - count;
-    CHECK_MESSAGE(told(text) == told(std::string(text).replace(letter, 1, "\\u0041")), text);
-  };
-  check(0, 0, "");
-  CHECK(told(usual).starts_with("f:1:3"));
-  for (std::size_t at = 0; at < usual.find("\"$schema"); ++at) {
-    check(at, 1, "");
-    for (const char* by : {" ", "\n", "{", "}", "]", ",", ":", "\"", "0", "-", "e", "\t"}) {
-      check(at, 1, by);
-      check(at, 0, by);
-    }
-  }
 }
