@@ -10,13 +10,26 @@
 #include "generator/ide/ActiveX.h"
 #include "support/Failures.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 
 #include <utility>
 
 namespace formwizard::apps::desktop {
 
 using namespace generator::ide;
+
+namespace {
+
+// Time and size of a file; empty when there is none.
+std::string StampOf(const std::string& path) {
+  const QFileInfo file(adapters::qt::Text(path));
+  if (!file.exists()) return "";
+  return std::to_string(file.lastModified().toMSecsSinceEpoch()) + " " + std::to_string(file.size());
+}
+
+}  // namespace
 
 Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions options)
     : addInsMenu_(addInsMenu),
@@ -53,13 +66,20 @@ void Environment::ForgetProject() {
 }
 
 void Environment::OpenDictionary(const std::string& path) {
+  const std::string stamp = StampOf(path);  // of before it is read
   const std::string cache = options_.Cache.empty() ? adapters::qt::Utf8(QDir::tempPath()) : options_.Cache;
   const std::string file = DictionaryToOpen(path, cache);
   server_.Dictionary = common::OpenDictionary(file);
   dictionaryPath_ = path;
+  dictionaryStamp_ = stamp;
   dictionaryFile_ = file;
   keptForms_.reset();
   OnDictionary();
+}
+
+bool Environment::IsDictionaryChanged() const {
+  const std::string stamp = StampOf(dictionaryPath_);
+  return !stamp.empty() && stamp != dictionaryStamp_;
 }
 
 void Environment::UseToolbox(const std::string& path) {

@@ -39,6 +39,8 @@ class Environment : public generator::ide::Application {
   void OpenProject(const std::string& path);
   // Also in JSON.
   void OpenDictionary(const std::string& path);
+  // Whether its file is another one by now; false when it is gone.
+  bool IsDictionaryChanged() const;
   // For this project and those that are opened later.
   void UseToolbox(const std::string& path);
   void CloseProject();
@@ -123,6 +125,7 @@ class Environment : public generator::ide::Application {
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::satellite::Satellites satellites_;
   Server server_;
+  std::string dictionaryStamp_;                  // of its file, see IsDictionaryChanged
   std::string dictionaryPath_, dictionaryFile_;  // as it was chosen; what is read, which for JSON was made of it
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
   UnsavedUpdates updates_;

@@ -2,6 +2,8 @@
 
 #include "adapters/qt/Text.h"
 #include "apps/desktop/basics/Icons.h"
+#include "apps/desktop/basics/PlainTip.h"
+#include "apps/desktop/basics/Theme.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -322,7 +324,11 @@ Facts DictionaryModel::FactsOf(const QModelIndex& index) {
   const Entry& entry = At(index);
   const QString connect = &entry == root_ ? "" : SystemOf(entry).Type;
   try {
-    if (entry.Kind == EntryKind::Class) return reader_->OfClass(connect, entry.Name);
+    if (entry.Kind == EntryKind::Class) {
+      Facts facts = reader_->OfClass(connect, entry.Name);
+      facts.insert(facts.begin() + 1, {"System", SystemOf(entry).Name});
+      return facts;
+    }
     if (entry.Kind == EntryKind::Query) return reader_->OfQuery(connect, entry.Above->Name, entry.Name);
     if (IsMember(entry.Kind)) return reader_->OfProperty(connect, entry.Above->Name, entry.Name);
   } catch (const std::exception& failure) {
@@ -399,7 +405,8 @@ QVariant DictionaryModel::data(const QModelIndex& index, int role) const {
   const bool isName = index.column() == NameColumn;
   if (role == Qt::DisplayRole) return isName ? ShownName(entry) : IsMember(entry.Kind) ? entry.Type : QString();
   if (role == Qt::ToolTipRole && (entry.Kind == EntryKind::Failure || entry.Kind == EntryKind::Class))
-    return entry.Name;
+    return PlainTip(entry.Name);
+  if (role == Qt::ForegroundRole && !isName) return SecondaryText(QApplication::palette());
   if (role == Qt::AccessibleTextRole && isName && IsMember(entry.Kind) && !entry.Type.isEmpty()) {
     return entry.Name + ", " + entry.Type;
   }

@@ -5,12 +5,14 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QShortcut>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -18,15 +20,30 @@ namespace formwizard::apps::desktop {
 namespace {
 
 enum Page : int { Browser, Nothing };
-constexpr int IconSide = 16, TypeWidth = 84, RowHeight = 22;
+constexpr int IconSide = 16, RowHeight = 22, Indent = 16, Gap = 8;
 
-// All rows have one height, so that none is measured.
+// All rows have one height, so that none is measured. The type of a member stands at the right, where the name leaves
+// room.
 class RowDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  void paint(QPainter* painter, const QStyleOptionViewItem& given, const QModelIndex& index) const override {
+    const QModelIndex type = index.siblingAtColumn(DictionaryModel::TypeColumn);
+    const QString text = given.fontMetrics.elidedText(type.data().toString(), Qt::ElideRight, given.rect.width() / 2);
+    if (text.isEmpty()) return QStyledItemDelegate::paint(painter, given, index);
+    QStyleOptionViewItem option = given;
+    initStyleOption(&option, index);
+    option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+    option.rect.setRight(option.rect.right() - given.fontMetrics.horizontalAdvance(text) - Gap);
+    option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
+    const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+    painter->setPen(isSelected ? option.palette.color(QPalette::HighlightedText)
+                               : type.data(Qt::ForegroundRole).value<QColor>());
+    painter->drawText(given.rect.adjusted(0, 0, -Gap / 2, 0), Qt::AlignVCenter | Qt::AlignRight, text);
+  }
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-    return {TypeWidth, std::max(RowHeight, option.fontMetrics.height() + 4)};
+    return {RowHeight, std::max(RowHeight, option.fontMetrics.height() + 4)};
   }
 };
 
@@ -54,10 +71,8 @@ DictionaryPane::DictionaryPane(const Texts& texts, std::function<void()> openDic
   tree_->setUniformRowHeights(true);
   tree_->setFrameShape(QFrame::NoFrame);
   tree_->setIconSize({IconSide, IconSide});
-  tree_->header()->setStretchLastSection(false);
-  tree_->header()->setSectionResizeMode(DictionaryModel::NameColumn, QHeaderView::Stretch);
-  tree_->header()->setSectionResizeMode(DictionaryModel::TypeColumn, QHeaderView::Fixed);
-  tree_->header()->resizeSection(DictionaryModel::TypeColumn, TypeWidth);
+  tree_->setIndentation(Indent);
+  tree_->setColumnHidden(DictionaryModel::TypeColumn, true);
   stack_->addWidget(tree_);
   stack_->addWidget(noEntry_);
   auto* browser = new QWidget;

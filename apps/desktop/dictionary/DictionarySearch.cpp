@@ -1,6 +1,7 @@
 #include "apps/desktop/dictionary/DictionarySearch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace formwizard::apps::desktop {
 
@@ -36,8 +37,12 @@ void DictionarySearch::Clear() { *this = DictionarySearch(); }
 void DictionarySearch::Begin(const QString& text, const std::vector<Entry*>& classes) {
   const bool hasEnded = IsOn() && nextClass_ == looked_.size() && nextUnnamed_ == unnamed_.size() && !IsCut();
   const bool goesOn = hasEnded && text.contains(text_, Qt::CaseInsensitive);
-  looked_ = goesOn ? std::move(found_) : classes;
-  if (goesOn) std::ranges::sort(looked_, {}, &Entry::Order);
+  if (goesOn) {
+    looked_ = std::move(found_);
+    std::ranges::sort(looked_, {}, &Entry::Order);
+  } else {
+    looked_ = classes;
+  }
   text_ = text;
   matcher_ = QStringMatcher(text, Qt::CaseInsensitive);
   names_.Seek(matcher_);

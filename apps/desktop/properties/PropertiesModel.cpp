@@ -1,5 +1,7 @@
 #include "apps/desktop/properties/PropertiesModel.h"
 
+#include "apps/desktop/basics/PlainTip.h"
+
 #include <QFont>
 
 #include <utility>
@@ -36,7 +38,8 @@ int PropertiesModel::rowCount(const QModelIndex& parent) const {
 QVariant PropertiesModel::data(const QModelIndex& index, int role) const {
   const PropertyRow& row = At(index.row());
   const bool isName = index.column() == 0;
-  if (role == Qt::DisplayRole || (role == Qt::ToolTipRole && !isName)) return isName ? row.Name : row.Value;
+  if (role == Qt::DisplayRole) return isName ? row.Name : row.Value;
+  if (role == Qt::ToolTipRole && !isName) return PlainTip(row.Value);
   if (role == Qt::AccessibleDescriptionRole) return row.Meaning;
   if (role != Qt::FontRole || !row.IsTitle) return {};
   QFont bold;

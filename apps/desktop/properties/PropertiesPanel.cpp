@@ -147,7 +147,7 @@ void PropertiesPanel::CopyValue() {
 }
 
 void PropertiesPanel::Open(const QModelIndex& index) {
-  const PropertyRow& row = model_->At(index.row());
+  const PropertyRow row = model_->At(index.row());  // what it leads to may show others
   if (row.Leads == LeadsTo::Procedure && OnProcedureWanted) OnProcedureWanted(row.Value.toStdString());
   if (row.Leads == LeadsTo::Form && OnFormWanted) OnFormWanted(row.Name.toStdString());
 }

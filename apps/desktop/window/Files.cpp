@@ -89,6 +89,17 @@ bool Files::OpenDictionary(const QString& path) {
   return true;
 }
 
+void Files::RefreshDictionary() {
+  if (environment_.DictionaryPath().empty() || !environment_.IsDictionaryChanged()) return;
+  const QString name = NameOf(Text(environment_.DictionaryPath()));
+  try {
+    environment_.OpenDictionary(environment_.DictionaryPath());
+    OnDone(texts_(T::Opened, name));
+  } catch (const std::exception&) {  // which opening it tells
+    OnDone(texts_(T::CannotBeOpened, name));
+  }
+}
+
 bool Files::UseToolbox(const QString& path) {
   const bool used =
       Try(T::TitleToolbox, texts_(T::CannotBeOpened, NameOf(path)), [&] { environment_.UseToolbox(Utf8(path)); });

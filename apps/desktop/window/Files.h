@@ -22,6 +22,8 @@ class Files {
   // time, where something is missing. A failure is told, and false returned; what was open stays.
   bool OpenProject(const QString& path);
   bool OpenDictionary(const QString& path);
+  // Once more, when its file has changed since. What cannot be read then leaves what was open, and is told.
+  void RefreshDictionary();
   bool UseToolbox(const QString& path);
   // By what the file is.
   bool Open(const QString& path);

@@ -82,10 +82,10 @@ QString FormCommands::Zoom() const { return form_.IsFitted() ? "" : QString::num
 
 void FormCommands::SetZoom(const QString& zoom) {
   const double scale = zoom.toDouble();
-  if (scale < FormView::Smallest || scale > FormView::Largest) {
-    form_.FitWhole();
-  } else {
+  if (scale >= FormView::Smallest && scale <= FormView::Largest) {  // which no number is neither
     form_.SetScale(scale);
+  } else {
+    form_.FitWhole();
   }
 }
 

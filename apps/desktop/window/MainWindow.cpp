@@ -5,6 +5,7 @@
 #include "apps/desktop/window/Drops.h"
 #include "apps/desktop/window/NeedsDialog.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QShortcut>
 #include <QTimer>
@@ -154,6 +155,7 @@ void MainWindow::CarryOut() {
 }
 
 bool MainWindow::HasWhatTheWizardNeeds() {
+  files_->RefreshDictionary();
   return !NeedsDialog::IsAnythingMissing(*environment_) ||
          NeedsDialog(*this, texts_, *environment_, *files_).exec() == QDialog::Accepted;
 }
@@ -173,6 +175,13 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   const bool isNarrow = width() < NarrowBelow;
   panes_->SetNarrow(isNarrow);
   actions_->SetNarrow(isNarrow);
+}
+
+// Whoever comes back may have made the dictionary anew.
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  const bool isUsed = event->type() == QEvent::ActivationChange && isActiveWindow();
+  if (isUsed && files_ && !QApplication::activeModalWidget()) files_->RefreshDictionary();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

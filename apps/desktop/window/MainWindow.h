@@ -58,6 +58,7 @@ class MainWindow : public QMainWindow {
   DictionaryPane& Dictionary() { return *dictionary_; }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

@@ -56,8 +56,9 @@ void MainWindow::ShowState() {
   actions_->Enable(Command::SaveProject, isChanged);
   actions_->Enable(Command::CloseProject, project != nullptr);
   setWindowModified(isChanged);
-  const QString name = project ? QFileInfo(Text(project->Path())).fileName() + "[*] - " : "[*]";
-  setWindowTitle(name + support::ProductName);
+  QString name = project ? QFileInfo(Text(project->Path())).fileName() : "";
+  name.replace("[*]", "[*][*]");  // which stands for the star
+  setWindowTitle(name + (project ? "[*] - " : "[*]") + support::ProductName);
   formCommands_->ShowPlace();
   if (!project) status_->SetPlace(texts_(T::StatusNoProject));
   const bool isEmpty = !project && environment_->DictionaryPath().empty();

@@ -45,10 +45,12 @@ void Memory::Keep(const QString& key, const QVariant& value) {
 }
 
 std::vector<RecentFile> Memory::Recent() const {
+  if (file_) file_->sync();  // another window may have opened something since
   std::vector<RecentFile> files;
   const QStringList paths = Value(RecentPaths).toStringList(), days = Value(RecentDays).toStringList();
-  for (qsizetype i = 0; i < paths.size(); ++i)
-    files.push_back({paths[i], QDate::fromString(days.value(i), Qt::ISODate)});
+  for (qsizetype i = 0; i < paths.size() && files.size() < MostRecent; ++i) {
+    if (!paths[i].isEmpty()) files.push_back({paths[i], QDate::fromString(days.value(i), Qt::ISODate)});
+  }
   return files;
 }
 

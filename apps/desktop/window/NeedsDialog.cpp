@@ -176,7 +176,7 @@ QString NeedsDialog::Project() const {
 QString NeedsDialog::Dictionary() const {
   if (!HasDictionary(environment_)) return texts_(T::NeedsNoDictionary);
   if (!unreadable_.isEmpty()) return unreadable_;
-  const QString name = NameOf(environment_.DictionaryPath());
+  QString name = NameOf(environment_.DictionaryPath());
   if (slices_.isActive()) return name;
   const QString classes =
       count_->Classes() == 1 ? texts_(T::OneClass, name) : texts_(T::Classes, name, Counted(count_->Classes()));

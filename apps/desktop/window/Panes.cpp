@@ -7,6 +7,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace formwizard::apps::desktop {
 namespace {
 
@@ -116,6 +118,9 @@ void Panes::SetNarrow(bool isNarrow) {
   isNarrow_ = isNarrow;
   if (isNarrow) {
     left_->addTab(widgets_.Properties, texts_(T::TabProperties));
+    QList<int> widths = sizes();
+    widths[0] = std::max(widths[0], left_->tabBar()->sizeHint().width());  // of three
+    setSizes(widths);
   } else {
     left_->removeTab(left_->indexOf(widgets_.Properties));
     right_->layout()->addWidget(widgets_.Properties);

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/Text.h"
 #include "apps/desktop/basics/Icons.h"
+#include "apps/desktop/basics/PlainTip.h"
 
 #include <QFileInfo>
 #include <QFont>
@@ -153,7 +154,7 @@ QVariant ProjectModel::DataOf(const Group& group, const Component& entry, int ro
       return isSaved ? QVariant() : bold;
     }
     case Qt::ToolTipRole:
-      return entry.File.empty() ? texts_(T::StateNew) : Text(entry.File);
+      return entry.File.empty() ? texts_(T::StateNew) : PlainTip(Text(entry.File));
     case Qt::AccessibleTextRole:
       return SpokenName(group, entry);
     default:

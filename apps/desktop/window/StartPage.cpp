@@ -1,6 +1,7 @@
 #include "apps/desktop/window/StartPage.h"
 
 #include "apps/desktop/basics/Icons.h"
+#include "apps/desktop/basics/PlainTip.h"
 #include "apps/desktop/basics/Theme.h"
 #include "support/Strings.h"
 
@@ -190,7 +191,7 @@ void StartPage::Show(const std::vector<RecentFile>& files) {
     item->setData(FolderRole, Shortened(file.Path));
     item->setData(DayRole, day);
     item->setData(Qt::AccessibleTextRole, name + ", " + folder + ", " + day);
-    item->setToolTip(file.Path);
+    item->setToolTip(PlainTip(file.Path));
   }
   recent_->setVisible(!files.empty());
   noRecent_->setVisible(files.empty());

@@ -1,6 +1,7 @@
 #include "apps/desktop/window/StatusLine.h"
 
 #include "apps/desktop/basics/Icons.h"
+#include "apps/desktop/basics/PlainTip.h"
 
 #include <QAction>
 
@@ -45,11 +46,11 @@ void StatusLine::SetPlace(const QString& text) {
 void StatusLine::Say(const QString& text) { bar_.showMessage(text, SuccessStays); }
 
 void StatusLine::SetDictionary(const QString& name) {
-  dictionary_->setText(name.isEmpty() ? texts_(T::StatusNoDictionary) : name);
+  dictionary_->setText(name.isEmpty() ? texts_(T::StatusNoDictionary) : PlainCaption(name));
 }
 
 void StatusLine::SetToolbox(const QString& name) {
-  toolbox_->setText(name.isEmpty() ? texts_(T::StatusNoToolbox) : name);
+  toolbox_->setText(name.isEmpty() ? texts_(T::StatusNoToolbox) : PlainCaption(name));
 }
 
 }  // namespace formwizard::apps::desktop
