@@ -6,6 +6,8 @@
 #include "apps/common/Platform.h"
 #include "apps/desktop/DictionaryCache.h"
 #include "apps/desktop/MenuBars.h"
+#include "apps/forms/Choices.h"
+#include "apps/forms/Offers.h"
 #include "apps/forms/WizardUser.h"
 #include "generator/ide/ActiveX.h"
 #include "support/Failures.h"
@@ -61,6 +63,7 @@ void Environment::OpenProject(const std::string& path) {
 void Environment::ForgetProject() {
   wizard_.State().NewComponent.reset();
   updates_.Clear();
+  newForms_.Clear();
   keptForms_.reset();
   project_.reset();
 }
@@ -101,13 +104,28 @@ forms::KeptForms& Environment::KeptForms() {
   return *keptForms_;
 }
 
-void Environment::Save() {
-  project_->OnSave([this] {
-    if (!updates_.IsEmpty()) updates_.PutInto(KeptForms());
+std::vector<NewForms::NotKept> Environment::Save() {
+  std::vector<NewForms::NotKept> notKept;
+  std::vector<adapters::vb6files::FileChange> finished;
+  const std::shared_ptr<void> whileSaving(nullptr, [this](void*) {
+    project_->OnChange({}, false);
+    project_->OnSave({});
+  });
+  project_->OnChange([&](const adapters::vb6files::FileChange& change) { finished.push_back(change); }, false);
+  project_->OnSave([&] {
+    project_->OnChange({}, false);  // what is put now is no form that was finished
+    try {
+      notKept = newForms_.PutInto(*project_, finished, {dictionaryFile_, FORMWIZARD_VERSION});
+      if (!updates_.IsEmpty()) updates_.PutInto(KeptForms());
+    } catch (const support::InputError& error) {
+      throw support::SaveError(error.what());
+    }
   });
   project_->Save();
   updates_.Clear();
+  newForms_.Clear();
   keptForms_.reset();
+  return notKept;
 }
 
 std::vector<adapters::vb6files::ComponentSummary> Environment::Summaries() const {
@@ -181,8 +199,24 @@ void Environment::OpenWizardFor(const std::string& system, const std::string& cl
 
 void Environment::RunCommand(const std::function<void()>& command) {
   if (!MayRunAddIn()) return;
-  RunAddIn(command);
+  const auto before = wizard_.State().NewComponent;
+  RunAddIn([&] {
+    command();
+    if (wizard_.State().NewComponent && wizard_.State().NewComponent != before) RememberChoices();
+  });
   if (OnAddInDone) OnAddInDone();
+}
+
+// Of the form that the wizard has just made.
+void Environment::RememberChoices() {
+  if (!keepsNewForms_) return;
+  const wizard::AddInState& state = wizard_.State();
+  forms::Offers offers(server_);
+  forms::FormDescription choices =
+      forms::ChoicesIn(state, system_.System(), offers.Of(system_.System(), state.Form.ClassName));
+  choices.Source = NewComponentName();
+  if (!options_.Language.empty()) choices.Language = {options_.Language, {}};
+  newForms_.Add(NewComponentName(), std::move(choices));
 }
 
 wizard::WizardPorts Environment::Ports() {

@@ -7,6 +7,7 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "addin/Wizard.h"
 #include "apps/desktop/dictionary/WizardOpening.h"
+#include "apps/desktop/kept/NewForms.h"
 #include "apps/desktop/kept/UnsavedUpdates.h"
 #include "apps/desktop/preview/WizardPreview.h"
 #include "apps/forms/KeptForms.h"
@@ -91,10 +92,13 @@ class Environment : public generator::ide::Application {
   // support::InputError for what cannot be read.
   forms::KeptForms& KeptForms();
 
-  // Of the project with these updates: whether saving would write something; saving, as ProjectOnDisk::Save; and its
-  // components as they stand once it is saved.
+  // Whether forms that the wizard makes from now on are kept when they are saved.
+  void KeepNewForms(bool isWanted) { keepsNewForms_ = isWanted; }
+
+  // Of the project with these updates: whether saving would write something; saving, as ProjectOnDisk::Save, with the
+  // new forms that could not be kept; and its components as they stand once it is saved.
   bool IsChanged() const { return project_ && (project_->IsChanged() || !updates_.IsEmpty()); }
-  void Save();
+  std::vector<NewForms::NotKept> Save();
   std::vector<adapters::vb6files::ComponentSummary> Summaries() const;
   // The component that the wizard made last in this project; empty before.
   std::string NewComponentName() const;
@@ -115,6 +119,7 @@ class Environment : public generator::ide::Application {
   };
 
   void RunCommand(const std::function<void()>& command);
+  void RememberChoices();
   void ForgetProject();
 
   QMenu& addInsMenu_;
@@ -129,10 +134,13 @@ class Environment : public generator::ide::Application {
   std::string dictionaryPath_, dictionaryFile_;  // as it was chosen; what is read, which for JSON was made of it
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
   UnsavedUpdates updates_;
+  NewForms newForms_;
+  bool keepsNewForms_ = true;
   std::unique_ptr<forms::KeptForms> keptForms_;
   std::string previewed_;  // the name of the form that is made; empty for a free one
   WizardPreview preview_;
-  WizardOpening opening_{preview_};
+  SystemWatcher system_{preview_};
+  WizardOpening opening_{system_};
   addin::Wizard wizard_;
 };
 

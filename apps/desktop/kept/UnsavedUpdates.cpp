@@ -26,6 +26,11 @@ const UnsavedUpdates::Updated* UnsavedUpdates::Find(const std::string& form) con
   return found == updated_.end() ? nullptr : &found->Form;
 }
 
+forms::KeptForm UnsavedUpdates::Look(forms::KeptForms& forms, const std::string& form, bool lists) const {
+  const Updated* updated = Find(form);
+  return forms.Look(form, lists, updated ? &*updated->Form.Next : nullptr);
+}
+
 std::vector<std::string> UnsavedUpdates::LastForms() const {
   std::vector<std::string> names;
   for (const Entry& each : updated_) {

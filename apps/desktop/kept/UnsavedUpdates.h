@@ -27,6 +27,8 @@ class UnsavedUpdates {
   bool IsEmpty() const { return updated_.empty(); }
   // By the name of the form; null for none.
   const Updated* Find(const std::string& form) const;
+  // As KeptForms::Look, by the choices of its update where the form has one. What it was updated to shows nowhere.
+  forms::KeptForm Look(forms::KeptForms& forms, const std::string& form, bool lists = true) const;
   // What the last command has updated, and when.
   std::vector<std::string> LastForms() const;
   QDateTime LastTime() const { return IsEmpty() ? QDateTime() : updated_.back().Time; }

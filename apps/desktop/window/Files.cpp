@@ -194,10 +194,11 @@ void Files::OpenLast() {
 
 bool Files::Save() {
   const QString name = NameOf(Text(environment_.Project()->Path()));
+  std::vector<NewForms::NotKept> notKept;
   const bool saved = Try(T::TitleSaveProject, texts_(T::NotSaved, name),
                          [&] {
                            try {
-                             environment_.Save();
+                             notKept = environment_.Save();
                            } catch (const support::ChangedMeanwhile& changed) {
                              OfferReload(name, changed.what());
                            }
@@ -205,6 +206,8 @@ bool Files::Save() {
                      !environment_.IsChanged();
   OnProject("");
   if (saved) OnDone(texts_(T::Saved, name));
+  for (const auto& [form, why] : notKept)
+    Tell(window_, texts_, T::TitleSaveProject, texts_(T::KeptNot, Text(form)), Text(why));
   return saved;
 }
 

@@ -56,6 +56,8 @@ MainWindow::MainWindow(EnvironmentOptions options)
   componentCommands_ =
       std::make_unique<ComponentCommands>(*this, texts_, *actions_, *environment_, *files_, *tree_, *form_);
   componentCommands_->OnTakenBack = [this](const std::string& component) { ShowProject(component); };
+  kept_ = std::make_unique<KeptCommands>(KeptParts{*this, texts_, *actions_, *environment_, *files_, memory_, *tree_,
+                                                   *formPage_, *form_, *code_, *panes_, *status_});
   CarryOut();
   help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
   TakeDrops(*this, [this](const QStringList& files) {  // a dictionary that comes with a project is opened behind it
@@ -133,7 +135,10 @@ void MainWindow::ConnectAddIns(EnvironmentOptions options) {
   const QVariant kept = memory_.Value(PreviewKey);
   previewed.setChecked(!kept.isValid() || kept.toBool());
   preview.SetWanted(previewed.isChecked());
-  environment_->OnDictionary = [this] { dictionary_->Show(&environment_->Factories()); };
+  environment_->OnDictionary = [this] {
+    dictionary_->Show(&environment_->Factories());
+    kept_->Check();
+  };
   if (QAction* wizard = environment_->WizardCommand()) actions_->PlaceWizardCommand(*wizard);
 }
 

@@ -19,6 +19,7 @@
 #include "apps/desktop/window/FormCommands.h"
 #include "apps/desktop/window/FormPage.h"
 #include "apps/desktop/window/HelpCommands.h"
+#include "apps/desktop/window/KeptCommands.h"
 #include "apps/desktop/window/Memory.h"
 #include "apps/desktop/window/Panes.h"
 #include "apps/desktop/window/ProjectTree.h"
@@ -52,6 +53,7 @@ class MainWindow : public QMainWindow {
 
   ProjectTree& Tree() { return *tree_; }
   Actions& Commands() { return *actions_; }
+  const KeptStates& Kept() const { return kept_->States(); }
   FormPage& Page() { return *formPage_; }
   FormView& Form() { return *form_; }
   CodePane& Code() { return *code_; }
@@ -101,6 +103,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<ChangeCommand> change_;
   std::unique_ptr<EditCommands> edit_;
   std::unique_ptr<ComponentCommands> componentCommands_;
+  std::unique_ptr<KeptCommands> kept_;
   std::string lastNew_;
 };
 

@@ -40,6 +40,7 @@ void MainWindow::ShowProject(const std::string& chosen) {
     tree_->Clear();
   }
   entryProperties_->ReadProject();
+  kept_->Check();
   ShowState();
 }
 
@@ -48,6 +49,7 @@ void MainWindow::ShowComponent() {
   componentCommands_->ShowState();
   change_->SetComponent(chosen);
   component_->Show(environment_->Project(), chosen, chosen ? environment_->Updates().Find(chosen->Name) : nullptr);
+  kept_->ShowChosen();
 }
 
 void MainWindow::ShowState() {

@@ -103,7 +103,11 @@ QModelIndex ProjectModel::First() const {
 }
 
 void ProjectModel::SetState(const std::string& name, const KeptState& state) {
-  states_[name] = state;
+  if (state.Words.isEmpty()) {
+    states_.erase(name);
+  } else {
+    states_[name] = state;
+  }
   const QModelIndex entry = Find(name);
   if (entry.isValid()) emit dataChanged(entry, entry.siblingAtColumn(StateColumn));
 }
@@ -173,7 +177,7 @@ QString ProjectModel::SpokenName(const Group& group, const Component& entry) con
 QVariant ProjectModel::StateOf(const Component& entry, int role) const {
   const auto state = states_.find(entry.Name);
   if (state == states_.end()) return {};
-  if (role == Qt::DecorationRole && !state->second.Icon.isEmpty()) return IconNamed(state->second.Icon);
+  if (role == IconsRole) return state->second.Icons;
   if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return state->second.Words;
   return {};
 }

@@ -15,14 +15,15 @@ namespace formwizard::apps::desktop {
 
 // How a form stands to what it was generated from.
 struct KeptState {
-  QString Icon;   // empty: none
-  QString Words;  // "edited and outdated"
+  QStringList Icons;
+  QString Words;  // "edited and outdated"; empty for a form that is not kept
 };
 
 class ProjectModel final : public QAbstractItemModel {
  public:
   using Component = adapters::vb6files::ComponentSummary;
   enum Column : std::uint8_t { NameColumn, StateColumn, ColumnCount };
+  static constexpr int IconsRole = Qt::UserRole;  // of a state: the names of its icons
 
   ProjectModel(const Texts& texts, QObject* owner) : QAbstractItemModel(owner), texts_(texts) {}
 

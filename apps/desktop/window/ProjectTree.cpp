@@ -2,9 +2,11 @@
 
 #include "adapters/qt/Text.h"
 #include "apps/desktop/basics/EmptyState.h"
+#include "apps/desktop/basics/Icons.h"
 
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QPainter>
 #include <QStyledItemDelegate>
 
 namespace formwizard::apps::desktop {
@@ -15,7 +17,7 @@ using adapters::qt::Text;
 constexpr int StateWidth = 44, RowHeight = 22, IconSide = 16;
 enum Page : int { Tree, Nothing };
 
-// All rows have one height, so that none is measured. The pictures of a state stand at the right.
+// All rows have one height, so that none is measured. The icons of a state stand at the right.
 class RowDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -24,10 +26,14 @@ class RowDelegate final : public QStyledItemDelegate {
     return {StateWidth, std::max(RowHeight, option.fontMetrics.height() + 4)};
   }
 
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    if (index.column() == ProjectModel::StateColumn) option->decorationAlignment = Qt::AlignRight | Qt::AlignVCenter;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    const QStringList icons = index.data(ProjectModel::IconsRole).toStringList();
+    const QIcon::Mode mode = option.state.testFlag(QStyle::State_Selected) ? QIcon::Selected : QIcon::Normal;
+    QRect place(option.rect.right() - IconSide - 4, option.rect.center().y() - IconSide / 2 + 1, IconSide, IconSide);
+    for (auto icon = icons.crbegin(); icon != icons.crend(); ++icon, place.translate(-IconSide - 2, 0)) {
+      IconNamed(*icon).paint(painter, place, Qt::AlignCenter, mode);
+    }
   }
 };
 

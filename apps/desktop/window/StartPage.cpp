@@ -1,5 +1,6 @@
 #include "apps/desktop/window/StartPage.h"
 
+#include "apps/desktop/basics/Days.h"
 #include "apps/desktop/basics/Icons.h"
 #include "apps/desktop/basics/PlainTip.h"
 #include "apps/desktop/basics/Theme.h"
@@ -171,19 +172,12 @@ QWidget* StartPage::MadeHeading() {
   return heading;
 }
 
-QString StartPage::DayText(const QDate& day) const {
-  const qint64 ago = day.daysTo(QDate::currentDate());
-  if (ago == 0) return texts_(T::Today);
-  if (ago == 1) return texts_(T::Yesterday);
-  return day.isValid() ? QLocale().toString(day, QLocale::ShortFormat) : "";
-}
-
 void StartPage::Show(const std::vector<RecentFile>& files) {
   recent_->clear();
   for (const RecentFile& file : files) {
     const QFileInfo info(file.Path);
     const bool isProject = info.suffix().toLower() == "vbp";
-    const QString name = isProject ? info.completeBaseName() : info.fileName(), day = DayText(file.Day);
+    const QString name = isProject ? info.completeBaseName() : info.fileName(), day = DayText(texts_, file.Day);
     const QString folder = Shortened(info.absolutePath());
     auto* item = new QListWidgetItem(IconNamed(isProject ? "project" : "dictionary"), name, recent_);
     item->setData(PathRole, file.Path);

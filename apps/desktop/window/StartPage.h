@@ -28,7 +28,6 @@ class StartPage : public QWidget {
  private:
   QCommandLinkButton* Made(T label, T note, const QString& icon, std::function<void()> action);
   QWidget* MadeHeading();
-  QString DayText(const QDate& day) const;
 
   const Texts& texts_;
   QListWidget* recent_;

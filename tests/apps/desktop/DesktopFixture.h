@@ -50,6 +50,13 @@ inline void WaitForFocus() {
   }));
 }
 
+// The files of a project but for what is kept beside it.
+inline std::map<std::string, std::string> OwnFiles(const std::string& folder) {
+  std::map<std::string, std::string> files = FilesIn(NativePath(folder));
+  std::erase_if(files, [](const auto& file) { return Has(file.first, ".forms/") || Has(file.first, ".undo/"); });
+  return files;
+}
+
 struct DesktopFixture {
   TemporaryFolder Folder;
   std::string Home = Folder / "project";

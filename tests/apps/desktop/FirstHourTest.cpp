@@ -93,7 +93,7 @@ struct FirstHour {
   }
   void CheckSaved() const {
     CHECK_FALSE(Window.isWindowModified());
-    CheckSameFiles(FilesIn(NativePath(QFileInfo(Project).path().toStdString())),
+    CheckSameFiles(OwnFiles(QFileInfo(Project).path().toStdString()),
                    FilesIn(SourceFolder() + "/tests/golden/addin-project"));
   }
 };

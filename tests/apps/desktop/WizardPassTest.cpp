@@ -61,6 +61,6 @@ TEST_CASE("A form made by keyboard alone or by mouse is the one that the command
     });
     CHECK_FALSE(QApplication::activeModalWidget());
     desktop.Save();
-    CheckSameFiles(FilesIn(NativePath(desktop.Home)), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
+    CheckSameFiles(OwnFiles(desktop.Home), FilesIn(SourceFolder() + "/tests/golden/addin-project"));
   }
 }

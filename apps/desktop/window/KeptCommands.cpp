@@ -1,0 +1,144 @@
+#include "apps/desktop/window/KeptCommands.h"
+
+#include "adapters/qt/Text.h"
+#include "apps/desktop/basics/Messages.h"
+#include "apps/desktop/kept/KeptWords.h"
+#include "runtime/Conversions.h"
+#include "support/Messages.h"
+#include "vbtext/Document.h"
+
+#include <utility>
+
+namespace formwizard::apps::desktop {
+namespace {
+
+using adapters::qt::Text;
+
+constexpr char KeepKey[] = "window/keepNewForms";
+
+// "Update Form...", where no menu is.
+QString WithoutKey(QString text) { return text.remove('&'); }
+
+}  // namespace
+
+KeptCommands::KeptCommands(const KeptParts& parts)
+    : parts_(parts),
+      texts_(parts.Words),
+      states_([this] { return Source(); }),
+      update_(
+          {parts.Window, parts.Words, parts.Commands, parts.Project, parts.Opened, parts.Tree, states_, parts.Status}) {
+  states_.OnStanding = [this](const std::string& form, const Standing* standing) { Told(form, standing); };
+  states_.OnDone = [this](const std::string& problem) { TellChecked(problem); };
+  parts_.Commands.On(Command::CheckAgainstDictionary, [this] { CheckAgain(); });
+  CarryOutKeeping();
+  Check();
+}
+
+void KeptCommands::CarryOutKeeping() {
+  parts_.Commands.On(Command::KeepNewForms, [this](bool wanted) {
+    parts_.Project.KeepNewForms(wanted);
+    parts_.Remembered.Keep(KeepKey, wanted);
+  });
+  const QVariant kept = parts_.Remembered.Value(KeepKey);
+  parts_.Commands[Command::KeepNewForms].setChecked(!kept.isValid() || kept.toBool());
+  parts_.Project.KeepNewForms(parts_.Commands[Command::KeepNewForms].isChecked());
+}
+
+KeptStates::Source KeptCommands::Source() const {
+  if (!parts_.Project.Project()) return {};
+  return {&parts_.Project.KeptForms(), &parts_.Project.Updates(), !parts_.Project.DictionaryPath().empty()};
+}
+
+void KeptCommands::Check() {
+  const auto* project = parts_.Project.Project();
+  parts_.Commands.Enable(Command::CheckAgainstDictionary, project != nullptr);
+  if (!project || project->Path() != project_) states_.Clear();
+  project_ = project ? project->Path() : "";
+  names_.clear();
+  update_.Enable();
+  if (!project) return;
+  for (const ProjectModel::Component& each : project->Summaries())
+    names_.emplace(runtime::LowerCase(each.Name), each.Name);
+  states_.Start(parts_.Tree.Chosen() ? parts_.Tree.Chosen()->Name : "");
+}
+
+// The dictionary and what is shown are read again, too.
+void KeptCommands::CheckAgain() {
+  parts_.Opened.OnProject("");
+  const QString dictionary = Text(parts_.Project.DictionaryPath());
+  isAskedFor_ = true;
+  if (!(dictionary.isEmpty() ? parts_.Opened.AskForDictionary() : parts_.Opened.OpenDictionary(dictionary)))
+    isAskedFor_ = false;
+}
+
+void KeptCommands::Told(const std::string& form, const Standing* standing) {
+  const auto found = names_.find(runtime::LowerCase(form));
+  if (found == names_.end()) return;  // the project has it no longer
+  const std::string& name = found->second;
+  parts_.Tree.SetState(name, standing ? KeptState{IconsOf(*standing), WordsOf(*standing, texts_)} : KeptState{});
+  if (parts_.Tree.Chosen() && parts_.Tree.Chosen()->Name == name) ShowStanding();
+}
+
+void KeptCommands::TellChecked(const std::string& problem) {
+  update_.Enable();
+  if (!std::exchange(isAskedFor_, false)) return;
+  if (!problem.empty()) {
+    return Tell(parts_.Window, texts_, T::CheckAgainstDictionary, texts_(T::SomethingFailed), Text(problem));
+  }
+  const auto number = [](std::size_t count) { return QString::number(count); };
+  parts_.Status.Say(states_.Count() == 0
+                        ? texts_(T::KeptNone)
+                        : texts_(T::KeptChecked, number(states_.Outdated().size()), number(states_.Count())));
+}
+
+const Standing* KeptCommands::Chosen() const {
+  return parts_.Tree.Chosen() && parts_.Tree.Chosen()->IsForm ? states_.Find(parts_.Tree.Chosen()->Name) : nullptr;
+}
+
+void KeptCommands::ShowChosen() {
+  toldInBar_.clear();
+  ShowStanding();
+}
+
+void KeptCommands::ShowStanding() {
+  update_.Enable();
+  const ProjectModel::Component* chosen = parts_.Tree.Chosen();
+  if (!chosen || !chosen->IsForm) return;
+  const Standing* standing = Chosen();
+  QStringList more;
+  if (const std::string& name = parts_.Form.Canvas().Origin().Class; !name.empty()) more << Text(name);
+  if (standing) more << WordsOf(*standing, texts_);
+  parts_.Around.SetHeading(Text(chosen->Name), more.join(", "));
+  if (!standing) return;
+  Mark(chosen->Name, standing->State);
+  TellInBar(chosen->Name, *standing);
+}
+
+void KeptCommands::Mark(const std::string& form, const kept::State& state) {
+  if (state.Edits.empty()) return parts_.Code.View().MarkEdited({});
+  const UnsavedUpdates::Updated* updated = parts_.Project.Updates().Find(form);
+  const std::string frm = updated ? updated->Update.Form.Frm : parts_.Project.Project()->TextsOf(form).Frm;
+  parts_.Code.View().MarkEdited(EditedLines(state, static_cast<int>(vbtext::DocumentOf(frm).CodeLines.First)));
+}
+
+// What was closed is not said again before something else is to be said, or the form is shown again.
+void KeptCommands::TellInBar(const std::string& form, const Standing& standing) {
+  const kept::State& state = standing.State;
+  const QString name =
+      parts_.Form.Canvas().Origin().Class.empty() ? Text(form) : Text(parts_.Form.Canvas().Origin().Class);
+  const QString text = !standing.Problem.empty() ? Text(support::Shortened(standing.Problem))
+                       : state.IsForeign         ? texts_(T::KeptForeignMeans, Text(form))
+                       : !state.Problem.empty()  ? texts_(T::KeptCannotBeMade, Text(support::Shortened(state.Problem)))
+                       : !state.Class.IsEmpty()  ? texts_(T::KeptClassChanged, name, WordsOf(state.Class, texts_))
+                       : state.IsOutdated()      ? texts_(T::KeptMadeOtherwise)
+                                                 : "";
+  if (text == toldInBar_) return;
+  toldInBar_ = text;
+  if (text.isEmpty()) return parts_.Page.Bar().Clear();
+  const bool canUpdate = standing.IsOutdated() && state.Problem.empty();
+  parts_.Page.Bar().Say(canUpdate ? "outdated" : "missing", text.toHtmlEscaped(),
+                        canUpdate ? WithoutKey(texts_(T::UpdateForm)) : "",
+                        [this] { parts_.Commands[Command::UpdateForm].trigger(); });
+}
+
+}  // namespace formwizard::apps::desktop
