@@ -23,7 +23,7 @@ class FormMarks : public QWidget {
   // A child of the view's canvas, which it follows.
   explicit FormMarks(FormView& view);
 
-  // `before` is the form as it was, on which stands what goes.
+  // `before` is the form as it was, on which stands what goes. What only makes room for others is not marked.
   void Show(const std::vector<FormChange>& controls, const adapters::vb6files::FormNode* before);
 
  protected:

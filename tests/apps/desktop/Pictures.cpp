@@ -73,8 +73,8 @@ struct Pictures {
     return window.grab().save(Target.filePath(name + ".png"));
   }
   // The project with a form that has every kind of control that the wizard makes, kept with its choices.
-  QString MakeKinds() const {
-    const QString folder = Work.filePath("kinds"), dictionary = QFileInfo(Files.Dictionary).absoluteFilePath();
+  QString MakeKinds(const QString& name) const {
+    const QString folder = Work.filePath(name), dictionary = QFileInfo(Files.Dictionary).absoluteFilePath();
     const QString source = QString::fromStdString(formwizard::tests::SourceFolder());
     QDir().mkpath(folder);
     for (const char* file : {"Project1.vbp", "Form1.frm"}) {
@@ -87,9 +87,44 @@ struct Pictures {
     const QString program = QString::fromStdString(formwizard::tests::BuiltProgram("ostrel-form-wizard"));
     return QProcess::execute(program, arguments) == 0 ? project : "";
   }
+  static bool Edit(const QString& path, const QByteArray& from, const QByteArray& to) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite)) return false;
+    const QByteArray bytes = file.readAll();
+    if (!bytes.contains(from)) return false;
+    return file.resize(0) && file.seek(0) && file.write(QByteArray(bytes).replace(from, to)) > 0;
+  }
+  // A form that lacks a field of its description, has one too many, and shows a caption that the class and its user
+  // have changed.
+  bool TakeUpdate(const QString& name) const {
+    const QString project = MakeKinds("updated"), folder = QFileInfo(project).path(),
+                  classes = Work.filePath("changed.json");
+    const QString description = folder + "/Project1.forms/frmPerson.json", form = folder + "/frmPerson.frm";
+    QFile::remove(classes);
+    QFile::copy(QString::fromStdString(formwizard::tests::SourceFolder()) + "/samples/dictionary.json", classes);
+    QFile(classes).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    if (!Edit(description, R"({ "property": "Spouse.SSN" })", R"({ "property": "Home.Zip" })") ||
+        !Edit(classes, R"("Caption": "Date of Birth")", R"("Caption": "Born on")") ||
+        !Edit(classes, R"("Caption": "Social Security No.")", R"("Caption": "Security No.")") ||
+        !Edit(form, R"("Social Security No.")", R"("SSN")"))
+      return false;
+    const auto window = Opened("ENU", {1200, 740});
+    if (!window->OpenProject(project) || !window->OpenDictionary(classes)) return false;
+    window->Tree().Choose("frmPerson");
+    if (!QTest::qWaitFor([&] { return window->Kept().IsDone(); })) return false;
+    bool isTaken = false;
+    QTimer::singleShot(200, window.get(), [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (dialog) dialog->resize(1240, 790);
+      isTaken = dialog && Take(*dialog, name);
+      if (dialog) dialog->close();
+    });
+    window->Commands()[Command::UpdateForm].trigger();
+    return isTaken;
+  }
   bool TakeKinds(const QString& name) const {
     const auto window = Opened("ENU", {1200, 800});
-    if (!window->OpenProject(MakeKinds()) || !window->OpenDictionary(Files.Dictionary)) return false;
+    if (!window->OpenProject(MakeKinds("kinds")) || !window->OpenDictionary(Files.Dictionary)) return false;
     window->Tree().Choose("frmPerson");
     return Take(*window, name);
   }
@@ -152,9 +187,9 @@ int main(int argc, char** argv) {
   qputenv("HOME", pictures.Work.path().toLocal8Bit());  // as paths are shown
   const QPalette light = QApplication::style()->standardPalette();
   QApplication::setPalette(light);
-  bool isTaken = pictures.TakeKinds("kinds") && pictures.TakeNeeds("needed") && pictures.TakeBrowser("dictionary") &&
-                 pictures.TakeCode("code") && pictures.TakeMain("main") && pictures.TakeMain("main-german", "DEU") &&
-                 pictures.TakeMain("main-800x600", "ENU", {800, 600});
+  bool isTaken = pictures.TakeKinds("kinds") && pictures.TakeUpdate("update") && pictures.TakeNeeds("needed") &&
+                 pictures.TakeBrowser("dictionary") && pictures.TakeCode("code") && pictures.TakeMain("main") &&
+                 pictures.TakeMain("main-german", "DEU") && pictures.TakeMain("main-800x600", "ENU", {800, 600});
   QApplication::setPalette(DarkPalette());
   isTaken = isTaken && pictures.TakeMain("main-dark");
   QApplication::setPalette(light);
