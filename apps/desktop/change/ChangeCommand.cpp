@@ -2,13 +2,15 @@
 
 #include "adapters/qt/Text.h"
 #include "apps/desktop/basics/Messages.h"
-#include "apps/desktop/change/ChangeSummary.h"
 #include "apps/desktop/change/ChangeWizard.h"
+#include "apps/desktop/kept/KeptWords.h"
+#include "apps/desktop/update/UpdateView.h"
 #include "apps/forms/KeptFolder.h"
 #include "apps/forms/Offers.h"
 #include "runtime/Conversions.h"
 
 #include <QFileInfo>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -17,7 +19,15 @@ namespace {
 
 using adapters::qt::Text;
 
+constexpr qsizetype MostNames = 8;
+
 QString NameOf(const std::string& path) { return QFileInfo(Text(path)).fileName(); }
+
+QStringList NamesIn(const std::vector<std::string>& texts) {
+  QStringList names;
+  for (const std::string& text : texts) names << Text(text);
+  return names;
+}
 
 }  // namespace
 
@@ -65,7 +75,7 @@ void ChangeCommand::ChangeByWizard() {
   if (!before || !HasClass(*before)) return;
   const LeftOutListener tellLeftOut = [&](const std::vector<std::string>& leftOut) {
     desktop::Tell(window_, texts_, T::ChangeForm, texts_(T::ClassOffersLess, Text(before->Class.Value), Name()),
-                  texts_(T::LeftOut, Listed(texts_, leftOut)));
+                  texts_(T::LeftOut, Listed(NamesIn(leftOut), MostNames, texts_)));
   };
   std::optional<forms::FormDescription> choices = before;
   do {
@@ -125,36 +135,28 @@ ChangeCommand::Answer ChangeCommand::Take(const forms::FormDescription& before, 
     const bool isTakenBack = environment_.Updates().TakeBack(form_);
     if (isTakenBack) OnChanged(form_);
     files_.OnDone(texts_(isTakenBack ? T::FormChanged : T::NothingChanges, Name()));
-    return Answer::Cancel;
+    return Answer::Done;
   }
-  const Answer answer = AskAbout(update);
-  if (answer != Answer::Change) return answer;
-  environment_.Updates().Take({update});
-  OnChanged(form_);
-  files_.OnDone(texts_(T::FormChanged, Name()));
-  return answer;
+  return LetDecide(update);
 }
 
-ChangeCommand::Answer ChangeCommand::AskAbout(const UpdateChoices& update) {
-  const system::CodePage& codePage = environment_.Project()->ProjectCodePage();
-  if (!update.Conflicts().empty()) {
-    return AskAgain(texts_(T::ChangeConflicts, Name()),
-                    texts_(T::BothChanged, ConflictsIn(texts_, update, codePage)) + "\n" + texts_(T::ChooseOtherwise));
-  }
-  const std::size_t answer = Ask(window_, texts_,
-                                 {.Title = T::ChangeForm,
-                                  .What = texts_(T::FormWillChange, Name()),
-                                  .Why = SummaryOf(texts_, update, codePage),
-                                  .Buttons = {T::ButtonChange, T::ButtonChooseAgain, T::Cancel},
-                                  .Icon = QMessageBox::Question});
-  return static_cast<Answer>(answer);
+ChangeCommand::Answer ChangeCommand::LetDecide(const UpdateChoices& update) {
+  UpdateView view(&window_, texts_, texts_(T::ToolChangeForm), environment_.Project()->ProjectCodePage(), {update},
+                  UpdateView::Cause::Choices);
+  const int result = view.exec();
+  if (result == UpdateView::ChooseAgain) return Answer::ChooseAgain;
+  if (result != QDialog::Accepted) return Answer::Done;
+  environment_.Updates().Take(view.Forms());
+  OnChanged(form_);
+  files_.OnDone(texts_(T::FormChanged, Name()));
+  return Answer::Done;
 }
 
 ChangeCommand::Answer ChangeCommand::AskAgain(const QString& what, const QString& why) {
   const std::size_t answer =
       Ask(window_, texts_,
           {.Title = T::ChangeForm, .What = what, .Why = why, .Buttons = {T::ButtonChooseAgain, T::Cancel}});
-  return answer == 0 ? Answer::ChooseAgain : Answer::Cancel;
+  return answer == 0 ? Answer::ChooseAgain : Answer::Done;
 }
 
 }  // namespace formwizard::apps::desktop

@@ -30,7 +30,7 @@ class ChangeCommand {
   std::function<void(const std::string& form)> OnChanged = [](const std::string&) {};
 
  private:
-  enum class Answer : std::uint8_t { Change, ChooseAgain, Cancel };
+  enum class Answer : std::uint8_t { Done, ChooseAgain };
 
   void Change();
   bool MayChange();
@@ -38,9 +38,8 @@ class ChangeCommand {
   std::optional<forms::FormDescription> ChoicesKept();
   bool HasClass(const forms::FormDescription& choices);
   Answer Take(const forms::FormDescription& before, const forms::FormDescription& choices);
-  Answer AskAbout(const UpdateChoices& update);
+  Answer LetDecide(const UpdateChoices& update);
   Answer AskAgain(const QString& what, const QString& why);
-  void Tell(T what, T why);
   QString CommandToKeep() const;
   QString Name() const;
 

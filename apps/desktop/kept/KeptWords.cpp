@@ -38,6 +38,11 @@ QStringList IconsOf(const Standing& standing) {
   return icons.isEmpty() ? QStringList{"kept"} : icons;
 }
 
+QString Listed(const QStringList& names, qsizetype most, const Texts& texts) {
+  const qsizetype more = names.size() - most;
+  return more <= 1 ? names.join(", ") : texts(T::AndMore, names.mid(0, most).join(", "), QString::number(more));
+}
+
 QString WordsOf(const kept::ClassChanges& changes, const Texts& texts) {
   QStringList reasons;
   const auto add = [&](const std::string& property, T word) { reasons << Text(property) + " (" + texts(word) + ")"; };
@@ -46,9 +51,7 @@ QString WordsOf(const kept::ClassChanges& changes, const Texts& texts) {
     add(change.Property, std::ranges::find(Attributes, change.What, &Attribute::Name)->Word);
   }
   for (const kept::Property& property : changes.New) add(property.Path, T::UpdateNew);
-  const qsizetype more = reasons.size() - MostReasons;
-  if (more <= 1) return reasons.join(", ");
-  return texts(T::AndMore, reasons.mid(0, MostReasons).join(", "), QString::number(more));
+  return Listed(reasons, MostReasons, texts);
 }
 
 std::vector<LineRange> EditedLines(const kept::State& state, int codeBegins) {

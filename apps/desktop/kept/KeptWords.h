@@ -16,6 +16,8 @@ namespace formwizard::apps::desktop {
 QString WordsOf(const Standing& standing, const Texts& texts);
 // The pictures that stand for it.
 QStringList IconsOf(const Standing& standing);
+// Of more than `most` and one the first: "a, b, c and 3 more".
+QString Listed(const QStringList& names, qsizetype most, const Texts& texts);
 // "Notes (new), SSN (caption), Age (gone)", of many the first.
 QString WordsOf(const kept::ClassChanges& changes, const Texts& texts);
 

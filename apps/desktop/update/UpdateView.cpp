@@ -41,11 +41,12 @@ int LinesBefore(const std::string& frm, const std::string& code) {
 }  // namespace
 
 UpdateView::UpdateView(QWidget* owner, const Texts& texts, const QString& title, const system::CodePage& codePage,
-                       std::vector<UpdateChoices> forms)
+                       std::vector<UpdateChoices> forms, Cause cause)
     : QDialog(owner),
       texts_(texts),
       codePage_(codePage),
       forms_(std::move(forms)),
+      cause_(cause),
       heading_(new QLabel),
       note_(new QLabel),
       names_(new QListWidget),
@@ -102,6 +103,7 @@ QWidget* UpdateView::MadeHeading() {
   column->setSpacing(4);
   heading_->setFont(Weighted(heading_->font(), 1.3));
   MakeSecondary(*note_);
+  note_->setWordWrap(true);
   column->addWidget(heading_);
   column->addWidget(note_);
   return pane;
@@ -157,6 +159,11 @@ QWidget* UpdateView::MadeButtons() {
   row->setContentsMargins(16, 8, 16, 8);
   row->addWidget(note, 1);
   row->addWidget(update_);
+  if (cause_ == Cause::Choices) {
+    auto* again = new QPushButton(texts_(T::ButtonChooseAgain));
+    connect(again, &QPushButton::clicked, this, [this] { done(ChooseAgain); });
+    row->addWidget(again);
+  }
   row->addWidget(cancel);
   return pane;
 }
@@ -167,10 +174,20 @@ FormTree UpdateView::TreeOf(const kept::FormTexts& texts) const {
 
 void UpdateView::ShowForm(std::size_t form) {
   shown_ = form;
-  const forms::KeptForm& kept = forms_[form].Form();
-  heading_->setText(texts_(T::UpdateHeading, Text(kept.Name)));
-  note_->setText(kept.Next ? texts_(T::UpdateNote, Text(kept.Next->Class.Value)) : "");
+  heading_->setText(
+      texts_(cause_ == Cause::Class ? T::UpdateHeading : T::FormWillChange, Text(forms_[form].Form().Name)));
   ShowChanges();
+}
+
+// Why it changes, and what there is to know that no control or procedure shows.
+QString UpdateView::NoteOn(const UpdateChoices& update) const {
+  const forms::KeptForm& kept = update.Form();
+  QStringList lines;
+  if (cause_ == Cause::Class && kept.Next) lines << texts_(T::UpdateNote, Text(kept.Next->Class.Value));
+  if (cause_ == Cause::Choices && update.Result().Form == kept.Sides.Mine) lines << texts_(T::SummaryOnlyChoices);
+  for (const std::string& note : update.Result().Notes) lines << Text(codePage_.Decode(note));
+  for (const std::string& message : kept.Messages) lines << Text(message);
+  return lines.join('\n');
 }
 
 void UpdateView::ShowChanges() {
@@ -184,6 +201,8 @@ void UpdateView::ShowChanges() {
   const FormChanges changes = ChangesIn(update, codePage_);
   marks_->Show(changes.Controls, &before.Form);
   changes_->Show(changes, update.Conflicts());
+  note_->setText(NoteOn(update));
+  note_->setVisible(!note_->text().isEmpty());
   ShowDecided();
 }
 

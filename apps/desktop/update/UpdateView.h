@@ -17,16 +17,21 @@
 #include <QSplitter>
 #include <QTabWidget>
 
+#include <cstdint>
 #include <vector>
 
 namespace formwizard::apps::desktop {
 
 class UpdateView : public QDialog {
  public:
+  enum class Cause : std::uint8_t { Class, Choices };  // what makes the forms others: their classes, or their user
+  // How it ends beside QDialog's Accepted, when all is decided, and Rejected: other choices are wanted.
+  static constexpr int ChooseAgain = 2;
+
   // `title` is that of the command. At least one form. `texts` and `codePage`, that of the project, must outlive this
-  // object. When it was accepted, all is decided.
+  // object.
   UpdateView(QWidget* owner, const Texts& texts, const QString& title, const system::CodePage& codePage,
-             std::vector<UpdateChoices> forms);
+             std::vector<UpdateChoices> forms, Cause cause = Cause::Class);
 
   const std::vector<UpdateChoices>& Forms() const { return forms_; }
   const CodeComparison& Code() const { return *code_; }
@@ -40,6 +45,7 @@ class UpdateView : public QDialog {
   QWidget* MadePicture();
   QWidget* MadeButtons();
   void ShowForm(std::size_t form);
+  QString NoteOn(const UpdateChoices& update) const;
   void ShowChanges();
   void ShowDecided();
   void Show(const FormChange& change);
@@ -49,6 +55,7 @@ class UpdateView : public QDialog {
   const Texts& texts_;
   const system::CodePage& codePage_;
   std::vector<UpdateChoices> forms_;
+  Cause cause_;
   std::size_t shown_ = 0;
   std::vector<int> firstLines_{0, 0};  // of the code in the two files
   QLabel *heading_, *note_;

@@ -1,11 +1,15 @@
 // "Change Form...": a kept form by other choices, in real windows and by keyboard.
 #include "apps/desktop/basics/Messages.h"
+#include "apps/desktop/update/UpdateView.h"
+#include "tests/apps/desktop/FreshDesktop.h"
+#include "tests/apps/desktop/Nameless.h"
 #include "tests/apps/desktop/Users.h"
 #include "tests/support/RunProgram.h"
 
 #include <QMessageBox>
 #include <QSpinBox>
 #include <QTextDocument>
+#include <QTreeWidgetItemIterator>
 
 using namespace formwizard;
 using namespace formwizard::apps::desktop;
@@ -102,9 +106,20 @@ struct KeptDesktop : DesktopFixture {
            FAIL_CHECK(button.toStdString());
          });
   }
-  void Finish(const QString& answer, QString& said) {
-    if (!answer.isEmpty()) Answer(answer, said);
-    User.Press(WizardDesign().cmdFinish);
+  // What the update view shows, before a key with Alt ends it; where something is in conflict, the new is taken first.
+  static void Decide(Qt::Key key, QString& shown) {
+    const auto view = [] { return dynamic_cast<UpdateView*>(QApplication::activeModalWidget()); };
+    When([view] { return view() != nullptr; },
+         [view, key, &shown] {
+           CHECK(Nameless(*view()).empty());
+           shown += view()->findChild<QLabel*>()->text() + "|";
+           for (QTreeWidgetItemIterator it(view()->findChild<QTreeWidget*>()); *it; ++it) shown += (*it)->text(0) + "|";
+           if (!view()->Forms()[0].IsDecided()) {
+             for (const Qt::Key each : {Qt::Key_Down, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Down}) Strike(each);
+             CHECK(QTest::qWaitFor([view] { return view()->Forms()[0].IsDecided(); }));
+           }
+           Strike(key, key == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier);
+         });
   }
   static void Cancel() { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); }
 };
@@ -124,7 +139,7 @@ TEST_CASE("A kept form is changed by other choices with what was edited in it, a
   QString said;
   desktop.AtAttributes(3, [] { KeptDesktop::Cancel(); });
   desktop.Press();
-  desktop.AtAttributes(3, [&] { desktop.Finish("", said); });
+  desktop.AtAttributes(3, [&] { desktop.User.Press(dialog.cmdFinish); });
   desktop.Press();
   CHECK_FALSE(desktop.Window->isWindowModified());
 
@@ -139,17 +154,23 @@ TEST_CASE("A kept form is changed by other choices with what was edited in it, a
       desktop.User.Take(dialog.tvwAttributes, "*SSN", "", dialog.cmdSelectOne);
       desktop.User.Press(dialog.cmdNext);
       // First looked at, then chosen once more.
-      desktop.Answer("Choose Again...", said);
-      desktop.AtAttributes(4, [&] { desktop.Finish("Change", said); });
+      desktop.Decide(Qt::Key_G, said);
+      desktop.AtAttributes(4, [&] {
+        desktop.Decide(Qt::Key_U, said);
+        desktop.User.Press(dialog.cmdFinish);
+      });
       desktop.User.Press(dialog.cmdFinish);
     });
     desktop.Press();
     CHECK(QTest::qWaitFor([&] { return desktop.Window->isWindowModified(); }));
   };
   choose();
-  const QString asked =
-      "frmPerson changes by these choices.|New: txtSSN, lblSSN, Sub txtSSN_Change\nChanged: lblNotes, ";
+  const QString asked = "frmPerson changes by these choices.|Controls (";
   CHECK_MESSAGE(said.count(asked) == 2, said.toStdString());
+  for (const char* name : {"|lblNotes|", "|txtSSN|", "|lblSSN|", "|txtSSN_Change|", "|actionSave|"}) {
+    CAPTURE(std::string(name));
+    CHECK(said.count(name) == 2);
+  }
   CHECK(desktop.Files() == before);
   const auto hasField = [&] {
     return QTest::qWaitFor(
@@ -183,6 +204,27 @@ TEST_CASE("A kept form is changed by other choices with what was edited in it, a
   CHECK(Has(desktop.Run("status").Out, "frmPerson: edited\n"));
 }
 
+TEST_CASE("What the choices and the user have changed is decided before a form changes by choices") {
+  KeptDesktop desktop;
+  KeptDesktop::Edit(desktop.Form, "Caption         =   \"Name\"", "Caption         =   \"Mine\"");
+  const auto before = desktop.Files();
+  for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_U}) {
+    QString shown;
+    desktop.AtAttributes(3, [&] {
+      desktop.User.TypeOver(WizardDesign().txtCaption[0], "Theirs");
+      desktop.Decide(end, shown);
+      desktop.User.Press(WizardDesign().cmdFinish);
+    });
+    desktop.Press();
+    CHECK(QTest::qWaitFor([&] { return desktop.Window->isWindowModified() == (end == Qt::Key_U); }));
+    CHECK_MESSAGE(shown.startsWith("frmPerson changes by these choices.|To decide (1)|lblName|"), shown.toStdString());
+    CHECK(desktop.Files() == before);
+  }
+  desktop.Save();
+  CHECK(Has(ReadFile(desktop.Form), "\"Theirs\""));
+  CHECK(Has(ReadFile(desktop.Form), desktop.Guard));
+}
+
 TEST_CASE("What a form cannot be changed by is said, and leaves everything as it is") {
   struct Case {
     std::function<void(KeptDesktop&)> Before;
@@ -208,14 +250,6 @@ TEST_CASE("What a form cannot be changed by is said, and leaves everything as it
        "frmPerson is not kept"},
       {other("\"Notes\"", "\"Memo\""), [](KeptDesktop&, QString&) { KeptDesktop::Cancel(); }, "OK",
        "Sample.Person no longer offers all that frmPerson was made with.|Left out: Notes\n"},
-      {[](KeptDesktop& desktop) {
-         KeptDesktop::Edit(desktop.Form, "Caption         =   \"Name\"", "Caption         =   \"Mine\"");
-       },
-       [&](KeptDesktop& desktop, QString& said) {
-         desktop.User.TypeOver(dialog.txtCaption[0], "Theirs");
-         desktop.Finish("Cancel", said);
-       },
-       "", "you edited what these choices change, too.|In conflict: lblName\nNothing was changed."},
       {[](KeptDesktop&) {},
        [&](KeptDesktop& desktop, QString& said) {
          desktop.User.Press(dialog.cmdBack);
@@ -223,7 +257,8 @@ TEST_CASE("What a form cannot be changed by is said, and leaves everything as it
          desktop.User.GoOnWith(dialog.tvwClasses, "Company");
          desktop.User.Take(dialog.tvwAttributes, "*Name", "", dialog.cmdSelectOne);
          desktop.User.Press(dialog.cmdNext);
-         desktop.Finish("Cancel", said);
+         desktop.Answer("Cancel", said);
+         desktop.User.Press(dialog.cmdFinish);
        },
        "", "frmPerson was made for Sample.Person and stays a form of that class.|Choose that class again"},
   };

@@ -279,7 +279,7 @@ TEST_CASE("Access keys are unique on every menu, page and message, in every lang
              {T::ButtonRemove, T::Cancel},
              {T::ButtonTakeBack, T::Cancel},
              {T::ButtonRemoveFromList, T::Cancel},
-             {T::ButtonChange, T::ButtonChooseAgain, T::Cancel},
+             {T::ButtonUpdate, T::ButtonChooseAgain, T::Cancel},
              {T::ButtonChooseDictionary, T::ButtonClose},
              {T::NeedsProject, T::NeedsDictionary, T::NeedsToolbox, T::NeedsContinue, T::Cancel}}) {
       QStringList shown;
