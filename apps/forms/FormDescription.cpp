@@ -44,7 +44,7 @@ struct Token {
   Place Where = {};                                          // of what may stand there
   const std::shared_ptr<const std::string>* Name = nullptr;  // of the input
 
-  Origin From() const { return {*Name, Where.Line, Where.Column}; }
+  Origin From() const { return {Name ? *Name : nullptr, Where.Line, Where.Column}; }
   GivenText Given() const { return {std::string(Text), From()}; }
 };
 

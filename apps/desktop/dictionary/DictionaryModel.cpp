@@ -17,7 +17,7 @@ namespace {
 
 using adapters::qt::Text;
 
-constexpr int SliceMilliseconds = 15, WhileBusy = 100;
+constexpr int WhileBusy = 100;  // milliseconds
 constexpr std::size_t MostAtOnce = 10000;
 
 const Entry& SystemOf(const Entry& entry) {
@@ -167,7 +167,7 @@ void DictionaryModel::WorkOn() {
     return;
   }
   const bool wasSearching = isSearching_;
-  if (Work(QDeadlineTimer(SliceMilliseconds))) slices_.start(0);
+  if (Work(QDeadlineTimer(sliceMilliseconds_))) slices_.start(0);
   if (wasSearching) OnSearched();
 }
 
@@ -284,7 +284,7 @@ void DictionaryModel::Narrow(const QString& text) {
     for (Entry* system : root_->All) Want(*system);
     OnlyFitting(*root_);
     wantedText_ = text;
-    if (Work(QDeadlineTimer(SliceMilliseconds))) slices_.start(0);
+    if (Work(QDeadlineTimer(sliceMilliseconds_))) slices_.start(0);
   } else {
     search_.End();
   }
@@ -385,7 +385,7 @@ void DictionaryModel::fetchMore(const QModelIndex& parent) {
   if (entry.IsRead) return;
   if (entry.Kind == EntryKind::System) {
     Want(entry);
-    if (Work(QDeadlineTimer(SliceMilliseconds))) slices_.start(0);
+    if (Work(QDeadlineTimer(sliceMilliseconds_))) slices_.start(0);
     return;
   }
   ReadMembers(entry);

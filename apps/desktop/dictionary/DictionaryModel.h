@@ -35,6 +35,8 @@ class DictionaryModel : public QAbstractItemModel {
   // Why the search has ended before it had looked through all; empty where it did, or found enough.
   const QString& SearchFailure() const { return searchFailure_; }
   std::function<void()> OnSearched = [] {};
+  // How long it works before others have their turn.
+  void WorkInSlicesOf(int milliseconds) { sliceMilliseconds_ = milliseconds; }
 
   // The row that bears the text of the search, behind or in front of the index; past the end it begins again. Invalid
   // when there is none.
@@ -106,6 +108,7 @@ class DictionaryModel : public QAbstractItemModel {
   QString searchFailure_;
   std::vector<Entry*> narrowed_;
   QTimer slices_;
+  int sliceMilliseconds_ = 15;
 };
 
 }  // namespace formwizard::apps::desktop

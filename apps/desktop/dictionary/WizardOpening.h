@@ -2,7 +2,11 @@
 #pragma once
 
 #include "adapters/qt/DialogWatcher.h"
+#include "adapters/qt/FormWindow.h"
 #include "wizard/frmWizard.h"
+
+#include <QPointer>
+#include <QTimer>
 
 #include <functional>
 #include <utility>
@@ -12,7 +16,7 @@ namespace formwizard::apps::desktop {
 class WizardOpening : public adapters::qt::DialogWatcher {
  public:
   // Everything is passed on to `next`, which must outlive this object.
-  explicit WizardOpening(adapters::qt::DialogWatcher& next) : next_(next) {}
+  explicit WizardOpening(adapters::qt::DialogWatcher& next);
 
   struct Played {
     std::function<void(wizard::frmWizard&)> Play;
@@ -27,8 +31,13 @@ class WizardOpening : public adapters::qt::DialogWatcher {
   void Closed(ui::Form& form) override { next_.Closed(form); }
 
  private:
+  void Play();
+
   adapters::qt::DialogWatcher& next_;
   Played played_;
+  wizard::frmWizard* dialog_ = nullptr;  // while its window is there
+  QPointer<adapters::qt::FormWindow> window_ = nullptr;
+  QTimer later_;
 };
 
 }  // namespace formwizard::apps::desktop
