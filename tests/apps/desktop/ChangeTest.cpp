@@ -85,12 +85,7 @@ struct KeptDesktop : DesktopFixture {
   }
   // Once the wizard stands at the Attributes step with so many fields.
   static void AtAttributes(int fields, const std::function<void()>& use) {
-    When(
-        [fields] {
-          const auto* list = QApplication::activeModalWidget()->findChild<QListView*>("lstFields");
-          return list && list->isVisible() && list->model()->rowCount() == fields && list->currentIndex().row() == 0;
-        },
-        use);
+    When([fields] { return IsAtAttributes(fields); }, use);
   }
   // Answers the next message; what it says.
   static void Answer(const QString& button, QString& said) {

@@ -84,14 +84,16 @@ struct DesktopFixture {
     QApplication::processEvents();
   }
 
-  // Calls back in the next modal window. Who leaves it open after a failure finds it closed.
-  static void WhenShown(const std::function<void()>& user) {
-    QTimer::singleShot(5, [user, before = QApplication::activeModalWidget()] {
+  // Calls back in the next modal window, once it is ready. Who leaves it open after a failure finds it closed.
+  static void WhenShown(
+      const std::function<void()>& user, const std::function<bool()>& isReady = [] { return true; }) {
+    WhenShownAfter(QApplication::activeModalWidget(), user, isReady);
+  }
+  static void WhenShownAfter(QWidget* before, const std::function<void()>& user, const std::function<bool()>& isReady) {
+    QTimer::singleShot(5, [=] {
       QWidget* window = QApplication::activeModalWidget();
-      if (!window || window == before) {
-        WhenShown(user);
-        return;
-      }
+      const bool isOther = window && window != before;
+      if (!isOther || !isReady()) return WhenShownAfter(isOther ? before : window, user, isReady);
       WaitForFocus();
       try {
         user();

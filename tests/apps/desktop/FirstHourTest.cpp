@@ -1,5 +1,5 @@
-// The first hour with the program: from nothing open to a saved form, by keys alone and by clicks alone. What is not
-// reached so is out of reach of somebody.
+// The first hour with the program: from nothing open to a saved form and one that is changed, by keys alone and by
+// clicks alone. What is not reached so is out of reach of somebody.
 #include "apps/desktop/preview/PreviewWindow.h"
 #include "tests/apps/desktop/FreshDesktop.h"
 #include "tests/apps/desktop/Users.h"
@@ -14,6 +14,7 @@
 #include <QTabBar>
 #include <QTableView>
 #include <QToolButton>
+#include <QTreeWidget>
 
 #include <algorithm>
 
@@ -76,6 +77,20 @@ struct FirstHour {
     });
     user.Press(WizardDesign().cmdFinish);
   }
+  // Chooses one property more, and takes what becomes of the form.
+  static void ChangeByWizard(User& user, const std::function<void(QWidget& view)>& take) {
+    const wizard::frmWizard& dialog = WizardDesign();
+    user.Press(dialog.cmdBack);
+    user.Take(dialog.tvwAttributes, "*SSN", "", dialog.cmdSelectOne);
+    user.Press(dialog.cmdNext);
+    DesktopFixture::WhenShown([take] {
+      QWidget& view = ModalWindow();
+      CHECK(view.findChild<QTreeWidget*>()->findItems("txtSSN", Qt::MatchExactly | Qt::MatchRecursive).size() == 1);
+      take(view);
+      CHECK(QTest::qWaitFor([] { return !QApplication::activeModalWidget(); }));
+    });
+    user.Press(dialog.cmdFinish);
+  }
   std::string Place() const {
     std::string place;
     for (const QLabel* label : Seen<QLabel>(*Window.statusBar())) place += label->text().simplified().toStdString();
@@ -95,6 +110,14 @@ struct FirstHour {
     CHECK_FALSE(Window.isWindowModified());
     CheckSameFiles(OwnFiles(QFileInfo(Project).path().toStdString()),
                    FilesIn(SourceFolder() + "/tests/golden/addin-project"));
+  }
+  void CheckChanged() const {
+    CHECK_FALSE(Window.isWindowModified());
+    const auto files = FilesIn(QFileInfo(Project).path().toStdString());
+    for (const char* part : {"txtSSN", "txtHomeCity", "\"Town\""}) CHECK(Has(files.at("frmPerson.frm"), part));
+    CHECK(files.at("Project1.forms/frmPerson.frm") == files.at("frmPerson.frm"));
+    CHECK(QTest::qWaitFor([&] { return Window.Kept().IsDone(); }));
+    CHECK(Window.Tree().View().currentIndex().data(Qt::AccessibleTextRole) == "frmPerson, form, unchanged, saved");
   }
 };
 
@@ -158,7 +181,7 @@ void ClickPath(const QStringList& path) {
 
 }  // namespace
 
-TEST_CASE("In a first hour by keyboard alone a form is made, looked at, found in its code and saved") {
+TEST_CASE("In a first hour by keyboard alone a form is made, looked at, found in its code, saved and changed") {
   FirstHour hour;
   TypePath(hour.Project);
   Strike(Qt::Key_O, Qt::AltModifier);
@@ -202,11 +225,22 @@ TEST_CASE("In a first hour by keyboard alone a form is made, looked at, found in
   Strike(Qt::Key_Escape);
   Strike(Qt::Key_S, Qt::ControlModifier);
   hour.CheckSaved();
+
+  DesktopFixture::WhenShown(
+      [] {
+        KeyboardUser user;
+        FirstHour::ChangeByWizard(user, [](QWidget&) { Strike(Qt::Key_U, Qt::AltModifier); });
+      },
+      [] { return IsAtAttributes(5); });
+  Strike(Qt::Key_E, Qt::ControlModifier);
+  CHECK(QTest::qWaitFor([&] { return hour.Window.isWindowModified(); }));
+  Strike(Qt::Key_S, Qt::ControlModifier);
+  hour.CheckChanged();
   Strike(Qt::Key_Q, Qt::ControlModifier);
   CHECK_FALSE(hour.Window.isVisible());
 }
 
-TEST_CASE("In a first hour by mouse alone a form is made, looked at, found in its code and saved") {
+TEST_CASE("In a first hour by mouse alone a form is made, looked at, found in its code, saved and changed") {
   FirstHour hour;
   const QString before = QDir::currentPath();
   QDir::setCurrent(QFileInfo(hour.Dictionary).path());
@@ -248,6 +282,17 @@ TEST_CASE("In a first hour by mouse alone a form is made, looked at, found in it
   CHECK(hour.LineOfCode() == "Private Sub mnu__Save_Click()");
   ClickOn(SeenWith<QToolButton>(hour.Window, "Save"));
   hour.CheckSaved();
+
+  DesktopFixture::WhenShown(
+      [] {
+        MouseUser user;
+        FirstHour::ChangeByWizard(user, [](QWidget& view) { ClickOn(SeenWith<QPushButton>(view, "Update")); });
+      },
+      [] { return IsAtAttributes(5); });
+  ClickOn(SeenWith<QToolButton>(hour.Window, "Change Form"));
+  CHECK(QTest::qWaitFor([&] { return hour.Window.isWindowModified(); }));
+  ClickOn(SeenWith<QToolButton>(hour.Window, "Save"));
+  hour.CheckChanged();
   ClickEntry(hour.Window, "File", "Close Project");
   CHECK(hour.Window.Tree().Chosen() == nullptr);
 }

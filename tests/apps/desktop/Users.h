@@ -11,6 +11,13 @@
 
 namespace formwizard::tests {
 
+// Whether the wizard, which goes there by itself when a form is changed, stands at the Attributes step with so many
+// fields.
+inline bool IsAtAttributes(int fields) {
+  const auto* list = QApplication::activeModalWidget()->findChild<QListView*>("lstFields");
+  return list && list->isVisible() && list->model()->rowCount() == fields && list->currentIndex().row() == 0;
+}
+
 class KeyboardUser : public Keyboard {
  public:
   // The toolkit shows the button pressed for a while before it is clicked.
