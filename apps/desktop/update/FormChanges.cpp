@@ -88,6 +88,13 @@ class Gatherer {
 
 }  // namespace
 
+bool MakesRoom(const FormChange& change) {
+  static const QStringList places{"Left",       "Top",         "Width",       "Height",
+                                  "ScaleWidth", "ScaleHeight", "ClientWidth", "ClientHeight"};
+  return change.Kind == ChangeKind::Changed && !change.Properties.isEmpty() &&
+         std::ranges::all_of(change.Properties, [](const QString& each) { return places.contains(each); });
+}
+
 FormChanges ChangesIn(const UpdateChoices& update, const system::CodePage& codePage) {
   const Gatherer gatherer(codePage);
   FormChanges changes;
@@ -107,6 +114,7 @@ FormChanges ChangesIn(const UpdateChoices& update, const system::CodePage& codeP
   const kept::FormTexts& result = update.Result().Form;
   for (const Difference& each : kept::DifferencesOf(sides.Mine, result))
     gatherer.Add(each, changes.Controls, changes.Procedures);
+  std::ranges::stable_partition(changes.Controls, [](const FormChange& each) { return !MakesRoom(each); });
   for (const Difference& each : kept::DifferencesOf(sides.Theirs, result))
     gatherer.Add(each, changes.Yours, changes.Yours);
   for (FormChange& each : changes.Yours) each.Kind = ChangeKind::Yours;

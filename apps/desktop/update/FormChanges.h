@@ -29,6 +29,10 @@ struct FormChanges {
   std::vector<FormChange> ToDecide, Controls, Procedures, Yours;
 };
 
+// Whether a control only makes room for others.
+bool MakesRoom(const FormChange& change);
+
+// The controls that only make room for others come last.
 FormChanges ChangesIn(const UpdateChoices& update, const system::CodePage& codePage);
 
 }  // namespace formwizard::apps::desktop

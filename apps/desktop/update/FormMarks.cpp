@@ -22,12 +22,6 @@ constexpr std::array<std::pair<const char*, QRgb>, 5> Looks{{{"conflict", 0xFFD6
                                                              {"removed", 0xFFD64545},
                                                              {"edited", 0xFFC47A0B}}};
 
-bool IsMoveAlone(const FormChange& change) {
-  static const QStringList places{"Left", "Top", "Width", "Height"};
-  return change.Kind == ChangeKind::Changed && !change.Properties.isEmpty() &&
-         std::ranges::all_of(change.Properties, [](const QString& each) { return places.contains(each); });
-}
-
 const PlacedNode* Find(const std::vector<PlacedNode>& places, const std::string& name) {
   const auto found =
       std::ranges::find_if(places, [&](const PlacedNode& each) { return vbtext::IsSameName(each.Node->Name, name); });
@@ -51,7 +45,7 @@ void FormMarks::Show(const std::vector<FormChange>& controls, const adapters::vb
   marks_.clear();
   const std::vector<PlacedNode> were = before ? PlacesOf(*before) : std::vector<PlacedNode>();
   for (const FormChange& each : controls) {
-    if (IsMoveAlone(each)) continue;
+    if (MakesRoom(each)) continue;
     const PlacedNode* place = Find(each.Kind == ChangeKind::Gone ? were : view_.Canvas().Places(), each.Control);
     if (place && place->Container != PlacedNode::None && !place->Seen.isEmpty())
       marks_.push_back({each.Kind, place->Place});

@@ -74,18 +74,21 @@ struct Pictures {
   }
   // The project with a form that has every kind of control that the wizard makes, kept with its choices.
   QString MakeKinds(const QString& name) const {
-    const QString folder = Work.filePath(name), dictionary = QFileInfo(Files.Dictionary).absoluteFilePath();
+    const QString folder = Work.filePath(name);
     const QString source = QString::fromStdString(formwizard::tests::SourceFolder());
     QDir().mkpath(folder);
     for (const char* file : {"Project1.vbp", "Form1.frm"}) {
       QFile::copy(source + "/samples/new-project/" + file, folder + "/" + file);
     }
     const QString project = folder + "/Project1.vbp";
-    const QStringList arguments{"generate",  "--keep",       "--project",
-                                project,     "--dictionary", dictionary,
-                                "--toolbox", Files.Toolbox,  source + "/samples/forms/person.json"};
+    return Generate(project, {source + "/samples/forms/person.json"}) ? project : "";
+  }
+  bool Generate(const QString& project, const QStringList& form) const {
+    const QString dictionary = QFileInfo(Files.Dictionary).absoluteFilePath();
     const QString program = QString::fromStdString(formwizard::tests::BuiltProgram("ostrel-form-wizard"));
-    return QProcess::execute(program, arguments) == 0 ? project : "";
+    return QProcess::execute(program, QStringList{"generate", "--keep", "--project", project, "--dictionary",
+                                                  dictionary, "--toolbox", Files.Toolbox} +
+                                          form) == 0;
   }
   static bool Edit(const QString& path, const QByteArray& from, const QByteArray& to) {
     QFile file(path);
@@ -95,8 +98,8 @@ struct Pictures {
     return file.resize(0) && file.seek(0) && file.write(QByteArray(bytes).replace(from, to)) > 0;
   }
   // A form that lacks a field of its description, has one too many, and shows a caption that the class and its user
-  // have changed.
-  bool TakeUpdate(const QString& name) const {
+  // have changed; before that the main window with it, one that was edited and one as it was made.
+  bool TakeUpdate(const QString& name, const QString& mainName) const {
     const QString project = MakeKinds("updated"), folder = QFileInfo(project).path(),
                   classes = Work.filePath("changed.json");
     const QString description = folder + "/Project1.forms/frmPerson.json", form = folder + "/frmPerson.frm";
@@ -106,12 +109,15 @@ struct Pictures {
     if (!Edit(description, R"({ "property": "Spouse.SSN" })", R"({ "property": "Home.Zip" })") ||
         !Edit(classes, R"("Caption": "Date of Birth")", R"("Caption": "Born on")") ||
         !Edit(classes, R"("Caption": "Social Security No.")", R"("Caption": "Security No.")") ||
-        !Edit(form, R"("Social Security No.")", R"("SSN")"))
+        !Edit(form, R"("Social Security No.")", R"("SSN")") ||
+        !Generate(project, {"--class", "Sample.Company", "--fields", "Name"}) ||
+        !Generate(project, {"--class", "Sample.Employee", "--fields", "Name,Title,Salary"}) ||
+        !Edit(folder + "/frmEmployee.frm", R"("Salary")", R"("Wage")"))
       return false;
     const auto window = Opened("ENU", {1200, 740});
     if (!window->OpenProject(project) || !window->OpenDictionary(classes)) return false;
     window->Tree().Choose("frmPerson");
-    if (!QTest::qWaitFor([&] { return window->Kept().IsDone(); })) return false;
+    if (!QTest::qWaitFor([&] { return window->Kept().IsDone(); }) || !Take(*window, mainName)) return false;
     bool isTaken = false;
     QTimer::singleShot(200, window.get(), [&] {
       QWidget* dialog = QApplication::activeModalWidget();
@@ -187,7 +193,7 @@ int main(int argc, char** argv) {
   qputenv("HOME", pictures.Work.path().toLocal8Bit());  // as paths are shown
   const QPalette light = QApplication::style()->standardPalette();
   QApplication::setPalette(light);
-  bool isTaken = pictures.TakeKinds("kinds") && pictures.TakeUpdate("update") && pictures.TakeNeeds("needed") &&
+  bool isTaken = pictures.TakeKinds("kinds") && pictures.TakeUpdate("update", "kept") && pictures.TakeNeeds("needed") &&
                  pictures.TakeBrowser("dictionary") && pictures.TakeCode("code") && pictures.TakeMain("main") &&
                  pictures.TakeMain("main-german", "DEU") && pictures.TakeMain("main-800x600", "ENU", {800, 600});
   QApplication::setPalette(DarkPalette());
