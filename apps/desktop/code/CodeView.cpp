@@ -4,8 +4,6 @@
 #include "apps/desktop/code/ColouredText.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QEvent>
-#include <QFontDatabase>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -15,11 +13,6 @@
 
 namespace formwizard::apps::desktop {
 namespace {
-
-CodeColors ColorsFor(const QPalette& palette) {
-  const bool isDark = palette.color(QPalette::Base).lightness() < 128;
-  return isDark ? CodeColors::Dark() : CodeColors::Light();
-}
 
 // A paragraph takes more memory and time than its text, so that one holds that many lines.
 constexpr int LinesTogether = 64;
@@ -47,14 +40,7 @@ int LinesIn(const QTextBlock& paragraph) {
 
 }  // namespace
 
-CodeView::CodeView() : margin_(new LineMargin(this, [this] { return SeenLines(); })) {
-  highlighter_.SetColors(ColorsFor(palette()));
-  setReadOnly(true);
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  setLineWrapMode(QPlainTextEdit::NoWrap);
-  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  setFrameShape(QFrame::NoFrame);
-  connect(this, &QPlainTextEdit::updateRequest, margin_, [this] { margin_->update(); });
+CodeView::CodeView() {
   connect(this, &QPlainTextEdit::cursorPositionChanged, viewport(), [this] { viewport()->update(); });
 }
 
@@ -187,12 +173,6 @@ void CodeView::PaintFound(QPainter& painter) const {
   }
 }
 
-void CodeView::PlaceMargin() {
-  const int width = margin_->WidthFor(LineCount());
-  setViewportMargins(width, 0, 0, 0);
-  margin_->setGeometry(contentsRect().x(), contentsRect().y(), width, viewport()->height());
-}
-
 QMimeData* CodeView::createMimeDataFromSelection() const { return ColouredText(textCursor(), font().family()); }
 
 void CodeView::resizeEvent(QResizeEvent* event) {
@@ -206,17 +186,11 @@ void CodeView::resizeEvent(QResizeEvent* event) {
 void CodeView::paintEvent(QPaintEvent* event) {
   QTextBlock block = firstVisibleBlock();
   for (double top = contentOffset().y(); block.isValid() && top < viewport()->height(); block = block.next()) {
-    highlighter_.Highlight(*document(), block);
+    Highlight(block);
     top += blockBoundingRect(block).height();
   }
   PaintBehind();
   QPlainTextEdit::paintEvent(event);
-}
-
-void CodeView::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange) PlaceMargin();
-  if (event->type() == QEvent::PaletteChange) highlighter_.SetColors(ColorsFor(palette()));
-  QPlainTextEdit::changeEvent(event);
 }
 
 // Pressing three times selects the paragraph, of which only the line is meant.

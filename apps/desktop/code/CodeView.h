@@ -1,17 +1,14 @@
 // The code of a component, to be read; what is seen of it is coloured, with the numbers of its lines beside it.
 #pragma once
 
-#include "apps/desktop/code/CodeHighlighter.h"
-#include "apps/desktop/code/LineMargin.h"
-
-#include <QPlainTextEdit>
+#include "apps/desktop/code/PlainCode.h"
 
 #include <functional>
 #include <vector>
 
 namespace formwizard::apps::desktop {
 
-class CodeView : public QPlainTextEdit {
+class CodeView : public PlainCode {
  public:
   CodeView();
 
@@ -19,12 +16,12 @@ class CodeView : public QPlainTextEdit {
   // A line is drawn below each of these, counted from 0 and in order.
   void SetSeparators(std::vector<int> lines);
   // A bar stands beside these lines, in order: those that were edited by hand.
-  void MarkEdited(std::vector<LineRange> ranges) { margin_->Mark(std::move(ranges)); }
+  void MarkEdited(std::vector<LineRange> ranges) { Margin().Mark(std::move(ranges)); }
 
   // From 0; a line past the end is the last one.
   int CurrentLine() const;
   int CurrentColumn() const;
-  int LineCount() const;
+  int LineCount() const override;
   // Goes to the start of a line, and shows it with what follows.
   void GoToLine(int line);
 
@@ -35,21 +32,17 @@ class CodeView : public QPlainTextEdit {
   int SelectFound(int position, bool backwards);
 
  protected:
+  std::vector<SeenLine> SeenLines() const override;
   void paintEvent(QPaintEvent* event) override;
-  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
 
  private:
-  std::vector<SeenLine> SeenLines() const;
   void PaintBehind();
   void PaintFound(QPainter& painter) const;
   void CountLines();
-  void PlaceMargin();
 
-  CodeHighlighter highlighter_;
-  LineMargin* margin_;
   std::vector<int> separators_;
   std::vector<int> found_;  // positions, in order
   int foundLength_ = 0;

@@ -2,8 +2,6 @@
 
 #include "apps/desktop/basics/Theme.h"
 
-#include <QEvent>
-#include <QFontDatabase>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -16,26 +14,13 @@ namespace {
 
 constexpr int RowsAbove = 4;  // of a row that is gone to
 
-CodeColors ColorsFor(const QPalette& palette) {
-  return palette.color(QPalette::Base).lightness() < 128 ? CodeColors::Dark() : CodeColors::Light();
-}
-
 Shade ShadeOf(RowKind kind) {
   return kind == RowKind::New ? Shade::New : kind == RowKind::Changed ? Shade::Changed : Shade::Gone;
 }
 
 }  // namespace
 
-CodeSide::CodeSide() : margin_(new LineMargin(this, [this] { return SeenLines(); })) {
-  highlighter_.SetColors(ColorsFor(palette()));
-  setReadOnly(true);
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  setLineWrapMode(QPlainTextEdit::NoWrap);
-  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  setFrameShape(QFrame::NoFrame);
-  setTabChangesFocus(true);
-  connect(this, &QPlainTextEdit::updateRequest, margin_, [this] { margin_->update(); });
-}
+CodeSide::CodeSide() { setTabChangesFocus(true); }
 
 void CodeSide::Show(const QStringList& lines, const std::vector<CodeRow>& rows, int CodeRow::*line) {
   QStringList shown;
@@ -73,7 +58,7 @@ std::vector<SeenLine> CodeSide::SeenLines() const {
 void CodeSide::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   ForEachSeen([&](const QTextBlock& block, const CodeRow& row, const QRectF& place) {
-    highlighter_.Highlight(*document(), block);
+    Highlight(block);
     if (row.Kind == RowKind::Same) return;
     if (row.*line_ >= 0) {
       painter.fillRect(place, ColourOf(ShadeOf(row.Kind), palette()));
@@ -84,24 +69,6 @@ void CodeSide::paintEvent(QPaintEvent* event) {
   });
   painter.end();
   QPlainTextEdit::paintEvent(event);
-}
-
-void CodeSide::resizeEvent(QResizeEvent* event) {
-  QPlainTextEdit::resizeEvent(event);
-  PlaceMargin();
-}
-
-void CodeSide::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange) PlaceMargin();
-  if (event->type() == QEvent::PaletteChange) highlighter_.SetColors(ColorsFor(palette()));
-  QPlainTextEdit::changeEvent(event);
-}
-
-void CodeSide::PlaceMargin() {
-  const int width = margin_->WidthFor(blockCount());
-  setViewportMargins(width, 0, 0, 0);
-  const QRect inside = contentsRect();
-  margin_->setGeometry(inside.left(), inside.top(), width, viewport()->height());
 }
 
 }  // namespace formwizard::apps::desktop

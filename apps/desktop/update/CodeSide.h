@@ -1,17 +1,14 @@
 // One of two codes that stand beside each other, with empty places where only the other one has lines.
 #pragma once
 
-#include "apps/desktop/code/CodeHighlighter.h"
-#include "apps/desktop/code/LineMargin.h"
+#include "apps/desktop/code/PlainCode.h"
 #include "apps/desktop/update/CodeRows.h"
-
-#include <QPlainTextEdit>
 
 #include <vector>
 
 namespace formwizard::apps::desktop {
 
-class CodeSide : public QPlainTextEdit {
+class CodeSide : public PlainCode {
  public:
   CodeSide();
 
@@ -23,17 +20,12 @@ class CodeSide : public QPlainTextEdit {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
+  std::vector<SeenLine> SeenLines() const override;
 
  private:
   template <typename Action>
   void ForEachSeen(Action&& action) const;
-  std::vector<SeenLine> SeenLines() const;
-  void PlaceMargin();
 
-  CodeHighlighter highlighter_;
-  LineMargin* margin_;
   std::vector<CodeRow> rows_;
   int CodeRow::*line_ = &CodeRow::Before;
 };

@@ -177,14 +177,7 @@ TEST_CASE("Of many classes the first are shown and the others when they are want
 
 TEST_CASE("What is chosen in the dictionary stands among the properties, with the forms made from it") {
   DesktopFixture desktop("ENU");
-  desktop.UseWizard([] {
-    MouseUser user;
-    user.Press(WizardDesign().cmdNext);
-    user.GoOnWith(WizardDesign().tvwConnection, "Samples");
-    user.GoOnWith(WizardDesign().tvwClasses, "Person");
-    user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
-    user.Press(WizardDesign().cmdFinish);
-  });
+  MakePersonForm(desktop);
   desktop.Window->activateWindow();
   WaitForFocus();
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);

@@ -164,14 +164,7 @@ TEST_CASE("By mouse the sample is tried, looked at, found again among the recent
 
 TEST_CASE("What was made and not saved is removed from the tree by Del, and asked about before") {
   const DesktopFixture desktop;
-  desktop.UseWizard([] {
-    MouseUser user;
-    user.Press(WizardDesign().cmdNext);
-    user.GoOnWith(WizardDesign().tvwConnection, "Samples");
-    user.GoOnWith(WizardDesign().tvwClasses, "Person");
-    user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
-    user.Press(WizardDesign().cmdFinish);
-  });
+  MakePersonForm(desktop);
   const ProjectTree& tree = desktop.Window->Tree();
   QTreeView& view = desktop.Window->Tree().View();
   CHECK(view.currentIndex().data().toString() == "frmPerson *");

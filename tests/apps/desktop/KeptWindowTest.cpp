@@ -207,14 +207,7 @@ TEST_CASE("A form of the wizard is kept when it is saved, unless that is not wan
     DesktopFixture desktop;
     desktop.Window->Commands()[Command::KeepNewForms].setChecked(isWanted);
     for (int form = 0; form < 2; ++form) {  // one that the project had, and a new one
-      desktop.UseWizard([] {
-        MouseUser user;
-        user.Press(WizardDesign().cmdNext);
-        user.GoOnWith(WizardDesign().tvwConnection, "Samples");
-        user.GoOnWith(WizardDesign().tvwClasses, "Person");
-        user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
-        user.Press(WizardDesign().cmdFinish);
-      });
+      MakePersonForm(desktop);
     }
     desktop.Save();
     const auto files = FilesIn(desktop.Home);

@@ -27,23 +27,6 @@ void Answer(const QString& button, std::string& text) {
 }
 
 // To the list of properties of a class.
-void GoToProperties(User& user) {
-  user.Press(WizardDesign().cmdNext);
-  user.GoOnWith(WizardDesign().tvwConnection, "Samples");
-  user.GoOnWith(WizardDesign().tvwClasses, "Person");
-}
-
-void MakePersonForm(
-    const DesktopFixture& desktop, const std::function<void()>& thenDo = [] {}) {
-  desktop.UseWizard([&] {
-    MouseUser user;
-    GoToProperties(user);
-    user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
-    user.Press(WizardDesign().cmdFinish);
-    thenDo();
-  });
-}
-
 std::string Chosen(const DesktopFixture& desktop) { return desktop.Window->Tree().Chosen()->Name; }
 
 QString Code(const DesktopFixture& desktop) { return desktop.Window->findChild<QPlainTextEdit*>()->toPlainText(); }

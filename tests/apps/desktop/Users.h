@@ -111,4 +111,22 @@ class MouseUser : public User {
   }
 };
 
+inline void GoToProperties(User& user) {
+  user.Press(WizardDesign().cmdNext);
+  user.GoOnWith(WizardDesign().tvwConnection, "Samples");
+  user.GoOnWith(WizardDesign().tvwClasses, "Person");
+}
+
+// With the one field Age.
+inline void MakePersonForm(
+    const DesktopFixture& desktop, const std::function<void()>& thenDo = [] {}) {
+  desktop.UseWizard([&] {
+    MouseUser user;
+    GoToProperties(user);
+    user.Take(WizardDesign().tvwAttributes, "Age", "", WizardDesign().cmdSelectOne);
+    user.Press(WizardDesign().cmdFinish);
+    thenDo();
+  });
+}
+
 }  // namespace formwizard::tests
