@@ -177,10 +177,9 @@ QMimeData* CodeView::createMimeDataFromSelection() const { return ColouredText(t
 
 void CodeView::resizeEvent(QResizeEvent* event) {
   const int top = verticalScrollBar()->value();
-  QPlainTextEdit::resizeEvent(event);  // which counts one line a paragraph again
+  PlainCode::resizeEvent(event);  // which counts one line a paragraph again
   CountLines();
   verticalScrollBar()->setValue(top);
-  PlaceMargin();
 }
 
 void CodeView::paintEvent(QPaintEvent* event) {

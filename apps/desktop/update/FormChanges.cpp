@@ -114,7 +114,8 @@ FormChanges ChangesIn(const UpdateChoices& update, const system::CodePage& codeP
   const kept::FormTexts& result = update.Result().Form;
   for (const Difference& each : kept::DifferencesOf(sides.Mine, result))
     gatherer.Add(each, changes.Controls, changes.Procedures);
-  std::ranges::stable_partition(changes.Controls, [](const FormChange& each) { return !MakesRoom(each); });
+  const auto changesForm = [](const FormChange& each) { return !MakesRoom(each); };
+  std::stable_partition(changes.Controls.begin(), changes.Controls.end(), changesForm);
   for (const Difference& each : kept::DifferencesOf(sides.Theirs, result))
     gatherer.Add(each, changes.Yours, changes.Yours);
   for (FormChange& each : changes.Yours) each.Kind = ChangeKind::Yours;
