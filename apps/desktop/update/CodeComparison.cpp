@@ -76,7 +76,10 @@ void CodeComparison::Show(const QString& before, const QString& after) {
   rows_ = RowsOf(mine, next);
   before_->Show(mine, rows_, &CodeRow::Before);
   after_->Show(next, rows_, &CodeRow::After);
-  if (isFirst) return;
+  if (isFirst) {
+    if (!rows_.empty() && rows_.front().Kind == RowKind::Same) GoToDifference(false);
+    return;
+  }
   GoToRow(std::min(row, static_cast<int>(rows_.size()) - 1));
   after_->verticalScrollBar()->setValue(scroll);
 }
