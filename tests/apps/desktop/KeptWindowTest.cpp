@@ -48,14 +48,15 @@ struct KeptWindow : Keeper {
     QTest::keyClick(&Window, key, modifiers);
     Wait();
   }
-  // Opens the update view by its key; whoever uses it closes it.
-  void Update(const std::function<void(UpdateView& view, QTreeWidget& changes)>& user) {
+  // Opens the update view by a key; whoever uses it closes it.
+  void Update(const std::function<void(UpdateView& view, QTreeWidget& changes)>& user,
+              Qt::KeyboardModifiers keys = Qt::ControlModifier) {
     DesktopFixture::WhenShown([&user] {
       auto& view = dynamic_cast<UpdateView&>(*QApplication::activeModalWidget());
       user(view, *view.findChild<QTreeWidget*>());
       CHECK(QTest::qWaitFor([] { return !QApplication::activeModalWidget(); }));
     });
-    Press(Qt::Key_U, Qt::ControlModifier);
+    Press(Qt::Key_U, keys);
   }
   // Chooses a command and answers its message; what that says.
   QString Answer(Command command, const QString& button) {
@@ -199,6 +200,48 @@ TEST_CASE(
   work.Import();
   work.Press(Qt::Key_F5, Qt::NoModifier);
   CHECK(work.Answer(Command::UpdateForm, "Close") == "d.sqlite has no class Sample.Person.");
+}
+
+TEST_CASE("All outdated forms are updated at once, in a list, and in a narrow view picture and code are tabs") {
+  KeptWindow work;
+  WriteFile(work.Folder / "company.json", R"({"class":"Sample.Company","fields":["Name"]})");
+  REQUIRE(work.Generate({"--keep", work.Folder / "company.json"}).Status == 0);
+  for (auto& of : work.Classes["systems"][0]["classes"]) {
+    if (of["Name"] != "Sample.Person" && of["Name"] != "Sample.Company") continue;
+    for (auto& property : of["properties"]) {
+      if (property["Name"] == "Name") property["Caption"] = "Full name";
+    }
+  }
+  work.Import();
+  work.Open();
+  const auto both = Qt::ControlModifier | Qt::ShiftModifier;
+  work.Update(
+      [](UpdateView& view, QTreeWidget& changes) {
+        CHECK(Nameless(view).empty());
+        auto* names = view.findChild<QListWidget*>();
+        CHECK(names->isVisible());
+        CHECK(names->count() == 2);
+        const QString first = names->item(0)->text();
+        for (int row : {1, 0}) {
+          names->setCurrentRow(row);
+          QStringList changed;
+          for (QTreeWidgetItemIterator it(&changes); *it; ++it) changed << (*it)->text(0);
+          CHECK(changed.contains("lblName"));
+        }
+        CHECK(names->currentItem()->text() == first);
+        auto* tabs = view.findChild<QTabWidget*>();
+        CHECK_FALSE(tabs->isVisible());
+        view.resize(800, 600);
+        CHECK(QTest::qWaitFor([&] { return tabs->isVisible() && tabs->count() == 2; }));
+        view.resize(1200, 740);
+        CHECK(QTest::qWaitFor([&] { return !tabs->isVisible() && view.Code().isVisible(); }));
+        Strike(Qt::Key_U, Qt::AltModifier);
+      },
+      both);
+  work.Press(Qt::Key_S, Qt::ControlModifier);
+  const Outcome status = work.Run("status");
+  CHECK(status.Status == 0);
+  CHECK(status.Out == "frmCompany: unchanged\nfrmPerson: unchanged\n");
 }
 
 TEST_CASE("A form of the wizard is kept when it is saved, unless that is not wanted") {
