@@ -11,11 +11,11 @@ struct Entry {
   std::string_view Text;
 };
 
-constexpr std::array Table{
-#define TEXT(id, name, english) Entry{DesktopText::name, english},
+constexpr auto Table = std::to_array<Entry>({
+#define TEXT(id, name, english) {DesktopText::name, english},
 #include "resources/DesktopTexts.inc"
 #undef TEXT
-};
+});
 
 static_assert(std::ranges::is_sorted(Table, std::ranges::less_equal(), &Entry::Id));
 
