@@ -26,22 +26,24 @@ class Taker final : public QObject {
   Taker(QWidget& window, std::function<void(const QStringList&)> open) : QObject(&window), open_(std::move(open)) {
     window.setAcceptDrops(true);
     window.installEventFilter(this);
+    later_.setSingleShot(true);
+    later_.callOnTimeout([this] { open_(files_); });
   }
 
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
     if (event->type() != QEvent::DragEnter && event->type() != QEvent::Drop) return false;
     auto* drop = static_cast<QDropEvent*>(event);
-    const QStringList files = FilesIn(*drop->mimeData());
-    if (!files.isEmpty()) drop->acceptProposedAction();
-    if (event->type() == QEvent::Drop) {
-      QTimer::singleShot(0, this, [this, files] { open_(files); });
-    }
+    files_ = FilesIn(*drop->mimeData());
+    if (!files_.isEmpty()) drop->acceptProposedAction();
+    if (event->type() == QEvent::Drop) later_.start(0);
     return true;
   }
 
  private:
   std::function<void(const QStringList&)> open_;
+  QStringList files_;
+  QTimer later_;
 };
 
 }  // namespace
