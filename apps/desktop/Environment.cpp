@@ -77,6 +77,7 @@ void Environment::OpenDictionary(const std::string& path) {
   dictionaryStamp_ = stamp;
   dictionaryFile_ = file;
   keptForms_.reset();
+  updates_.ForgetDecisions();
   OnDictionary();
 }
 

@@ -128,7 +128,9 @@ ChangeCommand::Answer ChangeCommand::Take(const forms::FormDescription& before, 
                     texts_(T::OtherClass, Text(choices.Class.Value)));
   }
   forms::KeptForms& forms = environment_.KeptForms();
-  const UpdateChoices update(forms, forms.Look(form_, true, &choices));
+  forms::KeptForm form = forms.Look(form_, true, &choices);
+  UpdateChoices::Decisions decided = environment_.Updates().DecisionsOn(form);
+  const UpdateChoices update(forms, std::move(form), std::move(decided));
   const std::string& problem = update.Form().State.Problem;
   if (!problem.empty()) return AskAgain(texts_(T::FormNotChanged, Name()), Text(problem));
   if (!update.Form().Next) {  // as it stands on the disk
@@ -144,6 +146,7 @@ ChangeCommand::Answer ChangeCommand::LetDecide(const UpdateChoices& update) {
   UpdateView view(&window_, texts_, texts_(T::ToolChangeForm), environment_.Project()->ProjectCodePage(), {update},
                   UpdateView::Cause::Choices);
   const int result = view.exec();
+  environment_.Updates().RememberDecisions(view.Forms());
   if (result == UpdateView::ChooseAgain) return Answer::ChooseAgain;
   if (result != QDialog::Accepted) return Answer::Done;
   environment_.Updates().Take(view.Forms());

@@ -63,6 +63,12 @@ void FormView::SetLabelsOutlined(bool outlined) {
   canvas_->update();
 }
 
+void FormView::ShowAside() {
+  area_->setAlignment(Qt::AlignCenter);
+  canvas_->SetFramesOnly(true);
+  SetInvisibleShown(false);
+}
+
 void FormView::SetInvisibleShown(bool shown) { strip_->SetWanted(shown); }
 
 void FormView::Select(const std::string& name) {

@@ -33,6 +33,9 @@ class FormView : public QWidget {
   void SetTabOrderShown(bool shown);
   void SetInvisibleShown(bool shown);
   void SetLabelsOutlined(bool outlined);
+  // In the middle of the view where it is smaller than that, with no handles around what is selected: for a form that
+  // is looked at beside something else.
+  void ShowAside();
 
   // Its places, selection and names. Selecting there scrolls to the control.
   // By name; the form where there is no such control.

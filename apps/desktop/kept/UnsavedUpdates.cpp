@@ -1,5 +1,6 @@
 #include "apps/desktop/kept/UnsavedUpdates.h"
 
+#include "system/ContentSum.h"
 #include "vbtext/Tokens.h"
 
 #include <algorithm>
@@ -46,6 +47,23 @@ bool UnsavedUpdates::TakeBack(const std::string& form) {
 void UnsavedUpdates::TakeBackLast() {
   if (IsEmpty()) return;
   std::erase_if(updated_, [last = updated_.back().Command](const Entry& each) { return each.Command == last; });
+}
+
+void UnsavedUpdates::Clear() {
+  updated_.clear();
+  decided_.clear();
+}
+
+void UnsavedUpdates::RememberDecisions(const std::vector<UpdateChoices>& forms) {
+  for (const UpdateChoices& each : forms) {
+    decided_[each.Form().Name] = {system::ContentSum(each.Form().Sides.Mine.Frm), each.Decided()};
+  }
+}
+
+UpdateChoices::Decisions UnsavedUpdates::DecisionsOn(const forms::KeptForm& form) const {
+  const auto found = decided_.find(form.Name);
+  const bool isSame = found != decided_.end() && found->second.Mine == system::ContentSum(form.Sides.Mine.Frm);
+  return isSame ? found->second.Choices : UpdateChoices::Decisions();
 }
 
 void UnsavedUpdates::PutInto(forms::KeptForms& forms) const {

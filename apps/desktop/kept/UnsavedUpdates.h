@@ -5,6 +5,8 @@
 
 #include <QDateTime>
 
+#include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -36,7 +38,13 @@ class UnsavedUpdates {
   // What the form was before is what it is again; false where it has none.
   bool TakeBack(const std::string& form);
   void TakeBackLast();
-  void Clear() { updated_.clear(); }
+  void Clear();
+
+  // What was decided on forms is chosen again when they are looked at again, taken or not, as long as the same stands
+  // in the project.
+  void RememberDecisions(const std::vector<UpdateChoices>& forms);
+  UpdateChoices::Decisions DecisionsOn(const forms::KeptForm& form) const;
+  void ForgetDecisions() { decided_.clear(); }
 
   // Has the project write all of them when it is saved; see KeptForms::Put.
   void PutInto(forms::KeptForms& forms) const;
@@ -48,7 +56,13 @@ class UnsavedUpdates {
     QDateTime Time;
   };
 
-  std::vector<Entry> updated_;  // the last command's at the end
+  struct Decided {
+    std::uint64_t Mine;  // the sum of the form that was decided on
+    UpdateChoices::Decisions Choices;
+  };
+
+  std::vector<Entry> updated_;              // the last command's at the end
+  std::map<std::string, Decided> decided_;  // by the names of forms
   int commands_ = 0;
 };
 

@@ -5,15 +5,15 @@
 
 namespace formwizard::apps::desktop {
 
-UpdateChoices::UpdateChoices(const forms::KeptForms& forms, forms::KeptForm form)
-    : forms_(&forms), form_(std::move(form)) {
+UpdateChoices::UpdateChoices(const forms::KeptForms& forms, forms::KeptForm form, Decisions decided)
+    : forms_(&forms), form_(std::move(form)), decided_(std::move(decided)) {
   Merge();
 }
 
 void UpdateChoices::Choose(const std::string& conflict, merge::Choice choice) {
   const auto chosen = std::ranges::find(conflicts_, conflict, &Conflict::Name);
   if (chosen == conflicts_.end() || chosen->Takes == choice) return;
-  chosen->Takes = choice;
+  decided_[conflict] = choice;
   Merge();
 }
 
@@ -22,10 +22,10 @@ bool UpdateChoices::IsDecided() const {
 }
 
 void UpdateChoices::Merge() {
-  const auto before = std::exchange(conflicts_, {});
+  conflicts_.clear();
   const auto taken = [&](const std::string& name) {
-    const auto found = std::ranges::find(before, name, &Conflict::Name);
-    return found == before.end() ? std::nullopt : found->Takes;
+    const auto found = decided_.find(name);
+    return found == decided_.end() ? std::nullopt : std::optional(found->second);
   };
   result_ = forms_->UpdateOf(
       form_, [&](const kept::UpdateConflict& each) { return taken(each.Name).value_or(merge::Choice::Mine); });

@@ -6,6 +6,7 @@
 #include "merge/Options.h"
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ namespace formwizard::apps::desktop {
 // are decided.
 class UpdateChoices {
  public:
+  // By the names of conflicts.
+  using Decisions = std::map<std::string, merge::Choice>;
+
   // All places of one name, which are decided together.
   struct Conflict {
     std::string Name;  // "procedure Sub cmd__Save_Click", in bytes
@@ -24,14 +28,17 @@ class UpdateChoices {
     std::optional<merge::Choice> Takes;  // mine or theirs; nothing until the user has chosen
   };
 
-  // `forms` must outlive this object. vbtext::Fault for a text that is no form.
-  UpdateChoices(const forms::KeptForms& forms, forms::KeptForm form);
+  // `forms` must outlive this object. What is `decided` of it is chosen at first. vbtext::Fault for a text that is no
+  // form.
+  UpdateChoices(const forms::KeptForms& forms, forms::KeptForm form, Decisions decided = {});
 
   const forms::KeptForm& Form() const { return form_; }
   // In the order of the form. What is decided may bring up another one.
   const std::vector<Conflict>& Conflicts() const { return conflicts_; }
   void Choose(const std::string& conflict, merge::Choice choice);
   bool IsDecided() const;
+  // Also on conflicts that another choice has taken away.
+  const Decisions& Decided() const { return decided_; }
   // The form as it becomes; where nothing is chosen yet, with what stands in the project.
   const kept::Update& Result() const { return result_; }
 
@@ -40,6 +47,7 @@ class UpdateChoices {
 
   const forms::KeptForms* forms_;
   forms::KeptForm form_;
+  Decisions decided_;
   std::vector<Conflict> conflicts_;
   kept::Update result_;
 };

@@ -67,8 +67,7 @@ PreviewWindow::PreviewWindow(QWidget& dialog, Texts texts)
   QPalette lesser = size_->palette();
   lesser.setColor(QPalette::WindowText, SecondaryText(palette()));
   size_->setPalette(lesser);
-  view_->SetInvisibleShown(false);
-  view_->Canvas().SetFramesOnly(true);
+  view_->ShowAside();
   empty_->setAlignment(Qt::AlignCenter);
   auto* top = new QHBoxLayout;
   top->setContentsMargins(12, 8, 8, 8);

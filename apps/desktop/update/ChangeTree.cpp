@@ -106,6 +106,7 @@ void ChangeTree::AddBoxes(const std::vector<UpdateChoices::Conflict>& conflicts)
     box->setPlaceholderText(texts_(T::UpdateChoose));
     box->setCurrentIndex(-1);
     box->setAccessibleName(entries_[i].Change.Name);
+    box->setAccessibleDescription(entries_[i].Change.Name);  // where the choice, once made, is told as the name
     setItemWidget(entries_[i].Item, 1, box);
     setTabOrder(before, box);
     before = box;

@@ -48,6 +48,7 @@ UpdateView::UpdateView(QWidget* owner, const Texts& texts, const QString& title,
       forms_(std::move(forms)),
       cause_(cause),
       heading_(new QLabel),
+      count_(new QLabel),
       note_(new QLabel),
       names_(new QListWidget),
       changes_(new ChangeTree(texts)),
@@ -83,6 +84,7 @@ UpdateView::UpdateView(QWidget* owner, const Texts& texts, const QString& title,
   column->addWidget(MadeButtons());
   resize(Opens.boundedTo(screen()->availableSize()));
   right_->setSizes({Opens.height(), Opens.height()});
+  form_->ShowAside();
   changes_->OnSelect = [this](const FormChange& change) { Show(change); };
   changes_->OnDecide = [this](const std::string& conflict, merge::Choice choice) {
     forms_[shown_].Choose(conflict, choice);
@@ -102,9 +104,13 @@ QWidget* UpdateView::MadeHeading() {
   column->setContentsMargins(16, 12, 16, 12);
   column->setSpacing(4);
   heading_->setFont(Weighted(heading_->font(), 1.3));
-  MakeSecondary(*note_);
+  for (QLabel* each : {count_, note_}) MakeSecondary(*each);
   note_->setWordWrap(true);
-  column->addWidget(heading_);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(12);
+  row->addWidget(heading_, 0, Qt::AlignBaseline);
+  row->addWidget(count_, 1, Qt::AlignBaseline);
+  column->addLayout(row);
   column->addWidget(note_);
   return pane;
 }
@@ -179,6 +185,17 @@ void UpdateView::ShowForm(std::size_t form) {
   ShowChanges();
 }
 
+// "3 changes, 1 conflict"; empty where it stays as it is.
+QString UpdateView::CountOf(const FormChanges& changes) const {
+  QStringList counts;
+  const auto add = [&](std::size_t count, T one, T some) {
+    if (count > 0) counts << (count == 1 ? texts_(one) : texts_(some, QString::number(count)));
+  };
+  add(changes.Controls.size() + changes.Procedures.size(), T::UpdateOneChange, T::UpdateSomeChanges);
+  add(changes.ToDecide.size(), T::UpdateOneConflict, T::UpdateSomeConflicts);
+  return counts.join(", ");
+}
+
 // Why it changes, and what there is to know that no control or procedure shows.
 QString UpdateView::NoteOn(const UpdateChoices& update) const {
   const forms::KeptForm& kept = update.Form();
@@ -201,6 +218,7 @@ void UpdateView::ShowChanges() {
   const FormChanges changes = ChangesIn(update, codePage_);
   marks_->Show(changes.Controls, &before.Form);
   changes_->Show(changes, update.Conflicts());
+  count_->setText(CountOf(changes));
   note_->setText(NoteOn(update));
   note_->setVisible(!note_->text().isEmpty());
   ShowDecided();

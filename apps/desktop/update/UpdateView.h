@@ -45,6 +45,7 @@ class UpdateView : public QDialog {
   QWidget* MadePicture();
   QWidget* MadeButtons();
   void ShowForm(std::size_t form);
+  QString CountOf(const FormChanges& changes) const;
   QString NoteOn(const UpdateChoices& update) const;
   void ShowChanges();
   void ShowDecided();
@@ -58,7 +59,7 @@ class UpdateView : public QDialog {
   Cause cause_;
   std::size_t shown_ = 0;
   std::vector<int> firstLines_{0, 0};  // of the code in the two files
-  QLabel *heading_, *note_;
+  QLabel *heading_, *count_, *note_;
   QListWidget* names_;  // of the forms, where there are several
   ChangeTree* changes_;
   FormView* form_;

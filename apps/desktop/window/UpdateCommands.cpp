@@ -96,10 +96,15 @@ std::vector<UpdateChoices> UpdateCommands::ChoicesFor(const std::string& name) {
       if (!*isOther) return {};
       continue;
     }
-    if (IsWanted(form)) return {UpdateChoices(parts_.Project.KeptForms(), std::move(form))};
+    if (IsWanted(form)) return {ChoicesOf(std::move(form))};
     parts_.Status.Say(texts_(T::UpdateUpToDate, Text(form.Name)));
     return {};
   }
+}
+
+UpdateChoices UpdateCommands::ChoicesOf(forms::KeptForm form) {
+  UpdateChoices::Decisions decided = parts_.Project.Updates().DecisionsOn(form);
+  return {parts_.Project.KeptForms(), std::move(form), std::move(decided)};
 }
 
 void UpdateCommands::UpdateChosen() {
@@ -124,7 +129,7 @@ void UpdateCommands::UpdateAll() {
         if (form.State.IsMissing) continue;
         if (const QString problem = ProblemOf(form); !problem.isEmpty())
           throw support::InputError(adapters::qt::Utf8(problem));
-        if (IsWanted(form)) forms.emplace_back(kept, std::move(form));
+        if (IsWanted(form)) forms.push_back(ChoicesOf(std::move(form)));
       } catch (const support::InputError& error) {
         left << Text(name);
         why << Text(error.what());
@@ -141,7 +146,9 @@ void UpdateCommands::UpdateAll() {
 void UpdateCommands::LetDecide(std::vector<UpdateChoices> forms, Command command) {
   UpdateView view(&parts_.Window, texts_, TitleOf(parts_.Commands[command].text()),
                   parts_.Project.Project()->ProjectCodePage(), std::move(forms));
-  if (view.exec() != QDialog::Accepted) return;
+  const bool isTaken = view.exec() == QDialog::Accepted;
+  parts_.Project.Updates().RememberDecisions(view.Forms());
+  if (!isTaken) return;
   parts_.Project.Updates().Take(view.Forms());
   parts_.Opened.OnProject("");
   const std::size_t count = view.Forms().size();

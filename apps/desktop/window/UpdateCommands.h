@@ -43,6 +43,7 @@ class UpdateCommands {
   bool HasDictionary();
   // Nothing where the user closed what was to be said about it, or nothing is to be done.
   std::vector<UpdateChoices> ChoicesFor(const std::string& form);
+  UpdateChoices ChoicesOf(forms::KeptForm form);
   bool IsWanted(const forms::KeptForm& form) const;
   QString ProblemOf(const forms::KeptForm& form) const;
   // Where the dictionary has not the class of the form: whether another one was opened.

@@ -101,7 +101,7 @@ struct KeptDesktop : DesktopFixture {
            FAIL_CHECK(button.toStdString());
          });
   }
-  // What the update view shows, before a key with Alt ends it; where something is in conflict, the new is taken first.
+  // What the update view shows, before a key with Alt ends it; where something is not decided, the new is taken first.
   static void Decide(Qt::Key key, QString& shown) {
     const auto view = [] { return dynamic_cast<UpdateView*>(QApplication::activeModalWidget()); };
     When([view] { return view() != nullptr; },
@@ -109,6 +109,8 @@ struct KeptDesktop : DesktopFixture {
            CHECK(Nameless(*view()).empty());
            shown += view()->findChild<QLabel*>()->text() + "|";
            for (QTreeWidgetItemIterator it(view()->findChild<QTreeWidget*>()); *it; ++it) shown += (*it)->text(0) + "|";
+           for (const auto* box : view()->findChildren<QComboBox*>()) shown += box->currentText() + "|";
+           for (const auto* label : view()->findChildren<QLabel*>()) shown += label->text() + "|";
            if (!view()->Forms()[0].IsDecided()) {
              for (const Qt::Key each : {Qt::Key_Down, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Down}) Strike(each);
              CHECK(QTest::qWaitFor([view] { return view()->Forms()[0].IsDecided(); }));
@@ -204,16 +206,20 @@ TEST_CASE("What the choices and the user have changed is decided before a form c
   KeptDesktop desktop;
   KeptDesktop::Edit(desktop.Form, "Caption         =   \"Name\"", "Caption         =   \"Mine\"");
   const auto before = desktop.Files();
-  for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_U}) {
+  // What was decided is chosen when the user has cancelled, and when other choices were made.
+  for (const auto& [end, shows] :
+       {std::pair{Qt::Key_Escape, "changes, 1 conflict|"}, {Qt::Key_G, "|Take new|"}, {Qt::Key_U, "|Take new|"}}) {
     QString shown;
     desktop.AtAttributes(3, [&] {
       desktop.User.TypeOver(WizardDesign().txtCaption[0], "Theirs");
       desktop.Decide(end, shown);
+      if (end == Qt::Key_G) desktop.AtAttributes(3, [] { KeptDesktop::Cancel(); });
       desktop.User.Press(WizardDesign().cmdFinish);
     });
     desktop.Press();
     CHECK(QTest::qWaitFor([&] { return desktop.Window->isWindowModified() == (end == Qt::Key_U); }));
     CHECK_MESSAGE(shown.startsWith("frmPerson changes by these choices.|To decide (1)|lblName|"), shown.toStdString());
+    CHECK_MESSAGE(shown.contains(shows), shown.toStdString());
     CHECK(desktop.Files() == before);
   }
   desktop.Save();
