@@ -62,26 +62,24 @@ std::string ProjectOnDisk::PlaceOf(const Entry& entry) const {
 std::string ProjectOnDisk::NameInFile(const Entry& entry) const {
   try {
     return projectFiles_.NameIn(entry.Path);
-  } catch (const FileGone& gone) {
-    throw FileGone(PlaceOf(entry) + gone.what());
   } catch (const support::InputError& error) {
     throw support::InputError(PlaceOf(entry) + error.what());
   }
 }
 
+// A form that is not there goes by its file; of a module only its line is read.
 std::string ProjectOnDisk::NameOf(const Entry& entry) const {
-  const auto byFile = [&](bool isGone, const support::InputError& error) {
-    if (!bearsUnreadable_) throw;
-    unread_.insert_or_assign(&entry, Unread{isGone, error.what()});
-    return std::string(StemOf(entry.Path));
-  };
   try {
-    return NameInFile(entry);
+    if (entry.Name.empty()) return projectFiles_.NameIn(entry.Path);
+    projectFiles_.CheckIsThere(entry.Path);
+    return std::string(entry.Name);
   } catch (const FileGone& gone) {
-    return byFile(true, gone);
+    unread_.insert_or_assign(&entry, Unread{true, gone.what()});
   } catch (const support::InputError& error) {
-    return byFile(false, error);
+    if (!bearsUnreadable_) throw support::InputError(PlaceOf(entry) + error.what());
+    unread_.insert_or_assign(&entry, Unread{false, error.what()});
   }
+  return std::string(StemOf(entry.Path));
 }
 
 // Of two that have one name the one that could be read is meant.
@@ -89,11 +87,28 @@ void ProjectOnDisk::ReadNames() const {
   if (namesRead_) return;
   byName_.reserve(entries_.size());
   for (Entry& entry : entries_) {
-    if (entry.Name.empty()) entry.Name = texts_.Kept(NameOf(entry));
+    const std::string name = NameOf(entry);
+    if (entry.Name.empty()) entry.Name = texts_.Kept(name);
     if (!unread_.contains(&entry)) byName_.insert(&entry);
   }
   for (Entry& entry : entries_) byName_.insert(&entry);
   namesRead_ = true;
+  if (!unread_.empty()) PlaceUnread();
+}
+
+// In one go, as there may be many. No form is new yet.
+void ProjectOnDisk::PlaceUnread() const {
+  auto entry = entries_.cbegin();
+  for (const ProjectFile::Item& item : ProjectFile(path_, original_).TakeItems()) {
+    const auto unread = unread_.find(&*entry++);
+    if (unread == unread_.end()) continue;
+    unread->second.Problem = path_ + ":" + std::to_string(item.Line) + ": " + unread->second.Problem;
+  }
+}
+
+bool ProjectOnDisk::IsGone(const Entry& entry) const {
+  const auto unread = unread_.find(&entry);
+  return unread != unread_.end() && unread->second.IsGone;
 }
 
 ProjectOnDisk::Entry* ProjectOnDisk::FindEntry(std::string_view bytes) const {
@@ -162,7 +177,7 @@ FormDocument& ProjectOnDisk::DocumentOf(Entry& entry) {
 }
 
 std::shared_ptr<VBControls> ProjectOnDisk::ControlsOf(Entry& entry) {
-  if (!entry.IsForm) return nullptr;
+  if (!entry.IsForm || IsGone(entry)) return nullptr;
   if (entry.IsFinished) return std::make_shared<FinishedControls>(entry.ControlCount);
   return DocumentOf(entry).Controls();
 }

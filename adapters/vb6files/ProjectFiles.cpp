@@ -12,6 +12,9 @@ constexpr std::size_t NameIsWithin = 4096;  // bytes at the start of a form file
 
 }  // namespace
 
+FileGone::FileGone(const std::string& path)
+    : InputError("the file " + path + " is not there; restore it or take its line out of the project") {}
+
 std::string_view StemOf(std::string_view projectPath) {
   projectPath.remove_prefix(projectPath.find_last_of('\\') + 1);
   return projectPath.substr(0, projectPath.rfind('.'));
@@ -42,14 +45,14 @@ std::string ProjectFiles::NewPathOf(std::string_view projectPath) const {
   return spelling_.Of(folder) + path.substr(part.size() - 1);
 }
 
-std::optional<std::string> ProjectFiles::Found(std::string& path, auto read) const {
+auto ProjectFiles::Found(std::string& path, auto read) const {
   if (IsForeign(path)) {
     throw support::InputError(path +
                               ": this is on a drive or a server of Windows, which this system does not reach; copy it "
                               "into the project's folder and change its line");
   }
-  std::optional<std::string> bytes = read(path);
-  if (bytes) return bytes;
+  auto found = read(path);
+  if (found) return found;
   path = spelling_.Of(path);
   return read(path);
 }
@@ -70,11 +73,20 @@ std::string ProjectFiles::NameIn(std::string_view projectPath) const {
   std::string path = PathOf(projectPath);
   const std::optional<std::string> head =
       Found(path, [&](const std::string& file) { return read_.ReadHead(file, NameIsWithin); });
-  if (!head) {
-    throw FileGone("the file " + path + " is not there; restore it or take its line out of the project");
-  }
+  if (!head) throw FileGone(path);
   const std::string_view name = ReadComponentName(*head);
   return std::string(name.empty() ? StemOf(projectPath) : name);
+}
+
+void ProjectFiles::CheckIsThere(std::string_view projectPath) const {
+  std::string path;
+  try {
+    path = PathOf(projectPath);
+    if (Found(path, [&](const std::string& file) { return files_.StampOf(file); })) return;
+  } catch (const support::InputError&) {
+    return;  // of a module nothing is read, so that this is no matter here
+  }
+  throw FileGone(path);
 }
 
 }  // namespace formwizard::adapters::vb6files

@@ -26,7 +26,7 @@ std::string NameInForm(std::string_view frm);
 // For a component's file that is not there.
 class FileGone : public support::InputError {
  public:
-  using InputError::InputError;
+  explicit FileGone(const std::string& path);
 };
 
 // What a save rests on is read for it; what is only shown may change before one.
@@ -53,11 +53,14 @@ class ProjectFiles {
   // its file. FileGone when there is no such file.
   std::string NameIn(std::string_view projectPath) const;
 
+  // FileGone for a file that is not there; what cannot be looked at passes.
+  void CheckIsThere(std::string_view projectPath) const;
+
   // What a save rests on.
   system::FilesRead& ReadForSaving() { return read_; }
 
  private:
-  std::optional<std::string> Found(std::string& path, auto read) const;
+  auto Found(std::string& path, auto read) const;
 
   system::FileSystem& files_;
   std::string folder_;

@@ -113,6 +113,15 @@ std::vector<ComponentSummary> ProjectOnDisk::Summaries() const {
   return summaries;
 }
 
+std::vector<std::string> ProjectOnDisk::MissingFiles() const {
+  ReadNames();
+  std::vector<std::string> messages;
+  for (const Entry& entry : entries_) {
+    if (IsGone(entry)) messages.push_back(unread_.at(&entry).Problem);
+  }
+  return messages;
+}
+
 std::vector<std::string> ProjectOnDisk::RelatedDocuments() const {
   std::vector<std::string> documents;
   for (const std::string_view path : project_.RelatedDocuments()) documents.push_back(projectFiles_.PathOf(path));

@@ -31,7 +31,7 @@ struct ProjectOptions {
   int CodePageNumber = 1252;
   std::string ToolboxFile = "";                    // empty: none
   std::optional<std::string> Text = std::nullopt;  // of a project that no file holds, which cannot be saved
-  bool BearsUnreadable = false;  // a component whose file is gone or cannot be read goes by the name of its file
+  bool BearsUnreadable = false;                    // a component whose file cannot be read goes by the name of its file
 };
 
 // One component of the project, for showing. Texts are UTF-8.
@@ -42,15 +42,16 @@ struct ComponentSummary {
   ComponentGroup Group;
   bool IsChanged;            // since it was read or saved; a new form always is
   bool IsGone = false;       // its file is not there
-  std::string Problem = {};  // why its name could not be read, with the remedy; Name is then that of its file
+  std::string Problem = {};  // why it cannot be read, with the remedy; a form then goes by the name of its file
 };
 
 class ProjectOnDisk : public generator::ide::Vbe,
                       private generator::ide::VBProject,
                       private generator::ide::VBComponents {
  public:
-  // Reads the project file; components are read when they are asked for. support::InputError names what is missing or
-  // damaged. `files` must outlive the project. A save that has replaced files and was cut off is taken back first.
+  // Reads the project file; components are read when they are asked for. support::InputError names what is damaged or
+  // cannot be read. A component whose file is not there has no designer, its name is taken, and its line stays. `files`
+  // must outlive the project. A save that has replaced files and was cut off is taken back first.
   ProjectOnDisk(system::FileSystem& files, const std::string& path, const ProjectOptions& options);
 
   generator::ide::VBProject& ActiveVBProject() override { return *this; }
@@ -129,6 +130,10 @@ class ProjectOnDisk : public generator::ide::Vbe,
   bool IsChanged() const;
   // In the order of the project file, new forms last.
   std::vector<ComponentSummary> Summaries() const;
+  // A message, with place and remedy, for each component whose file was not there.
+  std::vector<std::string> MissingFiles() const;
+  // Whether a component is listed with this path, as in its line; a new one need not be.
+  bool Lists(std::string_view projectPath) const { return listedPaths_.contains(projectPath); }
   // The paths of the files that the project lists beside its components.
   std::vector<std::string> RelatedDocuments() const;
   // The text of a component as saving would write it, with a form's companion file; a module's stands in Frm.
@@ -172,7 +177,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
     FormFiles Files;
   };
 
-  // A component whose name could not be read.
+  // A component whose file could not be read.
   struct Unread {
     bool IsGone;
     std::string Problem;
@@ -188,6 +193,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::shared_ptr<generator::ide::VBComponent> Add(generator::ide::ComponentType type) override;
 
   void ReadNames() const;
+  void PlaceUnread() const;
+  bool IsGone(const Entry& entry) const;
   std::string PlaceOf(const Entry& entry) const;
   std::string NameInFile(const Entry& entry) const;
   std::string NameOf(const Entry& entry) const;

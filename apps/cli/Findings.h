@@ -15,9 +15,9 @@ std::string MessageOf(const lint::Finding& finding, const system::CodePage& code
 // "frmPerson.frm:12: error: message; remedy [rule]"
 std::string LineOf(const std::string& path, const lint::Finding& finding, const system::CodePage& codePage);
 
-// A line for each finding in the files of a form, or in the project file whose forms and modules the run has read or
-// made.
+// A line for each finding in the files of a form, or in the project file, but for its forms and modules that are not
+// there.
 std::vector<std::string> FindingsIn(const std::vector<adapters::vb6files::FileChange>& made,
-                                    const system::CodePage& codePage);
+                                    const adapters::vb6files::ProjectOnDisk& project);
 
 }  // namespace formwizard::apps::cli

@@ -220,7 +220,7 @@ class Run {
 
   // In what changed since the last report.
   void AddFindings(std::vector<std::string>& notes) const {
-    std::ranges::move(FindingsIn(changes_, project_.ProjectCodePage()), std::back_inserter(notes));
+    std::ranges::move(FindingsIn(changes_, project_), std::back_inserter(notes));
   }
 
   void Tell(const std::vector<std::string>& notes) const {
@@ -265,7 +265,7 @@ class Run {
   void PrintReport() { report_.PrintTo(std::cout); }
 
   int Finish() {
-    std::vector<std::string> notes;
+    std::vector<std::string> notes = project_.MissingFiles();
     if (!options_.Check) AddFindings(notes);
     Tell(notes);
     ReportChanges();

@@ -62,6 +62,7 @@ class Run {
     CheckToolbox(project_, options);
     for (const std::string& warning : forms::WarningsOn(profileFile_, !options.Profile.empty()))
       Warn("warning: ", warning);
+    for (const std::string& note : project_.MissingFiles()) Warn("note: ", note);
     const auto report = [this](const vb6files::FileChange& change) { report_ += LineOf(change, !options_.DryRun); };
     project_.OnChange(report, options.DryRun);
     if (options.Journal.empty()) return;

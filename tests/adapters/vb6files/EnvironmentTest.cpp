@@ -211,13 +211,18 @@ TEST_CASE("Files are found in any letter case, and a folder is read only once fo
   CHECK(project.Files.FoldersRead < 20);
 }
 
-TEST_CASE("What a component's line names must be there") {
-  for (const char* line : {"Form=none.frm\r\n", "Form=..\\none.frm\r\n", "UserControl=none.ctl\r\n"}) {
-    CAPTURE(line);
-    ProjectFixture project(line);
-    CHECK_THROWS_WITH_AS(project.Components.Find("Form1"), doctest::Contains("P/P.vbp:2: the file "),
-                         support::InputError);
-  }
+TEST_CASE(
+    "A component whose file is not there has its name and no designer, unless another that is there is called so") {
+  ProjectFixture project("Form=a\\frmX.frm\r\nForm=frmY.frm\r\nModule=modZ; other.bas\r\nUserControl=..\\none.ctl\r\n",
+                         {{"P/frmY.frm", FormText("frmX")}});
+  CHECK(project.Components.Find("frmX")->DesignerControls());
+  CHECK_FALSE(project.Components.Find("none")->DesignerControls());
+  CHECK(project.Components.Find("modZ"));
+  std::string missing;
+  for (const std::string& message : project.Project.MissingFiles())
+    missing += message.substr(0, message.find(" is")) + "\n";
+  CHECK(missing ==
+        "P/P.vbp:2: the file P/a/frmX.frm\nP/P.vbp:4: the file P/other.bas\nP/P.vbp:5: the file P/../none.ctl\n");
   MemoryFileSystem none;
   CHECK_THROWS_AS(ProjectOnDisk(none, "P/P.vbp", {}), support::InputError);
 }
