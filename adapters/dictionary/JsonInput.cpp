@@ -3,13 +3,12 @@
 #include "support/Failures.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace formwizard::adapters::dictionary {
 namespace {
 
-constexpr std::size_t FirstBlock = 2'048, LargestBlock = 65'536;  // most form descriptions are short
-constexpr std::size_t LongestValue = 4 * LargestBlock;  // as it is written: an escaped character takes six bytes
+constexpr std::size_t BlockSize = 65'536;
+constexpr std::size_t LongestValue = 4 * BlockSize;  // as it is written: an escaped character takes six bytes
 
 // Stands between two values.
 bool IsSeparator(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == ',' || c == ':'; }
@@ -17,9 +16,13 @@ bool IsSeparator(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n
 }  // namespace
 
 JsonInput::JsonInput(std::istream& in, const std::string& source)
-    : in_(in), source_(source), blockSize_(FirstBlock), at_(buffer_.data()), end_(at_), mark_(at_), counted_(at_) {}
+    : in_(&in), source_(source), at_(buffer_.data()), end_(at_), mark_(at_), counted_(at_) {}
+
+JsonInput::JsonInput(std::string_view text, const std::string& source)
+    : in_(nullptr), source_(source), at_(text.data()), end_(at_ + text.size()), mark_(at_), counted_(at_) {}
 
 bool JsonInput::Refill() {
+  isAtEnd_ |= !in_;
   if (isAtEnd_) return false;
   SkipSeparators();
   CountTo(mark_);
@@ -29,11 +32,11 @@ bool JsonInput::Refill() {
                               ": this value is too long");
   }
   buffer_.erase(0, static_cast<std::size_t>(mark_ - buffer_.data()));
-  const std::size_t wanted = in_.eof() ? 0 : std::exchange(blockSize_, std::min(4 * blockSize_, LargestBlock));
+  const std::size_t wanted = in_->eof() ? 0 : BlockSize;
   buffer_.resize(kept + wanted);
-  in_.read(buffer_.data() + kept, static_cast<std::streamsize>(wanted));
-  if (in_.bad()) throw support::InputError(source_ + ": the input cannot be read to its end");
-  buffer_.resize(kept + static_cast<std::size_t>(in_.gcount()));
+  in_->read(buffer_.data() + kept, static_cast<std::streamsize>(wanted));
+  if (in_->bad()) throw support::InputError(source_ + ": the input cannot be read to its end");
+  buffer_.resize(kept + static_cast<std::size_t>(in_->gcount()));
   mark_ = counted_ = buffer_.data();
   at_ = mark_ + kept;
   end_ = mark_ + buffer_.size();
@@ -71,7 +74,7 @@ std::string JsonInput::BeginningOfValue() {
 }
 
 Place JsonInput::Here() {
-  const bool isBehind = isAtEnd_ || at_ == buffer_.data();
+  const bool isBehind = isAtEnd_ || at_ == counted_;
   CountTo(isBehind ? at_ : at_ - 1);
   return place_;
 }

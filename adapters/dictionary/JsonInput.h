@@ -1,10 +1,11 @@
-// The characters of a JSON document, read in blocks, with the place of what was read last.
+// The characters of a JSON document, as a whole or read in blocks, with the place of what was read last.
 #pragma once
 
 #include <cstddef>
 #include <istream>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 namespace formwizard::adapters::dictionary {
 
@@ -17,6 +18,8 @@ class JsonInput {
  public:
   // `source` names the input in messages. Both must outlive this object.
   JsonInput(std::istream& in, const std::string& source);
+  // A text that is there as a whole.
+  JsonInput(std::string_view text, const std::string& source);
 
   // support::InputError when reading fails, and for a value that is too long to be kept.
   bool HasMore() { return at_ != end_ || Refill(); }
@@ -25,7 +28,7 @@ class JsonInput {
 
   // What was read so far is done with: the next value begins behind it.
   void EndValue() { mark_ = at_; }
-  // Where the value began that ends here.
+  // Where the value began that ends here; counted when it is asked for.
   Place BeginOfValue();
   // That value, or what there is of it, with the rest of its word; for messages.
   std::string BeginningOfValue();
@@ -37,9 +40,8 @@ class JsonInput {
   void SkipSeparators();
   void CountTo(const char* to);
 
-  std::istream& in_;
+  std::istream* in_;  // null where nothing more is to be read
   const std::string& source_;
-  std::size_t blockSize_;  // of what is read next
   std::string buffer_;
   const char *at_, *end_;
   const char* mark_;     // no value before it is wanted any more

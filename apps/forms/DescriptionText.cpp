@@ -1,5 +1,6 @@
 #include "apps/forms/DescriptionText.h"
 
+#include "apps/forms/UsualProperty.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "system/ContentSum.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -25,15 +27,13 @@ void AppendQuoted(std::string& to, std::string_view text) {
   }
 }
 
-// The members of an object: each begins as `Next` says.
+// The members of an object: each begins as `next` says. Names need no escapes.
 class Members {
  public:
   Members(std::string& to, std::string_view first, std::string_view next) : to_(to), begin_(first), next_(next) {}
 
   void Begin(std::string_view name) {
-    to_ += std::exchange(begin_, next_);
-    AppendQuoted(to_, name);
-    to_ += ": ";
+    to_.append(std::exchange(begin_, next_)).append(1, '"').append(name).append("\": ");
   }
   void Add(std::string_view name, std::string_view text) {
     Begin(name);
@@ -64,6 +64,10 @@ void AppendLines(std::string& to, std::string_view indent, const auto& range, au
 
 std::string_view Word(bool value) { return value ? "true" : "false"; }
 
+bool IsNameAlone(const FieldChoice& field) {
+  return !field.Caption && !field.ReadOnly && !field.UpdateAfter && !field.Rows && !field.Combo;
+}
+
 void AppendField(std::string& to, const FieldChoice& field) {
   to += '{';
   Members members = InOneLine(to);
@@ -90,17 +94,39 @@ void AppendSetting(std::string& to, const SettingTexts::value_type& setting) {
   Members(to, "", "").AddPlain(name, isBoolean ? Word(settings::BooleanOf(value)) : value);
 }
 
+// The shortest form that a field has.
+void AppendChoice(std::string& to, const FieldChoice& field) {
+  if (IsNameAlone(field)) {
+    AppendQuoted(to, field.Property.Value);
+  } else {
+    AppendField(to, field);
+  }
+}
+
+// Written without quotes it is read as the same text.
+bool IsNumber(std::string_view text) {
+  constexpr std::size_t most = 18;  // digits that any whole number may have
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  return !text.empty() && text.size() <= most && text.front() != '0' && std::ranges::all_of(text, isDigit);
+}
+
+// What is otherwise than usual.
 void AppendProperty(std::string& to, const kept::Property& property) {
+  const kept::Property usual = UsualProperty(property.Path);
   AppendQuoted(to, property.Path);
   to += ": {";
   Members members = InOneLine(to);
-  members.Add("kind", property.Kind);
-  members.Add("type", property.Type);
+  if (property.Kind != usual.Kind) members.Add("kind", property.Kind);
+  if (property.Type != usual.Type) members.Add("type", property.Type);
   if (property.IsRequired) members.AddPlain("required", Word(true));
   if (property.IsReadOnly) members.AddPlain("readOnly", Word(true));
-  if (!property.Width.empty()) members.Add("width", property.Width);
-  members.Add("caption", property.Caption);
-  to += " }";
+  if (IsNumber(property.Width)) {
+    members.AddPlain("width", property.Width);
+  } else if (!property.Width.empty()) {
+    members.Add("width", property.Width);
+  }
+  if (property.Caption != usual.Caption) members.Add("caption", property.Caption);
+  to += to.ends_with('{') ? "}" : " }";
 }
 
 void AppendMade(std::string& to, const MadeForm& made) {
@@ -132,7 +158,7 @@ std::string TextOf(const FormDescription& form) {
     text += '}';
   }
   members.AddPlain("fields", "[");
-  AppendLines(text, "    ", form.Fields, AppendField);
+  AppendLines(text, "    ", form.Fields, AppendChoice);
   text += ']';
   if (form.Made) {
     members.Begin("made");
@@ -141,6 +167,7 @@ std::string TextOf(const FormDescription& form) {
   return text + " }\n";
 }
 
+// Over the long form of each field, which does not depend on how it is written.
 std::string SumOfFields(const FormDescription& form) {
   std::string text = form.Class.Value + "\n" + (form.System ? form.System->Value : "");
   AppendLines(text, "", form.Fields, AppendField);
@@ -154,18 +181,20 @@ std::string SumOfSettings(const FormDescription& form) {
   return SumOf(text);
 }
 
-std::string SumOf(const std::string& bytes) {
-  std::string text;
-  text.reserve(bytes.size());
-  std::size_t from = 0;
-  for (std::size_t at = bytes.find('\r'); at != std::string::npos; at = bytes.find('\r', at + 1)) {
-    if (at + 1 == bytes.size() || bytes[at + 1] != '\n') continue;
-    text.append(bytes.data() + from, at - from);
-    from = at + 1;
+std::string SumOf(std::string_view bytes) {
+  const auto text = std::make_unique_for_overwrite<char[]>(bytes.size());
+  char* end = text.get();
+  for (;;) {
+    const std::size_t length = std::min(bytes.find('\r'), bytes.size());
+    end = std::copy_n(bytes.data(), length, end);
+    bytes.remove_prefix(length);
+    if (bytes.empty()) break;
+    if (!bytes.starts_with("\r\n")) *end++ = '\r';
+    bytes.remove_prefix(1);
   }
-  text.append(bytes, from);
   std::array<char, 17> hex;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by the next line
-  std::snprintf(hex.data(), hex.size(), "%016llx", static_cast<unsigned long long>(system::ContentSum(text)));
+  std::snprintf(hex.data(), hex.size(), "%016llx",
+                static_cast<unsigned long long>(system::ContentSum({text.get(), end})));
   return hex.data();
 }
 

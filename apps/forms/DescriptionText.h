@@ -4,6 +4,7 @@
 #include "apps/forms/FormDescription.h"
 
 #include <string>
+#include <string_view>
 
 namespace formwizard::apps::forms {
 
@@ -14,6 +15,6 @@ std::string TextOf(const FormDescription& form);
 std::string SumOfFields(const FormDescription& form);
 std::string SumOfSettings(const FormDescription& form);
 // Of a file, whatever line ends version control has given it.
-std::string SumOf(const std::string& bytes);
+std::string SumOf(std::string_view bytes);
 
 }  // namespace formwizard::apps::forms

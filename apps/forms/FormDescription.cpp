@@ -1,24 +1,22 @@
 #include "apps/forms/FormDescription.h"
 
-#include "adapters/dictionary/JsonInput.h"
 #include "adapters/dictionary/JsonProblem.h"
 #include "apps/common/TextInput.h"
+#include "apps/forms/DescriptionMembers.h"
+#include "apps/forms/UsualProperty.h"
 #include "runtime/Conversions.h"
 #include "settings/Settings.h"
 #include "support/Failures.h"
 #include "support/Names.h"
-#include "system/CodePage.h"
 #include "system/Limits.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <limits>
 #include <span>
-#include <sstream>
 #include <utility>
 
 namespace formwizard::apps::forms {
@@ -27,141 +25,14 @@ namespace {
 using Json = nlohmann::json;
 using adapters::dictionary::JsonInput;
 using adapters::dictionary::JsonIterator;
-using adapters::dictionary::Place;
 using support::InputError;
 
 constexpr int DeepestDescription = 16;
 constexpr const char* Meant = "a form description is an object with \"class\" and \"fields\", or an array of them";
-constexpr int MostRows = std::numeric_limits<std::int16_t>::max();
-
-// A value as it is met, or the beginning of an object or an array.
-struct Token {
-  enum class Kind : std::uint8_t { Null, Boolean, Integer, Float, Text, Object, Array };
-
-  Kind Is;
-  std::string_view Text;                                     // of a text; of anything else as it is written
-  std::int64_t Integer = 0;                                  // also what a Boolean is
-  Place Where = {};                                          // of what may stand there
-  const std::shared_ptr<const std::string>* Name = nullptr;  // of the input
-
-  Origin From() const { return {Name ? *Name : nullptr, Where.Line, Where.Column}; }
-  GivenText Given() const { return {std::string(Text), From()}; }
-};
-
-// What may stand in a member.
-enum class Takes : std::uint8_t { Text, Line, Boolean, Rows, CodePage, Settings, Fields, Combo, Made, Class };
-
-// A member of an object of the description, and what becomes of its value: where a field is meant, of the last one.
-struct Member {
-  std::string_view Name;
-  Takes Value;
-  bool IsRequired;
-  void (*Set)(FormDescription& form, const Token& value);
-};
-
-constexpr std::array RootMembers{
-    Member{"class", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Class = value.Given(); }},
-    Member{"settings", Takes::Settings, false, [](FormDescription& form, const Token&) { form.Settings.clear(); }},
-    Member{"fields", Takes::Fields, true, [](FormDescription& form, const Token&) { form.Fields.clear(); }},
-    Member{"system", Takes::Text, false,
-           [](FormDescription& form, const Token& value) { form.System = value.Given(); }},
-    Member{"language", Takes::Text, false,
-           [](FormDescription& form, const Token& value) { form.Language = value.Given(); }},
-    Member{"codePage", Takes::CodePage, false,
-           [](FormDescription& form, const Token& value) {
-             form.CodePage = {static_cast<int>(value.Integer), value.From()};
-           }},
-    Member{"made", Takes::Made, false, [](FormDescription& form, const Token&) { form.Made.emplace(); }},
-    Member{"$schema", Takes::Line, false, [](FormDescription&, const Token&) {}},  // for editors
-};
-constexpr std::array FieldMembers{
-    Member{"property", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Property = value.Given(); }},
-    Member{"caption", Takes::Line, false,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Caption = value.Text; }},
-    Member{"readOnly", Takes::Boolean, false,
-           [](FormDescription& form, const Token& value) {
-             form.Fields.back().ReadOnly = {value.Integer != 0, value.From()};
-           }},
-    Member{"updateAfter", Takes::Text, false,
-           [](FormDescription& form, const Token& value) { form.Fields.back().UpdateAfter = value.Given(); }},
-    Member{"rows", Takes::Rows, false,
-           [](FormDescription& form, const Token& value) {
-             form.Fields.back().Rows = {static_cast<int>(value.Integer), value.From()};
-           }},
-    Member{"combo", Takes::Combo, false,
-           [](FormDescription& form, const Token&) { form.Fields.back().Combo = ComboChoice{}; }},
-};
-constexpr std::array ComboMembers{
-    Member{"query", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Query = value.Given(); }},
-    Member{"column", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Fields.back().Combo->Column = value.Given(); }},
-};
-
-constexpr std::array MadeMembers{
-    Member{"program", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Made->Program = value.Text; }},
-    Member{"form", Takes::Text, true, [](FormDescription& form, const Token& value) { form.Made->Form = value.Text; }},
-    Member{"pictures", Takes::Text, false,
-           [](FormDescription& form, const Token& value) { form.Made->Pictures = value.Text; }},
-    Member{"fields", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Made->Fields = value.Text; }},
-    Member{"settings", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { form.Made->Settings = value.Text; }},
-    Member{"reused", Takes::Boolean, false,
-           [](FormDescription& form, const Token& value) { form.Made->IsReused = value.Integer != 0; }},
-    Member{"class", Takes::Class, true, [](FormDescription& form, const Token&) { form.Made->Class.clear(); }},
-};
-kept::Property& LastOf(FormDescription& form) { return form.Made->Class.back(); }
-constexpr std::array PropertyMembers{
-    Member{"kind", Takes::Text, true,
-           [](FormDescription& form, const Token& value) { LastOf(form).Kind = value.Text; }},
-    Member{"type", Takes::Line, true,
-           [](FormDescription& form, const Token& value) { LastOf(form).Type = value.Text; }},
-    Member{"required", Takes::Boolean, false,
-           [](FormDescription& form, const Token& value) { LastOf(form).IsRequired = value.Integer != 0; }},
-    Member{"readOnly", Takes::Boolean, false,
-           [](FormDescription& form, const Token& value) { LastOf(form).IsReadOnly = value.Integer != 0; }},
-    Member{"width", Takes::Line, false,
-           [](FormDescription& form, const Token& value) { LastOf(form).Width = value.Text; }},
-    Member{"caption", Takes::Line, true,
-           [](FormDescription& form, const Token& value) { LastOf(form).Caption = value.Text; }},
-};
 
 bool IsSetting(std::string_view key, const std::string& value) {
   const settings::SettingKey* const found = settings::KeyNamed(key);
   return found && settings::IsAllowed(*found, value);
-}
-
-bool IsCodePage(std::int64_t number) {
-  return number == system::Utf8CodePage ||
-         std::ranges::find(system::CodePageNumbers(), number) != system::CodePageNumbers().end();
-}
-
-// Empty when the value may stand there, otherwise what was expected.
-std::string ExpectedInsteadOf(const Token& value, Takes takes) {
-  switch (takes) {
-    case Takes::Text:
-    case Takes::Line:
-      if (value.Is != Token::Kind::Text) return "a text";
-      // As one types it: a line break would begin a line of code of its own.
-      if (std::ranges::any_of(value.Text, [](char c) { return c == '\r' || c == '\n' || c == '\0'; })) {
-        return "a text without line breaks";
-      }
-      return takes == Takes::Text && value.Text.empty() ? "a text that is not empty" : "";
-    case Takes::Boolean:
-      return value.Is == Token::Kind::Boolean ? "" : "true or false";
-    case Takes::Rows:
-      if (value.Is == Token::Kind::Integer && value.Integer >= 1 && value.Integer <= MostRows) return "";
-      return "a whole number from 1 to " + std::to_string(MostRows);
-    case Takes::CodePage:
-      return value.Is == Token::Kind::Integer && IsCodePage(value.Integer) ? "" : "the number of a code page";
-    case Takes::Fields:
-      return value.Is == Token::Kind::Array ? "" : "an array";
-    default:
-      return value.Is == Token::Kind::Object ? "" : "an object";
-  }
 }
 
 // The beginning of a wrong value, written closely.
@@ -203,24 +74,22 @@ class ShownValue {
 // JSON that is not nested too deeply.
 class Reader : public nlohmann::json_sax<Json> {
  public:
-  // `name` is that of the input, in messages, which must outlive the reader.
-  Reader(JsonInput& input, std::string name)
-      : input_(input), name_(std::make_shared<const std::string>(std::move(name))) {}
+  explicit Reader(const DescriptionInput& input) : in_(input) {}
 
-  bool null() override { return Take({Token::Kind::Null, "null"}); }
-  bool boolean(bool value) override { return Take({Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0}); }
+  bool null() override { return Take(Token::Kind::Null, "null"); }
+  bool boolean(bool value) override { return Take(Token::Kind::Boolean, value ? "true" : "false", value ? 1 : 0); }
   bool number_integer(number_integer_t value) override {
-    return Take({Token::Kind::Integer, std::to_string(value), value});
+    return Take(Token::Kind::Integer, std::to_string(value), value);
   }
   bool number_unsigned(number_unsigned_t value) override {
     constexpr number_unsigned_t most = std::numeric_limits<std::int64_t>::max();
-    return Take({Token::Kind::Integer, std::to_string(value), static_cast<std::int64_t>(std::min(value, most))});
+    return Take(Token::Kind::Integer, std::to_string(value), static_cast<std::int64_t>(std::min(value, most)));
   }
-  bool number_float(number_float_t, const string_t& text) override { return Take({Token::Kind::Float, text}); }
-  bool string(string_t& text) override { return Take({Token::Kind::Text, text}); }
+  bool number_float(number_float_t, const string_t& text) override { return Take(Token::Kind::Float, text); }
+  bool string(string_t& text) override { return Take(Token::Kind::Text, text); }
   bool binary(binary_t&) override { return false; }  // JSON has none
-  bool start_object(std::size_t) override { return ++depth_ <= DeepestDescription && Take({Token::Kind::Object, "{"}); }
-  bool start_array(std::size_t) override { return ++depth_ <= DeepestDescription && Take({Token::Kind::Array, "["}); }
+  bool start_object(std::size_t) override { return ++depth_ <= DeepestDescription && Take(Token::Kind::Object, "{"); }
+  bool start_array(std::size_t) override { return ++depth_ <= DeepestDescription && Take(Token::Kind::Array, "["); }
   bool end_array() override { return End(']'); }
   bool end_object() override { return End('}'); }
 
@@ -230,38 +99,36 @@ class Reader : public nlohmann::json_sax<Json> {
       return Go();
     }
     Frame& object = frames_.back();
-    object.Key = key;
+    object.Key = std::move(key);
     if (HasAnyKeys(object)) return Go();
     object.Current = std::ranges::find(object.Members, object.Key, &Member::Name);
     if (object.Current == object.Members.end()) {
       const support::Names names(object.Members, std::mem_fn(&Member::Name));
-      problem_ = At(input_.BeginOfValue()).Text() + PathTo(frames_.size() - 1) + ": unknown member \"" + key +
-                 "\"; known members: " + names.Listed(key);
+      problem_ = in_.OfValue().Text() + PathTo(frames_.size() - 1) + ": unknown member \"" + object.Key +
+                 "\"; known members: " + names.Listed(object.Key);
     }
     return Go();
   }
 
   bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& error) override {
     if (dynamic_cast<const Json::out_of_range*>(&error)) {
-      throw InputError(At(input_.BeginOfValue()).Text() + ": this number is out of range; write a smaller one");
+      throw InputError(in_.OfValue().Text() + ": this number is out of range; write a smaller one");
     }
-    adapters::dictionary::FailNoJson(input_, *name_, error, Meant);
+    adapters::dictionary::FailNoJson(in_.Text, *in_.Name, error, Meant);
   }
 
   // support::InputError for what is wrong in the text, which was read when `isWhole`.
   std::vector<FormDescription> Take(bool isWhole) {
     if (!isWhole) {
-      throw InputError(At(input_.Here()).Text() + ": nested more than " + std::to_string(DeepestDescription) +
-                       " deep; " + Meant);
+      throw InputError(in_.Here().Text() + ": nested more than " + std::to_string(DeepestDescription) + " deep; " +
+                       Meant);
     }
     if (HasFailed()) throw InputError(problem_ + shown_.Text());
-    if (forms_.empty()) throw InputError(*name_ + ": no form is described in this array; write one object a form");
+    if (forms_.empty()) throw InputError(*in_.Name + ": no form is described in this array; write one object a form");
     return std::move(forms_);
   }
 
  private:
-  enum class Part : std::uint8_t { Forms, Form, Settings, Fields, Field, Combo, Made, Class, Property };
-
   // An object or array that has begun.
   struct Frame {
     Part Is;
@@ -276,37 +143,44 @@ class Reader : public nlohmann::json_sax<Json> {
 
   // The next value begins behind what was read.
   bool Go() {
-    input_.EndValue();
+    in_.Text.EndValue();
     return true;
   }
 
-  bool Take(Token value) {
-    if (!HasFailed()) {
-      value.Where = input_.BeginOfValue();
-      value.Name = &name_;
-    }
+  bool Take(Token::Kind kind, std::string_view text, std::int64_t integer = 0) {
+    const Token value{kind, text, integer, in_};
     if (HasFailed()) {
       if (shown_.IsOpen()) shown_.Add(value);
-    } else if (frames_.empty() && value.Is == Token::Kind::Array) {
-      Begin(Part::Forms, {});
-    } else if (frames_.empty() || frames_.back().Is == Part::Forms) {
-      TakeForm(value);
-    } else if (frames_.back().Is == Part::Settings) {
-      TakeSetting(value);
-    } else if (frames_.back().Is == Part::Fields) {
-      TakeField(value);
-    } else if (frames_.back().Is == Part::Class) {
-      TakeProperty(value);
-    } else {
-      TakeMember(value);
+      return Go();
+    }
+    const bool isFirst = frames_.empty();
+    if (isFirst && kind == Token::Kind::Array) {
+      Begin(Part::Forms);
+      return Go();
+    }
+    switch (isFirst ? Part::Forms : frames_.back().Is) {
+      case Part::Forms:
+        TakeForm(value);
+        break;
+      case Part::Settings:
+        TakeSetting(value);
+        break;
+      case Part::Fields:
+        TakeField(value);
+        break;
+      case Part::Class:
+        TakeProperty(value);
+        break;
+      default:
+        TakeMember(value);
     }
     return Go();
   }
 
   void TakeForm(const Token& value) {
     if (value.Is != Token::Kind::Object) return Fail(frames_.empty() ? "an object or an array" : "an object", value);
-    forms_.emplace_back().Source = frames_.empty() ? *name_ : value.From().Text();
-    Begin(Part::Form, RootMembers);
+    forms_.emplace_back().Source = frames_.empty() ? *in_.Name : value.From().Text();
+    Begin(Part::Form);
   }
 
   void TakeMember(const Token& value) {
@@ -316,11 +190,7 @@ class Reader : public nlohmann::json_sax<Json> {
     if (!expected.empty()) return Fail(expected, value);
     object.Seen |= 1U << static_cast<unsigned>(object.Current - object.Members.begin());
     member.Set(forms_.back(), value);
-    if (member.Value == Takes::Settings) Begin(Part::Settings, {});
-    if (member.Value == Takes::Fields) Begin(Part::Fields, {});
-    if (member.Value == Takes::Combo) Begin(Part::Combo, ComboMembers);
-    if (member.Value == Takes::Made) Begin(Part::Made, MadeMembers);
-    if (member.Value == Takes::Class) Begin(Part::Class, {});
+    if (member.Opens) Begin(*member.Opens);
   }
 
   // The text that a profile file would hold.
@@ -352,18 +222,18 @@ class Reader : public nlohmann::json_sax<Json> {
       fields.back().Property = value.Given();
       ++frames_.back().Count;
     } else {
-      Begin(Part::Field, FieldMembers);
+      Begin(Part::Field);
     }
   }
 
   void TakeProperty(const Token& value) {
     if (value.Is != Token::Kind::Object) return Fail("an object", value);
-    forms_.back().Made->Class.push_back(
-        {.Path = frames_.back().Key, .Kind = "", .Type = "", .Caption = "", .Width = ""});
-    Begin(Part::Property, PropertyMembers);
+    forms_.back().Made->Class.push_back(UsualProperty(frames_.back().Key));
+    Begin(Part::Property);
   }
 
-  void Begin(Part part, std::span<const Member> members) {
+  void Begin(Part part) {
+    const std::span<const Member> members = MembersOf(part);
     frames_.push_back({part, members, members.begin(), {}, 0, 0});
   }
 
@@ -376,7 +246,7 @@ class Reader : public nlohmann::json_sax<Json> {
     const Frame& ending = frames_.back();
     for (std::size_t i = 0; i < ending.Members.size() && !HasFailed(); ++i) {
       if (!ending.Members[i].IsRequired || (ending.Seen >> i & 1U) != 0) continue;
-      problem_ = At(input_.Here()).Text() + PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) +
+      problem_ = in_.Here().Text() + PathTo(frames_.size() - 1) + ": \"" + std::string(ending.Members[i].Name) +
                  "\" is missing";
     }
     frames_.pop_back();
@@ -387,7 +257,6 @@ class Reader : public nlohmann::json_sax<Json> {
   static bool HasAnyKeys(const Frame& frame) { return frame.Is == Part::Settings || frame.Is == Part::Class; }
   static bool IsArray(const Frame& frame) { return frame.Is == Part::Forms || frame.Is == Part::Fields; }
 
-  Origin At(Place place) const { return {name_, place.Line, place.Column}; }
   // ": fields[0].rows" or ": [1].fields[0].rows", down to the member or element that so many frames are at.
   std::string PathTo(std::size_t frameCount) const {
     std::string path;
@@ -404,8 +273,7 @@ class Reader : public nlohmann::json_sax<Json> {
   }
 
   std::vector<FormDescription> forms_;
-  JsonInput& input_;
-  std::shared_ptr<const std::string> name_;
+  const DescriptionInput& in_;
   std::vector<Frame> frames_;
   int depth_ = 0;
   std::string problem_;  // empty when there is none; `shown_` follows
@@ -425,10 +293,10 @@ std::vector<FormDescription> ReadFormDescriptions(const std::string& file) {
 }
 
 std::vector<FormDescription> FormDescriptionsIn(const std::string& text, const std::string& name) {
-  std::istringstream in(text);
-  JsonInput input(in, name);
-  Reader reader(input, name);
-  const bool isWhole = Json::sax_parse(JsonIterator(input), JsonIterator(), &reader);
+  JsonInput json(text, name);
+  const DescriptionInput input{json, std::make_shared<const std::string>(name)};
+  Reader reader(input);
+  const bool isWhole = Json::sax_parse(JsonIterator(json), JsonIterator(), &reader);
   return reader.Take(isWhole);
 }
 

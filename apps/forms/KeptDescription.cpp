@@ -46,7 +46,7 @@ FormDescription KeptDescription(const FormDescription& asked, const kept::FormTe
   made.Fields = SumOfFields(description);
   made.Settings = SumOfSettings(description);
   made.IsReused = by.IsReused;
-  made.Class = workshop.OfferedBy(description.System->Value, description.Class.Value);
+  made.Class = workshop.OfferedBy(description.System->Value, description.Class.Value).Properties;
   return description;
 }
 

@@ -24,9 +24,9 @@ support::Names NamesOf(const std::vector<kept::Property>& properties) {
 // The names of the class as it was when a form was made and as it is now, which are mostly the same.
 class ClassNames {
  public:
-  ClassNames(const std::vector<kept::Property>& was, const std::vector<kept::Property>& is)
-      : was_(was), is_(is), now_(NamesOf(is)) {
-    if (was != is) before_ = NamesOf(was);
+  ClassNames(const std::vector<kept::Property>& was, const OfferedClass& is)
+      : was_(was), is_(is.Properties), now_(is.Paths) {
+    if (was != is_) before_ = NamesOf(was);
   }
 
   bool IsLost(const std::string& property) const { return before_ && before_->Find(property) && !now_.Find(property); }
@@ -39,9 +39,14 @@ class ClassNames {
 
  private:
   const std::vector<kept::Property>&was_, &is_;
-  support::Names now_;
+  const support::Names& now_;
   std::optional<support::Names> before_;  // nothing when it is the same
 };
+
+bool HasAllFields(const support::Names& paths, const FormDescription& description) {
+  return std::ranges::all_of(description.Fields,
+                             [&](const FieldChoice& field) { return paths.Find(field.Property.Value).has_value(); });
+}
 
 // Without the fields that the class had and has lost. One that has nothing left stays as it is, and cannot be made.
 void TakeOutLostFields(FormDescription& description, const ClassNames& names) {
@@ -179,14 +184,16 @@ void KeptForms::CompareWithProject(KeptForm& form, bool lists) const {
 void KeptForms::Examine(KeptForm& form, FormDescription description, bool lists) {
   kept::State& state = form.State;
   CompareWithProject(form, lists);
-  const std::vector<kept::Property>& offered = remake_.OfferedTo(description);
+  const OfferedClass& offered = remake_.OfferedTo(description);
   const MadeForm made = *std::exchange(description.Made, std::nullopt);
-  const ClassNames names(made.Class, offered);
-  state.Class = kept::ChangesOf(made.Class, offered, FieldsIn(description, names));
   state.AsksOtherwise = made.Fields != SumOfFields(description);
   state.HasOtherSettings = made.Settings != SumOfSettings(description);
   state.IsOfOtherVersion = made.Program != remake_.Program();
-  TakeOutLostFields(description, names);
+  if (made.Class != offered.Properties || !HasAllFields(offered.Paths, description)) {
+    const ClassNames names(made.Class, offered);
+    state.Class = kept::ChangesOf(made.Class, offered.Properties, FieldsIn(description, names));
+    TakeOutLostFields(description, names);
+  }
   try {
     const bool isOld = state.IsOutdated() || state.HasOtherSettings;
     Remade remade = remake_.Make(description,

@@ -22,12 +22,13 @@ ObjectFactory* Offers::Connected(const std::string& system) {
   return known->second.get();
 }
 
-const std::vector<kept::Property>& Offers::Of(const std::string& system, const std::string& className) {
-  const auto emplaced = classes_.emplace(std::pair(system, className), std::vector<kept::Property>());
+const OfferedClass& Offers::ClassOf(const std::string& system, const std::string& className) {
+  const auto emplaced = classes_.emplace(std::pair(system, className), OfferedClass());
   const bool isNew = emplaced.second;
-  std::vector<kept::Property>& known = emplaced.first->second;
+  OfferedClass& offered = emplaced.first->second;
   ObjectFactory* const factory = isNew ? Connected(system) : nullptr;
-  if (!factory) return known;
+  if (!factory) return offered;
+  std::vector<kept::Property>& known = offered.Properties;
   try {
     ForEachProperty(*factory, className, false, [&](const TreeProperty& property, wizard::factory::ResultSet&) {
       if (!property.IsField()) return;
@@ -37,7 +38,8 @@ const std::vector<kept::Property>& Offers::Of(const std::string& system, const s
   } catch (const runtime::RuntimeError&) {
     known.clear();  // a server may refuse a class that it does not have
   }
-  return known;
+  for (const kept::Property& property : known) offered.Paths.Add(property.Path);
+  return offered;
 }
 
 }  // namespace formwizard::apps::forms

@@ -137,7 +137,7 @@ Remade Remake::Make(const FormDescription& description, const FormToRemake& form
   return StageFor(description).Make(description, form, program_, describes);
 }
 
-const std::vector<kept::Property>& Remake::OfferedTo(const FormDescription& description) {
+const OfferedClass& Remake::OfferedTo(const FormDescription& description) {
   const std::string system = description.System ? description.System->Value : "";
   return StageFor(description).Shop.OfferedBy(system, description.Class.Value);
 }

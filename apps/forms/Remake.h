@@ -2,6 +2,7 @@
 #pragma once
 
 #include "apps/forms/FormDescription.h"
+#include "apps/forms/Offers.h"
 #include "kept/FormTexts.h"
 #include "system/FileSystem.h"
 
@@ -50,7 +51,7 @@ class Remake {
   }
 
   // What the class of the description offers now.
-  const std::vector<kept::Property>& OfferedTo(const FormDescription& description);
+  const OfferedClass& OfferedTo(const FormDescription& description);
 
   const std::string& Program() const { return program_; }
 

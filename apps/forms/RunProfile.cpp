@@ -17,6 +17,9 @@
 namespace formwizard::apps::forms {
 
 void RunProfile::Override(const SettingTexts& settings) {
+  if (isAsGiven_ && settings == given_) return;  // as those of the form before mostly are
+  given_ = settings;
+  isAsGiven_ = true;
   overrides_.clear();
   for (const auto& [key, value] : settings) overrides_[runtime::LowerCase(key)] = value;
 }
@@ -38,7 +41,7 @@ std::string RunProfile::GetProfileString(std::string_view section, std::string_v
 bool RunProfile::WriteProfileString(std::string_view section, std::string_view key, std::string_view value,
                                     const std::string&) {
   const std::string name = runtime::LowerCase(key);
-  overrides_.erase(name);
+  if (overrides_.erase(name) != 0) isAsGiven_ = false;
   std::string& known = read_[name];
   if (known == value) return true;
   known = value;

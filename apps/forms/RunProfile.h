@@ -37,6 +37,8 @@ class RunProfile : public settings::ProfileStore {
 
   settings::ProfileStore& store_;
   const std::string& file_;
+  SettingTexts given_;
+  bool isAsGiven_ = false;                                        // overrides_ are those that were given_
   SettingTexts overrides_;                                        // keys in lower case
   mutable std::map<std::string, std::string, std::less<>> read_;  // keys in lower case
   std::map<std::string, Entry, std::less<>> written_;             // keys in lower case

@@ -56,9 +56,13 @@ std::string Workshop::LanguageInEffect() const {
 void Workshop::WorkIn(generator::ide::Vbe& environment) { user_.emplace(services_, environment, system_); }
 
 void Workshop::Make(const FormDescription& form, const SettingTexts& first, const WizardUser::ClassListener& atFinish) {
-  SettingTexts settings = first;
-  settings.insert(form.Settings.begin(), form.Settings.end());
-  profile_.Override(settings);
+  if (first.empty()) {
+    profile_.Override(form.Settings);
+  } else {
+    SettingTexts settings = first;
+    settings.insert(form.Settings.begin(), form.Settings.end());
+    profile_.Override(settings);
+  }
   user_->Make(form, atFinish);
 }
 

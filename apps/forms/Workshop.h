@@ -49,8 +49,8 @@ class Workshop {
   const std::string& Language();
   std::string System() const { return user_->System(); }
   // What a class of a system offers to forms, which is read once; nothing for a class or system that there is not.
-  const std::vector<kept::Property>& OfferedBy(const std::string& system, const std::string& className) {
-    return offers_.Of(system, className);
+  const OfferedClass& OfferedBy(const std::string& system, const std::string& className) {
+    return offers_.ClassOf(system, className);
   }
 
   const std::string& ProfileFile() const { return profileFile_; }

@@ -58,7 +58,7 @@ TEST_CASE("What the class has lost is left out and named, and later choices come
   chooser.Dialog.chkReadOnly.Click();
   chooser.Dialog.lstUpdateAfter.ClickItem(2);
   CHECK(Has(chooser.Finish(true), R"("fields": [
-    { "property": "Spouse.Name" },
+    "Spouse.Name",
     { "property": "Name", "readOnly": true, "updateAfter": "Colors" },
     { "property": "Colors", "caption": "Colours" } ])"));
 

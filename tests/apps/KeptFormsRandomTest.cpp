@@ -111,7 +111,7 @@ struct World {
   void Ask(int i, const std::string& property) const {
     std::string text = ReadFile(KeptOf(i, ".json"));
     const std::string fields = "\"fields\": [\n";
-    text.insert(text.find(fields) + fields.size(), "    { \"property\": \"" + property + "\" },\n");
+    text.insert(text.find(fields) + fields.size(), "    \"" + property + "\",\n");
     WriteFile(KeptOf(i, ".json"), text);
   }
 };

@@ -21,7 +21,7 @@ struct WithPicture : Keeper {
         of["properties"].push_back({{"Name", "Remarks"}, {"Collection", "characterstream"}});
     }
     Import();
-    Edit(Kept + "frmPerson.json", "\"Notes\" }", "\"Notes\" }, { \"property\": \"Remarks\" }");
+    Edit(Kept + "frmPerson.json", "\"Notes\" ]", "\"Notes\", \"Remarks\" ]");
   }
 };
 
@@ -61,6 +61,32 @@ TEST_CASE("A form that is kept gives itself again, and every state is told with 
   work.Edit(work.Project, "Form=frmPerson.frm\r\n", "");
   check("missing", 0, {});
   CHECK(work.Run("update").Status == 0);
+}
+
+TEST_CASE("A kept description says of its class what is not usual, and one that says all is read as the same") {
+  const Keeper work;
+  const std::string file = work.Kept + "frmPerson.json";
+  const std::string name = R"("Name": { "required": true, "width": 50 },)",
+                    notes = R"("Notes": { "kind": "long-text" })";
+  const std::string text = ReadFile(file);
+  for (const std::string& line :
+       {name, notes, std::string(R"("Age": { "kind": "label", "type": "%Library.Integer", "readOnly": true },)"),
+        std::string(R"("Home.Zip": { "width": 10, "caption": "Home Zip Code" },)"), std::string("    \"Name\",\n")}) {
+    CHECK_MESSAGE(Has(text, line), line);
+  }
+  const std::string whole =
+      R"("Name": { "kind": "text", "type": "%Library.String", "required": true, "width": "50", "caption": "Name" },)";
+  work.Edit(file, "    \"Name\",\n", "    { \"property\": \"Name\" },\n");
+  for (const auto& [from, to, told] :
+       {std::tuple(name, whole, "unchanged"),
+        {"\"width\": \"50\"", "\"width\": \"050\"", "Name: width was 050, is 50"},
+        {"\"050\"", "49", "Name: width was 49, is 50"},
+        {"49, \"caption\": \"Name\"", "50, \"caption\": \"\"", "Name: caption was none, is Name"},
+        {"\"type\": \"%Library.String\"", "\"type\": \"\"", "Name: type was none, is %Lib"}}) {
+    work.Edit(file, from, to);
+    const std::string status = work.Run("status").Out;
+    CHECK_MESSAGE(Has(status, told), status);
+  }
 }
 
 TEST_CASE("What another version or other settings would make alone is no fault, and an update brings it when asked") {
@@ -110,8 +136,7 @@ TEST_CASE("An update takes what the class has changed, keeps what was edited, an
   work.Edit(work.Form(), SaveClick, SaveClick + Guard);
   work.Property("Name")["Caption"] = "Full name";
   work.Import();
-  work.Edit(work.Kept + "frmPerson.json", "{ \"property\": \"Home.City\" }",
-            "{ \"property\": \"Home.City\" }, { \"property\": \"SSN\" }");
+  work.Edit(work.Kept + "frmPerson.json", "\"Home.City\" ]", "\"Home.City\", \"SSN\" ]");
   const auto before = work.Files();
   const Outcome shown = work.Run("update", {"--dry-run", "--diff"});
   CHECK(shown.Status == 0);

@@ -194,10 +194,10 @@ TEST_CASE("A kept form is changed by other choices with what was edited in it, a
   CHECK(Has(ReadFile(desktop.Form), desktop.SaveSub + desktop.Guard));
   CHECK(Has(ReadFile(desktop.Form), "\"Remarks\""));
   const std::string kept = ReadFile(desktop.Kept + ".json");
-  CHECK(Has(kept, R"(    { "property": "Name" },
+  CHECK(Has(kept, R"(    "Name",
     { "property": "Notes", "caption": "Remarks", "rows": 4 },
     { "property": "Spouse.Name", "combo": {"query":"ByName","column":"Name"} },
-    { "property": "SSN" } ])"));
+    "SSN" ])"));
   CHECK(Has(kept, "\"Columns\": 2"));
   CHECK(Has(desktop.Run("status").Out, "frmPerson: edited\n"));
 }

@@ -106,7 +106,7 @@ struct Pictures {
     QFile::remove(classes);
     QFile::copy(QString::fromStdString(formwizard::tests::SourceFolder()) + "/samples/dictionary.json", classes);
     QFile(classes).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    if (!Edit(description, R"({ "property": "Spouse.SSN" })", R"({ "property": "Home.Zip" })") ||
+    if (!Edit(description, R"("Spouse.SSN",)", R"("Home.Zip",)") ||
         !Edit(classes, R"("Caption": "Date of Birth")", R"("Caption": "Born on")") ||
         !Edit(classes, R"("Caption": "Social Security No.")", R"("Caption": "Security No.")") ||
         !Edit(form, R"("Social Security No.")", R"("SSN")") ||
