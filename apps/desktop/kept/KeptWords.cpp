@@ -25,13 +25,14 @@ constexpr std::array Attributes{Attribute{"kind", T::KeptKind},         Attribut
 QString WordsOf(const Standing& standing, const Texts& texts) {
   const kept::State& state = standing.State;
   if (!standing.Problem.empty()) return texts(T::KeptUnreadable);
+  if (state.IsMissing) return texts(T::StateMissing);
   if (state.IsForeign) return texts(T::KeptForeign);
   if (state.IsOutdated()) return texts(state.IsEdited() ? T::KeptBoth : T::KeptOutdated);
   return texts(state.IsEdited() ? T::KeptEdited : T::KeptUnchanged);
 }
 
 QStringList IconsOf(const Standing& standing) {
-  if (!standing.Problem.empty() || standing.State.IsForeign) return {"missing"};
+  if (!standing.Problem.empty() || standing.State.IsMissing || standing.State.IsForeign) return {"missing"};
   QStringList icons;
   if (standing.State.IsEdited()) icons << "edited";
   if (standing.State.IsOutdated()) icons << "outdated";

@@ -35,7 +35,7 @@ ComponentCommands::ComponentCommands(QWidget& window, const Texts& texts, Action
 void ComponentCommands::ShowState() {
   const ProjectModel::Component* chosen = tree_.Chosen();
   actions_.Enable(Command::RemoveForm, chosen && chosen->IsChanged);
-  actions_.Enable(Command::SavePicture, chosen && chosen->IsForm);
+  actions_.Enable(Command::SavePicture, chosen && chosen->IsForm && !chosen->IsGone);
   actions_.Enable(Command::ShowInFolder, !tree_.ChosenFile().empty());
 }
 

@@ -45,6 +45,7 @@ void ComponentPages::Show(vb6files::ProjectOnDisk* project, const ProjectModel::
                      : project->TextsOf(chosen->Name),
              project->ProjectCodePage());
   } catch (const support::InputError& error) {
+    if (chosen->IsGone) return page_.ShowInstead().Say(Text(error.what()));
     OfferCode(Text(error.what()));
   }
 }

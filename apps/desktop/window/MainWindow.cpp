@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QShortcut>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -46,7 +47,10 @@ MainWindow::MainWindow(EnvironmentOptions options)
     const std::string shown = tree_->Chosen() ? tree_->Chosen()->Name : "";  // the tree forgets it
     ShowProject(component.empty() ? shown : component);
   };
-  files_->OnOpened = [this](const ProjectMemory& memory) { formCommands_->SetZoom(memory.Zoom); };
+  files_->OnOpened = [this](const ProjectMemory& memory) {
+    formCommands_->SetZoom(memory.Zoom);
+    TellOfMissing();
+  };
   files_->OnLeave = [this] { KeepLayout(); };
   files_->OnTools = [this] { ShowTools(); };
   files_->OnDone = [this](const QString& text) { status_->Say(text); };
@@ -113,7 +117,14 @@ void MainWindow::MakeStartPage() {
                          [this](const QString& path) { files_->OpenRecent(path); });
   pages_ = new QStackedWidget;
   pages_->addWidget(start_);
-  pages_->addWidget(panes_);
+  missing_ = new MessageBar(texts_);
+  auto* project = new QWidget;
+  auto* column = new QVBoxLayout(project);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(missing_);
+  column->addWidget(panes_, 1);
+  pages_->addWidget(project);
   setCentralWidget(pages_);
 }
 

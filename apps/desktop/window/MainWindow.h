@@ -58,6 +58,7 @@ class MainWindow : public QMainWindow {
   FormView& Form() { return *form_; }
   CodePane& Code() { return *code_; }
   DictionaryPane& Dictionary() { return *dictionary_; }
+  MessageBar& Missing() { return *missing_; }
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -75,6 +76,8 @@ class MainWindow : public QMainWindow {
   void ShowProject(const std::string& chosen);
   void ShowComponent();
   void ShowState();
+  // When a project is opened.
+  void TellOfMissing();
   void ShowTools();
   void ShowRecent();
   bool HasWhatTheWizardNeeds();
@@ -93,6 +96,7 @@ class MainWindow : public QMainWindow {
   Panes* panes_;
   StartPage* start_;
   QStackedWidget* pages_;
+  MessageBar* missing_;  // of the project
   std::unique_ptr<StatusLine> status_;
   std::unique_ptr<ComponentPages> component_;
   std::unique_ptr<FormCommands> formCommands_;

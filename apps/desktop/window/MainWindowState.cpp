@@ -38,6 +38,7 @@ void MainWindow::ShowProject(const std::string& chosen) {
   } else {
     lastNew_.clear();
     tree_->Clear();
+    missing_->Clear();
   }
   entryProperties_->ReadProject();
   kept_->Check();
@@ -64,8 +65,14 @@ void MainWindow::ShowState() {
   formCommands_->ShowPlace();
   if (!project) status_->SetPlace(texts_(T::StatusNoProject));
   const bool isEmpty = !project && environment_->DictionaryPath().empty();
-  pages_->setCurrentWidget(isEmpty ? static_cast<QWidget*>(start_) : panes_);
+  pages_->setCurrentIndex(isEmpty ? 0 : 1);
   actions_->Bar().setVisible(!isEmpty);
+}
+
+void MainWindow::TellOfMissing() {
+  const std::size_t count = environment_->Project()->MissingFiles().size();
+  if (count == 0) return missing_->Clear();
+  missing_->Say("missing", count == 1 ? texts_(T::OneMissing) : texts_(T::SeveralMissing, QString::number(count)));
 }
 
 void MainWindow::ShowTools() {

@@ -3,9 +3,11 @@
 #include "adapters/qt/Text.h"
 #include "apps/desktop/basics/Icons.h"
 #include "apps/desktop/basics/PlainTip.h"
+#include "apps/desktop/basics/Theme.h"
 
 #include <QFileInfo>
 #include <QFont>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <array>
@@ -37,6 +39,7 @@ constexpr std::array GroupRows{
 constexpr quintptr ProjectId = 0, GroupId = 1, EntryId = 2;
 
 T StateText(const adapters::vb6files::ComponentSummary& entry) {
+  if (entry.IsGone) return T::StateMissing;
   if (entry.File.empty()) return T::StateNew;
   return entry.IsChanged ? T::StateChanged : T::StateSaved;
 }
@@ -99,7 +102,9 @@ QModelIndex ProjectModel::Find(const std::string& name) const {
 
 QModelIndex ProjectModel::First() const {
   if (groups_.empty() || groups_.front().Kind == T::KindRelatedDocument) return {};
-  return createIndex(0, NameColumn, EntryId);
+  const std::vector<Component>& entries = groups_.front().Entries;
+  const auto there = std::ranges::find(entries, false, &Component::IsGone);
+  return createIndex(there == entries.end() ? 0 : static_cast<int>(there - entries.begin()), NameColumn, EntryId);
 }
 
 void ProjectModel::SetState(const std::string& name, const KeptState& state) {
@@ -146,7 +151,7 @@ QVariant ProjectModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ProjectModel::DataOf(const Group& group, const Component& entry, int role) const {
-  const bool isSaved = StateText(entry) == T::StateSaved;
+  const bool isSaved = !entry.IsChanged && !entry.File.empty();
   switch (role) {
     case Qt::DisplayRole:
       return Text(entry.Name) + (isSaved ? "" : " *");
@@ -157,8 +162,11 @@ QVariant ProjectModel::DataOf(const Group& group, const Component& entry, int ro
       bold.setBold(true);
       return isSaved ? QVariant() : bold;
     }
+    case Qt::ForegroundRole:
+      return entry.IsGone ? SecondaryText(QGuiApplication::palette()) : QVariant();
     case Qt::ToolTipRole:
-      return entry.File.empty() ? texts_(T::StateNew) : PlainTip(Text(entry.File));
+      if (entry.File.empty()) return texts_(T::StateNew);
+      return PlainTip(entry.IsGone ? texts_(T::MissingTip, Text(entry.File)) : Text(entry.File));
     case Qt::AccessibleTextRole:
       return SpokenName(group, entry);
     default:
@@ -169,12 +177,14 @@ QVariant ProjectModel::DataOf(const Group& group, const Component& entry, int ro
 // "frmPerson, form, edited and outdated, saved".
 QString ProjectModel::SpokenName(const Group& group, const Component& entry) const {
   QStringList words{Text(entry.Name), texts_(group.Kind)};
-  if (const auto state = states_.find(entry.Name); state != states_.end()) words << state->second.Words;
+  if (const auto state = states_.find(entry.Name); state != states_.end() && !entry.IsGone)
+    words << state->second.Words;
   if (group.Kind != T::KindRelatedDocument) words << texts_(StateText(entry));
   return words.join(", ");
 }
 
 QVariant ProjectModel::StateOf(const Component& entry, int role) const {
+  if (entry.IsGone) return role == IconsRole ? QVariant(QStringList{"missing"}) : QVariant();
   const auto state = states_.find(entry.Name);
   if (state == states_.end()) return {};
   if (role == IconsRole) return state->second.Icons;

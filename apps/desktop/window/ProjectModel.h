@@ -36,7 +36,7 @@ class ProjectModel final : public QAbstractItemModel {
   std::string FileOf(const QModelIndex& index) const;
   // The component of that name; invalid when there is none.
   QModelIndex Find(const std::string& name) const;
-  // The component that comes first; invalid without one.
+  // The component that comes first, where one in front of all others is there; invalid without one.
   QModelIndex First() const;
   // In the second column. A name that there is not is passed over.
   void SetState(const std::string& name, const KeptState& state);

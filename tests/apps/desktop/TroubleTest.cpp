@@ -125,6 +125,37 @@ TEST_CASE("A project whose files are gone or called strangely is shown as far as
   CHECK(desktop.Window->Tree().Chosen()->Name == "frmPerson");  // what was open
 }
 
+TEST_CASE("A project opens without the files that are not there, which the tree and a message tell") {
+  FreshDesktop desktop;
+  const std::string folder = desktop.Copied("library").toStdString();
+  const MessageBar& bar = desktop.Window->Missing();
+  const auto open = [&] { REQUIRE(desktop.Window->OpenProject(Text(folder + "/Lending.vbp"))); };
+  std::filesystem::remove(folder + "/frmAbout.frm");
+  open();
+  CHECK(desktop.Window->Tree().Chosen()->Name == "frmBook");
+  CHECK(bar.accessibleName().startsWith("The project lists a file that is not there."));
+  const std::string project = ReadFile(folder + "/Lending.vbp"), type = project.substr(0, project.find('\n') + 1);
+  WriteFile(folder + "/Lending.vbp", type + "Module=modGone; gone\\modGone.bas\r\n" + project.substr(type.size()));
+  open();
+  CHECK(bar.isVisible());
+  CHECK(bar.accessibleName().startsWith("The project lists 2 files that are not there."));
+  CHECK_FALSE(desktop.Window->isWindowModified());
+  for (const auto& [name, file] : {std::pair{"frmAbout", "/frmAbout.frm"}, {"modGone", "/gone/modGone.bas"}}) {
+    const QModelIndex row = FindItem(desktop.Window->Tree().View(), name);
+    CHECK(row.data().toString() == name);
+    CHECK(row.data(Qt::ToolTipRole).toString() == Text(folder + file + " is not there"));
+    CHECK(row.data(Qt::AccessibleTextRole).toString().endsWith(", file missing"));
+    CHECK(row.data(Qt::ForegroundRole).isValid());
+    REQUIRE(desktop.Window->Tree().Choose(name));
+    CHECK(desktop.Window->Page().ShowInstead().Text().contains(Text(file)));
+    CHECK_FALSE(desktop.Window->Commands()[Command::SavePicture].isEnabled());
+  }
+  CHECK_FALSE(FindItem(desktop.Window->Tree().View(), "frmBook").data(Qt::ForegroundRole).isValid());
+  WriteFile(folder + "/Lending.vbp", type + "Form=Forms\\frmBook.frm\r\n");
+  open();
+  CHECK_FALSE(bar.isVisible());
+}
+
 TEST_CASE("What is remembered may be damaged or of another screen, and several windows remember together") {
   FreshDesktop desktop;
   const QString project = desktop.Copied("library") + "/Lending.vbp", dictionary = desktop.Copied("dictionary.json");
