@@ -78,7 +78,7 @@ std::shared_ptr<FormDocument> FormDocument::Parse(const std::string& path, std::
   FormParts parts = ReadForm(path, frm);
   // The companion file matters to a form that can be changed.
   const bool isUntouched = parts.ControlCount == 0 && IsUntouched(frm);
-  FormHeader header(path, parts.ControlCount == 0 ? parts.Properties : std::vector<FormProperty>(), frx);
+  FormHeader header(path, parts.ControlCount == 0 ? parts.Properties : std::vector<FormProperty>(), frm, frx);
   std::shared_ptr<FormDocument> form(new FormDocument(std::move(header), codePage, libraries));
   form->original_ = std::move(frm);
   form->originalFrx_ = frx;
@@ -100,7 +100,8 @@ std::shared_ptr<FormDocument> FormDocument::Emptied(const std::string& path, std
                                                     std::string_view codeBegins, const system::CodePage& codePage,
                                                     const ControlLibraries& libraries) {
   FormParts parts = ReadForm(path, frm);
-  std::shared_ptr<FormDocument> form(new FormDocument(FormHeader(path, parts.Properties, frx), codePage, libraries));
+  std::shared_ptr<FormDocument> form(
+      new FormDocument(FormHeader(path, parts.Properties, frm, frx), codePage, libraries));
   form->class_ = std::move(parts.Class);
   form->nameAsRead_ = form->name_ = std::move(parts.Name);
   std::erase_if(parts.HeadLines, [](const std::string& line) { return line.starts_with("Object"); });

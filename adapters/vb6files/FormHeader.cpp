@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <map>
+#include <set>
 
 namespace formwizard::adapters::vb6files {
 namespace {
@@ -43,6 +43,17 @@ std::size_t ReferenceOffset(std::string_view line) {
   return std::strtoul(digits.c_str(), nullptr, 16);
 }
 
+// Of all references of a form and its controls.
+std::set<std::size_t> OffsetsBeforeCode(std::string_view frm) {
+  constexpr std::size_t longestOffset = 16;
+  frm = frm.substr(0, frm.find("\nAttribute "));
+  std::set<std::size_t> offsets;
+  for (std::size_t at = 0; (at = frm.find(ReferenceMark, at)) != std::string_view::npos; ++at) {
+    offsets.insert(ReferenceOffset(frm.substr(at, ReferenceMark.size() + longestOffset)));
+  }
+  return offsets;
+}
+
 // 0 for a text that is no number or a larger one than there is.
 double FiniteNumber(std::string_view text) {
   const double number = runtime::LeadingNumber(text);
@@ -65,15 +76,10 @@ FormHeader::FormHeader(std::string_view name) : placed_(true) {
   RecomputeScale();
 }
 
-FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frx) {
-  // A record ends where the next one begins.
-  std::map<std::size_t, std::size_t> ends;
-  for (const FormProperty& property : properties) {
-    if (IsReference(property.Lines)) ends[ReferenceOffset(property.Lines)] = frx.size();
-  }
-  for (auto record = ends.begin(); record != ends.end() && std::next(record) != ends.end(); ++record) {
-    record->second = std::next(record)->first;
-  }
+FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frm,
+                       std::string_view frx) {
+  std::set<std::size_t> offsets = OffsetsBeforeCode(frm);
+  offsets.insert(frx.size());
   for (const FormProperty& property : properties) {
     auto read = std::make_unique<Read>(Read{property.Name, property.Lines, {}});
     if (IsReference(property.Lines)) {
@@ -82,7 +88,8 @@ FormHeader::FormHeader(const std::string& path, const std::vector<FormProperty>&
         throw support::InputError(path + ": property " + property.Name +
                                   " refers to data that its .frx file does not hold; restore the .frx file beside it");
       }
-      read->Record = frx.substr(offset, ends[offset] - offset);
+      // It ends where the next one begins, be it of the form or of a control.
+      read->Record = frx.substr(offset, *offsets.upper_bound(offset) - offset);
     }
     const PropertyName name(read->Name);
     const double number = FiniteNumber(property.Lines.substr(property.Lines.find('=') + 1));

@@ -22,8 +22,10 @@ class FormHeader {
  public:
   // A new form of this name, in bytes.
   explicit FormHeader(std::string_view name);
-  // A form as read. `frx` is its companion file; support::InputError, naming `path`, for a reference past its end.
-  FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frx);
+  // A form as read from `frm`. `frx` is its companion file; support::InputError, naming `path`, for a reference past
+  // its end.
+  FormHeader(const std::string& path, const std::vector<FormProperty>& properties, std::string_view frm,
+             std::string_view frx);
 
   // Errors as Coerced raises them, 422 for a property that a form lacks. With a menu bar the outer height holds it too.
   void SetProperty(const PropertyName& name, const generator::ide::PropertyValue& value,

@@ -30,6 +30,8 @@ bool ProjectOnDisk::CompareForm(std::string_view name, int number, std::string_v
 
 void ProjectOnDisk::CountFrom(std::string_view stem, int number) { firstFree_[codePage_.Encode(stem)] = number; }
 
+void ProjectOnDisk::CountNewFormsFrom(int number) { firstFreeForm_ = number; }
+
 bool ProjectOnDisk::TakeForComparison(Entry& entry, Int32 number, std::string_view codeBegins) {
   std::string path = projectFiles_.PathOf(entry.Path);
   std::optional<std::string> frm = projectFiles_.Read(path, ReadFor::Saving);

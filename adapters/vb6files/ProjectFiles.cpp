@@ -26,6 +26,15 @@ std::string ProjectFolderPart(std::string_view projectPath) {
 
 std::string NameInForm(std::string_view frm) { return std::string(ReadComponentName(frm.substr(0, NameIsWithin))); }
 
+std::string_view FirstNameInForm(std::string_view frm) {
+  constexpr std::string_view begins = "\n   LinkTopic       =   \"";
+  frm = frm.substr(0, NameIsWithin);
+  const std::size_t at = frm.find(begins);
+  if (at == std::string_view::npos) return {};
+  frm.remove_prefix(at + begins.size());
+  return frm.substr(0, frm.find('"'));
+}
+
 ProjectFiles::ProjectFiles(system::FileSystem& files, const std::string& project, const system::CodePage& codePage)
     : files_(files), folder_(system::FolderPart(project)), codePage_(codePage), spelling_(files), read_(files) {}
 

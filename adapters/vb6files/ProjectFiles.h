@@ -22,6 +22,9 @@ std::string ProjectFolderPart(std::string_view projectPath);
 
 // The name that a form has in its file, in bytes; empty for a text that is no form.
 std::string NameInForm(std::string_view frm);
+// The name that the form had in the environment when it was new, such as "Form2", which its LinkTopic keeps; empty
+// where it says none.
+std::string_view FirstNameInForm(std::string_view frm);
 
 // For a component's file that is not there.
 class FileGone : public support::InputError {

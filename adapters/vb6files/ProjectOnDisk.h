@@ -71,6 +71,8 @@ class ProjectOnDisk : public generator::ide::Vbe,
   bool CompareForm(std::string_view name, int number, std::string_view codeBegins);
   // The next new form of this stem that needs a number gets this one, if it is free.
   void CountFrom(std::string_view stem, int number);
+  // The next new form is called "Form" with this number until it gets its name.
+  void CountNewFormsFrom(int number);
 
   // Renders every new or changed form, prepares its files and forgets its content: call it when a form is complete, so
   // that memory stays flat in a batch. support::SaveError when a file cannot be prepared.

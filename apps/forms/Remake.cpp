@@ -94,7 +94,10 @@ class Remake::Stage {
     scene_.Project.emplace(files_, std::string(system::FolderPart(form.File)) + "Project.vbp",
                            vb6files::ProjectOptions{form.CodePage, "", text});
     scene_.Project->OnChange([&made](const vb6files::FileChange& change) { Take(change, made); }, true);
-    if (!form.IsReused) return scene_.Project->CountFrom(stem, number);
+    if (!form.IsReused) {
+      scene_.Project->CountNewFormsFrom(NumberBehind("Form", vb6files::FirstNameInForm(form.Texts.Frm)));
+      return scene_.Project->CountFrom(stem, number);
+    }
     made = form.Texts;  // of which only what comes out otherwise is told
     if (!scene_.Project->CompareForm(name, number, generator::FirstLineOfCode(className))) {
       throw NotOffered(form.File + ": the code has no line \"" + generator::FirstLineOfCode(className) +

@@ -106,6 +106,30 @@ TEST_CASE("What another version or other settings would make alone is no fault, 
   CHECK(ReadFile(work.Folder / "Again/frmPerson.frm") == ReadFile(work.Form()));
 }
 
+TEST_CASE("What a project had before the form does not make it outdated") {
+  std::string lines;
+  SUBCASE("a form named Form1, so that the new one was Form2 at first") {
+    lines = "   Begin VB.Timer Timer1 \r\n   End\r\n";
+  }
+  SUBCASE("an empty form with a picture, which is reused") { lines = "   Picture         =   \"Form1.frx\":0000\r\n"; }
+  const TemporaryFolder folder;
+  CopySample("new-project", folder / "App");
+  const std::string form = folder / "App/Form1.frm", dictionary = folder / "d.sqlite";
+  WriteFile(folder / "App/Form1.frx", "\4\5picture");
+  std::string text = ReadFile(form);
+  WriteFile(form,
+            text.insert(text.find(lines.find("Begin") == std::string::npos ? "   ScaleHeight" : "End\r\n"), lines));
+  REQUIRE(RunHere({"dictionary", "import", Samples + "dictionary.json", dictionary}).Status == 0);
+  const auto run = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--project", folder / "App/Project1.vbp", "--dictionary", dictionary});
+    return RunHere(arguments);
+  };
+  REQUIRE(
+      run({"generate", "--toolbox", Samples + "toolbox.ini", "--keep", "-q", Samples + "forms/person.json"}).Status ==
+      0);
+  CHECK(run({"status"}).Out == "frmPerson: unchanged\n");
+}
+
 TEST_CASE("A form that is taken up is edited as far as it differs from what its description gives") {
   const Keeper work;
   std::filesystem::remove_all(NativePath(work.Kept));
