@@ -54,7 +54,7 @@ Size InsideOf(const HeaderNode& node, bool isForm) {
 // Without a tree where the text is no form.
 vbtext::Document FormIn(const std::string& text) {
   try {
-    return vbtext::DocumentWithoutSections(text);
+    return vbtext::DocumentWithoutCode(text);
   } catch (const vbtext::Fault&) {
     return {};
   }

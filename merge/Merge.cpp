@@ -122,11 +122,11 @@ class Merger {
   // Where neither what stands before the code nor the code was changed by both, each is as one side has it. Nothing,
   // where a name of a control that stands twice might come to one that stands twice in the code.
   std::optional<Merged> OfOneSideEach() const {
-    const Document base = vbtext::DocumentWithoutSections(base_);
+    const Document base = vbtext::DocumentWithoutCode(base_);
     std::optional<Document> ofMine, ofTheirs;
-    const Document& mine = BeginsLike(base, mine_) ? base : ofMine.emplace(vbtext::DocumentWithoutSections(mine_));
+    const Document& mine = BeginsLike(base, mine_) ? base : ofMine.emplace(vbtext::DocumentWithoutCode(mine_));
     const Document& theirs =
-        BeginsLike(base, theirs_) ? base : ofTheirs.emplace(vbtext::DocumentWithoutSections(theirs_));
+        BeginsLike(base, theirs_) ? base : ofTheirs.emplace(vbtext::DocumentWithoutCode(theirs_));
     const Part header = HeaderOf({base, mine, theirs});
     const Part code{base_.substr(header.Base.size()), mine_.substr(header.Mine.size()),
                     theirs_.substr(header.Theirs.size())};

@@ -40,7 +40,7 @@ Row RowOf(const std::vector<Control>& merged, const vbtext::Document& document) 
 }  // namespace
 
 std::optional<std::string> WithTabOrder(std::string merged, const Documents& documents, Choice choice) {
-  const vbtext::Document document = vbtext::DocumentWithoutSections(merged);
+  const vbtext::Document document = vbtext::DocumentWithoutCode(merged);
   const std::vector<Control> controls = ControlsOf(*document.Root);
   const Row mine = RowOf(controls, documents.Mine), theirs = RowOf(controls, documents.Theirs);
   std::optional<Row> order = MergedOrder(RowOf(controls, documents.Base), mine, theirs);

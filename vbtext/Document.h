@@ -32,14 +32,20 @@ struct Document {
   LineRange Head;  // "VERSION" and "Object =" lines
   std::optional<HeaderNode> Root;
   LineRange Attributes;  // those that stand before the code
-  LineRange CodeLines;
+  LineRange CodeLines;   // all that stand behind them
   Module Code;
 };
 
 // Throws Fault for a text of another kind, or one that broke off. Code that is not balanced is no fault: see
 // Module::Wrong.
 Document DocumentOf(std::string_view text);
-// The same without the sections of its code, several times faster.
-Document DocumentWithoutSections(std::string_view text);
+// The same without its code: its lines end where that begins. Several times faster.
+Document DocumentWithoutCode(std::string_view text);
+// Gives it the code, which stands in the same text.
+void ReadCode(std::string_view text, Document& document);
+// Where the code begins, in bytes, for which nothing is taken apart. Throws Fault in the same cases.
+std::size_t StartOfCode(std::string_view text);
+// The same of a document.
+std::size_t StartOfCode(const Document& document);
 
 }  // namespace formwizard::vbtext

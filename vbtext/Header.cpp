@@ -9,23 +9,20 @@ namespace formwizard::vbtext {
 namespace {
 
 // As runtime::Trimmed, for very many short texts.
-std::string_view Trimmed(std::string_view text) {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  std::size_t first = 0, behind = text.size();
-  while (first < behind && isBlank(text[first])) ++first;
-  while (first < behind && isBlank(text[behind - 1])) --behind;
-  return text.substr(first, behind - first);
+std::string_view Trimmed(const char* first, const char* behind) {
+  while (first < behind && IsBlank(*first)) ++first;
+  while (first < behind && IsBlank(behind[-1])) --behind;
+  return {first, static_cast<std::size_t>(behind - first)};
 }
+std::string_view Trimmed(std::string_view text) { return Trimmed(text.data(), text.data() + text.size()); }
 
 // What a line is by its first word.
 enum class Kind { Empty, Begin, End, BeginProperty, EndProperty, Other };
 
-Kind KindOf(std::string_view line) {
-  const std::string_view word = WordOf(line, 0);
+// Of a word that begins with a "B" or an "E", in any case; no other one tells anything.
+Kind KindOf(std::string_view word) {
   const auto is = [&](std::string_view wanted) { return runtime::EqualIgnoringCase(word, wanted); };
   switch (word.size()) {
-    case 0:
-      return Kind::Empty;
     case std::string_view("End").size():
       return is("End") ? Kind::End : Kind::Other;
     case std::string_view("Begin").size():
@@ -48,57 +45,79 @@ std::size_t EndOfQuoted(std::string_view value) {
   }
 }
 
+// Goes from the line with "Begin" to the one with its "End".
 class Reader {
  public:
-  Reader(const std::vector<Line>& lines, std::size_t at) : lines_(lines), at_(at) {}
+  Reader(GrowingLines& lines, std::size_t at) : lines_(lines), at_(at) { LookAtLine(); }
 
-  // From the line with "Begin" to the one with its "End".
-  HeaderNode Node(int depth) {
+  // Into `node`, or nowhere.
+  void ReadNode(HeaderNode* node, int depth) {
     CheckDepth(depth);
-    HeaderNode node{WordOf(Text(), 1), WordOf(Text(), 2), {at_, 0}, {}, {}};
-    node.Properties.reserve(UsualProperties);
+    if (node) Begin(*node);
     for (Kind kind = Next("\"End\""); kind != Kind::End; kind = Next("\"End\"")) {
       if (kind == Kind::Begin) {
-        if (WordOf(Text(), 2).empty()) throw Fault{at_, "a class and a name behind \"Begin\""};
-        node.Children.push_back(Node(depth + 1));
+        if (WordOf(text_, 2).empty()) throw Fault{at_, "a class and a name behind \"Begin\""};
+        ReadNode(node ? &node->Children.emplace_back() : nullptr, depth + 1);
       } else if (kind != Kind::Empty) {
-        node.Properties.push_back(Property(depth, kind));
+        ReadProperty(node ? &node->Properties : nullptr, depth, kind);
       }
     }
-    node.Lines.Behind = at_ + 1;
-    return node;
+    if (node) node->Lines.Behind = at_ + 1;
   }
+
+  // Behind what was read.
+  std::size_t Behind() const { return at_ + 1; }
 
  private:
   static constexpr std::size_t UsualProperties = 12;  // of a control
 
-  std::string_view Text() const { return lines_[at_].Text; }
+  void Begin(HeaderNode& node) const {
+    node.Class = WordOf(text_, 1);
+    node.Name = WordOf(text_, 2);
+    node.Lines.First = at_;
+    node.Properties.reserve(UsualProperties);
+  }
+
+  // The text of the line from its first word on.
+  void LookAtLine() {
+    text_ = lines_.TextAt(at_);
+    while (!text_.empty() && IsBlank(text_.front())) text_.remove_prefix(1);
+  }
 
   Kind Next(std::string_view expected) {
-    if (++at_ == lines_.size()) throw Fault{at_, std::string(expected)};
-    return KindOf(Text());
+    if (!lines_.Has(++at_)) throw Fault{at_, std::string(expected)};
+    LookAtLine();
+    if (text_.empty()) return Kind::Empty;
+    const char first = text_.front();
+    const bool isTelling = first == 'B' || first == 'E' || first == 'b' || first == 'e';
+    return isTelling ? KindOf(WordOf(text_, 0)) : Kind::Other;
   }
 
   void CheckDepth(int depth) const {
     if (depth > DeepestNesting) throw Fault{at_, "at most " + std::to_string(DeepestNesting) + " levels of nesting"};
   }
 
-  HeaderProperty Property(int depth, Kind kind) {
-    if (kind == Kind::BeginProperty) return Group(depth + 1);
-    const std::string_view text = Text();
-    const std::size_t equals = text.find('=');
+  void ReadProperty(std::vector<HeaderProperty>* into, int depth, Kind kind) {
+    if (kind == Kind::BeginProperty) return ReadGroup(into ? &into->emplace_back() : nullptr, depth + 1);
+    const std::size_t equals = text_.find('=');
     if (equals == std::string_view::npos) throw Fault{at_, "a property as \"Name = value\""};
-    return {Trimmed(text.substr(0, equals)), WithoutComment(Trimmed(text.substr(equals + 1))), {at_, at_ + 1}, {}};
+    if (!into) return;
+    const char* const first = text_.data();
+    HeaderProperty& property = into->emplace_back();
+    property.Name = Trimmed(first, first + equals);
+    property.Value = WithoutComment(Trimmed(first + equals + 1, first + text_.size()));
+    property.Lines = {at_, at_ + 1};
   }
 
-  HeaderProperty Group(int depth) {
+  void ReadGroup(HeaderProperty* group, int depth) {
     CheckDepth(depth);
-    HeaderProperty group{WordOf(Text(), 1), WordOf(Text(), 2), {at_, 0}, {}, true};
-    for (Kind kind = Next("\"EndProperty\""); kind != Kind::EndProperty; kind = Next("\"EndProperty\"")) {
-      if (kind != Kind::Empty) group.Members.push_back(Property(depth, kind));
+    if (group) {
+      *group = {WordOf(text_, 1), WordOf(text_, 2), {at_, 0}, {}, true};
     }
-    group.Lines.Behind = at_ + 1;
-    return group;
+    for (Kind kind = Next("\"EndProperty\""); kind != Kind::EndProperty; kind = Next("\"EndProperty\"")) {
+      if (kind != Kind::Empty) ReadProperty(group ? &group->Members : nullptr, depth, kind);
+    }
+    if (group) group->Lines.Behind = at_ + 1;
   }
 
   static std::string_view WithoutComment(std::string_view value) {
@@ -106,11 +125,13 @@ class Reader {
     if (value.substr(from).starts_with('"')) {
       from += EndOfQuoted(value.substr(from));
     }
-    return Trimmed(value.substr(0, value.find('\'', from)));
+    const std::size_t comment = value.find('\'', from);
+    return comment == std::string_view::npos ? value : Trimmed(value.substr(0, comment));
   }
 
-  const std::vector<Line>& lines_;
+  GrowingLines& lines_;
   std::size_t at_;
+  std::string_view text_;  // of the line there
 };
 
 }  // namespace
@@ -121,7 +142,17 @@ const HeaderProperty* HeaderNode::Find(std::string_view property) const {
   return found == Properties.end() ? nullptr : &*found;
 }
 
-HeaderNode HeaderAt(const std::vector<Line>& lines, std::size_t first) { return Reader(lines, first).Node(1); }
+HeaderNode HeaderAt(GrowingLines& lines, std::size_t first) {
+  HeaderNode form;
+  Reader(lines, first).ReadNode(&form, 1);
+  return form;
+}
+
+std::size_t EndOfHeaderAt(GrowingLines& lines, std::size_t first) {
+  Reader reader(lines, first);
+  reader.ReadNode(nullptr, 1);
+  return reader.Behind();
+}
 
 std::string_view WordOf(std::string_view line, int n) {
   for (auto rest = line.begin();; --n) {

@@ -31,8 +31,10 @@ struct HeaderNode {
 // One deeper than the deepest form seen by far; a text of brackets alone must not use up the stack.
 constexpr int DeepestNesting = 64;
 
-// The tree whose "Begin" stands at line `first`. Throws Fault.
-HeaderNode HeaderAt(const std::vector<Line>& lines, std::size_t first);
+// The tree whose "Begin" stands at line `first`, of which no line behind its "End" is asked for. Throws Fault.
+HeaderNode HeaderAt(GrowingLines& lines, std::size_t first);
+// The place behind it, for which no tree is made. Throws Fault in the same cases.
+std::size_t EndOfHeaderAt(GrowingLines& lines, std::size_t first);
 
 // The n-th word of a line, counted from 0, and whether it is this one in any case of its letters.
 std::string_view WordOf(std::string_view line, int n);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace formwizard::vbtext {
@@ -34,6 +35,30 @@ struct Fault {
 
 // In order and without a gap; none for the empty text. They refer to `text`.
 std::vector<Line> LinesOf(std::string_view text);
+
+// A text that is split into lines only as far as they are asked for. They refer to the text.
+class GrowingLines {
+ public:
+  explicit GrowingLines(std::string_view text);
+
+  // Whether the text has a line at this place, which is at most the one behind those that there are so far.
+  bool Has(std::size_t line) {
+    if (line == lines_.size() && !rest_.empty()) Split();
+    return line < lines_.size();
+  }
+  std::string_view TextAt(std::size_t line) const { return lines_[line].Text; }
+  const std::vector<Line>& SoFar() const { return lines_; }
+  std::vector<Line> Take() { return std::move(lines_); }
+
+ private:
+  void Split();
+
+  std::vector<Line> lines_;
+  std::string_view rest_;  // not split yet
+};
+
+// Adds the lines of a text that stands behind them.
+void AppendLines(std::string_view text, std::vector<Line>& lines);
 
 // The bytes from the first line of the range to the end of its last.
 std::string_view TextOf(const std::vector<Line>& lines, LineRange range);

@@ -101,8 +101,6 @@ constexpr std::array Readers{Reader{TokenKind::Name, EndOfName}, Reader{TokenKin
 
 }  // namespace
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsNameByte(char c) { return IsLetter(c) || IsDigit(c) || c == '_' || IsHigh(c); }
 
 void AppendFolded(std::string_view name, std::string& to) {

@@ -41,8 +41,8 @@ class Tokenizer {
 
 // ASCII letter, digit, underscore or a byte above ASCII.
 bool IsNameByte(char c);
-bool IsBlank(char c);
-bool IsDigit(char c);
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether two names are one to the environment: ASCII letters in any case. One behind a byte above ASCII counts as it
 // stands, because in code pages of East Asia it may be the second half of a character.

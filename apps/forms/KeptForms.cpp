@@ -171,7 +171,7 @@ void KeptForms::CompareWithProject(KeptForm& form, bool lists) const {
     if (lists) {
       form.State.Edits = kept::DifferencesOf(form.Sides.Base, form.Sides.Mine);
     } else if (!(form.Sides.Base == form.Sides.Mine)) {
-      static_cast<void>(vbtext::DocumentWithoutSections(form.Sides.Mine.Frm));
+      static_cast<void>(vbtext::StartOfCode(form.Sides.Mine.Frm));
     }
   } catch (const vbtext::Fault& fault) {
     throw support::InputError(
