@@ -103,11 +103,8 @@ class Finder {
 
 }  // namespace
 
-std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after, const std::string& made) {
-  const vbtext::Document is = FormIn(after);
-  const std::string_view header = TextOf(is.Lines, {0, is.CodeLines.First});
-  if (before.starts_with(header) || made.starts_with(header)) return {};
-  const vbtext::Document was = FormIn(before);
+std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after) {
+  const vbtext::Document was = FormIn(before), is = FormIn(after);
   const std::set<std::string> old = Finder().Run(was);
   std::vector<std::string> notes;
   for (const std::string& note : Finder().Run(is)) {

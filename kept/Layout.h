@@ -7,7 +7,7 @@
 namespace formwizard::kept {
 
 // Controls that overlap in `after`, or stick out of their container, and did not in `before`. Both are forms; a text
-// that is none has no places. None where the controls of `after` are those of `before` or as they were `made`.
-std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after, const std::string& made);
+// that is none has no places.
+std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after);
 
 }  // namespace formwizard::kept

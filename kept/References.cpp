@@ -42,13 +42,13 @@ References::References(const Sides& sides)
   theirs_ = Named(sides.Theirs);
 }
 
-std::string References::Named(const FormTexts& form) {
+std::string_view References::Named(const FormTexts& form) {
   if (form.Frm.find(".frx\":") == std::string::npos && form.Frx.empty()) return form.Frm;
-  const vbtext::Document document = vbtext::DocumentOf(form.Frm);
+  const vbtext::Document document = vbtext::DocumentWithoutCode(form.Frm);
   std::vector<std::string_view> values;
   if (document.Root) Collect(*document.Root, values);
   const vbtext::Companion companion(document.Root ? *document.Root : HeaderNode{}, form.Frx);
-  std::string text;
+  std::string& text = texts_.emplace_back();
   std::size_t from = 0;
   for (const std::string_view value : values) {
     const auto at = static_cast<std::size_t>(value.data() - form.Frm.data());
@@ -88,8 +88,8 @@ std::vector<std::size_t> References::RecordsIn(std::string_view text) const {
   return numbers;
 }
 
-FormTexts References::Resolved(const std::string& text, std::string_view stem) const {
-  if (records_.empty()) return {text, originalMine_.Frx};
+FormTexts References::Resolved(std::string text, std::string_view stem) const {
+  if (records_.empty()) return {std::move(text), originalMine_.Frx};
   const bool isMine = RecordsIn(text) == RecordsIn(mine_);
   FormTexts form;
   std::size_t nth = 0;

@@ -4,6 +4,7 @@
 #include "kept/FormTexts.h"
 #include "vbtext/Companion.h"
 
+#include <deque>
 #include <map>
 #include <string>
 #include <string_view>
@@ -16,15 +17,17 @@ namespace formwizard::kept {
 // itself.
 class References {
  public:
+  // The sides must outlive this object.
   explicit References(const Sides& sides);
 
-  const std::string& Base() const { return base_; }
-  const std::string& Mine() const { return mine_; }
-  const std::string& Theirs() const { return theirs_; }
+  // Those that refer to nothing are the texts themselves.
+  std::string_view Base() const { return base_; }
+  std::string_view Mine() const { return mine_; }
+  std::string_view Theirs() const { return theirs_; }
 
   // The form that a text with these names is, with a .frx of all that it refers to. `stem` is the name of the file
   // without ".frm". Where the references are mine's, in its order, its .frx stays as it is.
-  FormTexts Resolved(const std::string& text, std::string_view stem) const;
+  FormTexts Resolved(std::string text, std::string_view stem) const;
   // The text as a person reads it.
   std::string Shown(std::string_view text) const;
 
@@ -35,7 +38,7 @@ class References {
     std::string Lost;  // the reference as it stands, when there is no such record
   };
 
-  std::string Named(const FormTexts& form);
+  std::string_view Named(const FormTexts& form);
   std::string NameOf(std::string_view value, const vbtext::Companion& companion);
   // Calls `take` for each name in the text with its record and place, and with what stands before it.
   void ForEach(std::string_view text, auto&& take) const;
@@ -46,7 +49,8 @@ class References {
   std::map<std::string, std::size_t> numbers_;  // of records, by what they are
   std::vector<std::string> valuesOfMine_;       // in the order of the file
   const FormTexts& originalMine_;
-  std::string base_, mine_, theirs_;
+  std::deque<std::string> texts_;  // that have names
+  std::string_view base_, mine_, theirs_;
 };
 
 }  // namespace formwizard::kept

@@ -13,10 +13,10 @@ namespace {
 
 constexpr int MostRounds = 4;  // what is decided may bring up the next conflict
 
-std::size_t LineIn(const std::string& whole, std::string_view part) {
+std::size_t LineIn(std::string_view whole, std::string_view part) {
   if (part.empty()) return 0;
-  const auto at = part.data() - whole.data();
-  return 1 + static_cast<std::size_t>(std::count(whole.begin(), whole.begin() + at, '\n'));
+  const auto at = static_cast<std::size_t>(part.data() - whole.data());
+  return 1 + static_cast<std::size_t>(std::ranges::count(whole.substr(0, at), '\n'));
 }
 
 UpdateConflict ConflictOf(const merge::Conflict& conflict, const References& references) {
@@ -34,7 +34,7 @@ std::string_view ShortName(std::string_view conflict) {
 Update UpdateOf(const Sides& sides, std::string_view stem, const Decision& decide) {
   if (sides.Base == sides.Theirs) return {sides.Mine, {}, {}, {}};
   const References references(sides);
-  if (sides.Base == sides.Mine) return {references.Resolved(references.Theirs(), stem), {}, {}, {}};
+  if (sides.Base == sides.Mine) return {references.Resolved(std::string(references.Theirs()), stem), {}, {}, {}};
   merge::Options options;
   options.TakesSmallMoves = true;
   options.TakesPartsWhole = true;
@@ -58,10 +58,11 @@ Update UpdateOf(const Sides& sides, std::string_view stem, const Decision& decid
     }
     if (!isDecided) break;
   }
-  update.Form = references.Resolved(merged.Text, stem);
+  update.Form = references.Resolved(std::move(merged.Text), stem);
   for (const std::string& note : merged.Notes) update.Notes.push_back(references.Shown(note));
-  if (update.Conflicts.empty()) {
-    std::ranges::move(LayoutNotes(sides.Mine.Frm, update.Form.Frm, sides.Theirs.Frm), std::back_inserter(update.Notes));
+  // Where the controls are all yours, or all as they were made, nothing has come to overlap by the merge.
+  if (update.Conflicts.empty() && !merged.HasHeaderOfOneSide) {
+    std::ranges::move(LayoutNotes(sides.Mine.Frm, update.Form.Frm), std::back_inserter(update.Notes));
   }
   return update;
 }

@@ -35,10 +35,10 @@ std::vector<vbtext::LineKey> ExactKeys(const std::vector<Line>& lines, vbtext::L
 
 std::size_t CountOfDoubles(const std::optional<vbtext::HeaderNode>& root) {
   if (!root) return 0;
-  std::unordered_set<std::string> names;
-  std::size_t doubles = 0;
-  for (const vbtext::Control& control : vbtext::ControlsOf(*root)) doubles += !names.insert(control.Key).second;
-  return doubles;
+  const std::vector<vbtext::Control> controls = vbtext::ControlsOf(*root);
+  std::unordered_set<std::string_view> names(controls.size());
+  for (const vbtext::Control& control : controls) names.insert(control.Key);
+  return controls.size() - names.size();
 }
 
 // How many names of controls or procedures stand twice.
@@ -77,15 +77,56 @@ struct Part {
   void AddTo(Output& output) const { IsOfMine() ? output.AddMine(Mine) : output.AddTheirs(Theirs); }
 };
 
-Part HeaderOf(const Documents& documents) {
-  const auto text = [](const Document& of) { return TextOf(of.Lines, {0, of.CodeLines.First}); };
-  return {text(documents.Base), text(documents.Mine), text(documents.Theirs)};
-}
+struct Parts {
+  Part Header, Code;
+};
 
-Part CodeOf(const Documents& documents) {
-  const auto text = [](const Document& of) { return TextOf(of.Lines, of.CodeLines); };
-  return {text(documents.Base), text(documents.Mine), text(documents.Theirs)};
-}
+// Three texts, each taken apart only as far as is asked for.
+class Readers {
+ public:
+  // Throws vbtext::Fault for a text of which it cannot be told where its code begins.
+  Readers(std::string_view base, std::string_view mine, std::string_view theirs)
+      : base_{base, base.substr(0, vbtext::StartOfCode(base)), {}}, mine_(LikeBase(mine)), theirs_(LikeBase(theirs)) {}
+
+  Parts InParts() const {
+    const auto code = [](const Side& side) { return side.Text.substr(side.Header.size()); };
+    return {{base_.Header, mine_.Header, theirs_.Header}, {code(base_), code(mine_), code(theirs_)}};
+  }
+  const std::optional<vbtext::HeaderNode>& RootOfMine() { return HeaderOf(mine_).Root; }
+  const std::optional<vbtext::HeaderNode>& RootOfTheirs() { return HeaderOf(theirs_).Root; }
+
+  // All of them, with their code.
+  Documents All() {
+    for (Side* side : {&base_, &mine_, &theirs_}) {
+      HeaderOf(*side);
+      vbtext::ReadCode(side->Text, *side->File);
+    }
+    return {*base_.File, *mine_.File, *theirs_.File};
+  }
+
+ private:
+  struct Side {
+    std::string_view Text, Header;
+    std::optional<Document> File;
+  };
+
+  // One that has the header of the base need not be looked at for where it ends.
+  Side LikeBase(std::string_view text) const {
+    const std::string_view header = base_.Header;
+    const bool isLikeBase = header.ends_with('\n') && text.starts_with(header) &&
+                            !vbtext::BeginsWith(text.substr(header.size()), "Attribute");
+    if (isLikeBase) return {text, header, {}};
+    Document file = vbtext::DocumentWithoutCode(text);
+    return {text, text.substr(0, StartOfCode(file)), std::move(file)};
+  }
+
+  static const Document& HeaderOf(Side& side) {
+    if (!side.File) side.File = vbtext::DocumentWithoutCode(side.Text);
+    return *side.File;
+  }
+
+  Side base_, mine_, theirs_;
+};
 
 class Merger {
  public:
@@ -93,7 +134,7 @@ class Merger {
       : base_(base), mine_(mine), theirs_(theirs), options_(options) {}
 
   Merged Run(vbtext::FileKind kind) const {
-    if (base_ == theirs_ || mine_ == theirs_) return {std::string(mine_), {}, {}};
+    if (base_ == theirs_ || mine_ == theirs_) return {std::string(mine_), {}, {}, true};
     try {
       if (kind == vbtext::FileKind::Project) return OfProject();
       return OfDocument();
@@ -110,78 +151,62 @@ class Merger {
   }
 
   Merged OfDocument() const {
-    if (std::optional<Merged> merged = OfOneSideEach()) return *std::move(merged);
-    const Document base = vbtext::DocumentOf(base_), mine = vbtext::DocumentOf(mine_),
-                   theirs = vbtext::DocumentOf(theirs_);
-    const std::size_t doubles = std::max(CountOfDoubles(mine), CountOfDoubles(theirs));
+    Readers readers(base_, mine_, theirs_);
+    const Parts parts = readers.InParts();
+    if (IsOfOneSideEach(parts, readers)) {
+      Output output(mine_, options_);
+      parts.Header.AddTo(output);
+      parts.Code.AddTo(output);
+      Merged merged = output.Take();
+      merged.HasHeaderOfOneSide = true;
+      return merged;
+    }
+    const Documents documents = readers.All();
+    const auto& [base, mine, theirs] = documents;
     if (base.Root.has_value() != mine.Root.has_value() || base.Root.has_value() != theirs.Root.has_value())
       return ByLine();
-    return ByContent({base, mine, theirs}, doubles);
+    return ByContent(documents, parts);
   }
 
-  // Where neither what stands before the code nor the code was changed by both, each is as one side has it. Nothing,
-  // where a name of a control that stands twice might come to one that stands twice in the code.
-  std::optional<Merged> OfOneSideEach() const {
-    const Document base = vbtext::DocumentWithoutCode(base_);
-    std::optional<Document> ofMine, ofTheirs;
-    const Document& mine = BeginsLike(base, mine_) ? base : ofMine.emplace(vbtext::DocumentWithoutCode(mine_));
-    const Document& theirs =
-        BeginsLike(base, theirs_) ? base : ofTheirs.emplace(vbtext::DocumentWithoutCode(theirs_));
-    const Part header = HeaderOf({base, mine, theirs});
-    const Part code{base_.substr(header.Base.size()), mine_.substr(header.Mine.size()),
-                    theirs_.substr(header.Theirs.size())};
-    if (!header.IsOfOneSide(options_) || !code.IsOfOneSide(options_)) return std::nullopt;
-    if (CountOfDoubles((header.IsOfMine() ? mine : theirs).Root) > 0) return std::nullopt;
-    Output output(mine_, options_);
-    header.AddTo(output);
-    code.AddTo(output);
-    return output.Take();
-  }
-
-  // Whether the same lines stand before the code, as can be seen without taking the text apart.
-  static bool BeginsLike(const Document& document, std::string_view text) {
-    const std::string_view header = TextOf(document.Lines, {0, document.CodeLines.First});
-    return header.ends_with('\n') && text.starts_with(header) &&
-           !vbtext::BeginsWith(text.substr(header.size()), "Attribute");
+  // Neither of the parts was changed by both. Not where a name of a control that stands twice might come to one that
+  // stands twice in the code.
+  bool IsOfOneSideEach(const Parts& parts, Readers& readers) const {
+    if (!parts.Header.IsOfOneSide(options_) || !parts.Code.IsOfOneSide(options_)) return false;
+    return CountOfDoubles(parts.Header.IsOfMine() ? readers.RootOfMine() : readers.RootOfTheirs()) == 0;
   }
 
   // As one piece where the pieces do not fit together.
-  Merged ByContent(const Documents& documents, std::size_t doubles) const {
+  Merged ByContent(const Documents& documents, const Parts& parts) const {
     Output output(mine_, options_);
-    const Part header = HeaderOf(documents), code = CodeOf(documents);
-    if (header.IsOfOneSide(options_)) {
-      header.AddTo(output);
-    } else {
-      MergeHeaders(documents, output);
-    }
-    if (code.IsOfOneSide(options_)) {
-      code.AddTo(output);
-    } else {
-      MergeCode(documents, output);
-    }
+    const bool isHeaderOfOneSide = parts.Header.IsOfOneSide(options_);
+    isHeaderOfOneSide ? parts.Header.AddTo(output) : MergeHeaders(documents, output);
+    parts.Code.IsOfOneSide(options_) ? parts.Code.AddTo(output) : MergeCode(documents, output);
     Merged merged = output.Take();
+    merged.HasHeaderOfOneSide = isHeaderOfOneSide;
     if (!merged.Conflicts.empty() || options_.Conflicts != Choice::Marks) return merged;
-    if (!IsSound(merged.Text, doubles)) return ByLine();
+    const std::optional<Document> document =
+        SoundIn(merged.Text, std::max(CountOfDoubles(documents.Mine), CountOfDoubles(documents.Theirs)));
+    if (!document) return ByLine();
     const bool areOrdered =
         IsOrdered(documents.Base.Code) && IsOrdered(documents.Mine.Code) && IsOrdered(documents.Theirs.Code);
-    if (!areOrdered && !HasTheChangesOfBoth(documents, vbtext::DocumentOf(merged.Text))) return WholeConflict();
-    if (!documents.Mine.Root || header.IsOfOneSide(options_)) return merged;
-    std::optional<std::string> ordered = WithTabOrder(merged.Text, documents, options_.For(TabOrder));
-    if (!ordered) return WithHeaderInConflict(documents);
-    merged.Text = std::move(*ordered);
-    return merged;
+    if (!areOrdered && !HasTheChangesOfBoth(documents, *document)) return WholeConflict();
+    if (!documents.Mine.Root || isHeaderOfOneSide) return merged;
+    std::optional<std::string> ordered = WithTabOrder(merged.Text, *document, documents, options_.For(TabOrder));
+    if (!ordered) return WithHeaderInConflict(documents, parts.Header);
+    return {*std::move(ordered), {}, std::move(merged.Notes)};
   }
 
-  static bool IsSound(const std::string& text, std::size_t doubles) {
+  // The text taken apart; nothing for one that cannot be read, or has more doubles than so many.
+  static std::optional<Document> SoundIn(std::string_view text, std::size_t doubles) {
     try {
-      return CountOfDoubles(vbtext::DocumentOf(text)) <= doubles;
+      Document document = vbtext::DocumentOf(text);
+      return CountOfDoubles(document) <= doubles ? std::optional(std::move(document)) : std::nullopt;
     } catch (const vbtext::Fault&) {
-      return false;
+      return std::nullopt;
     }
   }
 
-  Merged WithHeaderInConflict(const Documents& documents) const {
-    const Part header = HeaderOf(documents);
+  Merged WithHeaderInConflict(const Documents& documents, const Part& header) const {
     Output output(mine_, options_);
     output.AddConflict(TabOrder, header.Mine, header.Base, header.Theirs);
     MergeCode(documents, output);
@@ -207,7 +232,7 @@ class Merger {
     if (merged.Conflicts.empty() && options_.Conflicts == Choice::Marks && IsDocument(mine_) && IsDocument(theirs_)) {
       const std::size_t doubles =
           std::max(CountOfDoubles(vbtext::DocumentOf(mine_)), CountOfDoubles(vbtext::DocumentOf(theirs_)));
-      if (!IsSound(merged.Text, doubles)) return WholeConflict();
+      if (!SoundIn(merged.Text, doubles)) return WholeConflict();
     }
     return merged;
   }

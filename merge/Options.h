@@ -42,7 +42,8 @@ struct Conflict {
 struct Merged {
   std::string Text;
   std::vector<Conflict> Conflicts;
-  std::vector<std::string> Notes;  // what was decided though both sides changed it: a place keeps mine
+  std::vector<std::string> Notes;   // what was decided though both sides changed it: a place keeps mine
+  bool HasHeaderOfOneSide = false;  // what stands before the code is as one side has it
 };
 
 }  // namespace formwizard::merge

@@ -37,6 +37,14 @@ Trimmed WithoutCommon(std::string_view a, std::string_view b) {
 
 }  // namespace
 
+bool HasLineEnds(std::string_view text, std::string_view lineEnd) {
+  const bool hasReturn = lineEnd == "\r\n";
+  for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1)) {
+    if ((at > 0 && text[at - 1] == '\r') != hasReturn) return false;
+  }
+  return true;
+}
+
 std::string WithLineEnds(std::string_view text, std::string_view lineEnd) {
   std::string result;
   result.reserve(text.size());
@@ -47,46 +55,54 @@ std::string WithLineEnds(std::string_view text, std::string_view lineEnd) {
   return result;
 }
 
-Output::Output(std::string_view mine, const Options& options) : lineEnd_(UsualLineEnd(mine)), options_(options) {
+Output::Output(std::string_view mine, const Options& options) : mine_(mine), options_(options) {
   merged_.Text.reserve(mine.size() + mine.size() / 8);
 }
 
-void Output::Append(std::string_view text) {
-  merged_.Text += text;
-  lines_ += static_cast<std::size_t>(std::ranges::count(text, '\n'));
+std::string_view Output::LineEnd() {
+  if (lineEnd_.empty()) lineEnd_ = UsualLineEnd(mine_);
+  return lineEnd_;
+}
+
+std::size_t Output::CountOfLines() {
+  lines_ += static_cast<std::size_t>(std::ranges::count(std::string_view(merged_.Text).substr(counted_), '\n'));
+  counted_ = merged_.Text.size();
+  return lines_;
 }
 
 void Output::AddMine(std::string_view lines) {
   if (lines.empty()) return;
   EndLine();
-  Append(lines);
+  merged_.Text += lines;
 }
 
-void Output::AddTheirs(std::string_view lines) { AddMine(WithLineEnds(lines, lineEnd_)); }
+void Output::AddTheirs(std::string_view lines) {
+  HasLineEnds(lines, LineEnd()) ? AddMine(lines) : AddMine(WithLineEnds(lines, LineEnd()));
+}
 
 // What was the last line of its text has perhaps no end.
 void Output::EndLine() {
-  if (!merged_.Text.empty() && !merged_.Text.ends_with('\n')) Append(lineEnd_);
+  if (!merged_.Text.empty() && !merged_.Text.ends_with('\n')) merged_.Text += LineEnd();
 }
 
 void Output::Mark(char sign, std::string_view label) {
   EndLine();
-  Append(std::string(options_.MarkerSize, sign));
-  if (!label.empty()) Append(" " + std::string(label));
-  Append(lineEnd_);
+  merged_.Text.append(options_.MarkerSize, sign);
+  if (!label.empty()) merged_.Text.append(" ").append(label);
+  merged_.Text += LineEnd();
 }
 
 void Output::AddConflict(std::string name, std::string_view mine, std::string_view base, std::string_view theirs) {
   const Choice choice = options_.For(name);
   if (choice == Choice::Mine) return AddMine(mine);
   if (choice == Choice::Theirs) return AddTheirs(theirs);
-  const std::string ofTheirs = WithLineEnds(theirs, lineEnd_);
-  if (ofTheirs == WithLineEnds(mine, lineEnd_)) return AddMine(mine);
+  const std::string ofTheirs = WithLineEnds(theirs, LineEnd());
+  if (ofTheirs == WithLineEnds(mine, LineEnd())) return AddMine(mine);
   Trimmed sides{{}, mine, ofTheirs, {}};
   if (options_.MarkStyle != Style::Diff3) sides = WithoutCommon(mine, ofTheirs);
   AddMine(sides.Before);
   EndLine();
-  merged_.Conflicts.push_back({std::move(name), lines_, mine, theirs});
+  merged_.Conflicts.push_back({std::move(name), CountOfLines(), mine, theirs});
   Mark('<', options_.Mine);
   AddMine(sides.A);
   if (options_.MarkStyle != Style::Merge) {

@@ -12,7 +12,7 @@ namespace formwizard::merge {
 
 class Output {
  public:
-  // `mine` tells which line ends the result has. `options` must outlive this object.
+  // `mine` tells which line ends the result has. Both must outlive this object.
   Output(std::string_view mine, const Options& options);
 
   // As they are.
@@ -27,16 +27,20 @@ class Output {
   Merged Take() { return std::move(merged_); }
 
  private:
-  void Append(std::string_view text);
+  std::string_view LineEnd();
   void EndLine();
   void Mark(char sign, std::string_view label);
+  std::size_t CountOfLines();
 
-  std::string_view lineEnd_;
+  std::string_view mine_;
+  std::string_view lineEnd_;  // of the result; empty as long as nobody has asked
   const Options& options_;
   Merged merged_;
-  std::size_t lines_ = 0;
+  std::size_t counted_ = 0, lines_ = 0;  // line ends among so many bytes of the result
 };
 
+// Whether all line ends of the text are this one, "\r\n" or "\n".
+bool HasLineEnds(std::string_view text, std::string_view lineEnd);
 // The text with all its line ends made this one.
 std::string WithLineEnds(std::string_view text, std::string_view lineEnd);
 

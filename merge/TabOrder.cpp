@@ -39,8 +39,8 @@ Row RowOf(const std::vector<Control>& merged, const vbtext::Document& document) 
 
 }  // namespace
 
-std::optional<std::string> WithTabOrder(std::string merged, const Documents& documents, Choice choice) {
-  const vbtext::Document document = vbtext::DocumentWithoutCode(merged);
+std::optional<std::string> WithTabOrder(std::string_view merged, const vbtext::Document& document,
+                                        const Documents& documents, Choice choice) {
   const std::vector<Control> controls = ControlsOf(*document.Root);
   const Row mine = RowOf(controls, documents.Mine), theirs = RowOf(controls, documents.Theirs);
   std::optional<Row> order = MergedOrder(RowOf(controls, documents.Base), mine, theirs);
@@ -49,7 +49,7 @@ std::optional<std::string> WithTabOrder(std::string merged, const Documents& doc
   if (!order) return std::nullopt;
   const bool isInOrder = std::ranges::is_sorted(
       *order, [](double a, double b) { return a <= b; }, [&](std::uint32_t i) { return NumberOf(controls[i]); });
-  if (isInOrder) return merged;
+  if (isInOrder) return std::string(merged);
 
   std::vector<std::pair<std::size_t, std::string>> numbers;  // by line
   for (std::size_t i = 0; i < order->size(); ++i) {
@@ -62,10 +62,10 @@ std::optional<std::string> WithTabOrder(std::string merged, const Documents& doc
     const std::string_view whole = document.Lines[line].Text;
     const std::size_t value = whole.find_first_not_of(" \t", whole.find('=') + 1);
     const std::size_t at = static_cast<std::size_t>(whole.data() - merged.data());
-    text.append(merged, from, at + value - from).append(number);
+    text.append(merged.substr(from, at + value - from)).append(number);
     from = at + whole.size();
   }
-  return text.append(merged, from);
+  return text.append(merged.substr(from));
 }
 
 }  // namespace formwizard::merge

@@ -10,10 +10,12 @@ namespace formwizard::vbtext {
 namespace {
 
 void AppendControl(const HeaderNode& node, std::size_t parent, std::vector<Control>& controls) {
-  std::string key;
-  AppendFolded(NameOf(node), key);
   const std::size_t place = controls.size();
-  controls.push_back({&node, parent, std::move(key)});
+  controls.push_back({&node, parent, {}});
+  AppendFolded(node.Name, controls.back().Key);
+  if (const HeaderProperty* index = node.Find("Index")) {
+    AppendFolded("(" + std::string(index->Value) + ")", controls.back().Key);
+  }
   for (const HeaderNode& child : node.Children) AppendControl(child, place, controls);
 }
 

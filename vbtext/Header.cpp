@@ -4,13 +4,25 @@
 #include "vbtext/Tokens.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace formwizard::vbtext {
 namespace {
 
+// Lines are indented and names filled up with spaces, which are gone through in steps of four.
+constexpr std::ptrdiff_t Step = 4;
+bool IsStepOfBlanks(const char* at) { return std::memcmp(at, "    ", Step) == 0; }
+
+const char* BehindBlanks(const char* first, const char* behind) {
+  while (behind - first >= Step && IsStepOfBlanks(first)) first += Step;
+  while (first < behind && IsBlank(*first)) ++first;
+  return first;
+}
+
 // As runtime::Trimmed, for very many short texts.
 std::string_view Trimmed(const char* first, const char* behind) {
-  while (first < behind && IsBlank(*first)) ++first;
+  first = BehindBlanks(first, behind);
+  while (behind - first >= Step && IsStepOfBlanks(behind - Step)) behind -= Step;
   while (first < behind && IsBlank(behind[-1])) --behind;
   return {first, static_cast<std::size_t>(behind - first)};
 }
@@ -45,10 +57,26 @@ std::size_t EndOfQuoted(std::string_view value) {
   }
 }
 
+std::string_view WithoutBlanksBefore(std::string_view text) {
+  const char *const behind = text.data() + text.size(), *const first = BehindBlanks(text.data(), behind);
+  return {first, static_cast<std::size_t>(behind - first)};
+}
+
+// The first word of a text and what is behind it.
+struct Split {
+  std::string_view Word, Rest;
+};
+Split FirstWordOf(std::string_view text) {
+  text = WithoutBlanksBefore(text);
+  std::size_t behind = 0;
+  while (behind < text.size() && !IsBlank(text[behind])) ++behind;
+  return {text.substr(0, behind), text.substr(behind)};
+}
+
 // Goes from the line with "Begin" to the one with its "End".
 class Reader {
  public:
-  Reader(GrowingLines& lines, std::size_t at) : lines_(lines), at_(at) { LookAtLine(); }
+  Reader(GrowingLines& lines, std::size_t at) : lines_(lines), at_(at), text_(FirstWordOf(lines.TextAt(at)).Rest) {}
 
   // Into `node`, or nowhere.
   void ReadNode(HeaderNode* node, int depth) {
@@ -56,7 +84,7 @@ class Reader {
     if (node) Begin(*node);
     for (Kind kind = Next("\"End\""); kind != Kind::End; kind = Next("\"End\"")) {
       if (kind == Kind::Begin) {
-        if (WordOf(text_, 2).empty()) throw Fault{at_, "a class and a name behind \"Begin\""};
+        if (WordOf(text_, 1).empty()) throw Fault{at_, "a class and a name behind \"Begin\""};
         ReadNode(node ? &node->Children.emplace_back() : nullptr, depth + 1);
       } else if (kind != Kind::Empty) {
         ReadProperty(node ? &node->Properties : nullptr, depth, kind);
@@ -72,25 +100,25 @@ class Reader {
   static constexpr std::size_t UsualProperties = 12;  // of a control
 
   void Begin(HeaderNode& node) const {
-    node.Class = WordOf(text_, 1);
-    node.Name = WordOf(text_, 2);
+    const Split words = FirstWordOf(text_);
+    node.Class = words.Word;
+    node.Name = FirstWordOf(words.Rest).Word;
     node.Lines.First = at_;
     node.Properties.reserve(UsualProperties);
   }
 
-  // The text of the line from its first word on.
-  void LookAtLine() {
-    text_ = lines_.TextAt(at_);
-    while (!text_.empty() && IsBlank(text_.front())) text_.remove_prefix(1);
-  }
-
+  // Goes to the next line.
   Kind Next(std::string_view expected) {
     if (!lines_.Has(++at_)) throw Fault{at_, std::string(expected)};
-    LookAtLine();
+    text_ = WithoutBlanksBefore(lines_.TextAt(at_));
     if (text_.empty()) return Kind::Empty;
     const char first = text_.front();
     const bool isTelling = first == 'B' || first == 'E' || first == 'b' || first == 'e';
-    return isTelling ? KindOf(WordOf(text_, 0)) : Kind::Other;
+    if (!isTelling) return Kind::Other;
+    const Split words = FirstWordOf(text_);
+    const Kind kind = KindOf(words.Word);
+    if (kind != Kind::Other) text_ = words.Rest;
+    return kind;
   }
 
   void CheckDepth(int depth) const {
@@ -99,20 +127,23 @@ class Reader {
 
   void ReadProperty(std::vector<HeaderProperty>* into, int depth, Kind kind) {
     if (kind == Kind::BeginProperty) return ReadGroup(into ? &into->emplace_back() : nullptr, depth + 1);
-    const std::size_t equals = text_.find('=');
-    if (equals == std::string_view::npos) throw Fault{at_, "a property as \"Name = value\""};
+    // What begins or ends something else is a property here, too.
+    const std::string_view text = kind == Kind::Other ? text_ : lines_.TextAt(at_);
+    const void* const equals = text.empty() ? nullptr : std::memchr(text.data(), '=', text.size());
+    if (!equals) throw Fault{at_, "a property as \"Name = value\""};
     if (!into) return;
-    const char* const first = text_.data();
+    const char* const value = static_cast<const char*>(equals) + 1;
     HeaderProperty& property = into->emplace_back();
-    property.Name = Trimmed(first, first + equals);
-    property.Value = WithoutComment(Trimmed(first + equals + 1, first + text_.size()));
+    property.Name = Trimmed(text.data(), value - 1);
+    property.Value = WithoutComment(Trimmed(value, text.data() + text.size()));
     property.Lines = {at_, at_ + 1};
   }
 
   void ReadGroup(HeaderProperty* group, int depth) {
     CheckDepth(depth);
     if (group) {
-      *group = {WordOf(text_, 1), WordOf(text_, 2), {at_, 0}, {}, true};
+      const Split words = FirstWordOf(text_);
+      *group = {words.Word, FirstWordOf(words.Rest).Word, {at_, 0}, {}, true};
     }
     for (Kind kind = Next("\"EndProperty\""); kind != Kind::EndProperty; kind = Next("\"EndProperty\"")) {
       if (kind != Kind::Empty) ReadProperty(group ? &group->Members : nullptr, depth, kind);
@@ -131,7 +162,7 @@ class Reader {
 
   GrowingLines& lines_;
   std::size_t at_;
-  std::string_view text_;  // of the line there
+  std::string_view text_;  // of the line there, from its first word on, or behind it where it begins or ends something
 };
 
 }  // namespace

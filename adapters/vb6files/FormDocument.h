@@ -17,10 +17,16 @@
 
 namespace formwizard::adapters::vb6files {
 
-// The bytes of a form's files; Frx is empty when the form needs none.
+// The bytes of a form's files, which stand elsewhere; Frx is empty when the form needs none.
+struct FormBytes {
+  std::string_view Frm, Frx;
+};
+// The same with bytes of its own.
 struct FormFiles {
   std::string Frm;
   std::string Frx;
+
+  operator FormBytes() const { return {Frm, Frx}; }
 };
 
 // Where a text has the line, counted from 0; npos when it has not.

@@ -84,10 +84,11 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // without bytes the file goes, without old ones it is new. Nothing is to be done when they are the same. Prepared at
   // once, so that memory stays flat; in a dry run only announced. What is put is forgotten when saving fails, and
   // saving fails when the file does not hold `old` at its last moment. support::SaveError when it cannot be prepared.
-  void Put(const std::string& path, const std::optional<std::string>& bytes, const std::optional<std::string>& old);
+  void Put(const std::string& path, const std::optional<std::string_view>& bytes,
+           const std::optional<std::string_view>& old);
   // The same for the files of a component that is on the disk, `old` being its texts as TextsOf gave them. An empty Frx
   // is none.
-  void PutTexts(std::string_view name, const FormFiles& texts, const FormFiles& old);
+  void PutTexts(std::string_view name, const FormBytes& texts, const FormBytes& old);
 
   // Called by Save when all forms are finished and nothing is on the disk yet: what it puts belongs to that save, which
   // its support::SaveError ends like any other.

@@ -85,16 +85,16 @@ void ProjectOnDisk::FinishForms() {
   }
 }
 
-void ProjectOnDisk::Put(const std::string& path, const std::optional<std::string>& bytes,
-                        const std::optional<std::string>& old) {
+void ProjectOnDisk::Put(const std::string& path, const std::optional<std::string_view>& bytes,
+                        const std::optional<std::string_view>& old) {
   if (bytes == old) return;
   if (!dryRun_) CurrentSaving().Put(path, bytes, old);
   put_.push_back(path);
-  Announce(path, old, bytes);
+  if (listener_) Announce(path, std::optional<std::string>(old), std::optional<std::string>(bytes));
 }
 
-void ProjectOnDisk::PutTexts(std::string_view name, const FormFiles& texts, const FormFiles& old) {
-  const auto given = [](const std::string& bytes) { return bytes.empty() ? std::nullopt : std::optional(bytes); };
+void ProjectOnDisk::PutTexts(std::string_view name, const FormBytes& texts, const FormBytes& old) {
+  const auto given = [](std::string_view bytes) { return bytes.empty() ? std::nullopt : std::optional(bytes); };
   const std::string file = FileOf(name);
   const std::string frx = projectFiles_.Spelled(file.substr(0, file.rfind('.')) + ".frx");
   Put(frx, given(texts.Frx), given(old.Frx));

@@ -90,7 +90,10 @@ class Run {
  public:
   explicit Run(const UpdateOptions& options)
       : options_(options), resolutions_(options), kept_(options), codePage_(kept_.Project.ProjectCodePage()) {
-    kept_.Project.OnChange([this](const adapters::vb6files::FileChange& change) { Note(change); }, options.DryRun);
+    adapters::vb6files::ChangeListener note;
+    const bool tells = options.Json || options.Diff || !options.Tells.Quiet;
+    if (tells) note = [this](const adapters::vb6files::FileChange& change) { Note(change); };
+    kept_.Project.OnChange(std::move(note), options.DryRun);
   }
 
   void UpdateAll() {
@@ -233,7 +236,7 @@ class Run {
       files_.push_back(change.Path);
     } else if (options_.Diff) {
       if (!IsKeptForm(change.Path)) report_.Add(DiffOf(change));
-    } else if (!options_.Tells.Quiet) {
+    } else {
       report_.Add(LineOf(change, !options_.DryRun));
     }
   }

@@ -75,8 +75,21 @@ void Take(const FormDescription& choices, FormDescription& description) {
 }
 
 // No file is empty.
-std::optional<std::string> UnlessEmpty(const std::string& bytes) {
+std::optional<std::string_view> UnlessEmpty(std::string_view bytes) {
   return bytes.empty() ? std::nullopt : std::optional(bytes);
+}
+
+// What stands in the files of a kept form; nothing for one that is not there.
+struct KeptBytes {
+  std::optional<std::string_view> Json, Frm, Frx;
+};
+
+void PutInto(const KeptFolder& folder, const std::string& form, const FormDescription& description,
+             const kept::FormTexts& made, const KeptBytes& old, ProjectOnDisk& project) {
+  folder.CheckIsFolder();
+  project.Put(folder.FileOf(form, ".json"), TextOf(description), old.Json);
+  project.Put(folder.FileOf(form, ".frm"), made.Frm, old.Frm);
+  project.Put(folder.FileOf(form, ".frx"), UnlessEmpty(made.Frx), old.Frx);
 }
 
 std::string_view StemOf(std::string_view path) {
@@ -216,18 +229,14 @@ kept::Update KeptForms::UpdateOf(const KeptForm& form, const kept::Decision& dec
 
 void PutKeptTexts(ProjectOnDisk& project, const KeptFolder& folder, const std::string& form,
                   const FormDescription& description, const kept::FormTexts& made, const KeptTexts& old) {
-  folder.CheckIsFolder();
-  project.Put(folder.FileOf(form, ".json"), TextOf(description), old.Json);
-  project.Put(folder.FileOf(form, ".frm"), made.Frm, old.Frm);
-  project.Put(folder.FileOf(form, ".frx"), UnlessEmpty(made.Frx), old.Frx);
+  PutInto(folder, form, description, made, {old.Json, old.Frm, old.Frx}, project);
 }
 
 void KeptForms::Put(const KeptForm& form, const kept::Update& update) {
-  const auto filesOf = [](const kept::FormTexts& texts) { return FormFiles{texts.Frm, texts.Frx}; };
-  project_.PutTexts(*NameInProject(form.Name), filesOf(update.Form), filesOf(form.Sides.Mine));
-  const kept::FormTexts& base = form.Sides.Base;
-  PutKeptTexts(project_, folder_, form.Name, form.Next.value(), form.Sides.Theirs,
-               {form.Texts.Json, base.Frm, UnlessEmpty(base.Frx)});
+  const kept::FormTexts &mine = form.Sides.Mine, &base = form.Sides.Base;
+  project_.PutTexts(*NameInProject(form.Name), {update.Form.Frm, update.Form.Frx}, {mine.Frm, mine.Frx});
+  PutInto(folder_, form.Name, form.Next.value(), form.Sides.Theirs, {form.Texts.Json, base.Frm, UnlessEmpty(base.Frx)},
+          project_);
 }
 
 Taken KeptForms::Keep(const FormDescription& description, const std::string& form) {
