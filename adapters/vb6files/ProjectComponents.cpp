@@ -67,11 +67,12 @@ std::string ProjectOnDisk::NameInFile(const Entry& entry) const {
   }
 }
 
-// A form that is not there goes by its file; of a module only its line is read.
+// A form that is not there goes by its file; of a module only its line is read, which in a project that no file holds
+// need not stand for one.
 std::string ProjectOnDisk::NameOf(const Entry& entry) const {
   try {
     if (entry.Name.empty()) return projectFiles_.NameIn(entry.Path);
-    projectFiles_.CheckIsThere(entry.Path);
+    if (isOnDisk_) projectFiles_.CheckIsThere(entry.Path);
     return std::string(entry.Name);
   } catch (const FileGone& gone) {
     unread_.insert_or_assign(&entry, Unread{true, gone.what()});

@@ -28,7 +28,8 @@ ProjectOnDisk::ProjectOnDisk(system::FileSystem& files, const std::string& path,
       projectFiles_(files, path, codePage_),
       toolbox_(files, options.ToolboxFile),
       project_(path, original_),
-      bearsUnreadable_(options.BearsUnreadable) {
+      bearsUnreadable_(options.BearsUnreadable),
+      isOnDisk_(!options.Text) {
   for (const std::string_view value : project_.Objects()) libraries_.Add(toolbox_.Parse(value));
   const std::vector<ProjectFile::Item> items = project_.TakeItems();
   listedPaths_.reserve(items.size());

@@ -232,6 +232,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   std::pmr::unordered_set<std::string_view, CaselessHash, CaselessEqual> listedPaths_{&texts_};
   mutable bool namesRead_ = false;
   bool bearsUnreadable_;
+  bool isOnDisk_;
   mutable std::unordered_map<const Entry*, Unread> unread_;
   mutable std::unordered_map<std::string, int> firstFree_;  // by stem
   int firstFreeForm_ = 1;                                   // no smaller number is free for a new "FormN"
