@@ -31,6 +31,11 @@ class Lines {
   std::string text_;
 };
 
+std::string LineOf(const Difference& difference, const system::CodePage& codePage) {
+  return std::string(difference.What) + (difference.Name.empty() ? "" : " " + Readable(difference.Name, codePage)) +
+         " " + std::string(vbtext::Word(difference.Kind));
+}
+
 std::string Shown(const std::string& value) { return value.empty() ? "none" : value; }
 
 Json AsJson(const Difference& difference, const system::CodePage& codePage) {
@@ -84,13 +89,13 @@ void AddTo(Json& json, const kept::ClassChanges& changes) {
 std::string LinesOf(const std::string& form, const kept::State& state, const system::CodePage& codePage) {
   Lines lines(form);
   for (const std::string_view word : state.Words()) lines.AddWord(word);
-  for (const Difference& edit : state.Edits) {
-    lines.Add(std::string(edit.What) + (edit.Name.empty() ? "" : " " + Readable(edit.Name, codePage)) + " " +
-              std::string(vbtext::Word(edit.Kind)));
-  }
+  for (const Difference& edit : state.Edits) lines.Add(LineOf(edit, codePage));
   if (!state.Reason.empty()) lines.Add(state.Reason);
   for (const std::string& reason : ReasonsIn(state.Class)) lines.Add(reason);
   if (state.AsksOtherwise) lines.Add("the description asks for other fields than the form was made with");
+  if (state.IsOutdated() && state.Class.IsEmpty() && !state.AsksOtherwise) {
+    for (const Difference& each : state.Output) lines.Add("comes out otherwise now: " + LineOf(each, codePage));
+  }
   if (!state.Problem.empty()) lines.Add("it cannot be made any longer: " + state.Problem);
   return lines.Text();
 }

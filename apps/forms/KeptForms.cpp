@@ -112,6 +112,10 @@ KeptForms::KeptForms(system::FileSystem& files, ProjectOnDisk& project, const st
       unread_.push_back(component);
     } else {
       components_.emplace(runtime::LowerCase(component.Name), component.Name);
+      const std::string_view stem = StemOf(component.File);
+      if (!runtime::EqualIgnoringCase(stem, component.Name)) {
+        calledOtherwise_.emplace(runtime::LowerCase(stem), component.Name);
+      }
     }
   }
 }
@@ -136,11 +140,18 @@ const std::string* KeptForms::NameInProject(const std::string& form) const {
   return found == components_.end() ? nullptr : &found->second;
 }
 
-// A file that cannot be read may hold any form, one that is gone the form that it is named after.
+// A file that cannot be read may hold any form, one that is gone the form that it is named after. The environment
+// leaves the file its name when it renames a form.
 void KeptForms::LookForFile(KeptForm& form) const {
   form.State.IsMissing = true;
-  form.State.Reason = project_.Path() + ": the project has no such form any more; add it again, or take the files of " +
-                      form.Name + " out of " + folder_.Path();
+  form.State.Reason = project_.Path() + ": the project has no such form any more; ";
+  if (const auto renamed = calledOtherwise_.find(runtime::LowerCase(form.Name)); renamed != calledOtherwise_.end()) {
+    form.State.Reason += "its file holds " + renamed->second + ": rename the files of " + form.Name + " in " +
+                         folder_.Path() + " likewise";
+  } else {
+    form.State.Reason += "add it again, rename the files of " + form.Name + " in " + folder_.Path() +
+                         " as it is called now, or take them out";
+  }
   for (const adapters::vb6files::ComponentSummary& each : unread_) {
     if (!each.IsGone) throw support::InputError(each.Problem);
     if (runtime::EqualIgnoringCase(each.Name, form.Name)) form.State.Reason = each.Problem;

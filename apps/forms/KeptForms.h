@@ -67,6 +67,7 @@ class KeptForms {
   Remake remake_;
   std::string objectLines_;
   std::map<std::string, std::string> components_;             // forms of the project by their names in small letters
+  std::map<std::string, std::string> calledOtherwise_;        // those whose files have other names, by these
   std::vector<adapters::vb6files::ComponentSummary> unread_;  // that cannot be read
 };
 

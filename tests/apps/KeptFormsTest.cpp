@@ -106,6 +106,52 @@ TEST_CASE("What another version or other settings would make alone is no fault, 
   CHECK(ReadFile(work.Folder / "Again/frmPerson.frm") == ReadFile(work.Form()));
 }
 
+TEST_CASE("A newer version of a control library is no edit and outdates nothing, and comes with the next update") {
+  Keeper work(R"({"class":"Sample.Person","fields":["Name","Notes"]})");
+  work.Edit(work.Project, "#1.2#0; COMDLG32", "#1.3#0; COMDLG32");
+  CHECK(work.Run("status").Out == "frmPerson: unchanged\n");
+  work.Edit(work.Form(), "#1.2#0\"; \"COMDLG32", "#1.3#0\"; \"COMDLG32");
+  CHECK(work.Run("status").Out == "frmPerson: unchanged\n");
+  work.Edit(work.Form(), "Object = \"{F9", "Object = \"{E9");
+  CHECK(work.Status()["edits"].size() == 2);
+  work.Edit(work.Form(), "Object = \"{E9", "Object = \"{F9");
+  work.Property("Name")["Caption"] = "Full name";
+  work.Import();
+  CHECK(work.Run("update").Status == 0);
+  CHECK(work.Run("status").Out == "frmPerson: unchanged\n");
+  CHECK(Has(ReadFile(work.Kept + "frmPerson.frm"), "#1.3#0\"; \"COMDLG32"));
+}
+
+TEST_CASE("A form that was renamed is updated under its new name once its kept files have it") {
+  Keeper work;
+  work.Edit(work.Form(), "VB.Form frmPerson", "VB.Form frmStaff");
+  work.Edit(work.Form(), "VB_Name = \"frmPerson", "VB_Name = \"frmStaff");
+  const Outcome told = work.Run("status");
+  CHECK_MESSAGE(
+      Has(told.Out, "its file holds frmStaff: rename the files of frmPerson in " + work.Folder / "App/Project1.forms"),
+      told.Out);
+  for (const char* ending : {".frm", ".json"}) {
+    std::filesystem::rename(NativePath(work.Kept + "frmPerson" + ending), NativePath(work.Kept + "frmStaff" + ending));
+  }
+  work.Property("Name")["Caption"] = "Full name";
+  work.Import();
+  CHECK(work.Run("update").Status == 0);
+  CHECK(Has(ReadFile(work.Form()), "\"Full name\""));
+  CHECK(Has(ReadFile(work.Form()), "VB_Name = \"frmStaff\""));
+  CHECK(work.Status()["state"] == json{"edited"});
+}
+
+TEST_CASE("What a query takes outdates the forms that ask it, and is told by what comes out") {
+  Keeper work(R"({"class":"Sample.Person","fields":[
+      {"property":"Spouse.Name","combo":{"query":"ByName","column":"Name"}}]})");
+  for (json& of : work.Classes["systems"][0]["classes"]) {
+    if (of["Name"] == "Sample.Person") of["queries"][1]["params"].push_back("city");
+  }
+  work.Import();
+  CHECK(work.Run("status").Out ==
+        "frmPerson: outdated\n  comes out otherwise now: procedure Sub cmbSpouseName_DropDown changed\n");
+}
+
 TEST_CASE("What a project had before the form does not make it outdated") {
   std::string lines;
   SUBCASE("a form named Form1, so that the new one was Form2 at first") {
