@@ -82,20 +82,27 @@ std::string ProjectFiles::NameIn(std::string_view projectPath) const {
   std::string path = PathOf(projectPath);
   const std::optional<std::string> head =
       Found(path, [&](const std::string& file) { return read_.ReadHead(file, NameIsWithin); });
-  if (!head) throw FileGone(path);
+  if (!head) RefuseAsGone(path);
   const std::string_view name = ReadComponentName(*head);
   return std::string(name.empty() ? StemOf(projectPath) : name);
 }
 
+void ProjectFiles::RefuseAsGone(const std::string& path) const {
+  if (!spelling_.HasOtherLetters(path)) throw FileGone(path);
+  throw support::InputError("the file " + path +
+                            " is not there, but one with other letters beyond ASCII; give the code page in which the "
+                            "project is written (--code-page)");
+}
+
 void ProjectFiles::CheckIsThere(std::string_view projectPath) const {
-  std::string path;
   try {
-    path = PathOf(projectPath);
-    if (Found(path, [&](const std::string& file) { return files_.StampOf(file); })) return;
+    std::string path = PathOf(projectPath);
+    if (!Found(path, [&](const std::string& file) { return files_.StampOf(file); })) RefuseAsGone(path);
+  } catch (const FileGone&) {
+    throw;
   } catch (const support::InputError&) {
     return;  // of a module nothing is read, so that this is no matter here
   }
-  throw FileGone(path);
 }
 
 }  // namespace formwizard::adapters::vb6files

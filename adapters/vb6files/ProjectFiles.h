@@ -53,7 +53,7 @@ class ProjectFiles {
   // The .frx beside a form that was read, empty for none.
   std::string FrxBeside(const std::string& frmPath, std::string_view frm, ReadFor use) const;
   // The name of a component as its file has it, in bytes; a form whose name does not stand in its first bytes goes by
-  // its file. FileGone when there is no such file.
+  // its file. FileGone when there is no such file, also not one that another code page would find.
   std::string NameIn(std::string_view projectPath) const;
 
   // FileGone for a file that is not there; what cannot be looked at passes.
@@ -64,6 +64,7 @@ class ProjectFiles {
 
  private:
   auto Found(std::string& path, auto read) const;
+  [[noreturn]] void RefuseAsGone(const std::string& path) const;
 
   system::FileSystem& files_;
   std::string folder_;

@@ -17,9 +17,12 @@ class Spelling {
 
   // The path as file and folders are really spelled; what is not there keeps its spelling.
   std::string Of(const std::string& path);
+  // Of such a path where nothing is: whether something is there that has only other letters beyond ASCII, as when the
+  // path was read in a code page that it was not written in.
+  bool HasOtherLetters(const std::string& path);
 
  private:
-  using Names = std::unordered_map<std::string, std::string>;  // by the name itself and by its lower case
+  using Names = std::unordered_map<std::string, std::string>;  // by the name itself, its lower case and its ASCII
 
   // Null when there is no such folder.
   const Names* NamesIn(const std::string& folder);

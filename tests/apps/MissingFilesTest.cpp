@@ -45,3 +45,18 @@ TEST_CASE("A file that a project lists and is not there is told, its name is tak
     CHECK(work.Generate(Typical + " --quiet").Error == "");
   }
 }
+
+TEST_CASE(
+    "A form that another code page would find is not taken for missing, and so much for a module does not matter") {
+  const Workplace work;
+  const std::string project = ReadFile(work.Project), form = ReadFile(work.Home + "/Form1.frm");
+  WriteFile(work.Home + "/формы/Личность1.FRM", form);
+  const std::string file = "\xF4\xEE\xF0\xEC\xFB\\\xCB\xE8\xF7\xED\xEE\xF1\xF2\xFC" + std::string("1.frm");
+  for (const auto& [line, status] : {std::pair{"Form=" + file, 3}, {"Module=a; " + file, 0}, {"Form=\xFC.frm", 0}}) {
+    WriteFile(work.Project, "Type=Exe\r\n" + line + "\r\n" + project.substr(project.find("Name=")));
+    const Outcome made = work.Generate(Typical + " --dry-run");
+    CHECK_MESSAGE(made.Status == status, made.Error);
+    CHECK(Has(made.Error, "give the code page in which the project is written") == (status == 3));
+    CHECK(work.Generate(Typical + " --dry-run --code-page 1251").Status == 0);
+  }
+}
