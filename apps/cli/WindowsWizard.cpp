@@ -12,6 +12,7 @@
 #include "apps/common/Languages.h"
 #include "apps/common/Paths.h"
 #include "apps/common/Platform.h"
+#include "apps/forms/FormName.h"
 #include "apps/forms/RunProfile.h"
 #include "support/Failures.h"
 #include "support/Messages.h"
@@ -39,6 +40,9 @@ class Desktop : public adapters::win32::Win32Desktop {
     return Win32Desktop::ShowMessage(text, style, title);
   }
   void ShowNote(const std::string& text) { ShowMessage(text, ui::OkOnly + ui::Information, support::ProductName); }
+  void ShowProblem(const std::string& text) {
+    ShowMessage(support::Shortened(text), ui::OkOnly + ui::Exclamation, support::ProductName);
+  }
   // Since the last call.
   std::vector<std::string> TakeMessages() { return std::exchange(messages_, {}); }
 
@@ -94,12 +98,22 @@ class Run {
   bool ShowUntilFinished(wizard::frmWizard& dialog) {
     bool isFinished = false;
     dialog.cmdFinish.OnClick = [&, finish = dialog.cmdFinish.OnClick] {
+      if (!MayFinish(dialog)) return;
       desktop_.TakeMessages();
       finish();
       isFinished = dialog.IsUnloaded();
     };
     desktop_.ShowModal(dialog, nullptr);
     return isFinished;
+  }
+
+  // A form that cannot be called what it should is not made: the dialog stays, for another class.
+  bool MayFinish(const wizard::frmWizard& dialog) {
+    const ui::Node* const chosen = dialog.tvwClasses.SelectedItem.Get();
+    if (options_.AllowIncomplete || !chosen) return true;
+    const std::string problem = forms::ProblemOfFormName(project_, chosen->Tag, chosen->Text.Get());
+    if (!problem.empty()) desktop_.ShowProblem(problem);
+    return problem.empty();
   }
 
   int Save(const wizard::AddInState& state) {
@@ -160,8 +174,7 @@ int ShowWizard(const WizardOptions& options) {
     return Run(options, desktop).Show();
   } catch (...) {
     // Whoever started the program by an icon sees no console afterwards.
-    desktop.ShowMessage(support::Shortened(common::CurrentFailure(options.Project).Message),
-                        ui::OkOnly + ui::Exclamation, support::ProductName);
+    desktop.ShowProblem(common::CurrentFailure(options.Project).Message);
     throw;
   }
 }

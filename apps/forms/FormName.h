@@ -4,6 +4,7 @@
 #include "apps/forms/FormDescription.h"
 #include "model/FormModel.h"
 
+#include <string>
 #include <string_view>
 
 namespace formwizard::adapters::vb6files {
@@ -12,8 +13,11 @@ class ProjectOnDisk;
 
 namespace formwizard::apps::forms {
 
-// support::InputError, with the remedy, when the form of the class cannot be called what it should in the project.
+// Why the form of the class cannot be called what it should in the project, with the remedy; empty when it can.
 // `classCaption` is the name of the class without the package.
+std::string ProblemOfFormName(adapters::vb6files::ProjectOnDisk& project, const std::string& className,
+                              std::string_view classCaption);
+// The same as a support::InputError.
 void CheckFormName(adapters::vb6files::ProjectOnDisk& project, const GivenText& className,
                    std::string_view classCaption);
 

@@ -167,3 +167,22 @@ TEST_CASE(
     CheckSameFiles(place.Files(), golden);
   }
 }
+
+TEST_CASE("A form that cannot be called what it should is not made, and the dialog waits for another choice") {
+  const NewPlace place;
+  WriteFile(place.Project, "Type=Exe\r\nForm=Form1.frm\r\nModule=FRMPERSON; gone.bas\r\n");
+  const auto before = place.Files();
+  const std::string note = "ostrel-form-wizard: note: " + place.Project + ":3: the file " + place.Home +
+                           "/gone.bas is not there; restore it or take its line out of the project\n";
+  std::string said;
+  const Outcome refused = place.Use({}, [&] {
+    MakeForm();
+    said = DismissMessage();
+    Press(VK_ESCAPE);
+  });
+  CHECK(refused.Status == 5);
+  CHECK(Has(said, "class Sample.Person would be called \"frmPerson\", and the project has \"FRMPERSON\", in which"));
+  CHECK(refused.Error ==
+        note + "ostrel-form-wizard: " + place.Project + ": no form was made; the project is as it was\n");
+  CHECK(place.Files() == before);
+}
