@@ -6,6 +6,7 @@
 #include "vbtext/Tokens.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -18,7 +19,7 @@ using vbtext::HeaderNode;
 constexpr double Tolerance = 15;  // twips, a pixel
 
 struct Box {
-  std::string Name;
+  const HeaderNode* Control;
   double Left, Top, Right, Bottom;
 
   bool Overlaps(const Box& other) const {
@@ -39,7 +40,7 @@ std::optional<Box> BoxOf(const HeaderNode& node) {
              height = NumberOf(node, "Height");
   const auto visible = NumberOf(node, "Visible");
   if (!left || !top || !width || !height || (visible && *visible == 0)) return std::nullopt;
-  return Box{vbtext::NameOf(node), *left, *top, *left + *width, *top + *height};
+  return Box{&node, *left, *top, *left + *width, *top + *height};
 }
 
 struct Size {
@@ -69,13 +70,14 @@ class Finder {
 
  private:
   void Look(const HeaderNode& node, bool isForm) {
+    if (node.Children.empty()) return;
     const Size inside = InsideOf(node, isForm);
     std::vector<Box> boxes;
     for (const HeaderNode& child : node.Children) {
       if (std::optional<Box> box = BoxOf(child)) {
         const bool sticksOut = (inside.Width && box->Right > *inside.Width + Tolerance) ||
                                (inside.Height && box->Bottom > *inside.Height + Tolerance);
-        if (sticksOut) notes_.insert(box->Name + " sticks out of " + vbtext::NameOf(node));
+        if (sticksOut) notes_.insert(vbtext::NameOf(child) + " sticks out of " + vbtext::NameOf(node));
         boxes.push_back(*std::move(box));
       }
       Look(child, false);
@@ -91,8 +93,8 @@ class Finder {
       std::erase_if(open, [&](const Box* above) { return above->Bottom <= box.Top; });
       for (const Box* above : open) {
         if (!above->Overlaps(box)) continue;
-        const auto& [first, second] = std::minmax(above->Name, box.Name);
-        notes_.insert(std::string(first).append(" and ").append(second).append(" overlap"));
+        const auto [first, second] = std::minmax({vbtext::NameOf(*above->Control), vbtext::NameOf(*box.Control)});
+        notes_.insert(first + " and " + second + " overlap");
       }
       open.push_back(&box);
     }
@@ -104,12 +106,11 @@ class Finder {
 }  // namespace
 
 std::vector<std::string> LayoutNotes(const std::string& before, const std::string& after) {
-  const vbtext::Document was = FormIn(before), is = FormIn(after);
-  const std::set<std::string> old = Finder().Run(was);
+  const std::set<std::string> all = Finder().Run(FormIn(after));
+  if (all.empty()) return {};
+  const std::set<std::string> old = Finder().Run(FormIn(before));
   std::vector<std::string> notes;
-  for (const std::string& note : Finder().Run(is)) {
-    if (!old.contains(note)) notes.push_back(note);
-  }
+  std::ranges::set_difference(all, old, std::back_inserter(notes));
   return notes;
 }
 

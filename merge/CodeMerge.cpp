@@ -46,7 +46,7 @@ void WriteHunks(const Keyed& base, const Keyed& mine, const Keyed& theirs, const
 // One of the three modules, as declarations, procedures and what stands behind the last of them.
 class Side {
  public:
-  Side(const Document& document, vbtext::LineKeys& keys) : document_(document), keys_(keys.Of(document.Lines)) {
+  Side(const Document& document, vbtext::LineKeys& keys) : document_(document) {
     for (const Section& section : document.Code.Sections) {
       const bool isProcedure = section.Kind == SectionKind::Procedure;
       (isProcedure ? Procedures : Procedures.empty() ? Declarations : Tail).push_back(&section);
@@ -62,7 +62,7 @@ class Side {
   std::string_view Text(const std::vector<const Section*>& sections) const {
     return Text(sections, {0, sections.size()});
   }
-  const std::vector<LineKey>& Keys() const { return keys_; }
+  const std::vector<vbtext::Line>& Lines() const { return document_.Lines; }
 
   std::vector<const Section*> Declarations, Procedures, Tail;
   std::vector<LineKey> DeclarationKeys;
@@ -70,14 +70,13 @@ class Side {
  private:
   LineKey KeyOf(const Section& section, vbtext::LineKeys& keys) const {
     std::string text;
-    for (std::size_t i = section.Lines.First; i < section.Lines.Behind; ++i) {
-      if (keys_[i] != vbtext::EmptyLine) text += std::to_string(keys_[i]) + " ";
+    for (const LineKey key : keys.Of(document_.Lines, section.Lines)) {
+      if (key != vbtext::EmptyLine) text += std::to_string(key) + " ";
     }
     return keys.OfExact(text);
   }
 
   const Document& document_;
-  std::vector<LineKey> keys_;
 };
 
 std::string NameOf(const Section& section) { return std::string(section.Word) + " " + std::string(section.Name); }
@@ -208,8 +207,9 @@ class CodeMerger {
 
   // Gives the same procedure one number on all sides; false when two of a side would have the same one.
   bool Number() {
-    const auto inMine = vbtext::MatchProcedures(base_.Procedures, base_.Keys(), mine_.Procedures, mine_.Keys());
-    const auto inTheirs = vbtext::MatchProcedures(base_.Procedures, base_.Keys(), theirs_.Procedures, theirs_.Keys());
+    const vbtext::Procedures base{base_.Procedures, base_.Lines()}, mine{mine_.Procedures, mine_.Lines()},
+        theirs{theirs_.Procedures, theirs_.Lines()};
+    const auto inMine = MatchProcedures(base, mine, keys_), inTheirs = MatchProcedures(base, theirs, keys_);
     ofMine_.assign(mine_.Procedures.size(), 0);
     ofTheirs_.assign(theirs_.Procedures.size(), 0);
     things_.assign(1, {});  // 0 is none

@@ -1,7 +1,7 @@
 // Merges the code of three modules: declarations by statement, procedures by name, their lines one by one.
 #pragma once
 
-#include "merge/HeaderMerge.h"
+#include "merge/Documents.h"
 #include "merge/Output.h"
 
 #include <string>

@@ -68,6 +68,10 @@ bool HasTheChangesOfBoth(const Documents& documents, const Document& merged) {
   return Changes(documents.Base, merged) == wanted;
 }
 
+bool AreOrdered(const Documents& documents) {
+  return IsOrdered(documents.Base.Code) && IsOrdered(documents.Mine.Code) && IsOrdered(documents.Theirs.Code);
+}
+
 // What stands before the code, or the code.
 struct Part {
   std::string_view Base, Mine, Theirs;
@@ -95,11 +99,11 @@ class Readers {
   const std::optional<vbtext::HeaderNode>& RootOfMine() { return HeaderOf(mine_).Root; }
   const std::optional<vbtext::HeaderNode>& RootOfTheirs() { return HeaderOf(theirs_).Root; }
 
-  // All of them, with their code.
-  Documents All() {
+  // All of them; their code only where it is asked for.
+  Documents All(bool withCode) {
     for (Side* side : {&base_, &mine_, &theirs_}) {
       HeaderOf(*side);
-      vbtext::ReadCode(side->Text, *side->File);
+      if (withCode) vbtext::ReadCode(side->Text, *side->File);
     }
     return {*base_.File, *mine_.File, *theirs_.File};
   }
@@ -161,7 +165,7 @@ class Merger {
       merged.HasHeaderOfOneSide = true;
       return merged;
     }
-    const Documents documents = readers.All();
+    const Documents documents = readers.All(!parts.Code.IsOfOneSide(options_));
     const auto& [base, mine, theirs] = documents;
     if (base.Root.has_value() != mine.Root.has_value() || base.Root.has_value() != theirs.Root.has_value())
       return ByLine();
@@ -178,38 +182,43 @@ class Merger {
   // As one piece where the pieces do not fit together.
   Merged ByContent(const Documents& documents, const Parts& parts) const {
     Output output(mine_, options_);
-    const bool isHeaderOfOneSide = parts.Header.IsOfOneSide(options_);
+    const bool isHeaderOfOneSide = parts.Header.IsOfOneSide(options_),
+               isCodeOfOneSide = parts.Code.IsOfOneSide(options_);
     isHeaderOfOneSide ? parts.Header.AddTo(output) : MergeHeaders(documents, output);
-    parts.Code.IsOfOneSide(options_) ? parts.Code.AddTo(output) : MergeCode(documents, output);
+    isCodeOfOneSide ? parts.Code.AddTo(output) : MergeCode(documents, output);
     Merged merged = output.Take();
     merged.HasHeaderOfOneSide = isHeaderOfOneSide;
     if (!merged.Conflicts.empty() || options_.Conflicts != Choice::Marks) return merged;
-    const std::optional<Document> document =
-        SoundIn(merged.Text, std::max(CountOfDoubles(documents.Mine), CountOfDoubles(documents.Theirs)));
+    const std::optional<Document> document = SoundIn(merged.Text, isCodeOfOneSide);
     if (!document) return ByLine();
-    const bool areOrdered =
-        IsOrdered(documents.Base.Code) && IsOrdered(documents.Mine.Code) && IsOrdered(documents.Theirs.Code);
-    if (!areOrdered && !HasTheChangesOfBoth(documents, *document)) return WholeConflict();
+    if (!isCodeOfOneSide && !AreOrdered(documents) && !HasTheChangesOfBoth(documents, *document)) {
+      return WholeConflict();
+    }
     if (!documents.Mine.Root || isHeaderOfOneSide) return merged;
     std::optional<std::string> ordered = WithTabOrder(merged.Text, *document, documents, options_.For(TabOrder));
-    if (!ordered) return WithHeaderInConflict(documents, parts.Header);
+    if (!ordered) return WithHeaderInConflict(documents, parts);
     return {*std::move(ordered), {}, std::move(merged.Notes)};
   }
 
-  // The text taken apart; nothing for one that cannot be read, or has more doubles than so many.
-  static std::optional<Document> SoundIn(std::string_view text, std::size_t doubles) {
+  // The text taken apart, without its code where that is one side's and no name of a control stands twice. Nothing for
+  // a text that cannot be read, or in which more names stand twice than on either side.
+  std::optional<Document> SoundIn(std::string_view text, bool isCodeOfOneSide) const {
     try {
-      Document document = vbtext::DocumentOf(text);
-      return CountOfDoubles(document) <= doubles ? std::optional(std::move(document)) : std::nullopt;
+      Document document = vbtext::DocumentWithoutCode(text);
+      if (isCodeOfOneSide && CountOfDoubles(document.Root) == 0) return document;
+      vbtext::ReadCode(text, document);
+      const std::size_t doubles = CountOfDoubles(document);
+      const auto isOn = [&](std::string_view side) { return doubles <= CountOfDoubles(vbtext::DocumentOf(side)); };
+      return doubles == 0 || isOn(mine_) || isOn(theirs_) ? std::optional(std::move(document)) : std::nullopt;
     } catch (const vbtext::Fault&) {
       return std::nullopt;
     }
   }
 
-  Merged WithHeaderInConflict(const Documents& documents, const Part& header) const {
+  Merged WithHeaderInConflict(const Documents& documents, const Parts& parts) const {
     Output output(mine_, options_);
-    output.AddConflict(TabOrder, header.Mine, header.Base, header.Theirs);
-    MergeCode(documents, output);
+    output.AddConflict(TabOrder, parts.Header.Mine, parts.Header.Base, parts.Header.Theirs);
+    parts.Code.IsOfOneSide(options_) ? parts.Code.AddTo(output) : MergeCode(documents, output);
     return output.Take();
   }
 
@@ -229,17 +238,14 @@ class Merger {
       }
     }
     Merged merged = output.Take();
-    if (merged.Conflicts.empty() && options_.Conflicts == Choice::Marks && IsDocument(mine_) && IsDocument(theirs_)) {
-      const std::size_t doubles =
-          std::max(CountOfDoubles(vbtext::DocumentOf(mine_)), CountOfDoubles(vbtext::DocumentOf(theirs_)));
-      if (!SoundIn(merged.Text, doubles)) return WholeConflict();
-    }
+    const bool isToBeSound = merged.Conflicts.empty() && options_.Conflicts == Choice::Marks;
+    if (isToBeSound && IsDocument(mine_) && IsDocument(theirs_) && !SoundIn(merged.Text, false)) return WholeConflict();
     return merged;
   }
 
   static bool IsDocument(std::string_view text) {
     try {
-      vbtext::DocumentOf(text);
+      vbtext::StartOfCode(text);
       return true;
     } catch (const vbtext::Fault&) {
       return false;

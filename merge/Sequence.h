@@ -7,7 +7,8 @@
 
 namespace formwizard::merge {
 
-// Things by number; the same thing has the same number on all sides, and none stands twice in a row.
+// Things by number, which begin near 0; the same thing has the same number on all sides, and none stands twice in a
+// row.
 using Row = std::vector<std::uint32_t>;
 
 // Everything that mine or theirs has, in the order of mine, or of theirs where only theirs changed the order; what only

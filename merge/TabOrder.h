@@ -1,7 +1,8 @@
 // The tab order of a merged form.
 #pragma once
 
-#include "merge/HeaderMerge.h"
+#include "merge/Documents.h"
+#include "merge/Options.h"
 
 #include <optional>
 #include <string>

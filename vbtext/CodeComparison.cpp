@@ -19,7 +19,7 @@ namespace {
 class CodeComparison {
  public:
   CodeComparison(const Document& a, const Document& b, Differences& differences)
-      : a_(a), b_(b), keysA_(keys_.Of(a.Lines)), keysB_(keys_.Of(b.Lines)), differences_(differences) {}
+      : a_(a), b_(b), keysA_(KeysOf(a, keys_)), keysB_(KeysOf(b, keys_)), differences_(differences) {}
 
   void Run() {
     CompareRest();
@@ -31,6 +31,14 @@ class CodeComparison {
     const Document& File;
     const std::vector<LineKey>& Keys;
   };
+
+  // By line; only of the code.
+  static std::vector<LineKey> KeysOf(const Document& file, LineKeys& keys) {
+    std::vector<LineKey> all(file.CodeLines.First, EmptyLine);
+    const std::vector<LineKey> ofCode = keys.Of(file.Lines, file.CodeLines);
+    all.insert(all.end(), ofCode.begin(), ofCode.end());
+    return all;
+  }
 
   // The lines of a range that are not empty.
   static std::vector<LineKey> KeysIn(const std::vector<LineKey>& keys, LineRange lines) {
@@ -114,9 +122,9 @@ class CodeComparison {
     }
   }
 
-  using Procedures = std::vector<const Section*>;
-  static Procedures ProceduresOf(const Document& file) {
-    Procedures procedures;
+  using Sections = std::vector<const Section*>;
+  static Sections ProceduresOf(const Document& file) {
+    Sections procedures;
     for (const Section& section : file.Code.Sections) {
       if (section.Kind == SectionKind::Procedure) procedures.push_back(&section);
     }
@@ -124,8 +132,8 @@ class CodeComparison {
   }
 
   void CompareProcedures() {
-    const Procedures a = ProceduresOf(a_), b = ProceduresOf(b_);
-    const std::vector<std::size_t> matches = MatchProcedures(a, keysA_, b, keysB_);
+    const Sections a = ProceduresOf(a_), b = ProceduresOf(b_);
+    const std::vector<std::size_t> matches = MatchProcedures({a, a_.Lines}, {b, b_.Lines}, keys_);
     std::vector<bool> isInA(b.size(), false);
     std::vector<Pair> pairs;
     for (std::size_t i = 0; i < a.size(); ++i) {
@@ -178,7 +186,7 @@ class CodeComparison {
     differences_.Add(Change::Changed, "procedure", NameOfSection(b), linesA, linesB);
   }
 
-  void CompareOrder(const Procedures& a, const Procedures& b, const std::vector<Pair>& pairs) {
+  void CompareOrder(const Sections& a, const Sections& b, const std::vector<Pair>& pairs) {
     const std::vector<Pair> stayed = LongestAscending(pairs);
     auto next = stayed.begin();
     for (const Pair& pair : pairs) {

@@ -25,8 +25,9 @@ void CollectOffsets(const HeaderNode& node, std::vector<std::size_t>& offsets) {
 std::optional<CompanionReference> ReferenceIn(std::string_view value) {
   const bool isText = value.starts_with('$');
   if (isText) value.remove_prefix(1);
+  if (!value.starts_with('"')) return std::nullopt;
   const std::size_t close = value.find("\":", 1);
-  if (!value.starts_with('"') || close == std::string_view::npos) return std::nullopt;
+  if (close == std::string_view::npos) return std::nullopt;
   const std::string_view digits = value.substr(close + 2);
   CompanionReference reference{value.substr(1, close - 1), 0, isText};
   const char* const end = digits.data() + digits.size();

@@ -11,11 +11,7 @@ namespace {
 
 void AppendControl(const HeaderNode& node, std::size_t parent, std::vector<Control>& controls) {
   const std::size_t place = controls.size();
-  controls.push_back({&node, parent, {}});
-  AppendFolded(node.Name, controls.back().Key);
-  if (const HeaderProperty* index = node.Find("Index")) {
-    AppendFolded("(" + std::string(index->Value) + ")", controls.back().Key);
-  }
+  controls.push_back({&node, parent, KeyOf(node)});
   for (const HeaderNode& child : node.Children) AppendControl(child, place, controls);
 }
 
@@ -35,8 +31,7 @@ class Matcher {
       : a_(a), b_(b), matches_(a.size(), None), isTaken_(b.size(), false) {}
 
   std::vector<std::size_t> Run() {
-    Take(0, 0);
-    TakeByKey();
+    TakeByKey(TakeFirstOnes());
     TakeWhere([](const Control& control, std::size_t) { return Folded(control.Node->Name); });
     // Containers come before what they contain, so that theirs are known.
     TakeWhere([](const Control& control, std::size_t parent) { return Likeness(*control.Node, parent); });
@@ -49,14 +44,24 @@ class Matcher {
     isTaken_[b] = true;
   }
 
+  // The forms, and the controls behind them as long as both have the same; how many.
+  std::size_t TakeFirstOnes() {
+    std::size_t same = 0;
+    do {
+      Take(same, same);
+      ++same;
+    } while (same < std::min(a_.size(), b_.size()) && a_[same].Key == b_[same].Key);
+    return same;
+  }
+
   // In a form that is not as it should be, the second one of a key is its second.
   static std::string Counted(const std::string& key, std::unordered_map<std::string, std::size_t>& counts) {
     return key + "\n" + std::to_string(counts[key]++);
   }
-  void TakeByKey() {
+  void TakeByKey(std::size_t from) {
     std::unordered_map<std::string, std::size_t> countsA, countsB, places;
-    for (std::size_t i = 1; i < b_.size(); ++i) places.emplace(Counted(b_[i].Key, countsB), i);
-    for (std::size_t i = 1; i < a_.size(); ++i) {
+    for (std::size_t i = from; i < b_.size(); ++i) places.emplace(Counted(b_[i].Key, countsB), i);
+    for (std::size_t i = from; i < a_.size(); ++i) {
       const auto found = places.find(Counted(a_[i].Key, countsA));
       if (found != places.end()) Take(i, found->second);
     }
@@ -101,6 +106,13 @@ std::string NameOf(const HeaderNode& control) {
   const HeaderProperty* index = control.Find("Index");
   const std::string name(control.Name);
   return index ? name + "(" + std::string(index->Value) + ")" : name;
+}
+
+std::string KeyOf(const HeaderNode& control) {
+  std::string key;
+  AppendFolded(control.Name, key);
+  if (const HeaderProperty* index = control.Find("Index")) AppendFolded("(" + std::string(index->Value) + ")", key);
+  return key;
 }
 
 std::vector<Control> ControlsOf(const HeaderNode& form) {

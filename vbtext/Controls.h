@@ -22,6 +22,8 @@ std::vector<Control> ControlsOf(const HeaderNode& form);
 
 // "txtName", "optKind(2)".
 std::string NameOf(const HeaderNode& control);
+// The same for all spellings of it.
+std::string KeyOf(const HeaderNode& control);
 
 // For each control of `a` the place of the same one in `b`, or None: by name and index; then by name, where an index
 // came or went; then, renamed, by class, container and properties, where only one will do. The forms are always the

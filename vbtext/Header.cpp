@@ -33,7 +33,7 @@ enum class Kind { Empty, Begin, End, BeginProperty, EndProperty, Other };
 
 // Of a word that begins with a "B" or an "E", in any case; no other one tells anything.
 Kind KindOf(std::string_view word) {
-  const auto is = [&](std::string_view wanted) { return runtime::EqualIgnoringCase(word, wanted); };
+  const auto is = [&](std::string_view wanted) { return word == wanted || runtime::EqualIgnoringCase(word, wanted); };
   switch (word.size()) {
     case std::string_view("End").size():
       return is("End") ? Kind::End : Kind::Other;
@@ -78,20 +78,8 @@ class Reader {
  public:
   Reader(GrowingLines& lines, std::size_t at) : lines_(lines), at_(at), text_(FirstWordOf(lines.TextAt(at)).Rest) {}
 
-  // Into `node`, or nowhere.
-  void ReadNode(HeaderNode* node, int depth) {
-    CheckDepth(depth);
-    if (node) Begin(*node);
-    for (Kind kind = Next("\"End\""); kind != Kind::End; kind = Next("\"End\"")) {
-      if (kind == Kind::Begin) {
-        if (WordOf(text_, 1).empty()) throw Fault{at_, "a class and a name behind \"Begin\""};
-        ReadNode(node ? &node->Children.emplace_back() : nullptr, depth + 1);
-      } else if (kind != Kind::Empty) {
-        ReadProperty(node ? &node->Properties : nullptr, depth, kind);
-      }
-    }
-    if (node) node->Lines.Behind = at_ + 1;
-  }
+  // Into `form`, or nowhere.
+  void Read(HeaderNode* form) { ReadNode(form, WordsHere(), 1); }
 
   // Behind what was read.
   std::size_t Behind() const { return at_ + 1; }
@@ -99,12 +87,33 @@ class Reader {
  private:
   static constexpr std::size_t UsualProperties = 12;  // of a control
 
-  void Begin(HeaderNode& node) const {
-    const Split words = FirstWordOf(text_);
-    node.Class = words.Word;
-    node.Name = FirstWordOf(words.Rest).Word;
-    node.Lines.First = at_;
-    node.Properties.reserve(UsualProperties);
+  // What stands behind the first word of a line that begins something.
+  struct Words {
+    std::string_view First, Second;
+  };
+  Words WordsHere() const {
+    const Split first = FirstWordOf(text_);
+    return {first.Word, FirstWordOf(first.Rest).Word};
+  }
+
+  void ReadNode(HeaderNode* node, const Words& words, int depth) {
+    CheckDepth(depth);
+    if (node) {
+      node->Class = words.First;
+      node->Name = words.Second;
+      node->Lines.First = at_;
+      node->Properties.reserve(UsualProperties);
+    }
+    for (Kind kind = Next("\"End\""); kind != Kind::End; kind = Next("\"End\"")) {
+      if (kind == Kind::Begin) {
+        const Words ofChild = WordsHere();
+        if (ofChild.Second.empty()) throw Fault{at_, "a class and a name behind \"Begin\""};
+        ReadNode(node ? &node->Children.emplace_back() : nullptr, ofChild, depth + 1);
+      } else if (kind != Kind::Empty) {
+        ReadProperty(node ? &node->Properties : nullptr, depth, kind);
+      }
+    }
+    if (node) node->Lines.Behind = at_ + 1;
   }
 
   // Goes to the next line.
@@ -142,8 +151,8 @@ class Reader {
   void ReadGroup(HeaderProperty* group, int depth) {
     CheckDepth(depth);
     if (group) {
-      const Split words = FirstWordOf(text_);
-      *group = {words.Word, FirstWordOf(words.Rest).Word, {at_, 0}, {}, true};
+      const Words words = WordsHere();
+      *group = {words.First, words.Second, {at_, 0}, {}, true};
     }
     for (Kind kind = Next("\"EndProperty\""); kind != Kind::EndProperty; kind = Next("\"EndProperty\"")) {
       if (kind != Kind::Empty) ReadProperty(group ? &group->Members : nullptr, depth, kind);
@@ -175,13 +184,13 @@ const HeaderProperty* HeaderNode::Find(std::string_view property) const {
 
 HeaderNode HeaderAt(GrowingLines& lines, std::size_t first) {
   HeaderNode form;
-  Reader(lines, first).ReadNode(&form, 1);
+  Reader(lines, first).Read(&form);
   return form;
 }
 
 std::size_t EndOfHeaderAt(GrowingLines& lines, std::size_t first) {
   Reader reader(lines, first);
-  reader.ReadNode(nullptr, 1);
+  reader.Read(nullptr);
   return reader.Behind();
 }
 

@@ -72,7 +72,7 @@ void AppendSpelling(const std::vector<Token>& line, std::string& to) {
   }
 }
 
-std::vector<LineKey> LineKeys::Of(const std::vector<Line>& lines) {
+std::vector<LineKey> LineKeys::Of(std::span<const Line> lines) {
   std::vector<LineKey> keys;
   keys.reserve(lines.size());
   Tokenizer tokenizer;

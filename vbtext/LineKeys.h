@@ -5,6 +5,7 @@
 #include "vbtext/Tokens.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,8 +24,11 @@ void AppendSpelling(const std::vector<Token>& line, std::string& to);
 // Keys of the texts that are compared with one another: all are made by one object, which the texts must outlive.
 class LineKeys {
  public:
-  // A line of code each.
-  std::vector<LineKey> Of(const std::vector<Line>& lines);
+  // A line of code each; the first one does not go on from the line before it.
+  std::vector<LineKey> Of(std::span<const Line> lines);
+  std::vector<LineKey> Of(const std::vector<Line>& lines, LineRange range) {
+    return Of(std::span(lines).subspan(range.First, range.Count()));
+  }
   // Of a text that is compared byte by byte.
   LineKey OfExact(std::string_view text) { return Number(std::string(text)); }
 

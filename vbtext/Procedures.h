@@ -9,9 +9,14 @@
 
 namespace formwizard::vbtext {
 
+// The procedures of a module, and the lines of its file.
+struct Procedures {
+  const std::vector<const Section*>& All;
+  const std::vector<Line>& Lines;
+};
+
 // For each procedure of `a` the place of the same one in `b`, or None: by branch, word and name; then, renamed, by the
-// lines behind the first, where only one will do. The keys, by line, are of one LineKeys.
-std::vector<std::size_t> MatchProcedures(const std::vector<const Section*>& a, const std::vector<LineKey>& keysA,
-                                         const std::vector<const Section*>& b, const std::vector<LineKey>& keysB);
+// lines behind the first, where only one will do.
+std::vector<std::size_t> MatchProcedures(const Procedures& a, const Procedures& b, LineKeys& keys);
 
 }  // namespace formwizard::vbtext
