@@ -6,17 +6,14 @@
 #include "adapters/vb6files/ProjectOnDisk.h"
 #include "apps/common/Dictionaries.h"
 #include "apps/desktop/preview/PreviewWindow.h"
+#include "benchmarks/OffScreen.h"
 #include "settings/Profile.h"
 #include "wizard/frmWizard.h"
 
 #include <QApplication>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <ctime>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <sstream>
@@ -25,7 +22,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace formwizard;
 
 class English : public support::ResourceLibraries {
@@ -54,11 +50,8 @@ class Shown : public ui::Desktop {
   int Messages = 0;
 };
 
-// A dictionary of that many classes in packages of a hundred, the first of which has that many properties. It is made
-// once in the folder for temporary files.
-std::string DictionaryOf(int size) {
-  const fs::path path = fs::temp_directory_path() / ("ostrel-form-wizard-" + std::to_string(size) + ".sqlite");
-  if (fs::exists(path)) return path.string();
+// That many classes in packages of a hundred, the first of which has that many properties.
+std::string ClassesOf(int size) {
   std::ostringstream json;
   json << R"({"systems":[{"name":"Bench","connect":"bench","classes":[)";
   for (int i = 0; i < size; ++i) {
@@ -71,16 +64,17 @@ std::string DictionaryOf(int size) {
     json << "}";
   }
   json << "]}]}";
-  std::istringstream in(json.str());
-  apps::common::ImportDictionary(in, "bench", path.string());
-  return path.string();
+  return json.str();
 }
 
 // The wizard on its connection step.
 struct Wizard {
-  Wizard(int size, bool inWindow) : server(apps::common::OpenDictionary(DictionaryOf(size))) {
+  explicit Wizard(const benchmarks::Task& task)
+      : server(apps::common::OpenDictionary(benchmarks::DictionaryIn(task.Folder, "wizard-" + std::to_string(task.Size),
+                                                                     [&] { return ClassesOf(task.Size); }))),
+        profile((task.Folder / "outility.ini").string()) {
     dialog.Load();
-    if (inWindow) {
+    if (!task.HasOption) {
       window = std::make_unique<adapters::qt::WizardWindow>(dialog, nullptr);
       window->show();
       desktop.Window = window.get();
@@ -105,6 +99,7 @@ struct Wizard {
   adapters::profile::ProfileFiles profiles;
   English libraries;
   std::unique_ptr<wizard::factory::FactoryCreator> server;
+  std::string profile;
   adapters::vb6files::ProjectOnDisk project{
       system::RealFileSystem(), FORMWIZARD_SOURCE_DIR "/samples/new-project/Project1.vbp", {}};
   wizard::WizardServices services{{.Desktop = desktop,
@@ -112,7 +107,7 @@ struct Wizard {
                                    .Profiles = profiles,
                                    .Factories = *server,
                                    .Libraries = libraries,
-                                   .ProfileFile = (fs::temp_directory_path() / "formwizard-bench.ini").string()}};
+                                   .ProfileFile = profile}};
   wizard::frmWizard dialog{services, project};
   std::unique_ptr<adapters::qt::WizardWindow> window;
   apps::desktop::PreviewProject scratch =
@@ -180,23 +175,17 @@ constexpr std::array Steps{
          ShowPreview},
 };
 
-double Milliseconds() { return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC; }
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_LOGGING_RULES", "*.warning=false");  // about what this platform lacks
-  const QApplication application(argc, argv);
-  const auto* const step = std::ranges::find(Steps, std::string_view(argc > 1 ? argv[1] : ""), &Step::Name);
-  if (step == Steps.end() || argc < 3) {
-    std::fputs("usage: dialog-benchmarks STEP SIZE [without-window]\n", stderr);
-    return 2;
-  }
-  Wizard wizard(std::atoi(argv[2]), argc == 3);
-  step->Before(wizard);
-  const double start = Milliseconds();
-  step->Do(wizard);
-  std::printf("%.2f\n", Milliseconds() - start);
-  return wizard.desktop.Messages == 0 ? 0 : 1;
+  const benchmarks::Program program{"dialog-benchmarks", benchmarks::NamesOf(Steps), "without-window"};
+  return benchmarks::RunOffScreen(argc, argv, program, [](const benchmarks::Task& task) {
+    Wizard wizard(task);
+    const Step& step = Steps.at(task.Step);
+    step.Before(wizard);
+    const double start = benchmarks::Milliseconds();
+    step.Do(wizard);
+    std::printf("%.2f\n", benchmarks::Milliseconds() - start);
+    return wizard.desktop.Messages == 0;
+  });
 }

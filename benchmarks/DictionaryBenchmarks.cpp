@@ -4,17 +4,13 @@
 // nothing else could be done.
 #include "apps/common/Dictionaries.h"
 #include "apps/desktop/dictionary/DictionaryPane.h"
+#include "benchmarks/OffScreen.h"
 
 #include <QApplication>
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <ctime>
-#include <filesystem>
 #include <limits>
 #include <sstream>
 #include <string>
@@ -22,16 +18,12 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace formwizard;
 using namespace formwizard::apps::desktop;
+using benchmarks::Milliseconds;
 
-// Classes in packages of that many; made once in the folder for temporary files. The last class alone has a property
-// with an "x".
-std::string DictionaryOf(int size, int packageSize) {
-  const fs::path path = fs::temp_directory_path() / ("ostrel-form-wizard-browser-" + std::to_string(size) + "-" +
-                                                     std::to_string(packageSize) + ".sqlite");
-  if (fs::exists(path)) return path.string();
+// Classes in packages of that many. The last class alone has a property with an "x".
+std::string ClassesOf(int size, int packageSize) {
   std::ostringstream json;
   json << R"({"systems":[{"name":"Bench","connect":"bench","classes":[)";
   for (int i = 0; i < size; ++i) {
@@ -41,15 +33,14 @@ std::string DictionaryOf(int size, int packageSize) {
     json << (i + 1 == size ? R"(,{"Name":"Maximum"})" : "") << "]}";
   }
   json << "]}]}";
-  std::istringstream in(json.str());
-  apps::common::ImportDictionary(in, "bench", path.string());
-  return path.string();
+  return json.str();
 }
 
-double Milliseconds() { return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC; }
-
 struct Browser {
-  Browser(int size, int packageSize) : dictionary(apps::common::OpenDictionary(DictionaryOf(size, packageSize))) {
+  Browser(const benchmarks::Task& task, int packageSize)
+      : dictionary(apps::common::OpenDictionary(benchmarks::DictionaryIn(
+            task.Folder, "browser-" + std::to_string(task.Size) + "-" + std::to_string(packageSize),
+            [&] { return ClassesOf(task.Size, packageSize); }))) {
     pane.resize(248, 600);
     pane.show();
     QApplication::processEvents();
@@ -114,23 +105,17 @@ constexpr std::array Steps{Step{"dictionary", 100, Nothing, Read}, Step{"package
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_LOGGING_RULES", "*.warning=false");  // about what this platform lacks
-  const QApplication application(argc, argv);
-  const auto* const step = std::ranges::find(Steps, std::string_view(argc > 1 ? argv[1] : ""), &Step::Name);
-  if (step == Steps.end() || argc < 3 || (argc > 3 && argv[3] != std::string_view("at-once"))) {
-    std::fputs("usage: dictionary-benchmarks dictionary|package|search|letter SIZE [at-once]\n", stderr);
-    return 2;
-  }
-  Browser browser(std::atoi(argv[2]), step->PackageSize);
-  if (argc > 3) browser.model.WorkInSlicesOf(std::numeric_limits<int>::max());
-  step->Before(browser);
-  browser.longest = 0;
-  const double start = Milliseconds();
-  step->Do(browser);
-  const double took = Milliseconds() - start;
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  std::printf("%.2f %.1f %.2f\n", took, static_cast<double>(usage.ru_maxrss) / 1024, browser.longest);
-  return browser.model.rowCount({}) > 0 ? 0 : 1;
+  const benchmarks::Program program{"dictionary-benchmarks", benchmarks::NamesOf(Steps), "at-once"};
+  return benchmarks::RunOffScreen(argc, argv, program, [](const benchmarks::Task& task) {
+    const Step& step = Steps.at(task.Step);
+    Browser browser(task, step.PackageSize);
+    if (task.HasOption) browser.model.WorkInSlicesOf(std::numeric_limits<int>::max());
+    step.Before(browser);
+    browser.longest = 0;
+    const double start = Milliseconds();
+    step.Do(browser);
+    const double took = Milliseconds() - start;
+    std::printf("%.2f %.1f %.2f\n", took, benchmarks::Mebibytes(), browser.longest);
+    return browser.model.rowCount({}) > 0;
+  });
 }

@@ -2,15 +2,13 @@
 // SIZE: how many components it has, or how many million bytes of code its module. Prints the milliseconds of process
 // time, with "start" from the beginning of the process, and the greatest memory in MiB.
 #include "apps/desktop/window/MainWindow.h"
+#include "benchmarks/OffScreen.h"
 
 #include <QApplication>
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -22,7 +20,7 @@ namespace fs = std::filesystem;
 using namespace formwizard;
 
 struct Project {
-  Project() : folder(fs::temp_directory_path() / ("ostrel-form-wizard-project-" + std::to_string(getpid()))) {
+  explicit Project(const fs::path& home) : folder(home / ("project-" + std::to_string(getpid()))) {
     fs::remove_all(folder);
     fs::create_directory(folder);
   }
@@ -42,8 +40,6 @@ struct Project {
   std::ostringstream list;
 };
 
-double Milliseconds() { return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC; }
-
 bool OpenProject(const Project& project, bool fromStart) {
   const QString file = project.File();
   apps::desktop::MainWindow window(
@@ -53,12 +49,10 @@ bool OpenProject(const Project& project, bool fromStart) {
                                         .Memory = (project.folder / "desktop.ini").string()});
   window.show();
   QApplication::processEvents();
-  const double start = Milliseconds();
+  const double start = benchmarks::Milliseconds();
   const bool isOpen = window.OpenProject(file);
   QApplication::processEvents();
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  std::printf("%.2f %.1f\n", Milliseconds() - (fromStart ? 0 : start), static_cast<double>(usage.ru_maxrss) / 1024);
+  std::printf("%.2f %.1f\n", benchmarks::Milliseconds() - (fromStart ? 0 : start), benchmarks::Mebibytes());
   return isOpen;
 }
 
@@ -80,15 +74,11 @@ void AddCode(Project& project, int megabytes) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_LOGGING_RULES", "*.warning=false");  // about what this platform lacks
-  const QApplication application(argc, argv);
-  const std::string what = argc == 3 ? argv[1] : "";
-  if (what != "start" && what != "components" && what != "code") {
-    std::fputs("usage: main-window-benchmarks start|components|code SIZE\n", stderr);
-    return 2;
-  }
-  Project project;
-  (what == "code" ? AddCode : AddModules)(project, std::atoi(argv[2]));
-  return OpenProject(project, what == "start") ? 0 : 1;
+  enum Step : std::size_t { Start, Components, Code };
+  const benchmarks::Program program{"main-window-benchmarks", {"start", "components", "code"}};
+  return benchmarks::RunOffScreen(argc, argv, program, [](const benchmarks::Task& task) {
+    Project project(task.Folder);
+    (task.Step == Code ? AddCode : AddModules)(project, task.Size);
+    return OpenProject(project, task.Step == Start);
+  });
 }

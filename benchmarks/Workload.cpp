@@ -110,6 +110,7 @@ Workload::Workload(fs::path folder, fs::path programs) : home_(std::move(folder)
   fs::remove_all(home_);
   fs::create_directories(home_);
   setenv("TMPDIR", home_.c_str(), 1);
+  setenv("FORMWIZARD_BENCHMARKS", home_.c_str(), 1);  // what is made for one run serves the next
   MakeDescriptions(MostForms);
   MakeTemplate();
 }
