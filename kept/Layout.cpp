@@ -74,11 +74,11 @@ class Finder {
     const Size inside = InsideOf(node, isForm);
     std::vector<Box> boxes;
     for (const HeaderNode& child : node.Children) {
-      if (std::optional<Box> box = BoxOf(child)) {
+      if (const std::optional<Box> box = BoxOf(child)) {
         const bool sticksOut = (inside.Width && box->Right > *inside.Width + Tolerance) ||
                                (inside.Height && box->Bottom > *inside.Height + Tolerance);
         if (sticksOut) notes_.insert(vbtext::NameOf(child) + " sticks out of " + vbtext::NameOf(node));
-        boxes.push_back(*std::move(box));
+        boxes.push_back(*box);
       }
       Look(child, false);
     }
@@ -94,7 +94,7 @@ class Finder {
       for (const Box* above : open) {
         if (!above->Overlaps(box)) continue;
         const auto [first, second] = std::minmax({vbtext::NameOf(*above->Control), vbtext::NameOf(*box.Control)});
-        notes_.insert(first + " and " + second + " overlap");
+        notes_.insert(std::string(first).append(" and ").append(second).append(" overlap"));
       }
       open.push_back(&box);
     }

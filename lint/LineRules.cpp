@@ -56,7 +56,11 @@ void CheckContinuations(const Subject& subject, const Report& report) {
   vbtext::Tokenizer tokenizer;
   std::size_t count = 0;
   for (std::size_t i = subject.Document()->CodeLines.First; i < subject.Document()->CodeLines.Behind; ++i) {
-    tokenizer.Read(subject.Lines()[i].Text);
+    const std::string_view line = subject.Lines()[i].Text;
+    const std::size_t last = line.find_last_not_of(" \t");
+    const bool mayGoOn = last != std::string_view::npos && line[last] == '_';
+    if (count == 0 && !mayGoOn) continue;  // as nearly all, which need not be taken apart
+    tokenizer.Read(line);
     count = tokenizer.GoesOn() ? count + 1 : 0;
     if (count == MostContinuations + 1) {
       report(i, "more than " + std::to_string(MostContinuations) + " continuations of one line");

@@ -33,11 +33,15 @@ std::size_t LengthInUtf8(std::string_view text) {
 bool IsUtf8Only(std::string_view text) {
   constexpr std::size_t enough = 4;
   std::unordered_set<std::string_view> characters;
-  while (!text.empty()) {
-    const std::size_t length = LengthInUtf8(text);
+  for (std::size_t at = 0; at < text.size();) {
+    if (static_cast<unsigned char>(text[at]) < 0x80) {  // as nearly all are
+      ++at;
+      continue;
+    }
+    const std::size_t length = LengthInUtf8(text.substr(at));
     if (length == 0) return false;
-    if (length > 1 && characters.size() < enough) characters.insert(text.substr(0, length));
-    text.remove_prefix(length);
+    if (characters.size() < enough) characters.insert(text.substr(at, length));
+    at += length;
   }
   return characters.size() >= enough;
 }
