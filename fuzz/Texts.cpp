@@ -6,6 +6,8 @@
 #include "vbtext/Project.h"
 #include "vbtext/Tokens.h"
 
+#include <optional>
+
 using namespace formwizard;
 using namespace formwizard::fuzz;
 using namespace formwizard::vbtext;
@@ -41,12 +43,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(TextOf(lines, {0, lines.size()}) == text, "lines are the text");
   CheckTokens(lines);
   CheckSections(ModuleOf(lines), 0, lines.size());
+  std::optional<std::size_t> start;
+  try {
+    start = StartOfCode(text);
+  } catch (const Fault&) {
+  }
   try {
     const Document document = DocumentOf(text);
+    Require(start == StartOfCode(document), "the code begins where it does when the tree is made");
     CheckSections(document.Code, document.CodeLines.First, document.CodeLines.Behind);
     Require(Compare({document, text}, {document, text}).empty(), "a text is equal to itself");
   } catch (const Fault& fault) {
     Require(fault.Line <= lines.size(), "a fault is in the text");
+    Require(!start, "a text that cannot be read has no place where its code begins");
   }
   try {
     const std::vector<ProjectEntry> entries = EntriesOf(lines);
