@@ -1,6 +1,7 @@
 // The components of a project on disk as the environment shows and changes them.
 #include "adapters/vb6files/ProjectOnDisk.h"
 
+#include "adapters/vb6files/FormReader.h"
 #include "adapters/vb6files/Values.h"
 #include "runtime/Conversions.h"
 #include "support/Failures.h"
@@ -151,6 +152,41 @@ std::shared_ptr<VBComponent> ProjectOnDisk::Add(ComponentType type) {
   return std::make_shared<Component>(*this, entry);
 }
 
+void ProjectOnDisk::AddFormFile(std::string_view projectPath) {
+  const std::string bytes = codePage_.Encode(projectPath);
+  std::string path = projectFiles_.PathOf(bytes);
+  const std::optional<std::string> text = projectFiles_.Read(path, ReadFor::Showing);
+  if (!text) throw support::InputError(path + ": the file is not there");
+  const FormParts form = ReadForm(path, *text);
+  if (FindEntry(form.Name) || runtime::EqualIgnoringCase(form.Name, project_.Name())) {
+    throw support::InputError(path + ": the form is called " + codePage_.Decode(form.Name) +
+                              ", and the project has that name already; rename one of them");
+  }
+  for (const std::string& line : form.HeadLines) {
+    if (line.starts_with("Object")) AddLibrary(line.substr(std::min(line.find('=') + 1, line.size())));
+  }
+  Entry& entry =
+      entries_.emplace_back(Entry{texts_.Kept(form.Name), texts_.Kept(bytes), true, ComponentGroup::Form, nullptr});
+  entry.IsAdded = true;
+  byName_.insert(&entry);
+  listedPaths_.insert(entry.Path);
+  project_.AddForm(bytes);
+}
+
+// As a form names it: the same with quotes. A library is known by its GUID.
+void ProjectOnDisk::AddLibrary(std::string_view value) {
+  std::string object(value);
+  std::erase(object, '"');
+  object.erase(0, std::min(object.find('{'), object.size()));
+  const auto isSame = [&](std::string_view other) {
+    return runtime::EqualIgnoringCase(other.substr(0, other.find('#')), object.substr(0, object.find('#')));
+  };
+  if (object.empty() || std::ranges::any_of(project_.Objects(), isSame)) return;
+  object.resize(object.find_last_not_of(" \r\n") + 1);
+  project_.AddObject(object);
+  libraries_.Add(toolbox_.Parse(object));
+}
+
 void ProjectOnDisk::AddToolboxProgID(std::string_view progId) {
   const std::string_view library = Toolbox::LibraryOf(progId);
   if (!library.empty() && libraries_.Find(library)) return;
@@ -205,13 +241,15 @@ void ProjectOnDisk::ChangeName(Entry& entry, std::string_view bytes) {
 
 std::optional<std::string> ProjectOnDisk::TakeBack(std::string_view name) {
   Entry* entry = FindEntry(codePage_.Encode(name));
-  if (!entry || !entry->Document || !entry->Document->IsChanged()) {
+  if (!entry || (!entry->IsAdded && (!entry->Document || !entry->Document->IsChanged()))) {
     throw support::InputError(path_ + ": nothing of \"" + std::string(name) + "\" can be taken back; it is as saved");
   }
   std::erase(open_, entry);
   entry->Document.reset();
   std::optional<std::string> before;
-  if (entry->Path.empty()) {
+  if (entry->Path.empty() || entry->IsAdded) {
+    project_.RemoveForm(entry->Path);
+    listedPaths_.erase(entry->Path);
     byName_.erase(entry);
     Release(entry->Name);
     entries_.remove_if([&](const Entry& each) { return &each == entry; });
@@ -224,8 +262,9 @@ std::optional<std::string> ProjectOnDisk::TakeBack(std::string_view name) {
   return before;
 }
 
-// When no form is changed any more, neither is the project file.
+// When no form is changed or added any more, the project file is not either.
 void ProjectOnDisk::RestoreProject() {
+  if (std::ranges::any_of(entries_, &Entry::IsAdded)) return;
   if (std::ranges::any_of(open_, [](const Entry* entry) { return entry->Document->IsChanged(); })) return;
   project_.GoBackTo(ProjectFile(path_, original_).Current());
   libraries_ = {};

@@ -183,13 +183,22 @@ std::size_t ProjectFile::BehindLast(std::string_view key) const {
 
 void ProjectFile::AddForm(std::string_view path) { Insert(state_.NewFormAt, "Form=" + std::string(path)); }
 
-void ProjectFile::ReplaceFormPath(std::string_view oldPath, std::string_view newPath) {
+ProjectFile::Line ProjectFile::FormLine(std::string_view path) const {
   Line found;
   ForEachLine([&](const Line& line) {
-    const bool isIt = runtime::EqualIgnoringCase(KeyOf(line.Text), "Form") && Unquoted(ValueOf(line.Text)) == oldPath;
+    const bool isIt = runtime::EqualIgnoringCase(KeyOf(line.Text), "Form") && Unquoted(ValueOf(line.Text)) == path;
     if (isIt) found = line;
     return !isIt;
   });
+  return found;
+}
+
+void ProjectFile::RemoveForm(std::string_view path) {
+  if (const Line found = FormLine(path); !found.Text.empty()) Replace(found.Start, found.Behind() - found.Start, "");
+}
+
+void ProjectFile::ReplaceFormPath(std::string_view oldPath, std::string_view newPath) {
+  const Line found = FormLine(oldPath);
   if (!found.Text.empty()) Replace(found.Start, found.Text.size(), "Form=" + std::string(newPath));
 }
 

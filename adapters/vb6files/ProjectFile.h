@@ -39,6 +39,7 @@ class ProjectFile {
   const std::string& Name() const { return name_; }
 
   void AddForm(std::string_view path);
+  void RemoveForm(std::string_view path);
   void ReplaceFormPath(std::string_view oldPath, std::string_view newPath);
   void AddObject(std::string_view value);
   // The start-up form and the form whose icon the program has follow a renamed form.
@@ -74,6 +75,7 @@ class ProjectFile {
   [[noreturn]] void RefuseAsNoProject(const std::string& path) const;
   void ReadItem(const std::string& path, std::string_view key, std::string_view value, std::size_t number);
   void ReadSetting(const Line& line);
+  Line FormLine(std::string_view path) const;  // empty when there is none
   void Replace(std::size_t at, std::size_t count, std::string_view text);
   void Insert(std::size_t at, std::string_view line);
   std::size_t BehindLast(std::string_view key) const;  // 0 when there is no such line

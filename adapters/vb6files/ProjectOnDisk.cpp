@@ -103,9 +103,10 @@ std::vector<ComponentSummary> ProjectOnDisk::Summaries() const {
   std::vector<ComponentSummary> summaries;
   summaries.reserve(entries_.size());
   for (const Entry& entry : entries_) {
-    const bool isChanged = entry.Document && (entry.Path.empty() || entry.Document->IsChanged());
+    const bool isChanged = entry.IsAdded || (entry.Document && (entry.Path.empty() || entry.Document->IsChanged()));
     summaries.push_back({codePage_.Decode(entry.Name), entry.Path.empty() ? "" : projectFiles_.PathOf(entry.Path),
                          entry.IsForm, entry.Group, isChanged});
+    summaries.back().IsAdded = entry.IsAdded;
     const auto unread = unread_.find(&entry);
     if (unread == unread_.end()) continue;
     summaries.back().IsGone = unread->second.IsGone;

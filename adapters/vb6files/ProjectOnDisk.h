@@ -43,6 +43,7 @@ struct ComponentSummary {
   bool IsChanged;            // since it was read or saved; a new form always is
   bool IsGone = false;       // its file is not there
   std::string Problem = {};  // why it cannot be read, with the remedy; a form then goes by the name of its file
+  bool IsAdded = false;      // its file was there before, and the project has it since it was read or saved
 };
 
 class ProjectOnDisk : public generator::ide::Vbe,
@@ -97,6 +98,11 @@ class ProjectOnDisk : public generator::ide::Vbe,
   // Finishes what is open and saves. A project in which nothing changed is not touched. support::SaveError with every
   // file as it was before; what was not finished before is still open then, so that saving can be tried again.
   void Save();
+
+  // Adds a form whose file is on the disk, with the control libraries that it names and the project lacks. The path is
+  // one of the project file, "Forms\\frmPerson.frm". support::InputError for a file that is not there or no form, and
+  // where the project has a component of that name.
+  void AddFormFile(std::string_view projectPath);
 
   // Takes back what was made of a component and not saved: a new form leaves the project, a form that was filled
   // becomes what its file holds again. What was called so, or nothing for a new form; InputError for a name that the
@@ -156,6 +162,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
     ComponentGroup Group;
     std::shared_ptr<FormDocument> Document;  // null until it is asked for, and again when it is finished
     bool IsFinished = false;
+    bool IsAdded = false;                     // by its file, which was there
     generator::ide::Int32 ControlCount = {};  // of a finished form
   };
   struct NameHash : CaselessHash {
@@ -204,6 +211,7 @@ class ProjectOnDisk : public generator::ide::Vbe,
   Entry* FindEntry(std::string_view bytes) const;
   FormDocument& DocumentOf(Entry& entry);
   std::shared_ptr<generator::ide::VBControls> ControlsOf(Entry& entry);
+  void AddLibrary(std::string_view value);
   void Rename(Entry& entry, std::string_view name);
   void ChangeName(Entry& entry, std::string_view bytes);
   void RestoreProject();

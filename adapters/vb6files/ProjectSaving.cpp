@@ -111,6 +111,7 @@ void ProjectOnDisk::FinishAndCommit() {
   put_.clear();
   if (!project_.IsChanged()) return;
   project_.MarkSaved();
+  for (Entry& entry : entries_) entry.IsAdded = false;
   std::string old = std::exchange(original_, project_.Text());
   Announce(path_, std::move(old), project_.Text());
 }

@@ -51,10 +51,14 @@ Environment::Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions 
 
 Environment::~Environment() { wizard_.IDTExtensibility_OnDisconnection(); }
 
-void Environment::OpenProject(const std::string& path) {
+adapters::vb6files::ProjectOptions Environment::ProjectOptions() const {
+  const int usual = options_.CodePage.value_or(UsualCodePage);
+  return {project_ ? project_->ProjectCodePage().Number() : usual, options_.Toolbox};
+}
+
+void Environment::OpenProject(const std::string& path, int codePage) {
   auto project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
-      system::RealFileSystem(), common::Resolved(path),
-      adapters::vb6files::ProjectOptions{options_.CodePage, options_.Toolbox});
+      system::RealFileSystem(), common::Resolved(path), adapters::vb6files::ProjectOptions{codePage, options_.Toolbox});
   static_cast<void>(project->Summaries());  // a component that cannot be read is found now
   ForgetProject();
   project_ = std::move(project);
@@ -132,13 +136,19 @@ std::vector<NewForms::NotKept> Environment::Save() {
 std::vector<adapters::vb6files::ComponentSummary> Environment::Summaries() const {
   std::vector<adapters::vb6files::ComponentSummary> summaries = project_->Summaries();
   for (adapters::vb6files::ComponentSummary& each : summaries) {
-    each.IsChanged = each.IsChanged || updates_.Find(each.Name) != nullptr;
+    each.IsChanged = each.IsChanged || updates_.Find(each.Name) || updates_.IsReleased(each.Name);
   }
   return summaries;
 }
 
+void Environment::AddFormFile(const std::string& projectPath) {
+  project_->AddFormFile(projectPath);
+  keptForms_.reset();  // which know the components
+}
+
 std::string Environment::TakeBack(const std::string& component) {
   if (updates_.TakeBack(component)) return component;
+  keptForms_.reset();
   wizard_.State().NewComponent.reset();
   return project_->TakeBack(component).value_or("");
 }
@@ -205,6 +215,7 @@ void Environment::RunCommand(const std::function<void()>& command) {
     command();
     if (wizard_.State().NewComponent && wizard_.State().NewComponent != before) RememberChoices();
   });
+  keptForms_.reset();  // which know the components
   if (OnAddInDone) OnAddInDone();
 }
 
@@ -218,6 +229,7 @@ void Environment::RememberChoices() {
   choices.Source = NewComponentName();
   if (!options_.Language.empty()) choices.Language = {options_.Language, {}};
   newForms_.Add(NewComponentName(), std::move(choices));
+  if (updates_.IsReleased(NewComponentName())) updates_.TakeBack(NewComponentName());
 }
 
 wizard::WizardPorts Environment::Ports() {

@@ -18,6 +18,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,8 @@ namespace formwizard::apps::desktop {
 
 struct EnvironmentOptions {
   std::string Profile, Language, Toolbox;
-  int CodePage = 1252;
-  std::string Memory = "";  // the file of what the program remembers; empty: nothing
+  std::optional<int> CodePage = {};  // of all projects; nothing: each has its own
+  std::string Memory = "";           // the file of what the program remembers; empty: nothing
   std::string Cache = "";  // the folder of dictionaries that are imported from JSON; empty: the system's for the moment
 };
 
@@ -36,8 +37,12 @@ class Environment : public generator::ide::Application {
   Environment(QWidget& window, QMenu& addInsMenu, EnvironmentOptions options);
   ~Environment() override;
 
+  static constexpr int UsualCodePage = 1252;
+
   // Each raises support::InputError and leaves what was open. The open project is given up unsaved.
-  void OpenProject(const std::string& path);
+  void OpenProject(const std::string& path, int codePage);
+  // As it stands on the disk.
+  void OpenProjectAgain() { OpenProject(project_->Path(), project_->ProjectCodePage().Number()); }
   // Also in JSON.
   void OpenDictionary(const std::string& path);
   // Whether its file is another one by now; false when it is gone.
@@ -45,14 +50,19 @@ class Environment : public generator::ide::Application {
   // For this project and those that are opened later.
   void UseToolbox(const std::string& path);
   void CloseProject();
+  // See ProjectOnDisk::AddFormFile.
+  void AddFormFile(const std::string& projectPath);
   // Takes back what was made of a component and not saved; the name that it has now, empty when it is gone.
   std::string TakeBack(const std::string& component);
 
   // Empty for none.
   const std::string& DictionaryPath() const { return dictionaryPath_; }
   const std::string& ToolboxPath() const { return options_.Toolbox; }
-  // With which projects are opened.
-  adapters::vb6files::ProjectOptions ProjectOptions() const { return {options_.CodePage, options_.Toolbox}; }
+  // With which the project was opened, or one would be.
+  adapters::vb6files::ProjectOptions ProjectOptions() const;
+  // Of the options; nothing once another one was chosen for a project.
+  const std::optional<int>& CodePageGiven() const { return options_.CodePage; }
+  void ForgetCodePageGiven() { options_.CodePage.reset(); }
   // The ProgIDs that the toolbox knows; none when it cannot be read any more.
   std::vector<std::string> ToolboxControls() const;
   // Whether a form that is made can have the query control.

@@ -110,7 +110,8 @@ void AddOptions(QCommandLineParser& parser) {
         "configuration folder).",
         "FILE"},
        {"language", "The language of the texts: DEU, de, de_DE or german.", "LANGUAGE"},
-       {"code-page", "The Windows code page of the project's files (default: 1252).", "N", "1252"},
+       {"code-page",
+        "The Windows code page of the project's files (default: the one that was chosen for it, else 1252).", "N"},
        {"toolbox", "A project that uses the query control, or a file of control libraries.", "FILE"},
        {"wizard", "Open the wizard at once."},
        {"render", "Draw the form file into a picture (PNG or SVG) and end; needs no display.", "FORM.frm"}});
@@ -164,12 +165,13 @@ int Run(int argc, char** argv) {
   if (parser.isSet("version")) return Print("ostrel-form-wizard-desktop " FORMWIZARD_VERSION "\n");
   bool isNumber = false;
   const int codePage = parser.value("code-page").toInt(&isNumber);
-  if (!isNumber) return Misused("--code-page takes a number such as 1252");
+  if (parser.isSet("code-page") && !isNumber) return Misused("--code-page takes a number such as 1252");
 
   const QStringList files = parser.positionalArguments();
   if (parser.isSet("render")) {
     if (files.size() != 1) return Misused("--render takes a form and a picture: FORM.frm PICTURE.png (or .svg)");
-    return Render(Given(parser.value("render")), Given(files.front()), codePage);
+    return Render(Given(parser.value("render")), Given(files.front()),
+                  parser.isSet("code-page") ? codePage : Environment::UsualCodePage);
   }
   if (files.size() > 1) return Misused("one project can be open at a time");
   if (parser.isSet("wizard") && files.isEmpty()) return Misused("--wizard takes a project: --wizard PROJECT.vbp");
@@ -187,7 +189,7 @@ int Run(int argc, char** argv) {
   MainWindow window({.Profile = value("profile"),
                      .Language = language,
                      .Toolbox = value("toolbox"),
-                     .CodePage = codePage,
+                     .CodePage = parser.isSet("code-page") ? std::optional(codePage) : std::nullopt,
                      .Memory = root.empty() ? "" : system::Utf8(root / "ostrel-form-wizard" / "desktop.ini"),
                      .Cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation).toStdString()});
   window.show();

@@ -250,6 +250,13 @@ void KeptForms::Put(const KeptForm& form, const kept::Update& update) {
           project_);
 }
 
+void KeptForms::Release(const std::string& name) {
+  const KeptTexts old = folder_.Read(name);
+  project_.Put(folder_.FileOf(name, ".json"), std::nullopt, old.Json);
+  project_.Put(folder_.FileOf(name, ".frm"), std::nullopt, old.Frm);
+  project_.Put(folder_.FileOf(name, ".frx"), std::nullopt, old.Frx);
+}
+
 Taken KeptForms::Keep(const FormDescription& description, const std::string& form) {
   const std::string* const component = NameInProject(form);
   if (!component) {

@@ -51,6 +51,9 @@ class KeptForms {
   // Has the project write the form as updated and its kept texts when it is saved.
   void Put(const KeptForm& form, const kept::Update& update);
 
+  // Has the project take the files of a form out of the folder when it is saved: it is kept no longer.
+  void Release(const std::string& name);
+
   // Takes up a form of the project as one that the description has given: the project writes its kept texts when it is
   // saved.
   Taken Keep(const FormDescription& description, const std::string& form);

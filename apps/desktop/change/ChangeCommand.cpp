@@ -44,7 +44,8 @@ void ChangeCommand::SetComponent(const adapters::vb6files::ComponentSummary* com
   if (!form_.empty()) {
     const system::FileSystem& files = system::RealFileSystem();
     const forms::KeptFolder folder(files, environment_.Project()->Path());
-    isKept = files.KindOf(folder.FileOf(form_, ".json")) == system::FileKind::File;
+    isKept = files.KindOf(folder.FileOf(form_, ".json")) == system::FileKind::File &&
+             !environment_.Updates().IsReleased(form_);
   }
   actions_.Enable(Command::ChangeForm, isKept);
 }

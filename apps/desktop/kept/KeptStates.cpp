@@ -5,6 +5,7 @@
 #include "vbtext/Lines.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 
 #include <algorithm>
 #include <utility>
@@ -12,7 +13,8 @@
 namespace formwizard::apps::desktop {
 namespace {
 
-constexpr int WhileUsed = 200;  // milliseconds until it is seen again whether a dialog is open
+// Milliseconds: until it is seen again whether a dialog is open, and of looking at one form after the other.
+constexpr int WhileUsed = 200, Slice = 10;
 
 }  // namespace
 
@@ -21,15 +23,20 @@ KeptStates::KeptStates(std::function<Source()> source) : source_(std::move(sourc
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Step(); });
 }
 
-void KeptStates::Start(const std::string& shown) {
-  first_ = runtime::LowerCase(shown);
+void KeptStates::Start() {
   hasBegun_ = false;
   timer_.start(0);
+}
+
+void KeptStates::Prefer(std::vector<std::string> forms) {
+  for (std::string& form : forms) form = runtime::LowerCase(form);
+  preferred_ = std::move(forms);
 }
 
 void KeptStates::Clear() {
   timer_.stop();
   waiting_.clear();
+  preferred_.clear();
   known_.clear();
   names_.clear();
 }
@@ -55,19 +62,41 @@ void KeptStates::Begin() {
   const Source source = source_();
   std::map<std::string, std::string> names;
   if (source.Forms) {
-    for (const std::string& form : source.Forms->Meant({})) names.emplace(runtime::LowerCase(form), form);
+    for (const std::string& form : source.Forms->Meant({})) {
+      if (!source.Updates->IsReleased(form)) names.emplace(runtime::LowerCase(form), form);
+    }
   }
   for (const auto& [key, name] : std::exchange(names_, std::move(names))) {
     if (names_.contains(key)) continue;
     known_.erase(key);
     OnStanding(name, nullptr);
   }
-  if (!source.HasDictionary) return;
-  for (const auto& [key, name] : names_) waiting_.push_back(name);
-  std::ranges::reverse(waiting_);
-  const auto first =
-      std::ranges::find(waiting_, first_, [](const std::string& form) { return runtime::LowerCase(form); });
-  if (first != waiting_.end()) std::rotate(first, first + 1, waiting_.end());
+  std::set<std::string> missing;
+  for (const auto& [key, name] : names_) {
+    const bool isMissing = !source.IsInProject(name);
+    if (isMissing) missing.insert(name);
+    const auto known = known_.find(key);
+    if (!isMissing && !source.HasDictionary && known != known_.end() && known->second.State.IsMissing) {
+      known_.erase(known);
+      OnStanding(name, nullptr);
+    }
+    if (source.HasDictionary || isMissing) waiting_.insert(key);
+  }
+  OnMissing(std::move(missing));
+}
+
+std::string KeptStates::Next() {
+  for (; !preferred_.empty(); preferred_.pop_back()) {
+    if (const auto found = waiting_.find(preferred_.back()); found != waiting_.end())
+      return names_.at(waiting_.extract(found).value());
+  }
+  return names_.at(waiting_.extract(waiting_.begin()).value());
+}
+
+void KeptStates::LookAtNext() {
+  const std::string form = Next();
+  const Standing& known = known_[runtime::LowerCase(form)] = Look(source_(), form);
+  OnStanding(form, &known);
 }
 
 Standing KeptStates::Look(const Source& source, const std::string& form) {
@@ -94,11 +123,8 @@ void KeptStates::Step() {
   try {
     if (!hasBegun_) {
       Begin();
-    } else if (!waiting_.empty()) {
-      const std::string form = std::move(waiting_.back());
-      waiting_.pop_back();
-      const Standing& known = known_[runtime::LowerCase(form)] = Look(source_(), form);
-      OnStanding(form, &known);
+    } else {
+      for (const QDeadlineTimer end(Slice); !waiting_.empty() && !end.hasExpired();) LookAtNext();
     }
   } catch (const support::InputError& error) {
     Clear();

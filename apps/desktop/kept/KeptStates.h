@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,15 +29,18 @@ class KeptStates {
   struct Source {
     forms::KeptForms* Forms = nullptr;
     const UnsavedUpdates* Updates = nullptr;
-    bool HasDictionary = false;  // without one only the names are known
+    bool HasDictionary = false;  // without one only the names are known, and what the project lacks
+    std::function<bool(const std::string& form)> IsInProject = [](const auto&) { return true; };
   };
 
   // The source is asked before each step, and may throw support::InputError.
   explicit KeptStates(std::function<Source()> source);
 
-  // Looks at all forms anew, the one that is `shown` first, a form each time that nothing else is to be done. What was
-  // known stays until it is known better.
-  void Start(const std::string& shown);
+  // Looks at all forms anew, a few each time that nothing else is to be done. What was known stays until it is known
+  // better.
+  void Start();
+  // These are looked at before all others, the last one first.
+  void Prefer(std::vector<std::string> forms);
   // Nothing is known any more, and nothing is worked out.
   void Clear();
   bool IsDone() const { return !timer_.isActive(); }
@@ -50,6 +54,8 @@ class KeptStates {
   // Those that are kept, known or not.
   std::size_t KeptCount() const { return names_.size(); }
 
+  // Which of them the project lacks, before any state is known.
+  std::function<void(std::set<std::string> missing)> OnMissing = [](const auto&) {};
   // Something is known of a form; null for one that is kept no longer.
   std::function<void(const std::string& form, const Standing*)> OnStanding = [](const auto&, const Standing*) {};
   // All that is kept is known; what could not be read, if it was all of it.
@@ -58,14 +64,17 @@ class KeptStates {
  private:
   void Step();
   void Begin();
+  std::string Next();
+  void LookAtNext();
   static Standing Look(const Source& source, const std::string& form);
 
   std::function<Source()> source_;
   QTimer timer_;
   bool hasBegun_ = false;
-  std::string first_;
-  std::vector<std::string> waiting_;       // the next one at the end
-  std::map<std::string, Standing> known_;  // by the name in small letters
+  // All are by names in small letters.
+  std::set<std::string> waiting_;
+  std::vector<std::string> preferred_;  // the next one at the end; what does not wait is passed over
+  std::map<std::string, Standing> known_;
   std::map<std::string, std::string> names_;
 };
 

@@ -17,14 +17,29 @@ void UnsavedUpdates::Take(const std::vector<UpdateChoices>& decided, const QDate
   ++commands_;
   for (const UpdateChoices& each : decided) {
     TakeBack(each.Form().Name);
-    updated_.push_back({{each.Form(), each.Result()}, commands_, now});
+    updated_.push_back({each.Form().Name, Updated{each.Form(), each.Result()}, commands_, now});
   }
 }
 
-const UnsavedUpdates::Updated* UnsavedUpdates::Find(const std::string& form) const {
+void UnsavedUpdates::Release(const std::string& form, const QDateTime& now) {
+  TakeBack(form);
+  updated_.push_back({form, std::nullopt, ++commands_, now});
+}
+
+const UnsavedUpdates::Entry* UnsavedUpdates::EntryOf(const std::string& form) const {
   const auto found =
-      std::ranges::find_if(updated_, [&](const Entry& each) { return vbtext::IsSameName(each.Form.Form.Name, form); });
-  return found == updated_.end() ? nullptr : &found->Form;
+      std::ranges::find_if(updated_, [&](const Entry& each) { return vbtext::IsSameName(each.Name, form); });
+  return found == updated_.end() ? nullptr : &*found;
+}
+
+bool UnsavedUpdates::IsReleased(const std::string& form) const {
+  const Entry* entry = EntryOf(form);
+  return entry && !entry->Form;
+}
+
+const UnsavedUpdates::Updated* UnsavedUpdates::Find(const std::string& form) const {
+  const Entry* entry = EntryOf(form);
+  return entry && entry->Form ? &*entry->Form : nullptr;
 }
 
 forms::KeptForm UnsavedUpdates::Look(forms::KeptForms& forms, const std::string& form, bool lists) const {
@@ -35,13 +50,13 @@ forms::KeptForm UnsavedUpdates::Look(forms::KeptForms& forms, const std::string&
 std::vector<std::string> UnsavedUpdates::LastForms() const {
   std::vector<std::string> names;
   for (const Entry& each : updated_) {
-    if (each.Command == updated_.back().Command) names.push_back(each.Form.Form.Name);
+    if (each.Command == updated_.back().Command) names.push_back(each.Name);
   }
   return names;
 }
 
 bool UnsavedUpdates::TakeBack(const std::string& form) {
-  return std::erase_if(updated_, [&](const Entry& each) { return vbtext::IsSameName(each.Form.Form.Name, form); }) > 0;
+  return std::erase_if(updated_, [&](const Entry& each) { return vbtext::IsSameName(each.Name, form); }) > 0;
 }
 
 void UnsavedUpdates::TakeBackLast() {
@@ -67,7 +82,13 @@ UpdateChoices::Decisions UnsavedUpdates::DecisionsOn(const forms::KeptForm& form
 }
 
 void UnsavedUpdates::PutInto(forms::KeptForms& forms) const {
-  for (const Entry& each : updated_) forms.Put(each.Form.Form, each.Form.Update);
+  for (const Entry& each : updated_) {
+    if (each.Form) {
+      forms.Put(each.Form->Form, each.Form->Update);
+    } else {
+      forms.Release(each.Name);
+    }
+  }
 }
 
 }  // namespace formwizard::apps::desktop

@@ -1,4 +1,4 @@
-// The updates of kept forms that the user has taken and not saved.
+// What the user has done to kept forms and not saved: updates that were taken, and forms that are kept no longer.
 #pragma once
 
 #include "apps/desktop/kept/UpdateChoices.h"
@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,8 +27,12 @@ class UnsavedUpdates {
   // what stands on the disk.
   void Take(const std::vector<UpdateChoices>& decided, const QDateTime& now = QDateTime::currentDateTime());
 
+  // The form is kept no longer: its kept texts go. It has no update.
+  void Release(const std::string& form, const QDateTime& now = QDateTime::currentDateTime());
+  bool IsReleased(const std::string& form) const;
+
   bool IsEmpty() const { return updated_.empty(); }
-  // By the name of the form; null for none.
+  // By the name of the form; null for none, also where the form is only kept no longer.
   const Updated* Find(const std::string& form) const;
   // As KeptForms::Look, by the choices of its update where the form has one. What it was updated to shows nowhere.
   forms::KeptForm Look(forms::KeptForms& forms, const std::string& form, bool lists = true) const;
@@ -51,8 +56,9 @@ class UnsavedUpdates {
 
  private:
   struct Entry {
-    Updated Form;
-    int Command;  // counted, so that one command's are told from the next one's
+    std::string Name;
+    std::optional<Updated> Form;  // nothing where it is kept no longer
+    int Command;                  // counted, so that one command's are told from the next one's
     QDateTime Time;
   };
 
@@ -60,6 +66,8 @@ class UnsavedUpdates {
     std::uint64_t Mine;  // the sum of the form that was decided on
     UpdateChoices::Decisions Choices;
   };
+
+  const Entry* EntryOf(const std::string& form) const;
 
   std::vector<Entry> updated_;              // the last command's at the end
   std::map<std::string, Decided> decided_;  // by the names of forms

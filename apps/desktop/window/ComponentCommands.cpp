@@ -60,12 +60,13 @@ void ComponentCommands::Remove() {
   const ProjectModel::Component chosen = *tree_.Chosen();
   const QString name = Text(chosen.Name);
   const bool isNew = chosen.File.empty();
-  const QString what = isNew ? texts_(T::NeverSaved, name)
-                             : texts_(T::WillBeAgain, name, QFileInfo(Text(chosen.File)).completeBaseName());
+  const QString what = isNew            ? texts_(T::NeverSaved, name)
+                       : chosen.IsAdded ? texts_(T::LeavesProject, name)
+                                        : texts_(T::WillBeAgain, name, QFileInfo(Text(chosen.File)).completeBaseName());
   const std::size_t answer = Ask(window_, texts_,
                                  {.Title = T::TitleRemoveForm,
                                   .What = what,
-                                  .Buttons = {isNew ? T::ButtonRemove : T::ButtonTakeBack, T::Cancel},
+                                  .Buttons = {isNew || chosen.IsAdded ? T::ButtonRemove : T::ButtonTakeBack, T::Cancel},
                                   .Default = 1});
   if (answer != 0) return;
   files_.Try(T::TitleRemoveForm, texts_(T::SomethingFailed), [&] { OnTakenBack(environment_.TakeBack(chosen.Name)); });

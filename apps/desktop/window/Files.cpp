@@ -3,6 +3,7 @@
 #include "adapters/qt/Text.h"
 #include "apps/common/Endings.h"
 #include "apps/desktop/basics/Messages.h"
+#include "apps/desktop/window/CodePages.h"
 #include "apps/desktop/window/Sample.h"
 #include "support/Failures.h"
 
@@ -10,6 +11,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 namespace formwizard::apps::desktop {
 namespace {
@@ -39,7 +42,7 @@ bool Files::OpenProject(const QString& path) {
   if (!MayGiveUp()) return false;
   OnLeave();
   try {
-    environment_.OpenProject(Utf8(path));
+    environment_.OpenProject(Utf8(path), CodePageFor(memory_.Of(path)));
   } catch (...) {
     const QString why = Text(common::CurrentFailure("").Message);
     const std::size_t answer = Ask(window_, texts_,
@@ -58,6 +61,13 @@ bool Files::OpenProject(const QString& path) {
   OnTools();
   OnDone(texts_(T::Opened, NameOf(path)));
   return true;
+}
+
+// One that is not known any more is none.
+int Files::CodePageFor(const ProjectMemory& memory) const {
+  const int remembered = memory.CodePage.toInt();
+  const bool isKnown = std::ranges::count(CodePages(), remembered) > 0;
+  return environment_.CodePageGiven().value_or(isKnown ? remembered : Environment::UsualCodePage);
 }
 
 // Where nothing is open yet, what the project was used with; a file that is gone is no failure.
@@ -117,6 +127,8 @@ void Files::Remember() {
   ProjectMemory memory = memory_.Of(project);
   memory.Dictionary = Absolute(environment_.DictionaryPath());
   memory.Toolbox = Absolute(environment_.ToolboxPath());
+  const int codePage = environment_.Project()->ProjectCodePage().Number();
+  memory.CodePage = codePage == Environment::UsualCodePage ? "" : QString::number(codePage);
   memory_.Keep(project, memory);
 }
 
@@ -161,6 +173,21 @@ bool Files::AskForDictionary() {
 bool Files::AskForToolbox() {
   const QString path = AskForFile(T::TitleToolbox, {T::FilterToolboxes, T::FilterAll});
   return !path.isEmpty() && UseToolbox(path);
+}
+
+bool Files::ChooseCodePage() {
+  const std::string path = environment_.Project()->Path();
+  const int current = environment_.Project()->ProjectCodePage().Number();
+  const std::optional<int> chosen = AskForCodePage(window_, texts_, NameOf(Text(path)), current);
+  if (!chosen || *chosen == current || !MayGiveUp()) return false;
+  const bool isOpen = Try(T::ChooseCodePage, texts_(T::CannotBeOpened, NameOf(Text(path))),
+                          [&] { environment_.OpenProject(path, *chosen); });
+  if (!isOpen) return false;
+  environment_.ForgetCodePageGiven();
+  Remember();
+  OnProject("");
+  OnDone(texts_(T::Opened, NameOf(Text(path))));
+  return true;
 }
 
 void Files::CloseProject() {
@@ -218,7 +245,7 @@ void Files::OfferReload(const QString& name, const std::string& why) {
                                   .Why = Text(why) + "\n" + texts_(T::ReloadLoses),
                                   .Buttons = {T::ButtonReload, T::Cancel},
                                   .Default = 1});
-  if (answer == 0) environment_.OpenProject(environment_.Project()->Path());
+  if (answer == 0) environment_.OpenProjectAgain();
 }
 
 bool Files::MayGiveUp() {

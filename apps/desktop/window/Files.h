@@ -33,6 +33,8 @@ class Files {
   bool AskForProject();
   bool AskForDictionary();
   bool AskForToolbox();
+  // Asks for the code page of the project, and opens it once more in that one.
+  bool ChooseCodePage();
   void CloseProject();
   // Asks for a folder, and opens a copy of the sample there.
   bool TrySample();
@@ -58,6 +60,7 @@ class Files {
 
  private:
   QString AskForFile(T title, std::initializer_list<T> filters);
+  int CodePageFor(const ProjectMemory& memory) const;
   void OpenRemembered(const ProjectMemory& memory);
   void Remember();
   // Of a save that another program was in the way of.

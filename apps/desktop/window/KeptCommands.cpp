@@ -7,6 +7,7 @@
 #include "support/Messages.h"
 #include "vbtext/Document.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace formwizard::apps::desktop {
@@ -26,8 +27,14 @@ KeptCommands::KeptCommands(const KeptParts& parts)
       texts_(parts.Words),
       states_([this] { return Source(); }),
       update_(
-          {parts.Window, parts.Words, parts.Commands, parts.Project, parts.Opened, parts.Tree, states_, parts.Status}) {
+          {parts.Window, parts.Words, parts.Commands, parts.Project, parts.Opened, parts.Tree, states_, parts.Status}),
+      missing_(parts, states_) {
   states_.OnStanding = [this](const std::string& form, const Standing* standing) { Told(form, standing); };
+  states_.OnMissing = [this](std::set<std::string> missing) {
+    parts_.Tree.SetMissing(std::move(missing));
+    PreferSeen();
+  };
+  parts_.Tree.OnScrolled = [this] { PreferSeen(); };
   states_.OnDone = [this](const std::string& problem) { TellChecked(problem); };
   parts_.Commands.On(Command::CheckAgainstDictionary, [this] { CheckAgain(); });
   CarryOutKeeping();
@@ -46,7 +53,8 @@ void KeptCommands::CarryOutKeeping() {
 
 KeptStates::Source KeptCommands::Source() const {
   if (!parts_.Project.Project()) return {};
-  return {&parts_.Project.KeptForms(), &parts_.Project.Updates(), !parts_.Project.DictionaryPath().empty()};
+  return {&parts_.Project.KeptForms(), &parts_.Project.Updates(), !parts_.Project.DictionaryPath().empty(),
+          [this](const std::string& form) { return names_.contains(runtime::LowerCase(form)); }};
 }
 
 void KeptCommands::Check() {
@@ -56,10 +64,20 @@ void KeptCommands::Check() {
   project_ = project ? project->Path() : "";
   names_.clear();
   update_.Enable();
+  missing_.Enable();
   if (!project) return;
-  for (const ProjectModel::Component& each : project->Summaries())
-    names_.emplace(runtime::LowerCase(each.Name), each.Name);
-  states_.Start(parts_.Tree.Chosen() ? parts_.Tree.Chosen()->Name : "");
+  for (const ProjectModel::Component& each : project->Summaries()) {
+    if (each.IsForm) names_.emplace(runtime::LowerCase(each.Name), each.Name);
+  }
+  states_.Start();
+}
+
+// What the user looks at comes first.
+void KeptCommands::PreferSeen() {
+  std::vector<std::string> names = parts_.Tree.SeenNames();
+  std::ranges::reverse(names);
+  names.push_back(parts_.Tree.ChosenName());
+  states_.Prefer(std::move(names));
 }
 
 // The dictionary and what is shown are read again, too.
@@ -73,22 +91,32 @@ void KeptCommands::CheckAgain() {
 
 void KeptCommands::Told(const std::string& form, const Standing* standing) {
   const auto found = names_.find(runtime::LowerCase(form));
-  if (found == names_.end()) return;  // the project has it no longer
-  const std::string& name = found->second;
-  parts_.Tree.SetState(name, standing ? KeptState{IconsOf(*standing), WordsOf(*standing, texts_)} : KeptState{});
-  if (parts_.Tree.Chosen() && parts_.Tree.Chosen()->Name == name) ShowStanding();
+  const std::string& name = found == names_.end() ? form : found->second;
+  KeptState state;
+  if (standing) {
+    const std::string& why = standing->Problem.empty() ? standing->State.Reason : standing->Problem;
+    state = {IconsOf(*standing), WordsOf(*standing, texts_), Text(support::Shortened(why))};
+  }
+  parts_.Tree.SetState(name, state);
+  if (parts_.Tree.ChosenName() == name) ShowStanding();
 }
 
 void KeptCommands::TellChecked(const std::string& problem) {
   update_.Enable();
-  if (!std::exchange(isAskedFor_, false)) return;
-  if (!problem.empty()) {
-    return Tell(parts_.Window, texts_, T::CheckAgainstDictionary, texts_(T::SomethingFailed), Text(problem));
-  }
+  missing_.Enable();
+  TellProblem(Text(support::Shortened(problem)));
+  if (!std::exchange(isAskedFor_, false) || !problem.empty()) return;
   const auto number = [](std::size_t count) { return QString::number(count); };
   parts_.Status.Say(states_.Count() == 0
                         ? texts_(T::KeptNone)
                         : texts_(T::KeptChecked, number(states_.Outdated().size()), number(states_.Count())));
+}
+
+// Not again what was told last; what holds no longer goes.
+void KeptCommands::TellProblem(const QString& problem) {
+  if (problem == std::exchange(problem_, problem) && !isAskedFor_) return;
+  if (problem.isEmpty()) return parts_.Notice.Clear();
+  parts_.Notice.Say("missing", problem.toHtmlEscaped());
 }
 
 const Standing* KeptCommands::Chosen() const {
@@ -102,6 +130,8 @@ void KeptCommands::ShowChosen() {
 
 void KeptCommands::ShowStanding() {
   update_.Enable();
+  missing_.Enable();
+  if (!parts_.Tree.ChosenMissing().empty()) return missing_.ShowChosen();
   const ProjectModel::Component* chosen = parts_.Tree.Chosen();
   if (!chosen || !chosen->IsForm) return;
   const Standing* standing = Chosen();

@@ -1,40 +1,15 @@
 // The commands on kept forms, and what the window shows of how these stand.
 #pragma once
 
-#include "apps/desktop/Environment.h"
-#include "apps/desktop/basics/Texts.h"
-#include "apps/desktop/code/CodePane.h"
-#include "apps/desktop/formview/FormView.h"
 #include "apps/desktop/kept/KeptStates.h"
-#include "apps/desktop/window/Actions.h"
-#include "apps/desktop/window/Files.h"
-#include "apps/desktop/window/FormPage.h"
-#include "apps/desktop/window/Memory.h"
-#include "apps/desktop/window/Panes.h"
-#include "apps/desktop/window/ProjectTree.h"
-#include "apps/desktop/window/StatusLine.h"
+#include "apps/desktop/window/KeptParts.h"
+#include "apps/desktop/window/MissingCommands.h"
 #include "apps/desktop/window/UpdateCommands.h"
 
 #include <map>
 #include <string>
 
 namespace formwizard::apps::desktop {
-
-// The parts of the window in which they show; all must outlive the commands.
-struct KeptParts {
-  QWidget& Window;
-  const Texts& Words;
-  Actions& Commands;
-  Environment& Project;
-  Files& Opened;
-  Memory& Remembered;
-  ProjectTree& Tree;
-  FormPage& Page;
-  FormView& Form;
-  CodePane& Code;
-  Panes& Around;
-  StatusLine& Status;
-};
 
 class KeptCommands {
  public:
@@ -50,9 +25,11 @@ class KeptCommands {
   KeptStates::Source Source() const;
   const Standing* Chosen() const;
   void ShowStanding();
+  void PreferSeen();
   void CheckAgain();
   void CarryOutKeeping();
   void Told(const std::string& form, const Standing* standing);
+  void TellProblem(const QString& problem);
   void TellChecked(const std::string& problem);
   void Mark(const std::string& form, const kept::State& state);
   void TellInBar(const std::string& form, const Standing& standing);
@@ -61,9 +38,11 @@ class KeptCommands {
   const Texts& texts_;
   KeptStates states_;
   UpdateCommands update_;
+  MissingCommands missing_;
   std::string project_;                       // whose states are known
-  std::map<std::string, std::string> names_;  // of its components, by those in small letters
+  std::map<std::string, std::string> names_;  // of its forms, by those in small letters
   QString toldInBar_;                         // of the component that is shown
+  QString problem_;                           // why nothing is known of any, as it was told
   bool isAskedFor_ = false;                   // how many are outdated
 };
 

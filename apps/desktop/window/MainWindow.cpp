@@ -21,6 +21,16 @@ constexpr QSize Opens(1200, 740), Smallest(800, 600);
 constexpr int NarrowBelow = 960;
 constexpr char PreviewKey[] = "window/preview";
 
+QWidget* Below(MessageBar* bar, QWidget* widget) {
+  auto* both = new QWidget;
+  auto* column = new QVBoxLayout(both);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(bar);
+  column->addWidget(widget, 1);
+  return both;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(EnvironmentOptions options)
@@ -44,7 +54,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
   };
   files_ = std::make_unique<Files>(*this, texts_, *environment_, memory_);
   files_->OnProject = [this](const std::string& component) {
-    const std::string shown = tree_->Chosen() ? tree_->Chosen()->Name : "";  // the tree forgets it
+    const std::string shown = tree_->ChosenName();  // the tree forgets it
     ShowProject(component.empty() ? shown : component);
   };
   files_->OnOpened = [this](const ProjectMemory& memory) {
@@ -61,7 +71,7 @@ MainWindow::MainWindow(EnvironmentOptions options)
       std::make_unique<ComponentCommands>(*this, texts_, *actions_, *environment_, *files_, *tree_, *form_);
   componentCommands_->OnTakenBack = [this](const std::string& component) { ShowProject(component); };
   kept_ = std::make_unique<KeptCommands>(KeptParts{*this, texts_, *actions_, *environment_, *files_, memory_, *tree_,
-                                                   *formPage_, *form_, *code_, *panes_, *status_});
+                                                   *formPage_, *notice_, *form_, *code_, *panes_, *status_});
   CarryOut();
   help_ = std::make_unique<HelpCommands>(*this, texts_, *actions_);
   TakeDrops(*this, [this](const QStringList& files) {  // a dictionary that comes with a project is opened behind it
@@ -118,14 +128,12 @@ void MainWindow::MakeStartPage() {
   pages_ = new QStackedWidget;
   pages_->addWidget(start_);
   missing_ = new MessageBar(texts_);
-  auto* project = new QWidget;
-  auto* column = new QVBoxLayout(project);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  column->addWidget(missing_);
-  column->addWidget(panes_, 1);
-  pages_->addWidget(project);
-  setCentralWidget(pages_);
+  notice_ = new MessageBar(texts_);
+  pages_->addWidget(Below(missing_, panes_));
+  setCentralWidget(Below(notice_, pages_));
+  memory_.OnNotWritten = [this](const QString& file) {
+    notice_->Say("missing", texts_(T::SettingsNotWritten, file).toHtmlEscaped());
+  };
 }
 
 void MainWindow::ConnectAddIns(EnvironmentOptions options) {
@@ -158,6 +166,7 @@ void MainWindow::CarryOut() {
   on(Command::OpenProject, [this] { files_->AskForProject(); });
   on(Command::OpenDictionary, [this] { files_->AskForDictionary(); });
   on(Command::ChooseToolbox, [this] { files_->AskForToolbox(); });
+  on(Command::ChooseCodePage, [this] { files_->ChooseCodePage(); });
   on(Command::SaveProject, [this] { files_->Save(); });
   on(Command::CloseProject, [this] { files_->CloseProject(); });
   on(Command::Quit, [this] { close(); });

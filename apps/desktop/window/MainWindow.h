@@ -52,6 +52,7 @@ class MainWindow : public QMainWindow {
   void OpenLast() { files_->OpenLast(); }
 
   ProjectTree& Tree() { return *tree_; }
+  MessageBar& Notice() { return *notice_; }
   Actions& Commands() { return *actions_; }
   const KeptStates& Kept() const { return kept_->States(); }
   FormPage& Page() { return *formPage_; }
@@ -97,6 +98,7 @@ class MainWindow : public QMainWindow {
   StartPage* start_;
   QStackedWidget* pages_;
   MessageBar* missing_;  // of the project
+  MessageBar* notice_;   // above the pages: what is to be known whatever is looked at
   std::unique_ptr<StatusLine> status_;
   std::unique_ptr<ComponentPages> component_;
   std::unique_ptr<FormCommands> formCommands_;

@@ -57,6 +57,7 @@ void MainWindow::ShowState() {
   const vb6files::ProjectOnDisk* project = environment_->Project();
   const bool isChanged = environment_->IsChanged();
   actions_->Enable(Command::SaveProject, isChanged);
+  actions_->Enable(Command::ChooseCodePage, project != nullptr);
   actions_->Enable(Command::CloseProject, project != nullptr);
   setWindowModified(isChanged);
   QString name = project ? QFileInfo(Text(project->Path())).fileName() : "";

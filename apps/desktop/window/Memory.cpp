@@ -16,7 +16,8 @@ constexpr char RecentPaths[] = "recent/paths", RecentDays[] = "recent/days";
 // The members of what belongs to a project, and their keys.
 constexpr std::array Members{std::pair{"component", &ProjectMemory::Component},
                              std::pair{"dictionary", &ProjectMemory::Dictionary},
-                             std::pair{"toolbox", &ProjectMemory::Toolbox}, std::pair{"zoom", &ProjectMemory::Zoom}};
+                             std::pair{"toolbox", &ProjectMemory::Toolbox}, std::pair{"zoom", &ProjectMemory::Zoom},
+                             std::pair{"codePage", &ProjectMemory::CodePage}};
 
 QString Absolute(const QString& path) { return QFileInfo(path).absoluteFilePath(); }
 
@@ -30,6 +31,8 @@ QString KeyOf(const QString& project, const char* member) {
 
 Memory::Memory(const QString& file) {
   if (!file.isEmpty()) file_ = std::make_unique<QSettings>(file, QSettings::IniFormat);
+  writing_.setSingleShot(true);
+  QObject::connect(&writing_, &QTimer::timeout, &writing_, [this] { Write(); });
 }
 
 QVariant Memory::Value(const QString& key) const { return file_ ? file_->value(key) : values_.value(key); }
@@ -37,11 +40,20 @@ QVariant Memory::Value(const QString& key) const { return file_ ? file_->value(k
 void Memory::Keep(const QString& key, const QVariant& value) {
   if (!file_) {
     values_[key] = value;
-  } else if (value.isNull()) {
+    return;
+  }
+  if (value.isNull()) {
     file_->remove(key);
   } else {
     file_->setValue(key, value);
   }
+  writing_.start(0);
+}
+
+void Memory::Write() {
+  file_->sync();
+  if (file_->status() == QSettings::NoError || std::exchange(isTold_, true)) return;
+  OnNotWritten(file_->fileName());
 }
 
 std::vector<RecentFile> Memory::Recent() const {

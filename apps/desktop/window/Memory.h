@@ -4,8 +4,10 @@
 #include <QDate>
 #include <QSettings>
 #include <QString>
+#include <QTimer>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -18,13 +20,16 @@ struct RecentFile {
 
 // What belongs to one project. Paths are absolute; empty where nothing is remembered.
 struct ProjectMemory {
-  QString Component, Dictionary, Toolbox, Zoom;
+  QString Component, Dictionary, Toolbox, Zoom, CodePage;
 };
 
 class Memory {
  public:
   // Without a file it lasts as long as this object.
   explicit Memory(const QString& file);
+
+  // Called once, when nothing else is to be done after something could not be written.
+  std::function<void(const QString& file)> OnNotWritten = [](const QString&) {};
 
   QVariant Value(const QString& key) const;
   void Keep(const QString& key, const QVariant& value);
@@ -39,10 +44,13 @@ class Memory {
   void Keep(const QString& project, const ProjectMemory& memory);
 
  private:
+  void Write();
   void KeepRecent(const std::vector<RecentFile>& files);
 
   std::unique_ptr<QSettings> file_;
   QVariantMap values_;  // without a file
+  QTimer writing_;
+  bool isTold_ = false;
 };
 
 }  // namespace formwizard::apps::desktop

@@ -4,6 +4,7 @@
 #include "apps/desktop/basics/Icons.h"
 #include "apps/desktop/basics/PlainTip.h"
 #include "apps/desktop/basics/Theme.h"
+#include "runtime/Conversions.h"
 
 #include <QFileInfo>
 #include <QFont>
@@ -39,7 +40,7 @@ constexpr std::array GroupRows{
 constexpr quintptr ProjectId = 0, GroupId = 1, EntryId = 2;
 
 T StateText(const adapters::vb6files::ComponentSummary& entry) {
-  if (entry.IsGone) return T::StateMissing;
+  if (entry.IsGone) return entry.File.empty() ? T::KeptMissing : T::StateMissing;
   if (entry.File.empty()) return T::StateNew;
   return entry.IsChanged ? T::StateChanged : T::StateSaved;
 }
@@ -50,11 +51,24 @@ void ProjectModel::Show(const QString& title, std::vector<Component> components,
                         const std::vector<std::string>& documents) {
   beginResetModel();
   title_ = title;
-  std::array<std::vector<Component>, GroupRows.size()> entries;
-  for (Component& each : components) entries.at(static_cast<std::size_t>(each.Group)).push_back(std::move(each));
+  shown_ = {};
+  for (Component& each : components) shown_.at(static_cast<std::size_t>(each.Group)).push_back(std::move(each));
   for (const std::string& path : documents) {
     const std::string name = adapters::qt::Utf8(QFileInfo(Text(path)).fileName());
-    entries.back().push_back({.Name = name, .File = path, .IsForm = false, .Group = {}, .IsChanged = false});
+    shown_.back().push_back({.Name = name, .File = path, .IsForm = false, .Group = {}, .IsChanged = false});
+  }
+  Fill(shown_);
+  endResetModel();
+}
+
+// What has come into the project meanwhile is missing no longer.
+void ProjectModel::Fill(Groups entries) {
+  for (const Component& each : entries.front()) {
+    std::erase_if(missing_, [&](const auto& name) { return runtime::EqualIgnoringCase(name, each.Name); });
+  }
+  for (const std::string& name : missing_) {
+    entries.front().push_back(
+        {.Name = name, .File = "", .IsForm = false, .Group = {}, .IsChanged = false, .IsGone = true});
   }
   groups_.clear();
   for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -63,11 +77,20 @@ void ProjectModel::Show(const QString& title, std::vector<Component> components,
     std::ranges::sort(entries.at(i), {}, &Component::Name);
     groups_.push_back({row.Title, row.Kind, row.Icon, std::move(entries.at(i))});
   }
+}
+
+bool ProjectModel::SetMissing(std::set<std::string> names) {
+  if (names == missing_) return false;
+  beginResetModel();
+  missing_ = std::move(names);
+  Fill(shown_);
   endResetModel();
+  return true;
 }
 
 void ProjectModel::Clear() {
   states_.clear();
+  missing_.clear();
   Show("", {}, {});
 }
 
@@ -80,7 +103,15 @@ const ProjectModel::Group* ProjectModel::GroupAt(const QModelIndex& index) const
 const ProjectModel::Component* ProjectModel::At(const QModelIndex& index) const {
   const Group* group = GroupAt(index);
   if (!group || index.internalId() == GroupId || group->Kind == T::KindRelatedDocument) return nullptr;
-  return &group->Entries.at(static_cast<std::size_t>(index.row()));
+  const Component& entry = group->Entries.at(static_cast<std::size_t>(index.row()));
+  return group->Kind == T::KindForm && missing_.contains(entry.Name) ? nullptr : &entry;
+}
+
+std::string ProjectModel::MissingAt(const QModelIndex& index) const {
+  const Group* group = GroupAt(index);
+  if (!group || index.internalId() == GroupId || group->Kind != T::KindForm) return "";
+  const std::string& name = group->Entries.at(static_cast<std::size_t>(index.row())).Name;
+  return missing_.contains(name) ? name : "";
 }
 
 std::string ProjectModel::FileOf(const QModelIndex& index) const {
@@ -104,7 +135,10 @@ QModelIndex ProjectModel::First() const {
   if (groups_.empty() || groups_.front().Kind == T::KindRelatedDocument) return {};
   const std::vector<Component>& entries = groups_.front().Entries;
   const auto there = std::ranges::find(entries, false, &Component::IsGone);
-  return createIndex(there == entries.end() ? 0 : static_cast<int>(there - entries.begin()), NameColumn, EntryId);
+  const auto listed = std::ranges::find_if(entries, [this](const auto& each) { return !missing_.contains(each.Name); });
+  const auto first = there != entries.end() ? there : listed;
+  return first == entries.end() ? QModelIndex()
+                                : createIndex(static_cast<int>(first - entries.begin()), NameColumn, EntryId);
 }
 
 void ProjectModel::SetState(const std::string& name, const KeptState& state) {
@@ -142,7 +176,8 @@ QVariant ProjectModel::data(const QModelIndex& index, int role) const {
   const Group* group = GroupAt(index);
   if (group && index.internalId() != GroupId) {
     const Component& entry = group->Entries.at(static_cast<std::size_t>(index.row()));
-    return index.column() == StateColumn ? StateOf(entry, role) : DataOf(*group, entry, role);
+    if (index.column() == StateColumn) return StateOf(entry, role);
+    return DataOf(*group, entry, role);
   }
   if (index.column() == StateColumn) return {};
   if (role == Qt::DisplayRole) return group ? texts_(group->Title) : title_;
@@ -151,7 +186,7 @@ QVariant ProjectModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ProjectModel::DataOf(const Group& group, const Component& entry, int role) const {
-  const bool isSaved = !entry.IsChanged && !entry.File.empty();
+  const bool isSaved = !entry.IsChanged && (entry.IsGone || !entry.File.empty());
   switch (role) {
     case Qt::DisplayRole:
       return Text(entry.Name) + (isSaved ? "" : " *");
@@ -165,7 +200,7 @@ QVariant ProjectModel::DataOf(const Group& group, const Component& entry, int ro
     case Qt::ForegroundRole:
       return entry.IsGone ? SecondaryText(QGuiApplication::palette()) : QVariant();
     case Qt::ToolTipRole:
-      if (entry.File.empty()) return texts_(T::StateNew);
+      if (entry.File.empty()) return entry.IsGone ? StateOf(entry, role) : texts_(T::StateNew);
       return PlainTip(entry.IsGone ? texts_(T::MissingTip, Text(entry.File)) : Text(entry.File));
     case Qt::AccessibleTextRole:
       return SpokenName(group, entry);
@@ -184,10 +219,11 @@ QString ProjectModel::SpokenName(const Group& group, const Component& entry) con
 }
 
 QVariant ProjectModel::StateOf(const Component& entry, int role) const {
-  if (entry.IsGone) return role == IconsRole ? QVariant(QStringList{"missing"}) : QVariant();
   const auto state = states_.find(entry.Name);
-  if (state == states_.end()) return {};
+  if (entry.IsGone && role == IconsRole) return QStringList{"missing"};
+  if (state == states_.end() || (entry.IsGone && !entry.File.empty())) return {};
   if (role == IconsRole) return state->second.Icons;
+  if (role == Qt::ToolTipRole && !state->second.Why.isEmpty()) return PlainTip(state->second.Why);
   if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return state->second.Words;
   return {};
 }

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 namespace formwizard::apps::desktop {
@@ -63,6 +64,7 @@ ProjectTree::ProjectTree(const Texts& texts, std::function<void()> openProject)
   connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
     if (!isShowing_) OnChosen();
   });
+  connect(tree_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { OnScrolled(); });
   connect(tree_, &QTreeView::activated, this, [this](const QModelIndex& index) {
     if (model_->At(index)) {
       OnOpened();
@@ -71,7 +73,7 @@ ProjectTree::ProjectTree(const Texts& texts, std::function<void()> openProject)
     }
   });
   connect(tree_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-    if (model_->FileOf(tree_->currentIndex()).empty() && !Chosen()) return;
+    if (model_->FileOf(tree_->currentIndex()).empty() && ChosenName().empty()) return;
     QMenu menu;
     menu.addActions(ContextActions);
     menu.exec(tree_->viewport()->mapToGlobal(at));
@@ -84,14 +86,39 @@ void ProjectTree::Show(const adapters::vb6files::ProjectOnDisk& project,
   isShowing_ = true;
   model_->Show(file.completeBaseName() + " (" + file.fileName() + ")", std::move(components),
                project.RelatedDocuments());
+  ShowRows(chosen);
+  isShowing_ = false;
+  setCurrentIndex(Tree);
+  OnChosen();
+}
+
+void ProjectTree::ShowRows(const std::string& chosen) {
   tree_->expandToDepth(1);
   const QModelIndex root = model_->index(0, ProjectModel::NameColumn);
   tree_->setFirstColumnSpanned(0, {}, true);  // only components have a state
   for (int group = 0; group < model_->rowCount(root); ++group) tree_->setFirstColumnSpanned(group, root, true);
   if (!Choose(chosen)) tree_->setCurrentIndex(model_->First());
+}
+
+void ProjectTree::SetMissing(std::set<std::string> names) {
+  const std::string chosen = ChosenName();
+  isShowing_ = true;
+  if (model_->SetMissing(std::move(names))) ShowRows(chosen);
   isShowing_ = false;
-  setCurrentIndex(Tree);
-  OnChosen();
+  if (ChosenName() != chosen) OnChosen();
+}
+
+std::string ProjectTree::ChosenName() const { return Chosen() ? Chosen()->Name : ChosenMissing(); }
+
+std::vector<std::string> ProjectTree::SeenNames() const {
+  std::vector<std::string> names;
+  const QRect seen = tree_->viewport()->rect();
+  for (QModelIndex index = tree_->indexAt(seen.topLeft()); index.isValid() && tree_->visualRect(index).intersects(seen);
+       index = tree_->indexBelow(index)) {
+    const ProjectModel::Component* component = model_->At(index);
+    names.push_back(component ? component->Name : model_->MissingAt(index));
+  }
+  return names;
 }
 
 void ProjectTree::Clear() {

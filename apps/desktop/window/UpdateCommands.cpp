@@ -205,7 +205,7 @@ void UpdateCommands::UndoSaved() {
                     texts_(T::UndoFiles, changed.join(", "))))
     return;
   vb6files::Undo(files, project, false, [](const vb6files::FileChange&) {});
-  parts_.Project.OpenProject(project);
+  parts_.Project.OpenProjectAgain();
   parts_.Opened.OnProject("");
   parts_.Status.Say(texts_(T::Undone));
 }

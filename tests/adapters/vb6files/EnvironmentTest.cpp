@@ -157,6 +157,30 @@ TEST_CASE("What was made and not saved is taken back, and with the last of it ev
   CHECK(project.Project.IsChanged());  // the reference has gone with the rest, and comes again
 }
 
+TEST_CASE("A form whose file is there is added with the libraries that it names, and taken back") {
+  const std::string object = "{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0";
+  std::string form = FormText("frmA");
+  form.insert(form.find("Begin "), "Object = \"" + object + "\"; \"MSCOMCTL.OCX\"\r\n");
+  ProjectFixture project("Form=Form1.frm\r\n",
+                         {{"P/Form1.frm", FormText("Form1")}, {"P/Sub/a.frm", form}, {"P/b.frm", FormText("form1")}});
+  const MemoryFileSystem::Contents before = project.Files.Files;
+  for (const char* path : {"b.frm", "none.frm", "P.vbp"})
+    CHECK_THROWS_AS(project.Project.AddFormFile(path), support::InputError);
+  for (const bool isWanted : {false, true}) {
+    project.Project.AddFormFile("Sub\\a.frm");
+    CHECK_THROWS_AS(project.Project.AddFormFile("Sub\\a.frm"), support::InputError);
+    CHECK(project.Project.Summaries().back().IsAdded);
+    if (!isWanted) project.Project.TakeBack("frmA");
+    CHECK(project.Project.IsChanged() == isWanted);
+    project.Project.Save();
+    if (!isWanted) CHECK(project.Files.Files == before);
+  }
+  const std::string& text = project.Files.Files.at("P/P.vbp");
+  CHECK(Has(text, "Object=" + object + "; MSCOMCTL.OCX\r\n"));
+  CHECK(Has(text, "Form=Form1.frm\r\nForm=Sub\\a.frm\r\n"));
+  CHECK_FALSE(project.Project.Summaries().back().IsChanged);
+}
+
 TEST_CASE("A form without controls keeps its code, and what it has in common with the new code can be asked for") {
   struct Case {
     std::string code, note;

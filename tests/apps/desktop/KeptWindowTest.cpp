@@ -251,6 +251,70 @@ TEST_CASE("All outdated forms are updated at once, in a list, and in a narrow vi
   CHECK(status.Out == "frmCompany: unchanged\nfrmPerson: unchanged\n");
 }
 
+TEST_CASE("A kept form that the project lacks has a row, and comes back or is kept no longer, and that is taken back") {
+  KeptWindow work;
+  work.Edit(work.Project, "Form=frmPerson.frm\r\n", "");  // as by a merge
+  const std::string without = ReadFile(work.Project);
+  const auto before = work.Files();
+  work.Window.show();
+  CHECK(work.Window.OpenProject(Text(work.Project)));
+  work.Wait();  // which needs no dictionary
+  REQUIRE(work.Window.Tree().Choose("frmPerson"));
+  CHECK(work.Window.Tree().Chosen() == nullptr);
+  CHECK(work.Spoken() == "frmPerson, form, missing");
+  CHECK(work.Icons() == QStringList{"missing"});
+  const auto isEnabled = [&](Command command) { return work.Window.Commands()[command].isEnabled(); };
+  CHECK(Has(work.Window.Page().ShowInstead().Text().toStdString(), "the project has no such form any more"));
+  CHECK_FALSE(isEnabled(Command::UpdateForm));
+
+  work.Window.Commands()[Command::AddFormAgain].trigger();
+  work.Wait();
+  CHECK(work.Spoken() == "frmPerson, form, changed, not saved");
+  CHECK(work.Window.OpenDictionary(Text(work.Folder / "d.sqlite")));
+  work.Wait();
+  CHECK(work.Spoken() == "frmPerson, form, unchanged, changed, not saved");
+  CHECK(work.Answer(Command::RemoveForm, "Remove") ==
+        "frmPerson leaves the project again. Its file stays where it is.");
+  CHECK_FALSE(work.Window.isWindowModified());
+  REQUIRE(work.Window.Tree().Choose("frmPerson"));
+  CHECK(work.Spoken() == "frmPerson, form, missing");
+  work.Window.Commands()[Command::AddFormAgain].trigger();
+  work.Press(Qt::Key_S, Qt::ControlModifier);
+  CHECK(Has(ReadFile(work.Project), "Form=frmPerson.frm\r\n"));
+  CHECK(work.Spoken() == "frmPerson, form, unchanged, saved");
+
+  for (const bool isThere : {true, false}) {
+    CAPTURE(isThere);
+    if (!isThere) {
+      WriteFile(work.Project, without);
+      std::filesystem::remove(NativePath(work.Form()));
+      CHECK(work.Window.OpenProject(Text(work.Project)));
+      work.Wait();
+      REQUIRE(work.Window.Tree().Choose("frmPerson"));
+      CHECK_FALSE(isEnabled(Command::AddFormAgain));
+    }
+    const QString spoken = work.Spoken();
+    const auto stop = [&] {
+      work.Window.Commands()[Command::StopKeeping].trigger();
+      work.Wait();
+      CHECK(work.Window.isWindowModified());
+      CHECK(work.Window.Tree().Choose("frmPerson") == isThere);
+      CHECK_FALSE(isEnabled(Command::ChangeForm));
+    };
+    stop();
+    CHECK(work.Answer(Command::UndoLastUpdate, "Undo").startsWith("frmPerson becomes what it was today at "));
+    REQUIRE(work.Window.Tree().Choose("frmPerson"));
+    CHECK(work.Spoken() == spoken);
+    stop();
+    work.Press(Qt::Key_S, Qt::ControlModifier);
+    CHECK_FALSE(work.Files().contains("Project1.forms/frmPerson.json"));
+    work.Answer(Command::UndoLastUpdate, "Undo");
+    CHECK(work.Files().at("Project1.forms/frmPerson.json") == before.at("Project1.forms/frmPerson.json"));
+    REQUIRE(work.Window.Tree().Choose("frmPerson"));
+    CHECK(work.Spoken() == spoken);
+  }
+}
+
 TEST_CASE("A form of the wizard is kept when it is saved, unless that is not wanted") {
   for (const bool isWanted : {true, false}) {
     CAPTURE(isWanted);

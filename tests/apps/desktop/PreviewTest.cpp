@@ -29,7 +29,7 @@ struct PreviewFixture {
     Window.resize(300, 200);
     Window.show();
     Ide = std::make_unique<Environment>(Window, AddIns, EnvironmentOptions{Folder / "outility.ini", "ENU", toolbox});
-    Ide->OpenProject(Folder / "project/Project1.vbp");
+    Ide->OpenProject(Folder / "project/Project1.vbp", apps::desktop::Environment::UsualCodePage);
     Ide->OpenDictionary(Folder / "d.sqlite");
   }
 

@@ -195,3 +195,46 @@ TEST_CASE("What is remembered may be damaged or of another screen, and several w
     CHECK(RecentIn(second) == QStringList{"Project1", "dictionary.json", "Lending"});
   }
 }
+
+TEST_CASE("What cannot be remembered is told once, with its file") {
+  FreshDesktop desktop;
+  std::filesystem::create_directory(desktop.Folder / "none");
+  MainWindow window({.Profile = "", .Language = "ENU", .Toolbox = "", .Memory = desktop.Folder / "none"});
+  window.show();
+  CHECK(QTest::qWaitFor([&] { return window.Notice().isVisible(); }));
+  CHECK(window.Notice().accessibleName().startsWith(
+      Text(desktop.Folder / "none") + " cannot be written, so that nothing is remembered for the next time. Make"));
+  window.Notice().Clear();
+  CHECK(window.OpenProject(desktop.Copied("new-project") + "/Project1.vbp"));
+  CHECK_FALSE(QTest::qWaitFor([&] { return window.Notice().isVisible(); }, 50));
+}
+
+TEST_CASE("The code page that is chosen for a project is remembered, unless another one is given") {
+  FreshDesktop desktop;
+  const QString project = desktop.Copied("new-project") + "/Project1.vbp";
+  const std::string form = desktop.Folder / "new-project/Form1.frm";
+  std::string text = ReadFile(form);
+  WriteFile(form, text.replace(text.find("\"Form1\""), 7, "\"\xE8\""));
+  const auto shows = [](const std::string& caption, MainWindow& window) {
+    return window.Form().Canvas().Form()->Text("Caption") == caption;
+  };
+  CHECK(desktop.Window->OpenProject(project));
+  CHECK(shows("è", *desktop.Window));
+  DesktopFixture::WhenShown([] {
+    auto* list = QApplication::activeModalWidget()->findChild<QComboBox*>();
+    CHECK(list->currentText().startsWith("1252 "));
+    CHECK(list->count() == 15);
+    list->setCurrentIndex(list->findText("1250", Qt::MatchStartsWith));
+    QTest::keyClick(list, Qt::Key_Return);
+  });
+  desktop.Window->Commands()[Command::ChooseCodePage].trigger();
+  CHECK(shows("č", *desktop.Window));
+  desktop.Start();
+  CHECK(desktop.Window->OpenProject(project));
+  CHECK(shows("č", *desktop.Window));
+  for (const auto& [given, caption] : {std::pair{1251, "и"}, {1252, "è"}}) {
+    MainWindow window({"", "ENU", "", given, desktop.Folder / "desktop.ini"});
+    CHECK(window.OpenProject(project));
+    CHECK(shows(caption, window));
+  }
+}
