@@ -222,8 +222,8 @@ void Saving::CommitSet(std::string_view text) {
     if (!hasNewProject && !IsAsRead(projectFile_, changed)) FailChanged(changed);
     if (hasNewProject && !(changed = read_.Changed()).empty()) FailChanged(changed);
   };
+  requireAsRead(false);  // before anything has moved that could be missing when it is taken back
   try {
-    requireAsRead(false);
     set.MoveIntoPlace();
     requireAsRead(text != original_);
     files_.Replace(stagingFolder_ + RecordName, stagingFolder_ + CommittedName);

@@ -57,11 +57,18 @@ adapters::vb6files::ProjectOptions Environment::ProjectOptions() const {
 }
 
 void Environment::OpenProject(const std::string& path, int codePage) {
+  const std::string stamp = StampOf(path);  // of before it is read
   auto project = std::make_unique<adapters::vb6files::ProjectOnDisk>(
       system::RealFileSystem(), common::Resolved(path), adapters::vb6files::ProjectOptions{codePage, options_.Toolbox});
   static_cast<void>(project->Summaries());  // a component that cannot be read is found now
   ForgetProject();
   project_ = std::move(project);
+  projectStamp_ = stamp;
+}
+
+bool Environment::IsProjectChanged() const {
+  const std::string stamp = project_ ? StampOf(project_->Path()) : "";
+  return !stamp.empty() && stamp != projectStamp_;
 }
 
 void Environment::ForgetProject() {
@@ -127,6 +134,7 @@ std::vector<NewForms::NotKept> Environment::Save() {
     }
   });
   project_->Save();
+  projectStamp_ = StampOf(project_->Path());
   updates_.Clear();
   newForms_.Clear();
   keptForms_.reset();

@@ -47,6 +47,8 @@ class Environment : public generator::ide::Application {
   void OpenDictionary(const std::string& path);
   // Whether its file is another one by now; false when it is gone.
   bool IsDictionaryChanged() const;
+  // Whether the project's file is another one than when it was opened or saved; false when it is gone.
+  bool IsProjectChanged() const;
   // For this project and those that are opened later.
   void UseToolbox(const std::string& path);
   void CloseProject();
@@ -140,7 +142,7 @@ class Environment : public generator::ide::Application {
   adapters::textmeasure::BuiltInTextMeasure measure_;
   adapters::satellite::Satellites satellites_;
   Server server_;
-  std::string dictionaryStamp_;                  // of its file, see IsDictionaryChanged
+  std::string dictionaryStamp_, projectStamp_;   // of their files, see IsDictionaryChanged
   std::string dictionaryPath_, dictionaryFile_;  // as it was chosen; what is read, which for JSON was made of it
   std::unique_ptr<adapters::vb6files::ProjectOnDisk> project_;
   UnsavedUpdates updates_;

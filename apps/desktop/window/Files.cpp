@@ -110,6 +110,18 @@ void Files::RefreshDictionary() {
   }
 }
 
+void Files::RefreshProject() {
+  if (environment_.IsChanged() || !environment_.IsProjectChanged()) return;
+  const QString name = NameOf(Text(environment_.Project()->Path()));
+  try {
+    environment_.OpenProjectAgain();
+    OnProject("");
+    OnDone(texts_(T::Opened, name));
+  } catch (const std::exception&) {  // which opening it tells
+    OnDone(texts_(T::CannotBeOpened, name));
+  }
+}
+
 bool Files::UseToolbox(const QString& path) {
   const bool used =
       Try(T::TitleToolbox, texts_(T::CannotBeOpened, NameOf(path)), [&] { environment_.UseToolbox(Utf8(path)); });

@@ -24,6 +24,8 @@ class Files {
   bool OpenDictionary(const QString& path);
   // Once more, when its file has changed since. What cannot be read then leaves what was open, and is told.
   void RefreshDictionary();
+  // The same for the project, where nothing of it is unsaved: what is, its next save tells.
+  void RefreshProject();
   bool UseToolbox(const QString& path);
   // By what the file is.
   bool Open(const QString& path);

@@ -4,6 +4,7 @@
 #include "apps/desktop/basics/Messages.h"
 #include "apps/desktop/kept/KeptWords.h"
 #include "runtime/Conversions.h"
+#include "support/Failures.h"
 #include "support/Messages.h"
 #include "vbtext/Document.h"
 
@@ -82,6 +83,7 @@ void KeptCommands::PreferSeen() {
 
 // The dictionary and what is shown are read again, too.
 void KeptCommands::CheckAgain() {
+  parts_.Opened.RefreshProject();
   parts_.Opened.OnProject("");
   const QString dictionary = Text(parts_.Project.DictionaryPath());
   isAskedFor_ = true;
@@ -144,11 +146,21 @@ void KeptCommands::ShowStanding() {
   TellInBar(chosen->Name, *standing);
 }
 
+// A file that is gone by now has no lines.
 void KeptCommands::Mark(const std::string& form, const kept::State& state) {
-  if (state.Edits.empty()) return parts_.Code.View().MarkEdited({});
+  std::vector<LineRange> lines;
   const UnsavedUpdates::Updated* updated = parts_.Project.Updates().Find(form);
-  const std::string frm = updated ? updated->Update.Form.Frm : parts_.Project.Project()->TextsOf(form).Frm;
-  parts_.Code.View().MarkEdited(EditedLines(state, static_cast<int>(vbtext::DocumentOf(frm).CodeLines.First)));
+  try {
+    if (!state.Edits.empty()) {
+      const std::string frm = updated ? updated->Update.Form.Frm : parts_.Project.Project()->TextsOf(form).Frm;
+      lines = EditedLines(state, static_cast<int>(vbtext::DocumentOf(frm).CodeLines.First));
+    }
+  } catch (const support::InputError&) {
+    lines.clear();
+  } catch (const vbtext::Fault&) {
+    lines.clear();
+  }
+  parts_.Code.View().MarkEdited(lines);
 }
 
 // What was closed is not said again before something else is to be said, or the form is shown again.

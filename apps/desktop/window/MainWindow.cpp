@@ -202,11 +202,13 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   actions_->SetNarrow(isNarrow);
 }
 
-// Whoever comes back may have made the dictionary anew.
+// Whoever comes back may have made the dictionary anew, or brought another state of the project from version control.
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   const bool isUsed = event->type() == QEvent::ActivationChange && isActiveWindow();
-  if (isUsed && files_ && !QApplication::activeModalWidget()) files_->RefreshDictionary();
+  if (!isUsed || !files_ || QApplication::activeModalWidget()) return;
+  files_->RefreshProject();
+  files_->RefreshDictionary();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

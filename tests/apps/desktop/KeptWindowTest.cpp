@@ -288,8 +288,7 @@ TEST_CASE("A kept form that the project lacks has a row, and comes back or is ke
     if (!isThere) {
       WriteFile(work.Project, without);
       std::filesystem::remove(NativePath(work.Form()));
-      CHECK(work.Window.OpenProject(Text(work.Project)));
-      work.Wait();
+      work.Press(Qt::Key_F5, Qt::NoModifier);  // by which the project is read again, too
       REQUIRE(work.Window.Tree().Choose("frmPerson"));
       CHECK_FALSE(isEnabled(Command::AddFormAgain));
     }
@@ -313,6 +312,30 @@ TEST_CASE("A kept form that the project lacks has a row, and comes back or is ke
     REQUIRE(work.Window.Tree().Choose("frmPerson"));
     CHECK(work.Spoken() == spoken);
   }
+}
+
+TEST_CASE(
+    "What other programs do to a project while a form of it is looked at and updated is told, and nothing is lost") {
+  KeptWindow work;
+  work.ChangeBoth();
+  work.Open();
+  const std::string form = ReadFile(work.Form());
+  std::filesystem::remove(NativePath(work.Form()));
+  work.Press(Qt::Key_F5, Qt::NoModifier);
+  CHECK(Has(work.Window.Page().ShowInstead().Text().toStdString(), "frmPerson.frm"));
+  WriteFile(work.Form(), form);
+  work.Press(Qt::Key_F5, Qt::NoModifier);
+  work.Update([](UpdateView&, QTreeWidget&) { Strike(Qt::Key_U, Qt::AltModifier); });
+  CHECK(work.Window.isWindowModified());
+  work.Edit(work.Project, "Form=frmPerson.frm\r\n", "");  // as another branch has it
+  std::filesystem::remove(NativePath(work.Form()));
+  std::filesystem::remove_all(NativePath(work.Kept));
+  const auto files = work.Files();
+  CHECK(work.Answer(Command::SaveProject, "Reload") ==
+        "Project1.vbp uses a file that another program has changed. Nothing was written.");
+  CHECK(work.Files() == files);
+  CHECK_FALSE(work.Window.isWindowModified());
+  CHECK_FALSE(work.Window.Tree().Choose("frmPerson"));
 }
 
 TEST_CASE("A form of the wizard is kept when it is saved, unless that is not wanted") {
