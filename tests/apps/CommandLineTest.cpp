@@ -91,8 +91,9 @@ TEST_CASE("With --json standard output is one JSON document, whatever happens") 
         {"classes --json", 2},
         {"clases --json", 2},
         {"generate --json --project none.vbp --class A --fields B --dictionary " + work.Dictionary, 3}}) {
-    CAPTURE(command);
-    const Outcome made = work.Run(command);
+    const std::string line = command;  // clang captures no binding
+    CAPTURE(line);
+    const Outcome made = work.Run(line);
     CHECK(made.Status == status);
     const auto json = nlohmann::json::parse(made.Out);
     CHECK(json.is_array() == (status == 0));
@@ -181,7 +182,7 @@ TEST_CASE("A command or option that is mistyped is named, whatever else is missi
         {"dictionary import a b -qv", "import: --quiet and --verbose exclude each other; give one of them; see"},
         {"classes --dictionary a --dictionary b", "--dictionary is given more than once"}}) {
     const Outcome made = work.Run(line);
-    CHECK_MESSAGE(made.Status == 2, line);
+    CHECK_MESSAGE(made.Status == 2, made.Error);
     CHECK_MESSAGE(made.Error.starts_with("ostrel-form-wizard: "), made.Error);
     CHECK_MESSAGE(Has(made.Error, message), made.Error);
   }

@@ -119,7 +119,8 @@ TEST_CASE("What a run has made does not differ from what it would make, and an e
     const Outcome same = work->Generate(arguments + " --check");
     CHECK_MESSAGE(same.Status == 0, same.Out, same.Error);
     CHECK(same.Out.find("instead") == std::string::npos);
-    const std::string text = files.at(file), path = work->Home + "/" + file;
+    const std::string& text = files.at(file);
+    const std::string path = work->Home + "/" + file;
     WriteFile(path, std::regex_replace(text, std::regex("disableclick As"), "disableClick As"));
     const Outcome edited = work->Generate(arguments + " --check --json");
     CHECK(edited.Status == 1);
