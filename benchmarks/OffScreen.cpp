@@ -21,7 +21,8 @@ namespace fs = std::filesystem;
 
 int TellUsage(const Program& program) {
   std::string usage = "usage: " + std::string(program.Name) + " ";
-  for (const std::string_view step : program.Steps) usage.append(&step == program.Steps.data() ? "" : "|").append(step);
+  for (const std::string_view& step : program.Steps)
+    usage.append(&step == program.Steps.data() ? "" : "|").append(step);
   usage += " SIZE";
   if (!program.Option.empty()) usage.append(" [").append(program.Option).append("]");
   std::fprintf(stderr, "%s\n", usage.c_str());
