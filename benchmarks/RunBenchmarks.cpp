@@ -119,19 +119,21 @@ class Bench {
               Number("%.1f MiB", cost.Mebibytes)});
   }
 
-  // Beside generating as many forms.
+  // Beside generating as many forms, without and with keeping them.
   void MeasureKept(const char* command, int forms) const {
-    const Job job{.Forms = forms};
+    const Job job{.Forms = forms}, keeping{.Forms = forms, .Option = "--keep"};
     std::vector<std::string> run;
     const auto measured = [&](auto&& runIn) {
       return Measured(
           3, [&] { run = runIn(work_.NewProject(job)); }, [&] { Become(run); });
     };
     const Cost generate = measured([&](const fs::path& project) { return work_.Generate(job, project); });
+    const Cost keep = measured([&](const fs::path& project) { return work_.Generate(keeping, project); });
     const Cost cost = measured([&](const fs::path& project) { return work_.Kept(command, job, project); });
     PrintRow({"`" + std::string(command) + "` of " + Count(forms) + " kept forms",
               Number("%.0f ms, ", cost.Milliseconds) +
-                  Number("%.2f times generating them", cost.Milliseconds / generate.Milliseconds),
+                  Number("%.2f times generating them, ", cost.Milliseconds / generate.Milliseconds) +
+                  Number("%.2f with `--keep`", cost.Milliseconds / keep.Milliseconds),
               Number("%.3f ms", cost.Milliseconds / forms), "", "", "", Number("%.1f MiB", cost.Mebibytes)});
   }
 

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 #include <utility>
 
 namespace formwizard::apps::desktop {
@@ -51,39 +52,53 @@ void ProjectModel::Show(const QString& title, std::vector<Component> components,
                         const std::vector<std::string>& documents) {
   beginResetModel();
   title_ = title;
-  shown_ = {};
-  for (Component& each : components) shown_.at(static_cast<std::size_t>(each.Group)).push_back(std::move(each));
+  std::array<std::vector<Component>, GroupRows.size()> entries;
+  for (Component& each : components) entries.at(static_cast<std::size_t>(each.Group)).push_back(std::move(each));
   for (const std::string& path : documents) {
     const std::string name = adapters::qt::Utf8(QFileInfo(Text(path)).fileName());
-    shown_.back().push_back({.Name = name, .File = path, .IsForm = false, .Group = {}, .IsChanged = false});
-  }
-  Fill(shown_);
-  endResetModel();
-}
-
-// What has come into the project meanwhile is missing no longer.
-void ProjectModel::Fill(Groups entries) {
-  for (const Component& each : entries.front()) {
-    std::erase_if(missing_, [&](const auto& name) { return runtime::EqualIgnoringCase(name, each.Name); });
-  }
-  for (const std::string& name : missing_) {
-    entries.front().push_back(
-        {.Name = name, .File = "", .IsForm = false, .Group = {}, .IsChanged = false, .IsGone = true});
+    entries.back().push_back({.Name = name, .File = path, .IsForm = false, .Group = {}, .IsChanged = false});
   }
   groups_.clear();
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (entries.at(i).empty()) continue;
-    const GroupRow& row = GroupRows.at(i);
     std::ranges::sort(entries.at(i), {}, &Component::Name);
+    const GroupRow& row = GroupRows.at(i);
     groups_.push_back({row.Title, row.Kind, row.Icon, std::move(entries.at(i))});
   }
+  AddMissing();
+  endResetModel();
+}
+
+// What has come into the project meanwhile is missing no longer.
+void ProjectModel::AddMissing() {
+  if (missing_.empty()) return;
+  if (groups_.empty() || groups_.front().Kind != T::KindForm) {
+    const GroupRow& row = GroupRows.front();
+    groups_.insert(groups_.begin(), Group{row.Title, row.Kind, row.Icon, {}});
+  }
+  std::vector<Component>& forms = groups_.front().Entries;
+  std::unordered_set<std::string> there;
+  for (const Component& each : forms) there.insert(runtime::LowerCase(each.Name));
+  std::erase_if(missing_, [&](const std::string& name) { return there.contains(runtime::LowerCase(name)); });
+  for (const std::string& name : missing_) {
+    forms.push_back({.Name = name, .File = "", .IsForm = false, .Group = {}, .IsChanged = false, .IsGone = true});
+  }
+  std::ranges::sort(forms, {}, &Component::Name);
+}
+
+void ProjectModel::TakeOutMissing() {
+  if (groups_.empty() || groups_.front().Kind != T::KindForm) return;
+  std::vector<Component>& forms = groups_.front().Entries;
+  std::erase_if(forms, [](const Component& each) { return each.IsGone && each.File.empty(); });
+  if (forms.empty()) groups_.erase(groups_.begin());
 }
 
 bool ProjectModel::SetMissing(std::set<std::string> names) {
   if (names == missing_) return false;
   beginResetModel();
+  TakeOutMissing();
   missing_ = std::move(names);
-  Fill(shown_);
+  AddMissing();
   endResetModel();
   return true;
 }

@@ -7,7 +7,6 @@
 #include <QAbstractItemModel>
 #include <QIcon>
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <set>
@@ -64,9 +63,8 @@ class ProjectModel final : public QAbstractItemModel {
     std::vector<Component> Entries;  // by name
   };
 
-  using Groups = std::array<std::vector<Component>, 8>;  // as GroupRows has them
-
-  void Fill(Groups entries);
+  void AddMissing();
+  void TakeOutMissing();
   const Group* GroupAt(const QModelIndex& index) const;
   QVariant DataOf(const Group& group, const Component& entry, int role) const;
   QVariant StateOf(const Component& entry, int role) const;
@@ -74,8 +72,7 @@ class ProjectModel final : public QAbstractItemModel {
 
   const Texts& texts_;
   QString title_;
-  Groups shown_;               // what the project has
-  std::vector<Group> groups_;  // the same with what it lacks; none of them empty
+  std::vector<Group> groups_;  // what the project has, and the forms that it lacks; none of them empty
   std::map<std::string, KeptState> states_;
   std::set<std::string> missing_;
 };
