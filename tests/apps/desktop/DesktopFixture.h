@@ -41,12 +41,14 @@ inline QModelIndex FindItem(const QTreeView& tree, const std::string& text, cons
   throw std::runtime_error("no node " + text);
 }
 
-// Until the keys go to the window that takes input. There is no window manager that activates it.
+// Until the keys go to the window that takes input. There is no window manager that activates it, and on a busy machine
+// the activation of the window before may come later.
 inline void WaitForFocus() {
-  if (QWidget* window = QApplication::activeModalWidget()) window->activateWindow();
   CHECK(QTest::qWaitFor([] {
+    QWidget* const window = QApplication::activeModalWidget();
+    if (window && !window->isActiveWindow()) QApplication::setActiveWindow(window);
     const QWidget* focus = QApplication::focusWidget();
-    return focus && (!QApplication::activeModalWidget() || focus->window() == QApplication::activeModalWidget());
+    return focus && (!window || focus->window() == window);
   }));
 }
 

@@ -1,6 +1,7 @@
 // Users of the desktop program's windows: one has a keyboard, the other one a mouse too.
 #pragma once
 
+#include "adapters/qt/FormWindow.h"
 #include "adapters/qt/Text.h"
 #include "tests/apps/desktop/DesktopFixture.h"
 #include "tests/support/WizardPass.h"
@@ -11,10 +12,11 @@
 
 namespace formwizard::tests {
 
-// Whether the wizard, which goes there by itself when a form is changed, stands at the Attributes step with so many
-// fields.
+// Whether the wizard, which goes there by itself when a form is changed and hears of no user meanwhile, stands at the
+// Attributes step with so many fields.
 inline bool IsAtAttributes(int fields) {
-  const auto* list = QApplication::activeModalWidget()->findChild<QListView*>("lstFields");
+  const auto* window = dynamic_cast<adapters::qt::FormWindow*>(QApplication::activeModalWidget());
+  const auto* list = window && !window->IsActing() ? window->findChild<QListView*>("lstFields") : nullptr;
   return list && list->isVisible() && list->model()->rowCount() == fields && list->currentIndex().row() == 0;
 }
 
