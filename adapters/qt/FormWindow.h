@@ -26,6 +26,7 @@ class FormWindow : public QDialog, private ui::ControlObserver {
   // Runs a user's action on the dialog and then shows what has changed. A failure that ends the whole action is shown
   // and leaves the dialog usable. Nothing runs while the dialog is busy.
   void Act(const std::function<void()>& action);
+  // While an action runs, in which the dialog hears nothing else of the user.
   bool IsActing() const { return depth_ > 0; }
   // Who is told of them; null for nobody.
   void Watch(DialogWatcher* watcher) { watcher_ = watcher; }
