@@ -153,18 +153,21 @@ TEST_CASE("What a query takes outdates the forms that ask it, and is told by wha
 }
 
 TEST_CASE("What a project had before the form does not make it outdated") {
-  std::string lines;
+  std::string lines, before;
   SUBCASE("a form named Form1, so that the new one was Form2 at first") {
     lines = "   Begin VB.Timer Timer1 \r\n   End\r\n";
+    before = "End\r\n";
   }
-  SUBCASE("an empty form with a picture, which is reused") { lines = "   Picture         =   \"Form1.frx\":0000\r\n"; }
+  SUBCASE("an empty form with a picture, which is reused") {
+    lines = "   Picture         =   \"Form1.frx\":0000\r\n";
+    before = "   ScaleHeight";
+  }
   const TemporaryFolder folder;
   CopySample("new-project", folder / "App");
   const std::string form = folder / "App/Form1.frm", dictionary = folder / "d.sqlite";
   WriteFile(folder / "App/Form1.frx", "\4\5picture");
   std::string text = ReadFile(form);
-  WriteFile(form,
-            text.insert(text.find(lines.find("Begin") == std::string::npos ? "   ScaleHeight" : "End\r\n"), lines));
+  WriteFile(form, text.insert(text.find(before), lines));
   REQUIRE(RunHere({"dictionary", "import", Samples + "dictionary.json", dictionary}).Status == 0);
   const auto run = [&](std::vector<std::string> arguments) {
     arguments.insert(arguments.end(), {"--project", folder / "App/Project1.vbp", "--dictionary", dictionary});
